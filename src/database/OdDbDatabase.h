@@ -1,0 +1,120 @@
+#pragma once
+
+#include "database/OdDbDatabaseReactor.h"
+#include "database/OdDbObject.h"
+#include "database/OdDbSymbolTable.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+class GroupCursor;
+class HeaderVariables;
+class ObjectStore;
+class OdDbLayerTable;
+class OdDbObjectSource;
+class UndoJournal;
+
+/// A drawing: objects, tables, header variables, undo and the reactors that follow them.
+class OdDbDatabase
+{
+public:
+    OdDbDatabase();
+    ~OdDbDatabase();
+    OdDbDatabase(const OdDbDatabase&) = delete;
+    OdDbDatabase& operator=(const OdDbDatabase&) = delete;
+
+    // Tables and roots
+    OdDbObjectId getLayerTableId() const { return tableId(OdDbTableKind::Layer); }
+    OdDbObjectId getLinetypeTableId() const { return tableId(OdDbTableKind::Linetype); }
+    OdDbObjectId getBlockTableId() const { return tableId(OdDbTableKind::Block); }
+    OdDbObjectId tableId(OdDbTableKind kind) const;
+    OdDbLayerTable& layerTable() const;
+    OdDbSymbolTable& table(OdDbTableKind kind) const;
+    OdDbObjectId getLayerZeroId() const;
+    OdDbObjectId getNamedObjectsDictionaryId() const;
+    OdDbObjectId getModelSpaceId() const;
+    /// The block of the current, or last current, sheet.
+    OdDbObjectId getPaperSpaceId() const;
+    OdDbObjectId getOdDbObjectId(OdDbHandle handle) const;
+    OdDbObjectId idOfSlot(quint32 slot) const { return OdDbObjectId(const_cast<OdDbDatabase*>(this), slot); }
+
+    // Spaces
+    /// Layouts by tab order, the model tab first.
+    std::vector<OdDbObjectId> layouts() const;
+    OdDbObjectId currentLayoutId() const;
+    /// In a layout: the viewport worked in, the sheet's own (overall) one included. In model space:
+    /// a null id, since viewport properties apply to layouts only.
+    OdDbObjectId activeViewportId() const;
+    /// Makes a viewport of the current layout the active one (session state).
+    void setActiveViewport(OdDbObjectId viewport);
+
+    // Header variables that have an accessor; each setter is undoable and notifies.
+    OdDbObjectId getCLAYER() const;
+    void setCLAYER(OdDbObjectId layer);
+    bool getTILEMODE() const;
+    void setTILEMODE(bool modelSpace);
+    QString getCTAB() const;
+    /// Switches to the layout of that name; raises OdError with KeyNotFound.
+    void setCTAB(const QString& layoutName);
+    int getCVPORT() const;
+    HeaderVariables& header() const { return *m_header; }
+
+    // Undo
+    /// Starts a new undo record; changes up to the next call belong to it.
+    void startUndoRecord();
+    /// True between startUndoRecord() and the end of that record by undo, redo or endUndoRecord().
+    bool isUndoRecordOpen() const;
+    void endUndoRecord();
+    bool hasUndo() const;
+    bool hasRedo() const;
+    /// Takes the newest record back; false when there is none.
+    bool undo();
+    bool redo();
+    /// Changes whenever an edit, undo or redo changed the contents; equal again after undoing back.
+    quint64 editStamp() const;
+    UndoJournal& journal() const { return *m_journal; }
+
+    // Reactors
+    void addReactor(OdDbDatabaseReactor* reactor);
+    void removeReactor(OdDbDatabaseReactor* reactor);
+
+    /// Every broken invariant in words: owners, handles, ids, name index, references. Empty when sound.
+    QStringList audit() const;
+
+    // For the codecs, the canvas and the journal
+    ObjectStore& store() const { return *m_store; }
+    void setSource(std::unique_ptr<OdDbObjectSource> source);
+    OdDbObjectSource* source() const { return m_source.get(); }
+    /// A cursor over the groups of records; null for a database that was not read from a file.
+    std::unique_ptr<GroupCursor> makeCursor() const;
+    /// Opens, reading the object from its source first where nobody did yet.
+    OdDbObject* openRaw(quint32 slot, OdDb::OpenMode mode, bool openErased);
+    void closed(OdDbObject& object);
+    void setRoots(OdDbObjectId namedObjects);
+    void setTable(OdDbTableKind kind, quint32 slot);
+    /// Things the reader repaired or left out, as sentences.
+    QStringList& loadNotes() { return m_loadNotes; }
+
+private:
+    friend class UndoJournal;
+    friend class OdDbObject;
+    template <class Call> void notify(Call call);
+    void notifyHeader(const QString& name);
+    std::unique_ptr<OdDbObject> makeObject(quint32 slot) const;
+
+    std::unique_ptr<ObjectStore> m_store;
+    std::unique_ptr<HeaderVariables> m_header;
+    std::unique_ptr<UndoJournal> m_journal;
+    std::unique_ptr<OdDbObjectSource> m_source;
+    std::array<quint32, kOdDbTableKindCount> m_tables;
+    OdDbObjectId m_namedObjects;
+    OdDbObjectId m_activeViewport;
+    OdDbObjectId m_currentSheet;
+    std::vector<OdDbDatabaseReactor*> m_reactors;
+    QStringList m_loadNotes;
+    quint64 m_stamp = 0;
+};

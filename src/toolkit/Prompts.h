@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class QWidget;
+
+/// A question with command links; buttons are answered by their id.
+struct TaskQuestion
+{
+    struct Link
+    {
+        int id;
+        QString text; ///< heading, then after " \n " or "\n" the explanation
+    };
+    QString windowTitle;
+    QString mainInstruction;
+    QString content;
+    QList<Link> links;
+    bool allowCancel = true;
+};
+
+/// The one way to the user's attention: every message box, task dialog and picker goes through it, so
+/// that tests answer questions and compare their exact texts.
+class Prompts
+{
+public:
+    static constexpr int kCancelled = 2; ///< answer of ask() when the dialog was closed without a choice
+
+    enum class Icon { Information, Warning, Error };
+
+    virtual ~Prompts() = default;
+
+    /// A modal message with one button.
+    virtual void message(QWidget* parent, const QString& text, Icon icon = Icon::Warning) = 0;
+    /// A modal yes/no question.
+    virtual bool confirm(QWidget* parent, const QString& text) = 0;
+    /// A modal task dialog; the id of the chosen link, or kCancelled.
+    virtual int ask(QWidget* parent, const TaskQuestion& question) = 0;
+
+    /// The prompts in force: real dialogs, unless somebody put others in place.
+    static Prompts& current();
+    /// Puts other prompts in place (null: the real ones) and returns those before.
+    static Prompts* install(Prompts* prompts);
+};
