@@ -1,0 +1,33 @@
+#pragma once
+
+#include "database/OdDbDatabase.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+/// Progress of reading or writing a drawing. Called from the thread that does the work, at most
+/// every few megabytes; answering false cancels (OdError with OdResult::Cancelled is raised).
+using IoProgress = std::function<bool(quint64 doneBytes, quint64 totalBytes)>;
+
+/// What a save did.
+struct SaveReport
+{
+    quint64 bytes = 0;
+    quint64 recordsChanged = 0;
+    quint64 recordsIdentical = 0;
+};
+
+/// Reads a drawing with the codec that recognises its first bytes. Raises OdError_FileAccess (cannot be
+/// opened, is a directory, is empty, no known format) or OdError_InvalidDrawing (with line and expectation).
+std::unique_ptr<OdDbDatabase> readDrawing(const QString& path, const IoProgress& progress = {});
+
+/// Writes atomically: a temporary file in the same folder, synced, then renamed over `path`. On any
+/// failure the file at `path` is as it was. Raises OdError_FileAccess.
+SaveReport writeDrawing(const OdDbDatabase& database, const QString& path, const IoProgress& progress = {});
+
+/// Reads a drawing from memory; `name` stands for the file in error sentences.
+std::unique_ptr<OdDbDatabase> readDrawing(const QByteArray& bytes, const QString& name);
+/// The bytes that writeDrawing would write.
+QByteArray drawingBytes(const OdDbDatabase& database);
