@@ -33,6 +33,7 @@ public:
         kSubEntity = 4, ///< vertex, attribute or sequence end: belongs to the entity before it
         kSynthetic = 8, ///< not in the file
         kTouched = 16, ///< changed at least once since it was loaded
+        kInUse = 32, ///< a layer that entities lie on, by the last usage pass
     };
     static constexpr quint32 kNone = 0xFFFFFFFFu;
 
@@ -51,6 +52,8 @@ public:
         m_handles.push_back(0);
         m_owners.push_back(kNone);
         m_layers.push_back(kNone);
+        if (type == RecordType::Viewport)
+            m_viewports.push_back(size() - 1);
         return size() - 1;
     }
 
@@ -76,6 +79,8 @@ public:
     void setFlag(quint32 slot, Flag flag, bool on);
 
     const std::vector<quint32>& layers() const { return m_layers; }
+    /// Slots of all VIEWPORT entities, ascending.
+    const std::vector<quint32>& viewports() const { return m_viewports; }
 
     /// Slot of a handle, or kNone.
     quint32 find(quint64 handle) const;
@@ -107,6 +112,7 @@ private:
     std::unordered_map<quint64, quint32> m_sparse;
     std::vector<Page> m_pages;
     std::vector<quint32> m_touched;
+    std::vector<quint32> m_viewports;
     std::vector<QByteArray> m_typeNames;
     QHash<QByteArray, quint16> m_typeNumbers;
 };

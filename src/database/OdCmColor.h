@@ -1,9 +1,11 @@
 #pragma once
 
-#include <QRgb>
 #include <QString>
 
 #include <array>
+
+/// 0xAARRGGBB, the layout that QRgb has in the GUI library.
+using OdRgb = quint32;
 
 /// A colour as drawings store it: by index into the 255-colour table, by RGB, by layer or by block,
 /// optionally with a colour-book name ("BOOK$COLOUR").
@@ -26,7 +28,7 @@ public:
     /// The index; for an RGB colour the nearest one (squared distance, the lowest index wins ties).
     int colorIndex() const;
     /// 0xffRRGGBB to paint with; index 7 is the opposite of the background.
-    QRgb rgb(bool darkBackground) const;
+    OdRgb rgb(bool darkBackground) const;
     const QString& bookName() const { return m_bookName; }
 
     /// "red" ... "white" for indices 1 to 7, the number for other indices, "255,127,0" for RGB,
@@ -42,7 +44,7 @@ private:
 
 namespace aci {
 /// The 256 table colours as 0xffRRGGBB; entry 0 is a placeholder.
-const std::array<QRgb, 256>& table();
+const std::array<OdRgb, 256>& table();
 /// Nearest of the indices 1 to 255 by squared RGB distance.
-int nearestIndex(QRgb colour);
+int nearestIndex(OdRgb colour);
 }

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -17,6 +18,16 @@ class ObjectStore;
 class OdDbLayerTable;
 class OdDbObjectSource;
 class UndoJournal;
+
+/// Header state that the database interprets itself.
+struct CurrentSettings
+{
+    OdDbObjectId layer; ///< CLAYER
+    bool modelSpace = true; ///< TILEMODE
+    OdDbObjectId sheet; ///< the current, or last current, layout other than the model tab
+    OdDbObjectId viewport; ///< the one worked in, null: by the drawing
+    bool operator==(const CurrentSettings&) const = default;
+};
 
 /// A drawing: objects, tables, header variables, undo and the reactors that follow them.
 class OdDbDatabase
@@ -61,6 +72,8 @@ public:
     /// Switches to the layout of that name; raises OdError with KeyNotFound.
     void setCTAB(const QString& layoutName);
     int getCVPORT() const;
+    /// Any other header variable ("$LWDISPLAY"), with its group code; undoable.
+    void setHeaderVariable(const QString& name, int code, const QString& value);
     HeaderVariables& header() const { return *m_header; }
 
     // Undo
@@ -94,7 +107,11 @@ public:
     /// Opens, reading the object from its source first where nobody did yet.
     OdDbObject* openRaw(quint32 slot, OdDb::OpenMode mode, bool openErased);
     void closed(OdDbObject& object);
+    /// Takes an object made by a codec into its slot.
+    OdDbObject& adoptObject(quint32 slot, std::unique_ptr<OdDbObject> object);
     void setRoots(OdDbObjectId namedObjects);
+    void setCurrentForLoading(const CurrentSettings& current) { m_current = current; }
+    const CurrentSettings& current() const { return m_current; }
     void setTable(OdDbTableKind kind, quint32 slot);
     /// Things the reader repaired or left out, as sentences.
     QStringList& loadNotes() { return m_loadNotes; }
@@ -102,8 +119,14 @@ public:
 private:
     friend class UndoJournal;
     friend class OdDbObject;
-    template <class Call> void notify(Call call);
+    void notify(const std::function<void(OdDbDatabaseReactor&)>& call);
     void notifyHeader(const QString& name);
+    void changeCurrent(const CurrentSettings& next);
+    void setErased(quint32 slot, bool erased);
+    void exchangeCurrent(CurrentSettings& other) { std::swap(m_current, other); }
+    /// Tells which of the variables differ from those before.
+    void announceCurrent(const CurrentSettings& before);
+    void exchangeHeader(const QString& name, int code, QString& value, bool& exists);
     std::unique_ptr<OdDbObject> makeObject(quint32 slot) const;
 
     std::unique_ptr<ObjectStore> m_store;
@@ -112,9 +135,32 @@ private:
     std::unique_ptr<OdDbObjectSource> m_source;
     std::array<quint32, kOdDbTableKindCount> m_tables;
     OdDbObjectId m_namedObjects;
-    OdDbObjectId m_activeViewport;
-    OdDbObjectId m_currentSheet;
+    CurrentSettings m_current;
     std::vector<OdDbDatabaseReactor*> m_reactors;
+    int m_notifyDepth = 0;
     QStringList m_loadNotes;
-    quint64 m_stamp = 0;
 };
+
+template <class T> OdSmartPtr<T> OdDbObjectId::openObject(OdDb::OpenMode mode, bool openErased) const
+{
+    OdDbObject* object = m_database ? m_database->openRaw(m_slot, mode, openErased) : nullptr;
+    if (!object)
+        return nullptr;
+    if (!T::isKind(object->kind())) {
+        object->release();
+        return nullptr;
+    }
+    return OdSmartPtr<T>::adopt(static_cast<T*>(object));
+}
+
+template <class T> OdSmartPtr<T> OdDbObjectId::safeOpenObject(OdDb::OpenMode mode, bool openErased) const
+{
+    if (isNull())
+        throw OdError(OdResult::NullObjectId, QStringLiteral("The object id is null."));
+    if (!openErased && isErased())
+        throw OdError(OdResult::WasErased, QStringLiteral("The object was erased."));
+    OdSmartPtr<T> object = openObject<T>(mode, openErased);
+    if (!object)
+        throw OdError_NotThatKindOfClass(QLatin1String(T::kClassName));
+    return object;
+}

@@ -37,6 +37,12 @@ public:
     const std::vector<OdDbObjectId>& frozenLayers() const { return m_state.frozenLayers; }
     int status() const { return m_state.status; }
     int number() const { return m_state.number; }
+
+protected:
+    void imageSwapped() override { m_lookup.clear(); }
+
+private:
+    mutable std::vector<quint32> m_lookup; ///< slots of the frozen layers, sorted; made when asked for
 };
 
 using OdDbEntityPtr = OdSmartPtr<OdDbEntity>;

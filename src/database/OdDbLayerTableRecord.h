@@ -87,6 +87,12 @@ public:
     /// Whether entities lie on the layer, by the last generateUsageData() of the table.
     bool isInUse() const;
     bool hasOverrides(OdDbObjectId viewport) const;
+
+protected:
+    void imageSwapped() override;
+
+private:
+    const LayerOverride* overrideIn(OdDbObjectId viewport) const;
 };
 
 using OdDbLayerTableRecordPtr = OdSmartPtr<OdDbLayerTableRecord>;

@@ -17,6 +17,7 @@ enum class OdDbObjectKind : quint8 {
     BlockTableRecord,
     SymbolTableRecord, ///< of a table that this program keeps but does not interpret
     SymbolTable,
+    LayerTable,
     Dictionary,
     Xrecord,
     Layout,
@@ -59,6 +60,9 @@ protected:
     virtual std::unique_ptr<OdDbObjectImage> captureImage() const;
     /// Exchanges the state with the image.
     virtual void swapImage(OdDbObjectImage& image);
+    /// Called after the state was exchanged by undo or redo.
+    virtual void imageSwapped() { }
+    void requireWriteEnabled() const;
 
 private:
     friend class OdDbDatabase;
@@ -68,6 +72,7 @@ private:
     int m_openCount = 0;
     int m_writers = 0;
     bool m_modified = false;
+    quint64 m_imageRecord = 0; ///< undo record that holds the before-image
 };
 
 /// Before-image of an object's state.
@@ -99,6 +104,7 @@ protected:
     /// Writes one member of the state; nothing happens when it has the value already.
     template <class Value> void assign(Value State::*member, const Value& value)
     {
+        this->requireWriteEnabled();
         if (m_state.*member == value)
             return;
         this->assertWriteEnabled();

@@ -2,6 +2,8 @@
 
 #include "database/OdDbObject.h"
 
+#include <QByteArrayView>
+
 #include <vector>
 
 /// The tables of a drawing.
@@ -31,7 +33,10 @@ class OdDbSymbolTable : public OdDbObject
 {
 public:
     static constexpr const char* kClassName = "OdDbSymbolTable";
-    static bool isKind(OdDbObjectKind kind) { return kind == OdDbObjectKind::SymbolTable; }
+    static bool isKind(OdDbObjectKind kind)
+    {
+        return kind == OdDbObjectKind::SymbolTable || kind == OdDbObjectKind::LayerTable;
+    }
 
     explicit OdDbSymbolTable(OdDbTableKind tableKind);
     ~OdDbSymbolTable() override;
@@ -49,15 +54,26 @@ public:
 
     /// Slots of all records in table order, erased ones included.
     const std::vector<quint32>& slotsInOrder() const { return m_slots; }
+    /// Names by position in slotsInOrder().
     const NameIndex& names() const { return *m_names; }
-    NameIndex& names() { return *m_names; }
-    void appendSlot(quint32 slot) { m_slots.push_back(slot); }
-    void reserve(std::size_t n) { m_slots.reserve(n); }
+    /// Position of a record in slotsInOrder(), or -1.
+    int positionOf(quint32 slot) const;
+    void reserve(std::size_t records);
+
+    // For codecs and the records themselves
+    void appendRecord(quint32 slot, QByteArrayView foldedName);
+    void recordRenamed(quint32 slot, const QString& name);
+    void recordErased(quint32 slot, bool erased);
+
+protected:
+    /// Called when the set of names changed.
+    virtual void namesChanged() { }
 
 private:
     OdDbTableKind m_tableKind;
     std::vector<quint32> m_slots;
     std::unique_ptr<NameIndex> m_names;
+    int m_erasedCount = 0;
 };
 
 using OdDbSymbolTablePtr = OdSmartPtr<OdDbSymbolTable>;
