@@ -21,6 +21,12 @@ public:
     bool isOpen() const { return m_open; }
     bool hasUndo() const;
     bool hasRedo() const { return !m_redo.empty(); }
+    /// Number of records that undo() can take back.
+    std::size_t undoCount() const
+    {
+        const bool lastIsEmpty = !m_undo.empty() && m_undo.back().changes.empty();
+        return m_undo.size() - (lastIsEmpty ? 1 : 0);
+    }
     bool undo();
     bool redo();
     quint64 stamp() const { return m_stamp; }
