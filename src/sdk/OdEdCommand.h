@@ -33,6 +33,7 @@ namespace OdEd {
 enum CommandFlag : int {
     kTransparent = 0x00000001, ///< may run inside another command
     kUsePickSet = 0x00000002, ///< keeps the selection made before the command
+    kSession = 0x00200000, ///< works on documents, not in one: opens no undo record
     kNoUndoMarker = 0x00800000, ///< opens no undo record of its own; hidden from completion
     kPalette = 0x04000000, ///< opens a palette: not added to the undo history
 };
