@@ -18,14 +18,18 @@ struct TaskQuestion
     QString content;
     QList<Link> links;
     bool allowCancel = true;
+    int defaultLink = 0; ///< id of the link that has the focus at first; 0: the first one
+    int widthInDialogUnits =
+        0; ///< wanted width in quarters of an average character; 0: as the texts need
 };
 
-/// The one way to the user's attention: every message box, task dialog and picker goes through it, so
-/// that tests answer questions and compare their exact texts.
+/// The one way to the user's attention: every message box, task dialog and picker goes through it,
+/// so that tests answer questions and compare their exact texts.
 class Prompts
 {
 public:
-    static constexpr int kCancelled = 2; ///< answer of ask() when the dialog was closed without a choice
+    static constexpr int kCancelled =
+        2; ///< answer of ask() when the dialog was closed without a choice
 
     enum class Icon { Information, Warning, Error };
 

@@ -1,0 +1,146 @@
+#include "toolkit/CXTPDockingPane.h"
+
+#include "toolkit/CXTPDockingPaneManager.h"
+#include "toolkit/docking/PaneTitleBar.h"
+
+#include <QEvent>
+#include <QMainWindow>
+
+namespace {
+
+bool isUpright(Qt::DockWidgetArea area)
+{
+    return area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
+}
+
+} // namespace
+
+CXTPDockingPane::CXTPDockingPane(CXTPDockingPaneManager& manager, int id, QRect initial)
+    : QDockWidget(&manager.window())
+    , m_manager(manager)
+    , m_id(id)
+    , m_initial(initial)
+    , m_minTrack(0, 0)
+    , m_maxTrack(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)
+    , m_titleBar(new PaneTitleBar(this))
+{
+    setObjectName(QStringLiteral("pane_%1").arg(id));
+    setTitleBarWidget(m_titleBar);
+    connectTitleBar();
+}
+
+CXTPDockingPane::~CXTPDockingPane()
+{
+    // A view that has slid out with the flyout comes back first, to end with its pane.
+    m_manager.releaseView(*this);
+}
+
+void CXTPDockingPane::connectTitleBar()
+{
+    connect(this, &QDockWidget::windowTitleChanged, m_titleBar, &PaneTitleBar::setTitle);
+    connect(this, &QDockWidget::dockLocationChanged, this, &CXTPDockingPane::applyTrackSizes);
+    connect(this, &QDockWidget::topLevelChanged, this, [this](bool floating) {
+        m_titleBar->setMode(floating ? PaneTitleBar::Mode::Floating : PaneTitleBar::Mode::Docked);
+        applyTrackSizes();
+        emit m_manager.paneStateChanged(m_id);
+    });
+    connect(m_titleBar, &PaneTitleBar::closeRequested, this, [this] { m_manager.ClosePane(this); });
+    connect(m_titleBar, &PaneTitleBar::autoHideRequested, this, &CXTPDockingPane::ToggleAutoHide);
+    connect(m_titleBar, &PaneTitleBar::floatRequested, this,
+            [this] { setFloating(!isFloating()); });
+}
+
+void CXTPDockingPane::SetTitle(const QString& title)
+{
+    setWindowTitle(title);
+    setAccessibleName(title);
+}
+
+void CXTPDockingPane::SetMinTrackSize(QSize size)
+{
+    m_minTrack = size;
+    applyTrackSizes();
+}
+
+void CXTPDockingPane::SetMaxTrackSize(QSize size)
+{
+    m_maxTrack = size;
+    applyTrackSizes();
+}
+
+void CXTPDockingPane::applyTrackSizes()
+{
+    QSize maximum = m_maxTrack;
+    if (!isFloating()) {
+        // A limit along the side would leave a hole in the window beneath or beside the pane.
+        if (isUpright(m_manager.window().dockWidgetArea(this)))
+            maximum.setHeight(QWIDGETSIZE_MAX);
+        else
+            maximum.setWidth(QWIDGETSIZE_MAX);
+    }
+    setMinimumSize(m_minTrack);
+    setMaximumSize(maximum.expandedTo(m_minTrack));
+}
+
+void CXTPDockingPane::AttachView(QWidget* view)
+{
+    if (!view || view == m_view)
+        return;
+    if (QWidget* before = Detach())
+        before->deleteLater();
+    m_view = view;
+    setWidget(view);
+}
+
+QWidget* CXTPDockingPane::Detach()
+{
+    m_manager.releaseView(*this);
+    QWidget* view = m_view;
+    m_view.clear();
+    if (view) {
+        setWidget(nullptr);
+        view->setParent(nullptr);
+    }
+    return view;
+}
+
+QWidget* CXTPDockingPane::lendView()
+{
+    if (m_view)
+        setWidget(nullptr);
+    return m_view;
+}
+
+void CXTPDockingPane::returnView()
+{
+    if (m_view)
+        setWidget(m_view);
+}
+
+bool CXTPDockingPane::IsClosed() const
+{
+    return m_manager.isClosed(*this);
+}
+
+XTPDockingPaneState CXTPDockingPane::GetPaneState() const
+{
+    return m_manager.paneState(*this);
+}
+
+void CXTPDockingPane::ToggleAutoHide()
+{
+    m_manager.ToggleAutoHide(this);
+}
+
+QSize CXTPDockingPane::sizeHint() const
+{
+    return m_initial.size();
+}
+
+bool CXTPDockingPane::event(QEvent* event)
+{
+    const bool handled = QDockWidget::event(event);
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+        m_manager.visibilityChanged(*this);
+    return handled;
+}

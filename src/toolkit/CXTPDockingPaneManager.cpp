@@ -1,0 +1,232 @@
+#include "toolkit/CXTPDockingPaneManager.h"
+
+#include "toolkit/docking/AutoHideSides.h"
+
+#include <QMainWindow>
+#include <QScopedValueRollback>
+#include <QVariant>
+
+namespace {
+
+constexpr char kWindowProperty[] = "DockingPane";
+
+Qt::DockWidgetArea areaOf(XTPDockingPaneDirection direction)
+{
+    switch (direction) {
+    case xtpPaneDockRight:
+        return Qt::RightDockWidgetArea;
+    case xtpPaneDockTop:
+        return Qt::TopDockWidgetArea;
+    case xtpPaneDockBottom:
+        return Qt::BottomDockWidgetArea;
+    case xtpPaneDockLeft:
+        break;
+    }
+    return Qt::LeftDockWidgetArea;
+}
+
+bool isUpright(Qt::DockWidgetArea area)
+{
+    return area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
+}
+
+int extentOf(const CXTPDockingPane& pane, Qt::DockWidgetArea side)
+{
+    return isUpright(side) ? pane.width() : pane.height();
+}
+
+} // namespace
+
+CXTPDockingPaneManager::CXTPDockingPaneManager(QMainWindow& window)
+    : m_window(&window)
+    , m_sides(std::make_unique<AutoHideSides>(window))
+{
+    window.setProperty(kWindowProperty, QVariant::fromValue<QObject*>(this));
+    connect(m_sides.get(), &AutoHideSides::closeRequested, this,
+            &CXTPDockingPaneManager::ClosePane);
+    connect(m_sides.get(), &AutoHideSides::pinRequested, this,
+            &CXTPDockingPaneManager::ToggleAutoHide);
+}
+
+CXTPDockingPaneManager::~CXTPDockingPaneManager()
+{
+    m_switching = true;
+    m_sides.reset();
+    for (const QPointer<CXTPDockingPane>& pane : std::as_const(m_panes))
+        delete pane.data();
+    if (m_window)
+        m_window->setProperty(kWindowProperty, QVariant());
+}
+
+CXTPDockingPaneManager* CXTPDockingPaneManager::of(const QWidget* mainWindow)
+{
+    if (!mainWindow)
+        return nullptr;
+    return qobject_cast<CXTPDockingPaneManager*>(
+        mainWindow->property(kWindowProperty).value<QObject*>());
+}
+
+CXTPDockingPane* CXTPDockingPaneManager::CreatePane(int id, QRect rect,
+                                                    XTPDockingPaneDirection direction)
+{
+    if (CXTPDockingPane* existing = FindPane(id))
+        return existing;
+    const QScopedValueRollback switching(m_switching, true);
+    auto* pane = new CXTPDockingPane(*this, id, rect);
+    m_panes.insert(id, pane);
+    if (!m_window->restoreDockWidget(pane))
+        m_window->addDockWidget(areaOf(direction), pane);
+    pane->hide();
+    connect(pane, &QObject::destroyed, this, [this, id] {
+        m_panes.remove(id);
+        if (m_sides)
+            m_sides->forget(id);
+    });
+    connect(pane, &QDockWidget::windowTitleChanged, m_sides.get(),
+            [this, pane] { m_sides->titleChanged(*pane); });
+    if (const auto pending = m_sides->takePending(id))
+        hideToSide(*pane, pending->side, pending->extent, true);
+    return pane;
+}
+
+CXTPDockingPane* CXTPDockingPaneManager::FindPane(int id) const
+{
+    return m_panes.value(id);
+}
+
+QMainWindow& CXTPDockingPaneManager::window() const
+{
+    return *m_window;
+}
+
+void CXTPDockingPaneManager::ShowPane(CXTPDockingPane* pane)
+{
+    if (!pane)
+        return;
+    if (m_sides->contains(pane->GetID())) {
+        const bool wasClosed = isClosed(*pane);
+        m_sides->setClosed(*pane, false);
+        m_sides->slideOut(*pane);
+        if (wasClosed)
+            emit paneStateChanged(pane->GetID());
+        return;
+    }
+    pane->show();
+    pane->raise();
+}
+
+void CXTPDockingPaneManager::ClosePane(CXTPDockingPane* pane)
+{
+    if (!pane || isClosed(*pane))
+        return;
+    if (!m_sides->contains(pane->GetID())) {
+        pane->hide();
+        return;
+    }
+    m_sides->setClosed(*pane, true);
+    emit paneStateChanged(pane->GetID());
+}
+
+bool CXTPDockingPaneManager::IsPaneClosed(int id) const
+{
+    const CXTPDockingPane* pane = FindPane(id);
+    return !pane || isClosed(*pane);
+}
+
+bool CXTPDockingPaneManager::isClosed(const CXTPDockingPane& pane) const
+{
+    const auto entry = m_sides->entry(pane.GetID());
+    return entry ? entry->closed : pane.isHidden();
+}
+
+XTPDockingPaneState CXTPDockingPaneManager::paneState(const CXTPDockingPane& pane) const
+{
+    if (m_sides->contains(pane.GetID()))
+        return xtpPaneHidden;
+    return pane.isFloating() ? xtpPaneFloating : xtpPaneDocked;
+}
+
+void CXTPDockingPaneManager::ToggleAutoHide(CXTPDockingPane* pane)
+{
+    if (!pane)
+        return;
+    if (m_sides->contains(pane->GetID())) {
+        pin(*pane, true);
+        emit paneStateChanged(pane->GetID());
+    } else if (!pane->isFloating() && !pane->isHidden()) {
+        const Qt::DockWidgetArea side = m_window->dockWidgetArea(pane);
+        hideToSide(*pane, side, extentOf(*pane, side), false);
+        emit paneStateChanged(pane->GetID());
+    }
+}
+
+void CXTPDockingPaneManager::hideToSide(CXTPDockingPane& pane, Qt::DockWidgetArea side, int extent,
+                                        bool closed)
+{
+    // A hidden dock keeps its place among the others in the window's layout, which is where pinning
+    // brings it back.
+    const QScopedValueRollback switching(m_switching, true);
+    pane.hide();
+    m_sides->add(pane, {side, extent, closed});
+}
+
+void CXTPDockingPaneManager::pin(CXTPDockingPane& pane, bool show)
+{
+    const QScopedValueRollback switching(m_switching, true);
+    const AutoHideEntry entry = m_sides->take(pane);
+    if (!show)
+        return;
+    pane.show();
+    pane.raise();
+    const Qt::Orientation along = isUpright(entry.side) ? Qt::Horizontal : Qt::Vertical;
+    m_window->resizeDocks({&pane}, {entry.extent}, along);
+}
+
+void CXTPDockingPaneManager::visibilityChanged(CXTPDockingPane& pane)
+{
+    if (m_switching)
+        return;
+    // The window's own menu, or a restored state, may show the dock of a pane that is hidden to the
+    // side.
+    if (!pane.isHidden() && m_sides->contains(pane.GetID()))
+        pin(pane, true);
+    emit paneStateChanged(pane.GetID());
+}
+
+void CXTPDockingPaneManager::releaseView(CXTPDockingPane& pane)
+{
+    if (m_sides)
+        m_sides->slideInAtOnce(pane);
+}
+
+QByteArray CXTPDockingPaneManager::saveState() const
+{
+    return autoHideStateToBytes(m_sides->state());
+}
+
+bool CXTPDockingPaneManager::restoreState(const QByteArray& state)
+{
+    const auto wanted = autoHideStateFromBytes(state);
+    if (!wanted)
+        return false;
+    QList<int> handled;
+    for (const auto& [id, entry] : *wanted) {
+        handled.append(id);
+        CXTPDockingPane* pane = FindPane(id);
+        if (!pane) {
+            m_sides->setPending(id, entry);
+            continue;
+        }
+        if (m_sides->contains(id))
+            m_sides->take(*pane);
+        hideToSide(*pane, entry.side, entry.extent, entry.closed);
+        emit paneStateChanged(id);
+    }
+    for (const QPointer<CXTPDockingPane>& pane : std::as_const(m_panes)) {
+        if (handled.contains(pane->GetID()) || !m_sides->contains(pane->GetID()))
+            continue;
+        pin(*pane, !isClosed(*pane));
+        emit paneStateChanged(pane->GetID());
+    }
+    return true;
+}

@@ -1,0 +1,51 @@
+#include "toolkit/docking/FlyoutGrip.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+FlyoutGrip::FlyoutGrip(QWidget* parent)
+    : QWidget(parent)
+{
+    setDirection(Qt::Horizontal);
+}
+
+void FlyoutGrip::setDirection(Qt::Orientation direction)
+{
+    m_direction = direction;
+    const bool horizontal = direction == Qt::Horizontal;
+    setCursor(horizontal ? Qt::SplitHCursor : Qt::SplitVCursor);
+    setSizePolicy(horizontal ? QSizePolicy::Fixed : QSizePolicy::Preferred,
+                  horizontal ? QSizePolicy::Preferred : QSizePolicy::Fixed);
+    updateGeometry();
+}
+
+QSize FlyoutGrip::sizeHint() const
+{
+    const int extent = style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent, nullptr, this);
+    return QSize(extent, extent);
+}
+
+void FlyoutGrip::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return event->ignore();
+    m_pressedAt = event->globalPosition().toPoint();
+    emit pressed();
+}
+
+void FlyoutGrip::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons() & Qt::LeftButton)
+        emit dragged(event->globalPosition().toPoint() - m_pressedAt);
+}
+
+void FlyoutGrip::paintEvent(QPaintEvent* /*event*/)
+{
+    QStyleOption option;
+    option.initFrom(this);
+    option.state.setFlag(QStyle::State_Horizontal, m_direction == Qt::Horizontal);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_IndicatorDockWidgetResizeHandle, &option, &painter, this);
+}

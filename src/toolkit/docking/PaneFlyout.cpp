@@ -1,0 +1,221 @@
+#include "toolkit/docking/PaneFlyout.h"
+
+#include "toolkit/docking/FlyoutGrip.h"
+#include "toolkit/docking/PaneTitleBar.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+bool isUpright(Qt::DockWidgetArea side)
+{
+    return side == Qt::LeftDockWidgetArea || side == Qt::RightDockWidgetArea;
+}
+
+/// The rectangle beside the bar, `extent` deep.
+QRect besideBar(Qt::DockWidgetArea side, const QRect& bar, int extent)
+{
+    switch (side) {
+    case Qt::RightDockWidgetArea:
+        return QRect(bar.left() - extent, bar.top(), extent, bar.height());
+    case Qt::TopDockWidgetArea:
+        return QRect(bar.left(), bar.bottom() + 1, bar.width(), extent);
+    case Qt::BottomDockWidgetArea:
+        return QRect(bar.left(), bar.top() - extent, bar.width(), extent);
+    default:
+        return QRect(bar.right() + 1, bar.top(), extent, bar.height());
+    }
+}
+
+/// How deep a rectangle beside the bar can be within the window.
+int roomBeside(Qt::DockWidgetArea side, const QRect& bar, QSize window)
+{
+    switch (side) {
+    case Qt::RightDockWidgetArea:
+        return bar.left();
+    case Qt::TopDockWidgetArea:
+        return window.height() - bar.bottom() - 1;
+    case Qt::BottomDockWidgetArea:
+        return bar.top();
+    default:
+        return window.width() - bar.right() - 1;
+    }
+}
+
+/// The first widget inside that takes the focus by key; null when there is none.
+QWidget* firstFocusable(QWidget& view)
+{
+    QWidget* widget = &view;
+    do {
+        const bool inside = widget == &view || view.isAncestorOf(widget);
+        if (inside && (widget->focusPolicy() & Qt::TabFocus) && widget->isVisibleTo(&view)
+            && widget->isEnabled())
+            return widget;
+        widget = widget->nextInFocusChain();
+    } while (widget && widget != &view);
+    return nullptr;
+}
+
+} // namespace
+
+PaneFlyout::PaneFlyout(QWidget* window)
+    : QWidget(window)
+    , m_frame(new QFrame(this))
+    , m_grid(new QGridLayout(m_frame))
+    , m_column(new QVBoxLayout)
+    , m_titleBar(new PaneTitleBar(m_frame))
+    , m_grip(new FlyoutGrip(m_frame))
+{
+    setObjectName(QStringLiteral("paneFlyout"));
+    m_frame->setFrameShape(QFrame::StyledPanel);
+    m_frame->setAutoFillBackground(true);
+    m_frame->setFocusPolicy(Qt::StrongFocus);
+    m_grid->setContentsMargins(0, 0, 0, 0);
+    m_grid->setSpacing(0);
+    m_grid->addLayout(m_column, 1, 1);
+    m_column->addWidget(m_titleBar);
+    m_titleBar->setMode(PaneTitleBar::Mode::HiddenToSide);
+    hide();
+
+    connect(m_titleBar, &PaneTitleBar::closeRequested, this, &PaneFlyout::closeRequested);
+    connect(m_titleBar, &PaneTitleBar::autoHideRequested, this, &PaneFlyout::pinRequested);
+    connect(m_grip, &FlyoutGrip::pressed, this,
+            [this] { m_extentAtPress = isUpright(m_side) ? m_full.width() : m_full.height(); });
+    connect(m_grip, &FlyoutGrip::dragged, this, &PaneFlyout::dragTo);
+    connect(&m_slide, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant& share) { reveal(share.toReal()); });
+    connect(&m_slide, &QVariantAnimation::finished, this, [this] {
+        if (!m_slidingIn)
+            return;
+        stop();
+        emit slidIn();
+    });
+}
+
+void PaneFlyout::setTitle(const QString& title)
+{
+    m_titleBar->setTitle(title);
+    setAccessibleName(title);
+}
+
+void PaneFlyout::setView(QWidget* view)
+{
+    if (m_view)
+        m_column->removeWidget(m_view);
+    m_view = view;
+    if (!view)
+        return;
+    m_column->addWidget(view, 1);
+    view->show();
+}
+
+void PaneFlyout::place(Qt::DockWidgetArea side, const QRect& bar, int extent, QSize minimum,
+                       QSize maximum)
+{
+    m_side = side;
+    const bool upright = isUpright(side);
+    const int least = upright ? minimum.width() : minimum.height();
+    const int most = qMin(upright ? maximum.width() : maximum.height(),
+                          roomBeside(side, bar, parentWidget()->size()));
+    m_full = besideBar(side, bar, qBound(least, extent, qMax(least, most)));
+    placeGrip();
+    m_frame->resize(m_full.size());
+    reveal(m_share);
+}
+
+void PaneFlyout::placeGrip()
+{
+    m_grip->setDirection(isUpright(m_side) ? Qt::Horizontal : Qt::Vertical);
+    m_grid->removeWidget(m_grip);
+    switch (m_side) {
+    case Qt::RightDockWidgetArea:
+        return m_grid->addWidget(m_grip, 1, 0);
+    case Qt::TopDockWidgetArea:
+        return m_grid->addWidget(m_grip, 2, 1);
+    case Qt::BottomDockWidgetArea:
+        return m_grid->addWidget(m_grip, 0, 1);
+    default:
+        return m_grid->addWidget(m_grip, 1, 2);
+    }
+}
+
+void PaneFlyout::reveal(qreal share)
+{
+    m_share = share;
+    QRect shown = m_full;
+    QPoint frameAt(0, 0);
+    if (isUpright(m_side))
+        shown.setWidth(qRound(m_full.width() * share));
+    else
+        shown.setHeight(qRound(m_full.height() * share));
+    if (m_side == Qt::RightDockWidgetArea)
+        shown.moveRight(m_full.right());
+    else if (m_side == Qt::BottomDockWidgetArea)
+        shown.moveBottom(m_full.bottom());
+    else
+        frameAt = QPoint(shown.width() - m_full.width(), shown.height() - m_full.height());
+    setGeometry(shown);
+    m_frame->move(frameAt);
+}
+
+void PaneFlyout::slideOut()
+{
+    m_slidingIn = false;
+    m_slide.stop();
+    show();
+    raise();
+    focusView();
+    m_slide.setDuration(style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this));
+    m_slide.setStartValue(m_share);
+    m_slide.setEndValue(1.0);
+    m_slide.start();
+}
+
+void PaneFlyout::slideIn()
+{
+    if (isHidden() || m_slidingIn)
+        return;
+    m_slide.stop();
+    m_slidingIn = true;
+    m_slide.setDuration(style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this));
+    m_slide.setStartValue(m_share);
+    m_slide.setEndValue(0.0);
+    m_slide.start();
+}
+
+void PaneFlyout::stop()
+{
+    m_slidingIn = false;
+    m_slide.stop();
+    hide();
+    reveal(0);
+}
+
+void PaneFlyout::focusView()
+{
+    QWidget* target = m_view ? m_view->focusWidget() : nullptr;
+    if (!target && m_view)
+        target = firstFocusable(*m_view);
+    if (!target)
+        target = m_frame;
+    target->setFocus(Qt::OtherFocusReason);
+}
+
+void PaneFlyout::dragTo(QPoint distance)
+{
+    const int along = isUpright(m_side) ? distance.x() : distance.y();
+    const bool outwards = m_side == Qt::LeftDockWidgetArea || m_side == Qt::TopDockWidgetArea;
+    emit extentDragged(m_extentAtPress + (outwards ? along : -along));
+}
+
+void PaneFlyout::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        emit leaveRequested();
+    else
+        QWidget::keyPressEvent(event);
+}

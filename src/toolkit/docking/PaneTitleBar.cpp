@@ -1,0 +1,93 @@
+#include "toolkit/docking/PaneTitleBar.h"
+
+#include "toolkit/docking/PaneTitleButton.h"
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionDockWidget>
+
+PaneTitleBar::PaneTitleBar(QWidget* parent)
+    : QWidget(parent)
+    , m_autoHide(new PaneTitleButton(PaneTitleButton::Sign::AutoHide, this))
+    , m_float(new PaneTitleButton(PaneTitleButton::Sign::Float, this))
+    , m_close(new PaneTitleButton(PaneTitleButton::Sign::Close, this))
+{
+    m_autoHide->setObjectName(QStringLiteral("autoHideButton"));
+    m_float->setObjectName(QStringLiteral("floatButton"));
+    m_close->setObjectName(QStringLiteral("closeButton"));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setSpacing(0);
+    layout->addStretch();
+    for (PaneTitleButton* button : {m_autoHide, m_float, m_close})
+        layout->addWidget(button);
+    applyMetrics();
+
+    connect(m_autoHide, &PaneTitleButton::clicked, this, &PaneTitleBar::autoHideRequested);
+    connect(m_float, &PaneTitleButton::clicked, this, &PaneTitleBar::floatRequested);
+    connect(m_close, &PaneTitleButton::clicked, this, &PaneTitleBar::closeRequested);
+}
+
+void PaneTitleBar::setTitle(const QString& title)
+{
+    m_title = title;
+    setAccessibleName(title);
+    update();
+}
+
+void PaneTitleBar::setMode(Mode mode)
+{
+    const bool hidden = mode == Mode::HiddenToSide;
+    const bool floating = mode == Mode::Floating;
+    m_autoHide->setVisible(!floating);
+    m_autoHide->setSign(hidden ? PaneTitleButton::Sign::Pin : PaneTitleButton::Sign::AutoHide);
+    m_float->setVisible(!hidden);
+    m_float->setSign(floating ? PaneTitleButton::Sign::Dock : PaneTitleButton::Sign::Float);
+}
+
+QSize PaneTitleBar::minimumSizeHint() const
+{
+    // The title is elided; the buttons and the height of the text are not.
+    const int margin = style()->pixelMetric(QStyle::PM_DockWidgetTitleMargin, nullptr, this);
+    const QSize buttons = layout()->minimumSize();
+    return QSize(buttons.width(), qMax(buttons.height(), fontMetrics().height() + 2 * margin));
+}
+
+void PaneTitleBar::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    QStyleOptionDockWidget option;
+    option.initFrom(this);
+    style()->drawControl(QStyle::CE_DockWidgetTitle, &option, &painter, this);
+
+    const int margin = style()->pixelMetric(QStyle::PM_DockWidgetTitleMargin, nullptr, this);
+    const PaneTitleButton* first = m_autoHide->isHidden() ? m_float : m_autoHide;
+    QRect place = rect();
+    if (layoutDirection() == Qt::LeftToRight)
+        place.setCoords(2 * margin, 0, first->x() - margin, height() - 1);
+    else
+        place.setCoords(first->geometry().right() + margin, 0, width() - 1 - 2 * margin,
+                        height() - 1);
+    const QString text = fontMetrics().elidedText(m_title, Qt::ElideRight, place.width());
+    style()->drawItemText(&painter, place, Qt::AlignVCenter | Qt::AlignLeading, palette(),
+                          isEnabled(), text, QPalette::WindowText);
+}
+
+void PaneTitleBar::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::StyleChange)
+        applyMetrics();
+    if (event->type() == QEvent::FontChange)
+        updateGeometry();
+}
+
+void PaneTitleBar::applyMetrics()
+{
+    const int margin = style()->pixelMetric(QStyle::PM_DockWidgetTitleMargin, nullptr, this);
+    layout()->setContentsMargins(2 * margin, margin, margin, margin);
+}

@@ -1,0 +1,13 @@
+#include "support/LogGuard.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    const QCoreApplication application(argc, argv);
+    const LogGuard guard;
+    return RUN_ALL_TESTS();
+}
