@@ -40,10 +40,13 @@ public:
     /// ObjectStore::owner(), since runs of the ENTITIES section mix spaces.
     const std::vector<EntityRun>& entityRuns() const { return m_runs; }
     void addRun(EntityRun run) { m_runs.push_back(run); }
-    std::vector<EntityRun>& runsForLoading() { return m_runs; }
+    /// Slot of the record that opens the block's definition; kNoSlot where there is none.
+    quint32 blockSlot() const { return m_blockSlot; }
+    void setBlockSlot(quint32 slot) { m_blockSlot = slot; }
 
 private:
     std::vector<EntityRun> m_runs;
+    quint32 m_blockSlot = OdDbObjectId::kNoSlot;
 };
 
 using OdDbBlockTableRecordPtr = OdSmartPtr<OdDbBlockTableRecord>;

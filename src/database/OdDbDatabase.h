@@ -57,6 +57,8 @@ public:
     /// Layouts by tab order, the model tab first.
     std::vector<OdDbObjectId> layouts() const;
     OdDbObjectId currentLayoutId() const;
+    /// Viewports in the block of a sheet, the sheet's own (overall) one first.
+    std::vector<OdDbObjectId> viewportsOf(OdDbObjectId space) const;
     /// In a layout: the viewport worked in, the sheet's own (overall) one included. In model space:
     /// a null id, since viewport properties apply to layouts only.
     OdDbObjectId activeViewportId() const;

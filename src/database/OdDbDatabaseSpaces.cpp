@@ -1,4 +1,5 @@
 #include "database/HeaderVariables.h"
+#include "database/ObjectStore.h"
 #include "database/OdDbBlockTableRecord.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbDictionary.h"
@@ -56,19 +57,32 @@ OdDbObjectId OdDbDatabase::activeViewportId() const
 {
     if (m_current.modelSpace)
         return {};
-    const auto layout = currentLayoutId().openObject<OdDbLayout>();
-    if (!layout)
+    const std::vector<OdDbObjectId> viewports = viewportsOf(getPaperSpaceId());
+    if (viewports.empty())
         return {};
-    const std::vector<OdDbObjectId> viewports = layout->getViewportArray();
     if (std::find(viewports.begin(), viewports.end(), m_current.viewport) != viewports.end())
         return m_current.viewport;
-    const OdDbObjectId overall = layout->overallVportId();
-    for (const OdDbObjectId id : viewports) {
-        const auto viewport = id.openObject<OdDbViewport>();
-        if (id != overall && viewport->status() == kActiveStatus)
-            return id;
+    const auto floating = std::find_if(viewports.begin() + 1, viewports.end(), [](OdDbObjectId id) {
+        return id.openObject<OdDbViewport>()->status() == kActiveStatus;
+    });
+    return floating == viewports.end() ? viewports.front() : *floating;
+}
+
+std::vector<OdDbObjectId> OdDbDatabase::viewportsOf(OdDbObjectId space) const
+{
+    std::vector<OdDbObjectId> viewports;
+    for (const quint32 slot : m_store->viewports()) {
+        if (m_store->owner(slot) == space.slot() && !m_store->has(slot, ObjectStore::kErased))
+            viewports.push_back(idOfSlot(slot));
     }
-    return overall;
+    // In a sheet that was opened the sheet's own viewport has number 1; in others all numbers are 0
+    // and it is the first one.
+    const auto overall = std::find_if(viewports.begin(), viewports.end(), [](OdDbObjectId id) {
+        return id.openObject<OdDbViewport>()->number() == 1;
+    });
+    if (overall != viewports.end())
+        std::rotate(viewports.begin(), overall, overall + 1);
+    return viewports;
 }
 
 OdDbObjectId OdDbDatabase::getCLAYER() const

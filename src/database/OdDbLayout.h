@@ -30,8 +30,6 @@ public:
     /// The viewport that covers the sheet itself, or a null id in a layout never opened.
     OdDbObjectId overallVportId() const;
 
-private:
-    OdDbObjectId overallAmong(const std::vector<OdDbObjectId>& viewports) const;
 };
 
 using OdDbLayoutPtr = OdSmartPtr<OdDbLayout>;

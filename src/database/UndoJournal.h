@@ -24,7 +24,7 @@ public:
     /// Number of records that undo() can take back.
     std::size_t undoCount() const
     {
-        const bool lastIsEmpty = !m_undo.empty() && m_undo.back().changes.empty();
+        const bool lastIsEmpty = !m_undo.empty() && m_undo.back()->changes.empty();
         return m_undo.size() - (lastIsEmpty ? 1 : 0);
     }
     bool undo();

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "io/dxf/DxfIndexer.h"
+#include "io/dxf/DxfText.h"
+
+#include <QHash>
+
+class OdDbDatabase;
+
+/// Turns the record index of a DXF text into a database: tables and their names, blocks, owners,
+/// handles, current settings. What the file leaves out is made; what it contradicts is noted.
+class DxfAssembler
+{
+public:
+    DxfAssembler(const FileImage& image, OdDbDatabase& database, const DxfIndex& index, const DxfText& text);
+    void run();
+
+private:
+    void header();
+    void tables();
+    void makeTable(OdDbTableKind kind, quint32 slot);
+    void requireTables();
+    void addRecord(OdDbTableKind kind, quint32 slot, QByteArrayView name);
+    quint32 makeRecord(OdDbTableKind kind, const QString& name);
+    void handles();
+    void owners();
+    void checkOwnerCycles();
+    void missingLayers();
+    void blocks();
+    quint32 blockRecord(const DxfIndex::Block& block);
+    void ownEntities(quint32 first, quint32 end, quint32 owner);
+    void currentSettings();
+    void note(quint64 offset, const QString& sentence);
+    QByteArray folded(QByteArrayView name) const;
+
+    const FileImage& m_image;
+    OdDbDatabase& m_database;
+    ObjectStore& m_store;
+    const DxfIndex& m_index;
+    const DxfText& m_text;
+    int m_notes = 0;
+};

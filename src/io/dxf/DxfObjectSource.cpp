@@ -1,0 +1,251 @@
+#include "io/dxf/DxfObjectSource.h"
+
+#include "base/NumberText.h"
+#include "database/OdDbBlockTableRecord.h"
+#include "database/OdDbDatabase.h"
+#include "database/OdDbDictionary.h"
+#include "database/OdDbEntity.h"
+#include "database/OdDbLayerTableRecord.h"
+#include "database/OdDbLayout.h"
+#include "database/OdDbLinetypeTableRecord.h"
+#include "database/OdDbNamedRecord.h"
+#include "database/OdDbXrecord.h"
+#include "io/dxf/LayerGroups.h"
+
+namespace {
+
+constexpr int kDependentFlag = 16;
+
+/// In drawings up to R14 the layers frozen in a viewport are names in its extended data, inside the
+/// second pair of braces.
+void readMviewLayer(const DxfCursor& cursor, int& braces, const OdDbSymbolTable& layers, ViewportState& state)
+{
+    if (cursor.code() == 1002)
+        braces += cursor.bytes().trimmed() == "{" ? 1 : -1;
+    else if (cursor.code() == 1003 && braces == 2) {
+        if (const OdDbObjectId layer = layers.getAt(cursor.text()); !layer.isNull())
+            state.frozenLayers.push_back(layer);
+    }
+}
+
+}
+
+DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database, const DxfText& text)
+    : m_image(std::move(image))
+    , m_database(database)
+    , m_text(text)
+{
+}
+
+std::unique_ptr<GroupCursor> DxfObjectSource::makeCursor() const
+{
+    return std::make_unique<DxfCursor>(m_image, m_database.store(), m_text);
+}
+
+DxfCursor DxfObjectSource::cursor(quint32 slot) const
+{
+    DxfCursor cursor(m_image, m_database.store(), m_text);
+    cursor.open(slot);
+    return cursor;
+}
+
+OdDbObjectId DxfObjectSource::id(quint64 handle) const
+{
+    return m_database.getOdDbObjectId(OdDbHandle(handle));
+}
+
+void DxfObjectSource::read(OdDbObject& object) const
+{
+    const quint32 slot = object.objectId().slot();
+    switch (object.kind()) {
+    case OdDbObjectKind::Layer:
+        static_cast<OdDbLayerTableRecord&>(object).stateForLoading() = readLayer(slot);
+        break;
+    case OdDbObjectKind::BlockTableRecord:
+        static_cast<OdDbBlockTableRecord&>(object).stateForLoading() = readBlock(slot);
+        break;
+    case OdDbObjectKind::Linetype:
+        static_cast<OdDbLinetypeTableRecord&>(object).stateForLoading() = readLinetype(slot);
+        break;
+    case OdDbObjectKind::Dictionary:
+        static_cast<OdDbDictionary&>(object).stateForLoading() = readDictionary(slot);
+        break;
+    case OdDbObjectKind::Xrecord:
+        static_cast<OdDbXrecord&>(object).stateForLoading() = readXrecord(slot);
+        break;
+    case OdDbObjectKind::Layout:
+        static_cast<OdDbLayout&>(object).stateForLoading() = readLayout(slot);
+        break;
+    case OdDbObjectKind::Viewport:
+        static_cast<OdDbViewport&>(object).stateForLoading() = readViewport(slot);
+        break;
+    case OdDbObjectKind::SymbolTableRecord: {
+        auto& state = static_cast<OdDbNamedRecord&>(object).stateForLoading();
+        for (DxfCursor groups = cursor(slot); groups.next();) {
+            if (groups.code() == 2 && state.name.isEmpty())
+                state.name = groups.text();
+            else if (groups.code() == 70)
+                state.dependent = (groups.integer() & kDependentFlag) != 0;
+        }
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+LayerState DxfObjectSource::readLayer(quint32 slot) const
+{
+    LayerState layer;
+    layer.linetype = m_database.table(OdDbTableKind::Linetype).getAt(QStringLiteral("Continuous"));
+    LayerGroups::Reader reader(m_database, layer);
+    bool inExtension = false;
+    quint32 extras = OdDbObjectId::kNoSlot;
+    for (DxfCursor groups = cursor(slot); groups.next();) {
+        if (groups.code() == 102)
+            inExtension = groups.bytes().trimmed() == "{ACAD_XDICTIONARY";
+        else if (inExtension && (groups.code() == 360 || groups.code() == 350))
+            extras = id(groups.handle()).slot();
+        else
+            reader.take(groups);
+    }
+    if (extras != OdDbObjectId::kNoSlot)
+        readLayerExtras(extras, layer);
+    return layer;
+}
+
+void DxfObjectSource::readLayerExtras(quint32 dictionarySlot, LayerState& layer) const
+{
+    const auto dictionary = m_database.idOfSlot(dictionarySlot).openObject<OdDbDictionary>();
+    if (!dictionary)
+        return;
+    for (const DictionaryEntry& entry : dictionary->entries()) {
+        if (const auto record = entry.value.openObject<OdDbXrecord>())
+            LayerGroups::readExtra(m_database, entry.key, record->groups(), layer);
+    }
+}
+
+BlockState DxfObjectSource::readBlock(quint32 slot) const
+{
+    BlockState state;
+    for (DxfCursor groups = cursor(slot); groups.next();) {
+        if (groups.code() == 2 && state.name.isEmpty())
+            state.name = groups.text();
+        else if (groups.code() == 340)
+            state.layout = id(groups.handle());
+    }
+    return state;
+}
+
+LinetypeState DxfObjectSource::readLinetype(quint32 slot) const
+{
+    LinetypeState state;
+    for (DxfCursor groups = cursor(slot); groups.next();) {
+        switch (groups.code()) {
+        case 2:
+            state.name = groups.text();
+            break;
+        case 3:
+            state.description = groups.text();
+            break;
+        case 49:
+            state.dashes.push_back(groups.real());
+            break;
+        case 70:
+            state.dependent = (groups.integer() & kDependentFlag) != 0;
+            break;
+        default:
+            break;
+        }
+    }
+    return state;
+}
+
+DictionaryState DxfObjectSource::readDictionary(quint32 slot) const
+{
+    DictionaryState state;
+    QString key;
+    bool hasKey = false;
+    for (DxfCursor groups = cursor(slot); groups.next();) {
+        if (groups.code() == 3) {
+            key = groups.text();
+            hasKey = true;
+        } else if (groups.code() == 280) {
+            state.treatElementsAsHard = groups.integer() == 1;
+        } else if (hasKey && (groups.code() == 350 || groups.code() == 360 || groups.code() == 340)) {
+            state.entries.push_back({ key, id(groups.handle()) });
+            hasKey = false;
+        }
+    }
+    return state;
+}
+
+XrecordState DxfObjectSource::readXrecord(quint32 slot) const
+{
+    XrecordState state;
+    bool inData = false;
+    for (DxfCursor groups = cursor(slot); groups.next();) {
+        if (inData)
+            state.groups.push_back({ groups.code(), groups.bytes().toByteArray() });
+        else if (groups.code() == 100)
+            inData = groups.bytes().trimmed() == "AcDbXrecord";
+    }
+    // The cloning flag belongs to the record, not to its data.
+    if (!state.groups.empty() && state.groups.front().code == 280)
+        state.groups.erase(state.groups.begin());
+    return state;
+}
+
+LayoutState DxfObjectSource::readLayout(quint32 slot) const
+{
+    LayoutState state;
+    bool inPlotSettings = false;
+    bool inLayout = false;
+    for (DxfCursor groups = cursor(slot); groups.next();) {
+        if (groups.code() == 100) {
+            inPlotSettings = groups.bytes().trimmed() == "AcDbPlotSettings";
+            inLayout = groups.bytes().trimmed() == "AcDbLayout";
+        } else if (inPlotSettings && groups.code() == 7) {
+            state.styleSheet = groups.text();
+        } else if (inLayout && groups.code() == 1) {
+            state.name = groups.text();
+        } else if (inLayout && groups.code() == 71) {
+            state.tabOrder = static_cast<int>(groups.integer());
+        } else if (inLayout && groups.code() == 330) {
+            state.block = id(groups.handle());
+        } else if (inLayout && groups.code() == 331) {
+            state.lastActiveViewport = id(groups.handle());
+        }
+    }
+    return state;
+}
+
+ViewportState DxfObjectSource::readViewport(quint32 slot) const
+{
+    ViewportState state;
+    int braces = 0;
+    bool ownData = false;
+    for (DxfCursor groups = cursor(slot); groups.next();) {
+        switch (groups.code()) {
+        case 100:
+            ownData = groups.bytes().trimmed() == "AcDbViewport";
+            break;
+        case 68:
+            state.status = static_cast<int>(groups.integer());
+            break;
+        case 69:
+            state.number = static_cast<int>(groups.integer());
+            break;
+        case 331:
+        case 341: // drawings of version 2000
+            if (const OdDbObjectId layer = id(groups.handle()); ownData && layer.openObject<OdDbLayerTableRecord>())
+                state.frozenLayers.push_back(layer);
+            break;
+        default:
+            if (groups.code() >= 1000)
+                readMviewLayer(groups, braces, m_database.table(OdDbTableKind::Layer), state);
+            break;
+        }
+    }
+    return state;
+}
