@@ -1,0 +1,166 @@
+#include "layermanager/layers/LayerCells.h"
+
+#include "database/OdDbDatabase.h"
+#include "database/OdDbEntity.h"
+#include "database/OdDbLayerTableRecord.h"
+#include "database/OdDbLinetypeTableRecord.h"
+#include "layermanager/layers/HostVariables.h"
+#include "sdk/IKestServicesManager.h"
+
+#include <QCoreApplication>
+
+using enum LayerColumn;
+
+namespace {
+
+struct StateWords
+{
+    LayerColumn column;
+    const char* whenTrue;
+    const char* whenFalse;
+};
+
+constexpr StateWords kStateWords[] = {
+    {On, QT_TRANSLATE_NOOP("LayerCells", "Off"), QT_TRANSLATE_NOOP("LayerCells", "On")},
+    {Freeze, QT_TRANSLATE_NOOP("LayerCells", "Frozen"), QT_TRANSLATE_NOOP("LayerCells", "Thawed")},
+    {Locked, QT_TRANSLATE_NOOP("LayerCells", "Locked"),
+     QT_TRANSLATE_NOOP("LayerCells", "Unlocked")},
+    {Plot, QT_TRANSLATE_NOOP("LayerCells", "Plotted"),
+     QT_TRANSLATE_NOOP("LayerCells", "Not plotted")},
+    {NewVpFreeze, QT_TRANSLATE_NOOP("LayerCells", "Frozen in new viewports"),
+     QT_TRANSLATE_NOOP("LayerCells", "Thawed in new viewports")},
+    {VpFreeze, QT_TRANSLATE_NOOP("LayerCells", "Frozen in the active viewport"),
+     QT_TRANSLATE_NOOP("LayerCells", "Thawed in the active viewport")},
+};
+
+constexpr const char* kStatusWords[] = {
+    QT_TRANSLATE_NOOP("LayerCells", "Current layer"),
+    QT_TRANSLATE_NOOP("LayerCells", "Not in use"),
+    QT_TRANSLATE_NOOP("LayerCells", "In use"),
+};
+
+QString words(const char* text)
+{
+    return QCoreApplication::translate("LayerCells", text);
+}
+
+QString linetypeName(OdDbObjectId linetype)
+{
+    const auto record = linetype.openObject<OdDbLinetypeTableRecord>();
+    return record ? record->getName() : QString();
+}
+
+QString lineWeightText(qint16 weight)
+{
+    const IKestServicesManager* services = getServicesManagerInterface();
+    return services ? services->lineWeightText(weight) : QString();
+}
+
+/// The viewport whose values a column shows: the active one for viewport columns, else none.
+OdDbObjectId viewportOf(LayerColumn column, const LayerCellContext& context)
+{
+    return layerColumnInfo(column).layoutsOnly ? context.viewport : OdDbObjectId();
+}
+
+} // namespace
+
+LayerCellContext LayerCellContext::of(const OdDbDatabase& database)
+{
+    LayerCellContext context;
+    context.currentLayer = database.getCLAYER();
+    context.inLayout = !database.getTILEMODE();
+    if (context.inLayout)
+        context.viewport = database.activeViewportId();
+    context.usageShown = readHostInt(QStringLiteral("SHOWLAYERUSAGE")) == 1;
+    return context;
+}
+
+LayerStatus layerStatus(const OdDbLayerTableRecord& layer, const LayerCellContext& context)
+{
+    if (layer.objectId() == context.currentLayer)
+        return LayerStatus::Current;
+    if (context.usageShown && !layer.isInUse())
+        return LayerStatus::NotInUse;
+    return LayerStatus::InUse;
+}
+
+QString layerCellText(const OdDbLayerTableRecord& layer, LayerColumn column,
+                      const LayerCellContext& context)
+{
+    if (layerColumnInfo(column).layoutsOnly && !context.viewportReadable())
+        return {};
+    const OdDbObjectId viewport = viewportOf(column, context);
+    switch (column) {
+    case Name:
+        return layer.getName();
+    case Color:
+    case VpColor:
+        return layer.color(viewport).colorNameForDisplay();
+    case Linetype:
+    case VpLinetype:
+        return linetypeName(layer.linetypeObjectId(viewport));
+    case Lineweight:
+    case VpLineweight:
+        return lineWeightText(layer.lineWeight(viewport));
+    case PlotStyle:
+    case VpPlotStyle:
+        return layer.plotStyleName(viewport);
+    case Description:
+        return layer.description();
+    case Plot:
+        // The one icon cell that also has a text.
+        return layerCellStateText(layer, column, context);
+    default:
+        return {};
+    }
+}
+
+bool layerCellFlag(const OdDbLayerTableRecord& layer, LayerColumn column,
+                   const LayerCellContext& context)
+{
+    switch (column) {
+    case On:
+        return layer.isOff();
+    case Freeze:
+        return layer.isFrozen();
+    case Locked:
+        return layer.isLocked();
+    case Plot:
+        return layer.isPlottable();
+    case NewVpFreeze:
+        return layer.VPDFLT();
+    case VpFreeze: {
+        const auto viewport =
+            context.viewportReadable() ? context.viewport.openObject<OdDbViewport>() : nullptr;
+        return viewport && viewport->isLayerFrozenInViewport(layer.objectId());
+    }
+    default:
+        return false;
+    }
+}
+
+QString layerCellStateText(const OdDbLayerTableRecord& layer, LayerColumn column,
+                           const LayerCellContext& context)
+{
+    if (layerColumnInfo(column).layoutsOnly && !context.viewportReadable())
+        return {};
+    if (column == Status)
+        return words(kStatusWords[static_cast<int>(layerStatus(layer, context))]);
+    for (const StateWords& state : kStateWords) {
+        if (state.column == column)
+            return words(layerCellFlag(layer, column, context) ? state.whenTrue : state.whenFalse);
+    }
+    return {};
+}
+
+OdCmColor layerCellColor(const OdDbLayerTableRecord& layer, LayerColumn column,
+                         const LayerCellContext& context)
+{
+    return layer.color(viewportOf(column, context));
+}
+
+qint16 layerCellLineWeight(const OdDbLayerTableRecord& layer, LayerColumn column,
+                           const LayerCellContext& context)
+{
+    return layer.lineWeight(viewportOf(column, context));
+}

@@ -1,0 +1,114 @@
+#include "layermanager/layers/LayerOperations.h"
+
+#include "database/OdDbDatabase.h"
+#include "database/OdDbLayerTableRecord.h"
+#include "layermanager/layers/LayerUndoRecord.h"
+
+#include <algorithm>
+
+using enum LayerColumn;
+
+namespace {
+
+using Record = OdDbLayerTableRecord;
+
+template <bool (Record::*get)() const>
+LayerValue readFlag(const Record& layer, OdDbObjectId)
+{
+    return (layer.*get)();
+}
+
+template <void (Record::*set)(bool)>
+void writeFlag(Record& layer, OdDbObjectId, const LayerValue& value)
+{
+    (layer.*set)(std::get<bool>(value));
+}
+
+constexpr LayerProperty kProperties[] = {
+    {On, readFlag<&Record::isOff>, writeFlag<&Record::setIsOff>, LayerSpread::Differing},
+    {Freeze, readFlag<&Record::isFrozen>, writeFlag<&Record::setIsFrozen>, LayerSpread::Differing},
+    {Locked, readFlag<&Record::isLocked>, writeFlag<&Record::setIsLocked>, LayerSpread::Differing},
+    {Plot, readFlag<&Record::isPlottable>, writeFlag<&Record::setIsPlottable>,
+     LayerSpread::OwnValue},
+    {NewVpFreeze, readFlag<&Record::VPDFLT>, writeFlag<&Record::setVPDFLT>, LayerSpread::Differing},
+};
+
+bool isRenamable(const Record& layer)
+{
+    return layer.objectId() != layer.database()->getLayerZeroId() && !layer.isDependent();
+}
+
+/// True when the record took the value.
+bool writeProperty(const LayerProperty& property, OdDbObjectId id, const LayerChange& change)
+{
+    try {
+        const auto layer = id.openObject<Record>(OdDb::kForWrite);
+        if (!layer || property.read(*layer, change.viewport) == change.value)
+            return false;
+        property.write(*layer, change.viewport, change.value);
+        return true;
+    } catch (const OdError&) {
+        return false; // the drawing refuses the value for this layer, and keeps its own
+    }
+}
+
+} // namespace
+
+const LayerProperty* layerProperty(LayerColumn column)
+{
+    const auto* found = std::find_if(std::begin(kProperties), std::end(kProperties),
+                                     [&](const LayerProperty& p) { return p.column == column; });
+    return found == std::end(kProperties) ? nullptr : found;
+}
+
+LayerVerdict mayEditLayerCell(const OdDbLayerTableRecord& layer, LayerColumn column,
+                              std::optional<OdDbObjectId> currentLayer)
+{
+    const bool isCurrent = currentLayer == layer.objectId();
+    switch (column) {
+    case Status:
+    case Description:
+        return LayerVerdict::NotByClick;
+    case Name:
+        return isRenamable(layer) ? LayerVerdict::Allowed : LayerVerdict::CannotRename;
+    case On:
+        return isCurrent && !layer.isOff() ? LayerVerdict::AskTurnOffCurrent
+                                           : LayerVerdict::Allowed;
+    case Freeze:
+        return isCurrent && !layer.isFrozen() ? LayerVerdict::CannotFreezeCurrent
+                                              : LayerVerdict::Allowed;
+    default:
+        return LayerVerdict::Allowed;
+    }
+}
+
+int changeLayers(OdDbDatabase& database, const LayerChange& change)
+{
+    const LayerProperty* property = layerProperty(change.column);
+    if (!property)
+        return 0;
+    beginLayerUndoRecord(database);
+    int changed = writeProperty(*property, change.clicked, change) ? 1 : 0;
+    if (property->spread == LayerSpread::OwnValue)
+        return changed;
+    const bool freezes = change.column == Freeze && std::get<bool>(change.value);
+    const OdDbObjectId currentLayer = database.getCLAYER();
+    for (const OdDbObjectId other : change.others) {
+        const bool stays = other == change.clicked || (freezes && other == currentLayer);
+        if (!stays && writeProperty(*property, other, change))
+            ++changed;
+    }
+    return changed;
+}
+
+int toggleLayerFlag(OdDbDatabase& database, LayerColumn column, OdDbObjectId clicked,
+                    std::span<const OdDbObjectId> others)
+{
+    const LayerProperty* property = layerProperty(column);
+    if (!property || !clicked.openObject<OdDbLayerTableRecord>())
+        return 0;
+    const LayerValue value = property->read(*clicked.openObject<OdDbLayerTableRecord>(), {});
+    if (!std::holds_alternative<bool>(value))
+        return 0;
+    return changeLayers(database, {column, !std::get<bool>(value), {}, clicked, others});
+}

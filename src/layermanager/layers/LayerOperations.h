@@ -1,0 +1,65 @@
+#pragma once
+
+#include "database/OdCmColor.h"
+#include "database/OdDbObjectId.h"
+#include "layermanager/layers/LayerColumn.h"
+
+#include <optional>
+#include <span>
+#include <variant>
+
+class OdDbDatabase;
+class OdDbLayerTableRecord;
+
+/// The value of a property: a flag, a colour, a linetype, a lineweight or a plot style name.
+using LayerValue = std::variant<bool, OdCmColor, OdDbObjectId, qint16, QString>;
+
+/// Which of the other selected layers get the value given to the clicked one.
+enum class LayerSpread {
+    Differing, ///< all whose value differs
+    OwnValue, ///< all get their own value back and so stay as they are; deliberate
+};
+
+/// A property that a cell changes. `viewport` is null for the layer's own properties.
+struct LayerProperty
+{
+    LayerColumn column;
+    LayerValue (*read)(const OdDbLayerTableRecord& layer, OdDbObjectId viewport);
+    void (*write)(OdDbLayerTableRecord& layer, OdDbObjectId viewport, const LayerValue& value);
+    LayerSpread spread;
+};
+
+/// The property of a column, or null where a click changes none.
+const LayerProperty* layerProperty(LayerColumn column);
+
+/// What the rules say to a change of a cell.
+enum class LayerVerdict {
+    Allowed,
+    NotByClick, ///< the column has no value that a click gives
+    CannotRename,
+    CannotFreezeCurrent,
+    AskTurnOffCurrent, ///< allowed unless the user keeps the current layer on
+};
+
+/// The rules. `currentLayer` is nothing where it could not be read, which allows the change.
+LayerVerdict mayEditLayerCell(const OdDbLayerTableRecord& layer, LayerColumn column,
+                              std::optional<OdDbObjectId> currentLayer);
+
+/// A change to be made: the clicked layer first, then those that follow it.
+struct LayerChange
+{
+    LayerColumn column;
+    LayerValue value;
+    OdDbObjectId viewport;
+    OdDbObjectId clicked;
+    std::span<const OdDbObjectId> others;
+};
+
+/// Makes the change in one undo record; the rules were asked before. Layers that cannot be opened,
+/// or refuse the value, are left as they are. The current layer is never frozen along with others.
+/// Returns the number of layers changed.
+int changeLayers(OdDbDatabase& database, const LayerChange& change);
+
+/// Gives a flag of the clicked layer its other value, and spreads that. Returns as changeLayers().
+int toggleLayerFlag(OdDbDatabase& database, LayerColumn column, OdDbObjectId clicked,
+                    std::span<const OdDbObjectId> others);
