@@ -1,0 +1,53 @@
+#include "host/application/HostCore.h"
+
+#include "database/OdDbDatabase.h"
+#include "host/commands/HostCommand.h"
+#include "host/sysvars/PreferenceSettings.h"
+#include "sdk/KestHost.h"
+
+HostCore::HostCore(HostFrontEnd& frontEnd, const QString& configFolder)
+    : m_frontEnd(frontEnd)
+    , m_settings(configFolder)
+    , m_documents(m_state, m_queue)
+    , m_sysvars(m_documents, m_state, m_settings)
+    , m_commands(m_state, m_queue, m_documents)
+    , m_io(m_commands)
+    , m_services(m_sysvars)
+    , m_undoHistory(m_documents)
+    , m_files(m_documents)
+{
+    m_commands.setFrontEnd(frontEnd);
+    m_io.setFrontEnd(frontEnd);
+    m_services.setFrontEnd(frontEnd);
+    m_files.setFrontEnd(frontEnd);
+    loadPreferences(m_settings);
+    registerHostCommands(*this);
+    setMainWindow(nullptr);
+}
+
+HostCore::~HostCore()
+{
+    shutDown();
+    unregisterHostCommands();
+    ksSetHost({});
+}
+
+void HostCore::setMainWindow(QWidget* window)
+{
+    ksSetHost({&m_sysvars, &m_io, &m_services, &m_documents, &m_undoHistory, window});
+}
+
+void HostCore::shutDown()
+{
+    if (m_isDown)
+        return;
+    m_isDown = true;
+    {
+        // Palettes stand aside: the state they are in is the one to come back to.
+        const HostDocManager::BusyScope busy(m_documents);
+        m_documents.closeAll();
+        m_modules.unloadAll();
+    }
+    storePreferences(m_settings);
+    m_settings.save();
+}

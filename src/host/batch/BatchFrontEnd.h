@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/application/HostFrontEnd.h"
+
+#include <cstdio>
+
+/// The host without a window: prints to a stream, has nobody to ask.
+class BatchFrontEnd : public HostFrontEnd
+{
+public:
+    explicit BatchFrontEnd(std::FILE* output)
+        : m_output(output)
+    { }
+
+    void print(const QString& line) override;
+    std::optional<QString> ask(const QString&) override { return std::nullopt; }
+    bool isInteractive() const override { return false; }
+    std::unique_ptr<OdDbDatabase> readDrawingFile(const QString& path) override;
+    SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path) override;
+    QString chooseFileToOpen() override { return {}; }
+    QString chooseFileToSave(const QString&) override { return {}; }
+    CloseAnswer askToSave(const HostDocument&) override { return CloseAnswer::Cancel; }
+    void fileUsed(const QString&) override { }
+    void regen(bool) override { }
+    void zoomExtents() override { }
+    void quit() override { m_quit = true; }
+
+    bool hasQuit() const { return m_quit; }
+
+private:
+    std::FILE* m_output;
+    bool m_quit = false;
+};

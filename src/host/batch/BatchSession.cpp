@@ -1,0 +1,82 @@
+#include "host/batch/BatchSession.h"
+
+#include "database/OdDbDatabase.h"
+#include "host/application/HostCore.h"
+#include "host/batch/BatchFrontEnd.h"
+#include "host/batch/ScriptReader.h"
+#include "host/text/HostText.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+BatchSession::BatchSession(HostCore& core, BatchFrontEnd& frontEnd, std::FILE* errors)
+    : m_core(core)
+    , m_frontEnd(frontEnd)
+    , m_errors(errors)
+{ }
+
+void BatchSession::complain(const QString& place, const QString& sentence)
+{
+    const QByteArray bytes = QStringLiteral("%1: %2\n").arg(place, sentence).toUtf8();
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), m_errors);
+    std::fflush(m_errors);
+}
+
+ExitCode BatchSession::openDrawing(const QString& path)
+{
+    try {
+        m_core.files().open(path);
+        return ExitCode::Ok;
+    } catch (const OdError& error) {
+        complain(QStringLiteral("kest"), error.description());
+        return ExitCode::BadInput;
+    }
+}
+
+ExitCode BatchSession::runFile(const QString& path)
+{
+    QFile file(path);
+    const bool isStandardInput = path == QLatin1String("-");
+    // Opening a folder succeeds on some systems, and reading it then gives nothing.
+    const bool isFolder = !isStandardInput && QFileInfo(path).isDir();
+    const bool isOpen = isStandardInput ? file.open(stdin, QIODevice::ReadOnly)
+                                        : !isFolder && file.open(QIODevice::ReadOnly);
+    if (isOpen)
+        return run(file, path);
+    const QString why = isFolder ? HostText::tr("It is a folder") : file.errorString();
+    complain(QStringLiteral("kest"),
+             HostText::tr("The script %1 cannot be read: %2.").arg(path, why));
+    return ExitCode::BadInput;
+}
+
+ExitCode BatchSession::run(QIODevice& script, const QString& name)
+{
+    m_core.commandState().setScript(true);
+    ExitCode result = ExitCode::Ok;
+    ScriptReader reader(script);
+    QString line;
+    while (!m_frontEnd.hasQuit() && reader.next(line))
+        result = worse(result,
+                       runLine(line, QStringLiteral("%1:%2").arg(name).arg(reader.lineNumber())));
+    if (!reader.error().isEmpty()) {
+        complain(QStringLiteral("%1:%2").arg(name).arg(reader.lineNumber()),
+                 reader.error() + QLatin1Char(' ') + HostText::tr("The script ends here."));
+        result = worse(result, ExitCode::BadInput);
+    }
+    m_core.commandState().setScript(false);
+    return result;
+}
+
+ExitCode BatchSession::runLine(const QString& line, const QString& place)
+{
+    std::vector<CommandOutcome> outcomes{m_core.commands().run(line)};
+    for (CommandOutcome& queued : m_core.commands().drainQueue())
+        outcomes.push_back(std::move(queued));
+    ExitCode result = ExitCode::Ok;
+    for (const CommandOutcome& outcome : outcomes) {
+        if (!outcome.isDone())
+            complain(place, outcome.sentence);
+        result = worse(result, exitCodeOf(outcome));
+    }
+    return result;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "host/batch/ExitCode.h"
+
+#include <cstdio>
+
+class BatchFrontEnd;
+class HostCore;
+class QIODevice;
+
+/// A script run over the host. Complaints go to the error stream as "SCRIPT:LINE: sentence".
+class BatchSession
+{
+public:
+    BatchSession(HostCore& core, BatchFrontEnd& frontEnd, std::FILE* errors);
+
+    /// Opens the drawing to work on; "kest: sentence" on failure.
+    ExitCode openDrawing(const QString& path);
+    /// Runs the script of that file, "-" being standard input.
+    ExitCode runFile(const QString& path);
+    /// Runs a script; `name` stands for it in complaints. A failed command does not end it, a line
+    /// that cannot be read does.
+    ExitCode run(QIODevice& script, const QString& name);
+
+private:
+    ExitCode runLine(const QString& line, const QString& place);
+    void complain(const QString& place, const QString& sentence);
+
+    HostCore& m_core;
+    BatchFrontEnd& m_frontEnd;
+    std::FILE* m_errors;
+};

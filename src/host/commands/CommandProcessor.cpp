@@ -1,0 +1,168 @@
+#include "host/commands/CommandProcessor.h"
+
+#include "database/OdDbDatabase.h"
+#include "host/application/HostFrontEnd.h"
+#include "host/commands/CommandLine.h"
+#include "host/documents/HostDocManager.h"
+#include "host/sysvars/SysvarTable.h"
+#include "host/text/HostText.h"
+#include "sdk/OdEdCommandStack.h"
+
+#include <QScopeGuard>
+
+namespace {
+constexpr int kWithoutUndo = OdEd::kNoUndoMarker | OdEd::kPalette | OdEd::kSession;
+constexpr QChar kTransparentMark = QLatin1Char('\'');
+
+CommandOutcome failed(const QString& sentence)
+{
+    return {CommandOutcome::Kind::Failed, sentence};
+}
+
+// An apostrophe alone proves nothing: an answer may begin with one.
+bool callsTransparentCommand(const QString& answer)
+{
+    if (!answer.startsWith(kTransparentMark))
+        return false;
+    const QStringList words = CommandLine::parse(answer.mid(1)).words;
+    if (words.isEmpty())
+        return false;
+    const OdEdCommandPtr command = odedRegCmds()->lookup(words.first());
+    return findSysvar(words.first()) || (command && (command->flags() & OdEd::kTransparent));
+}
+
+QString shownName(const OdEdCommand& command)
+{
+    const QString name = command.globalName();
+    return name.startsWith(QLatin1Char('_')) ? name.mid(1) : name;
+}
+} // namespace
+
+CommandProcessor::CommandProcessor(CommandState& state, CommandQueue& queue,
+                                   HostDocManager& documents)
+    : m_state(state)
+    , m_queue(queue)
+    , m_documents(documents)
+{ }
+
+CommandOutcome CommandProcessor::run(const QString& line)
+{
+    CommandLine parsed = CommandLine::parse(line);
+    if (!parsed.error.isEmpty())
+        return failed(parsed.error);
+    if (parsed.words.isEmpty())
+        return {};
+    if (!isRunning())
+        m_lastLine = line.trimmed();
+    return runWords(std::move(parsed.words));
+}
+
+CommandOutcome CommandProcessor::runWords(QStringList words)
+{
+    QString name = words.takeFirst();
+    if (name.startsWith(kTransparentMark))
+        name.remove(0, 1);
+    OdEdCommandPtr command = odedRegCmds()->lookup(name);
+    if (!command && findSysvar(name)) {
+        words.prepend(name);
+        command = odedRegCmds()->lookup(QStringLiteral("SETVAR"));
+    }
+    if (!command)
+        return failed(HostText::tr("There is no command \"%1\".").arg(name));
+    if (isRunning() && !(command->flags() & OdEd::kTransparent)) {
+        return failed(HostText::tr("%1 cannot run while another command is running.")
+                          .arg(shownName(*command)));
+    }
+    return execute(command, words);
+}
+
+CommandOutcome CommandProcessor::execute(const OdEdCommandPtr& command, const QStringList& answers)
+{
+    m_frames.push_back({answers, {}});
+    m_state.push(shownName(*command));
+    const auto leave = qScopeGuard([this] {
+        m_state.pop();
+        m_frames.pop_back();
+    });
+    HostDocument* document = m_documents.curDocument();
+    const bool recordsUndo = document && m_frames.size() == 1 && !(command->flags() & kWithoutUndo);
+    if (recordsUndo)
+        document->startUndoRecord(command->globalName());
+    CommandOutcome outcome = guardedCall(*command);
+    if (recordsUndo && m_documents.contains(document))
+        document->endUndoRecord();
+    if (!outcome.isDone())
+        return outcome;
+    const Frame& frame = m_frames.back();
+    if (!frame.failure.isEmpty())
+        return failed(frame.failure);
+    if (!frame.answers.isEmpty()) {
+        return failed(HostText::tr("%1 has no use for the answer \"%2\".")
+                          .arg(shownName(*command), frame.answers.first()));
+    }
+    return outcome;
+}
+
+CommandOutcome CommandProcessor::guardedCall(OdEdCommand& command)
+{
+    const HostDocument* document = m_documents.curDocument();
+    try {
+        OdDbCommandContext context(document ? document->database() : nullptr);
+        command.execute(&context);
+        return {};
+    } catch (const OdError& error) {
+        return CommandOutcome::of(error);
+    } catch (const std::exception& error) {
+        return failed(HostText::tr("%1 failed: %2")
+                          .arg(shownName(command), QString::fromLocal8Bit(error.what())));
+    }
+}
+
+std::vector<CommandOutcome> CommandProcessor::drainQueue()
+{
+    std::vector<CommandOutcome> outcomes;
+    while (!isRunning()) {
+        const auto input = m_queue.take();
+        if (!input)
+            break;
+        if (!input->text.isEmpty())
+            outcomes.push_back(run(input->text));
+    }
+    return outcomes;
+}
+
+bool CommandProcessor::hasAnswer() const
+{
+    return (isRunning() && !m_frames.back().answers.isEmpty()) || !m_queue.isEmpty();
+}
+
+std::optional<QString> CommandProcessor::nextAnswer(const QString& prompt)
+{
+    if (isRunning() && !m_frames.back().answers.isEmpty())
+        return m_frames.back().answers.takeFirst();
+    while (const auto input = m_queue.take()) {
+        if (input->cancels)
+            return std::nullopt;
+        if (!input->text.isEmpty())
+            return input->text;
+    }
+    return answerFromUser(prompt);
+}
+
+std::optional<QString> CommandProcessor::answerFromUser(const QString& prompt)
+{
+    while (m_frontEnd) {
+        const std::optional<QString> answer = m_frontEnd->ask(prompt);
+        if (!answer || !callsTransparentCommand(*answer))
+            return answer;
+        if (const CommandOutcome outcome = run(*answer); !outcome.isDone())
+            m_frontEnd->print(outcome.sentence);
+    }
+    return std::nullopt;
+}
+
+void CommandProcessor::noteFailure(const QString& sentence)
+{
+    if (isRunning() && m_frames.back().failure.isEmpty())
+        m_frames.back().failure = sentence;
+}

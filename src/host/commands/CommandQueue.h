@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <deque>
+#include <optional>
+
+/// Command strings that wait to be run as if the user had typed them. Each string is one input: a
+/// command with answers, or an answer to what a command asks. The markers "^C" (cancel) and "^P"
+/// (menu echo), two characters each, may stand at either end of a string.
+class CommandQueue : public QObject
+{
+    Q_OBJECT
+public:
+    struct Input
+    {
+        QString text; ///< without markers and outer blanks
+        bool cancels = false;
+    };
+
+    void append(const QString& string);
+    bool isEmpty() const { return m_inputs.empty(); }
+    /// The next input; inputs that say nothing are left out.
+    std::optional<Input> take();
+    void clear() { m_inputs.clear(); }
+
+signals:
+    void queued();
+
+private:
+    std::deque<Input> m_inputs;
+};

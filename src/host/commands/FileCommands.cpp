@@ -1,0 +1,140 @@
+#include "database/OdDbDatabase.h"
+#include "host/application/HostCore.h"
+#include "host/commands/HostCommand.h"
+#include "host/text/HostText.h"
+#include "io/DrawingFile.h"
+
+#include <QLocale>
+
+namespace {
+using CloseAnswer = HostFrontEnd::CloseAnswer;
+
+[[noreturn]] void cancel()
+{
+    throw OdError(OdResult::Cancelled, HostText::tr("*Cancel*"));
+}
+
+bool asksInDialogs(const HostCommandRun& run)
+{
+    int dialogs = 1;
+    run.core().sysvars().getInt(QStringLiteral("FILEDIA"), dialogs);
+    return run.isInteractive() && dialogs != 0 && !run.hasAnswer();
+}
+
+void tellNotes(const HostCommandRun& run, const HostDocument& document)
+{
+    for (const QString& note : document.database()->loadNotes())
+        run.tell(note);
+}
+
+void open(const HostCommandRun& run)
+{
+    QString path;
+    if (asksInDialogs(run)) {
+        path = run.core().frontEnd().chooseFileToOpen();
+        if (path.isEmpty())
+            cancel();
+    } else {
+        path = run.answer(HostText::tr("File to open:"));
+    }
+    const HostDocument& document = run.core().files().open(path);
+    run.tell(HostText::tr("%1 is open.").arg(document.fileName()));
+    tellNotes(run, document);
+}
+
+void createNew(const HostCommandRun& run)
+{
+    run.core().files().createNew();
+}
+
+void tellSaved(const HostCommandRun& run, const SaveReport& report)
+{
+    run.tell(HostText::tr("Saved %1: %2 bytes, %3 records changed.")
+                 .arg(run.document().fileName(), QLocale().toString(report.bytes),
+                      QLocale().toString(report.recordsChanged)));
+}
+
+void saveAs(const HostCommandRun& run)
+{
+    HostDocument& document = run.document();
+    QString path;
+    if (asksInDialogs(run)) {
+        path = run.core().frontEnd().chooseFileToSave(document.fileName());
+        if (path.isEmpty())
+            cancel();
+    } else {
+        path = run.answer(HostText::tr("File to save to:"));
+    }
+    tellSaved(run, run.core().files().saveAs(document, path));
+}
+
+void save(const HostCommandRun& run)
+{
+    HostDocument& document = run.document();
+    if (!document.hasFile()) {
+        saveAs(run);
+        return;
+    }
+    tellSaved(run, run.core().files().save(document));
+}
+
+CloseAnswer closeAnswer(const HostCommandRun& run, const HostDocument& document)
+{
+    if (run.isInteractive() && !run.hasAnswer())
+        return run.core().frontEnd().askToSave(document);
+    const QString prompt =
+        HostText::tr("Save the changes to %1? [Yes/No/Cancel]:").arg(document.displayName());
+    const QString answer = run.answer(prompt);
+    const auto is = [&](const char* word) {
+        return !answer.isEmpty() && QLatin1String(word).startsWith(answer, Qt::CaseInsensitive);
+    };
+    if (is("Yes"))
+        return CloseAnswer::Save;
+    if (is("No"))
+        return CloseAnswer::Discard;
+    if (is("Cancel"))
+        return CloseAnswer::Cancel;
+    throw OdError(OdResult::InvalidInput,
+                  HostText::tr("Yes, No or Cancel is needed; \"%1\" is none.").arg(answer));
+}
+
+void closeDocument(const HostCommandRun& run, HostDocument& document)
+{
+    HostDocManager& documents = run.core().documents();
+    if (document.isModified()) {
+        // The question is about a drawing that the user can see.
+        documents.setCurrent(document);
+        const CloseAnswer answer = closeAnswer(run, document);
+        if (answer == CloseAnswer::Cancel)
+            cancel();
+        if (answer == CloseAnswer::Save)
+            save(run);
+    }
+    documents.close(document);
+}
+
+void close(const HostCommandRun& run)
+{
+    closeDocument(run, run.document());
+}
+
+void quit(const HostCommandRun& run)
+{
+    for (HostDocument* document : run.core().documents().documents()) {
+        if (document->isModified())
+            closeDocument(run, *document);
+    }
+    run.core().frontEnd().quit();
+}
+
+constexpr HostCommandDefinition kCommands[] = {
+    {"CLOSE", OdEd::kSession, close}, {"NEW", OdEd::kSession, createNew},
+    {"OPEN", OdEd::kSession, open},   {"QUIT", OdEd::kSession, quit},
+    {"SAVE", OdEd::kSession, save},   {"SAVEAS", OdEd::kSession, saveAs},
+};
+} // namespace
+
+std::span<const HostCommandDefinition> fileCommands()
+{
+    return kCommands;
+}

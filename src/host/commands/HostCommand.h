@@ -1,0 +1,70 @@
+#pragma once
+
+#include "sdk/OdEdCommand.h"
+
+#include <optional>
+#include <span>
+
+class HostCore;
+class HostDocument;
+
+/// One run of a host command: what it works on and where its answers come from.
+class HostCommandRun
+{
+public:
+    explicit HostCommandRun(HostCore& core)
+        : m_core(core)
+    { }
+
+    HostCore& core() const { return m_core; }
+    /// The current document; raises OdError with NoDatabase without one.
+    HostDocument& document() const;
+    /// The next answer; raises OdError when it is cancelled or missing.
+    QString answer(const QString& prompt) const;
+    /// The next answer; the fallback when it is empty, or when nobody can answer.
+    QString answerOr(const QString& prompt, const QString& fallback) const;
+    bool hasAnswer() const;
+    bool isInteractive() const;
+    void print(const QString& text) const;
+    /// Prints where a person reads along; scripts stay silent about what went well.
+    void tell(const QString& text) const;
+
+private:
+    HostCore& m_core;
+};
+
+/// A row of a table of host commands.
+struct HostCommandDefinition
+{
+    const char* name; ///< without underscore
+    int flags;
+    void (*run)(const HostCommandRun&); ///< raises OdError when the command fails
+};
+
+/// A command of the host's own.
+class HostCommand : public OdEdCommand
+{
+public:
+    HostCommand(HostCore& core, const HostCommandDefinition& definition);
+
+    QString groupName() const override { return QStringLiteral("KEST_HOST"); }
+    QString globalName() const override { return QLatin1Char('_') + localName(); }
+    QString localName() const override { return QLatin1String(m_definition.name); }
+    void execute(OdEdCommandContext* context) override;
+    int flags() const override { return m_definition.flags; }
+    /// Raises OdError: host commands stay.
+    void undefine(bool undefineIt) override;
+
+private:
+    HostCore& m_core;
+    const HostCommandDefinition& m_definition;
+};
+
+std::span<const HostCommandDefinition> fileCommands();
+std::span<const HostCommandDefinition> undoCommands();
+std::span<const HostCommandDefinition> variableCommands();
+std::span<const HostCommandDefinition> viewCommands();
+
+/// Adds all host commands to the process's command stack, or takes them away.
+void registerHostCommands(HostCore& core);
+void unregisterHostCommands();

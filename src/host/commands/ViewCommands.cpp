@@ -1,0 +1,92 @@
+#include "database/OdDbDatabase.h"
+#include "database/OdDbLayout.h"
+#include "host/application/HostCore.h"
+#include "host/commands/HostCommand.h"
+#include "host/text/HostText.h"
+#include "host/text/LayerTableText.h"
+
+namespace {
+bool isOption(const QString& answer, const char* option)
+{
+    return !answer.isEmpty() && QLatin1String(option).startsWith(answer, Qt::CaseInsensitive);
+}
+
+void layers(const HostCommandRun& run)
+{
+    int millimetres = 1;
+    run.core().sysvars().getInt(QStringLiteral("LWUNITS"), millimetres);
+    QString text = layerTableText(*run.document().database(), millimetres != 0);
+    text.chop(1); // print() ends the line
+    run.print(text);
+}
+
+void regen(const HostCommandRun& run)
+{
+    run.document();
+    run.core().frontEnd().regen(false);
+}
+
+void regenAll(const HostCommandRun& run)
+{
+    run.document();
+    run.core().frontEnd().regen(true);
+}
+
+void zoom(const HostCommandRun& run)
+{
+    run.document();
+    const QString answer =
+        run.answerOr(HostText::tr("Zoom [Extents] <Extents>:"), QStringLiteral("Extents"));
+    if (!isOption(answer, "Extents")) {
+        throw OdError(OdResult::InvalidInput,
+                      HostText::tr("ZOOM knows Extents; \"%1\" is not known.").arg(answer));
+    }
+    run.core().frontEnd().zoomExtents();
+}
+
+void model(const HostCommandRun& run)
+{
+    run.document().database()->setTILEMODE(true);
+}
+
+void listLayouts(const HostCommandRun& run)
+{
+    const OdDbDatabase& drawing = *run.document().database();
+    for (const OdDbObjectId id : drawing.layouts()) {
+        const auto layout = id.openObject<OdDbLayout>();
+        const bool current = id == drawing.currentLayoutId();
+        run.print((current ? QStringLiteral("* ") : QStringLiteral("  "))
+                  + layout->getLayoutName());
+    }
+}
+
+void layout(const HostCommandRun& run)
+{
+    OdDbDatabase& drawing = *run.document().database();
+    const QString option =
+        run.answerOr(HostText::tr("Layout [Set/?] <Set>:"), QStringLiteral("Set"));
+    if (option == QLatin1String("?")) {
+        listLayouts(run);
+    } else if (isOption(option, "Set")) {
+        const QString name = run.answer(HostText::tr("Layout to make current:"));
+        drawing.setCTAB(name.isEmpty() ? drawing.getCTAB() : name);
+    } else {
+        throw OdError(OdResult::InvalidInput,
+                      HostText::tr("LAYOUT knows Set and ?; \"%1\" is not known.").arg(option));
+    }
+}
+
+constexpr HostCommandDefinition kCommands[] = {
+    {"LAYERS", OdEd::kTransparent | OdEd::kSession, layers},
+    {"LAYOUT", 0, layout},
+    {"MODEL", 0, model},
+    {"REGEN", OdEd::kTransparent | OdEd::kSession, regen},
+    {"REGENALL", OdEd::kTransparent | OdEd::kSession, regenAll},
+    {"ZOOM", OdEd::kTransparent | OdEd::kSession, zoom},
+};
+} // namespace
+
+std::span<const HostCommandDefinition> viewCommands()
+{
+    return kCommands;
+}

@@ -1,0 +1,82 @@
+#include "host/documents/HostDocument.h"
+
+#include "database/OdDbDatabase.h"
+
+#include <QFileInfo>
+
+HostDocument::HostDocument(std::unique_ptr<OdDbDatabase> database, const QString& fileName,
+                           bool hasFile)
+    : m_database(std::move(database))
+    , m_fileName(fileName)
+    , m_hasFile(hasFile)
+    , m_savedStamp(m_database->editStamp())
+    , m_undoNames(*m_database)
+{ }
+
+HostDocument::~HostDocument() = default;
+
+QString HostDocument::displayName() const
+{
+    return QFileInfo(m_fileName).fileName();
+}
+
+bool HostDocument::isModified() const
+{
+    return m_database->editStamp() != m_savedStamp;
+}
+
+void HostDocument::saved(const QString& path)
+{
+    m_fileName = path;
+    m_hasFile = true;
+    m_savedStamp = m_database->editStamp();
+    emit fileStateChanged();
+}
+
+void HostDocument::startUndoRecord(const QString& globalName)
+{
+    if (m_groupOpen)
+        return;
+    m_undoNames.announce(globalName);
+    m_database->startUndoRecord();
+}
+
+void HostDocument::endUndoRecord()
+{
+    if (!m_groupOpen)
+        m_database->endUndoRecord();
+}
+
+bool HostDocument::undo()
+{
+    endUndoGroup();
+    m_undoNames.undoName(); // settles the name of the record that is about to move
+    const bool done = m_database->undo();
+    emit fileStateChanged();
+    return done;
+}
+
+bool HostDocument::redo()
+{
+    endUndoGroup();
+    m_undoNames.undoName();
+    const bool done = m_database->redo();
+    emit fileStateChanged();
+    return done;
+}
+
+void HostDocument::beginUndoGroup()
+{
+    if (m_groupOpen)
+        return;
+    startUndoRecord(tr("Group"));
+    m_groupOpen = true;
+}
+
+void HostDocument::endUndoGroup()
+{
+    if (!m_groupOpen)
+        return;
+    m_groupOpen = false;
+    m_database->endUndoRecord();
+}

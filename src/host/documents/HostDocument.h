@@ -1,0 +1,59 @@
+#pragma once
+
+#include "host/documents/UndoNames.h"
+#include "sdk/KsApDocManager.h"
+
+#include <QObject>
+#include <QSet>
+
+#include <memory>
+
+/// An open drawing: its database, its file, its undo history with command names.
+class HostDocument : public QObject, public KsApDocument
+{
+    Q_OBJECT
+public:
+    /// `fileName` is the full path of the drawing's file, or the name of a drawing that has none
+    /// yet.
+    HostDocument(std::unique_ptr<OdDbDatabase> database, const QString& fileName, bool hasFile);
+    ~HostDocument() override;
+
+    OdDbDatabase* database() const override { return m_database.get(); }
+    QString fileName() const override { return m_fileName; }
+    bool hasMark(const QString& key) const override { return m_marks.contains(key); }
+    void setMark(const QString& key) override { m_marks.insert(key); }
+
+    bool hasFile() const { return m_hasFile; }
+    /// The file's name without its folder.
+    QString displayName() const;
+    /// True when the drawing differs from what its file holds.
+    bool isModified() const;
+    /// Notes that the drawing as it is now was written to a file.
+    void saved(const QString& path);
+
+    /// Starts an undo record under a command's name, unless a group is open.
+    void startUndoRecord(const QString& globalName);
+    void endUndoRecord();
+    UndoNames& undoNames() { return m_undoNames; }
+    /// Takes the newest record back, or brings it again; false when there is none. Ends an open
+    /// group.
+    bool undo();
+    bool redo();
+    /// A group makes one undo step of the commands inside it.
+    void beginUndoGroup();
+    void endUndoGroup();
+    bool isUndoGroupOpen() const { return m_groupOpen; }
+
+signals:
+    /// The file, or whether the drawing differs from it, may have changed.
+    void fileStateChanged();
+
+private:
+    std::unique_ptr<OdDbDatabase> m_database;
+    QString m_fileName;
+    bool m_hasFile;
+    bool m_groupOpen = false;
+    quint64 m_savedStamp;
+    QSet<QString> m_marks;
+    UndoNames m_undoNames;
+};
