@@ -8,9 +8,11 @@ QString KsResString(int id, const QString& defaultText);
 /// Handle of a loaded language resource; 0 is none.
 using KsResourceHandle = int;
 
-/// Loads the language resource of the module that contains `instance`: the string table
-/// "<module>_<language>.json" (object of id to text) beside it. Without one the handle is valid and every
-/// text is its default.
+/// Loads the language resource of the module that contains the address `instance` (null: of the
+/// program): the string table "<module>_<language>.json" beside it, an object of id to text. The
+/// language is that of the default locale; "de_AT" is tried before "de". Without such a file the
+/// handle is valid and every text is its default; so it is with a file that cannot be read, which
+/// is logged. Loading the same table again gives the same handle.
 KsResourceHandle KsLoadAppLangResourceDLL(void* instance);
 
 /// The handle that KsResString reads; setting it returns the one before.
@@ -23,8 +25,7 @@ class KsResourceScope
 public:
     explicit KsResourceScope(KsResourceHandle handle)
         : m_previous(KsSetResourceHandle(handle))
-    {
-    }
+    { }
     ~KsResourceScope() { KsSetResourceHandle(m_previous); }
     KsResourceScope(const KsResourceScope&) = delete;
     KsResourceScope& operator=(const KsResourceScope&) = delete;

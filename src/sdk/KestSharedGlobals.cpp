@@ -1,0 +1,34 @@
+#include "sdk/KestSharedGlobals.h"
+
+#include "sdk/KestHost.h"
+#include "sdk/KsResString.h"
+
+namespace {
+
+bool s_underPropertyUpdate = false;
+
+}
+
+void KestSharedGlobals::SetUnderPropertyUpdate(bool under)
+{
+    s_underPropertyUpdate = under;
+}
+
+bool KestSharedGlobals::IsUnderPropertyUpdate()
+{
+    return s_underPropertyUpdate;
+}
+
+int KestSharedGlobals::GetKestResourceInstance(bool activate)
+{
+    // The host's own texts lie beside its program file.
+    static const KsResourceHandle s_hostResource = KsLoadAppLangResourceDLL(nullptr);
+    if (activate)
+        KsSetResourceHandle(s_hostResource);
+    return s_hostResource;
+}
+
+QWidget* KestSharedGlobals::GetCMainWindow()
+{
+    return ksHost().mainWindow;
+}

@@ -1,0 +1,61 @@
+#include "sdk/KsResString.h"
+
+#include "sdk/ModulePath.h"
+#include "sdk/StringTable.h"
+
+#include <QLocale>
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+struct Resource
+{
+    QString module;
+    QString tablePath;
+    StringTable texts;
+};
+
+/// Handles are positions in this list, counted from 1.
+std::vector<Resource>& resources()
+{
+    static std::vector<Resource> s_resources;
+    return s_resources;
+}
+
+KsResourceHandle s_current = 0;
+
+} // namespace
+
+QString KsResString(int id, const QString& defaultText)
+{
+    const std::vector<Resource>& known = resources();
+    if (s_current < 1 || s_current > static_cast<KsResourceHandle>(known.size()))
+        return defaultText;
+    return known[static_cast<size_t>(s_current - 1)].texts.value(id, defaultText);
+}
+
+KsResourceHandle KsLoadAppLangResourceDLL(void* instance)
+{
+    const QString module = modulePathOf(instance);
+    const QString tablePath = findStringTable(module, QLocale().name());
+    std::vector<Resource>& known = resources();
+    for (size_t i = 0; i < known.size(); ++i) {
+        if (known[i].module == module && known[i].tablePath == tablePath)
+            return static_cast<KsResourceHandle>(i + 1);
+    }
+    known.push_back(
+        {module, tablePath, tablePath.isEmpty() ? StringTable() : readStringTable(tablePath)});
+    return static_cast<KsResourceHandle>(known.size());
+}
+
+KsResourceHandle KsSetResourceHandle(KsResourceHandle handle)
+{
+    return std::exchange(s_current, handle);
+}
+
+KsResourceHandle KsGetResourceHandle()
+{
+    return s_current;
+}

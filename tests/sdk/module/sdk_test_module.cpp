@@ -1,0 +1,5 @@
+/// An address inside this library.
+extern "C" int sdkTestAnchor()
+{
+    return 1;
+}

@@ -1,0 +1,154 @@
+#include "sdk/CKestPreferenceManager.h"
+#include "sdk/CKsUndoRedoCommandHistory.h"
+#include "sdk/IKestIOManager.h"
+#include "sdk/IKestServicesManager.h"
+#include "sdk/IKestSysvarManager.h"
+#include "sdk/KestHost.h"
+#include "sdk/KestSharedGlobals.h"
+#include "sdk/KestStatus.h"
+#include "sdk/KsApDocManager.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class SilentSysvars : public IKestSysvarManager
+{
+public:
+    int getInt(const QString&, int&) const override { return kest::kError; }
+    int setInt(const QString&, int) override { return kest::kError; }
+    int getString(const QString&, QString&) const override { return kest::kError; }
+    int setString(const QString&, const QString&) override { return kest::kError; }
+    int getId(const QString&, OdDbObjectId&) const override { return kest::kError; }
+    int setId(const QString&, OdDbObjectId) override { return kest::kError; }
+};
+
+class SilentIO : public IKestIOManager
+{
+public:
+    void print(const QString&) override { }
+    int getInt(const QString&, int&) override { return kest::kCancel; }
+    int getString(const QString&, QString&) override { return kest::kCancel; }
+};
+
+class CountingServices : public IKestServicesManager
+{
+public:
+    QString lineWeightText(int) const override { return {}; }
+    void refreshView() override { ++refreshes; }
+    int refreshes = 0;
+};
+
+class PlainDocument : public KsApDocument
+{
+public:
+    OdDbDatabase* database() const override { return nullptr; }
+    QString fileName() const override { return {}; }
+    bool hasMark(const QString&) const override { return false; }
+    void setMark(const QString&) override { }
+};
+
+class OneDocument : public KsApDocManager
+{
+public:
+    KsApDocument* curDocument() const override { return current; }
+    int documentCount() const override { return current ? 1 : 0; }
+    bool isBusy() const override { return false; }
+    void executeInApplicationContext(const std::function<void()>& callback) override { callback(); }
+    void sendStringToExecute(const QString&) override { }
+    void addReactor(KsApDocManagerReactor*) override { }
+    void removeReactor(KsApDocManagerReactor*) override { }
+    KsApDocument* current = nullptr;
+};
+
+class PlainHistory : public CKsUndoRedoCommandHistory
+{
+public:
+    void AddCommand(const QString&) override { }
+};
+
+/// A host for the duration of a test.
+class HostInterfaces : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        KestHost host;
+        host.sysvars = &sysvars;
+        host.io = &io;
+        host.services = &services;
+        host.documents = &documents;
+        host.undoHistory = &history;
+        ksSetHost(host);
+    }
+    void TearDown() override { ksSetHost({}); }
+
+    SilentSysvars sysvars;
+    SilentIO io;
+    CountingServices services;
+    PlainDocument document;
+    OneDocument documents;
+    PlainHistory history;
+};
+
+} // namespace
+
+TEST(HostInterfacesWithoutAHost, AreAllNull)
+{
+    EXPECT_EQ(getSysvarManagerInterface(), nullptr);
+    EXPECT_EQ(getIOManagerInterface(), nullptr);
+    EXPECT_EQ(getServicesManagerInterface(), nullptr);
+    EXPECT_EQ(ksDocManagerPtr(), nullptr);
+    EXPECT_EQ(ksUndoRedoHistory(), nullptr);
+    EXPECT_EQ(KestSharedGlobals::GetCMainWindow(), nullptr);
+}
+
+TEST(HostInterfacesWithoutAHost, MakeRegenerationHarmless)
+{
+    ksedRegen();
+    ksedRegenAll();
+    EXPECT_EQ(ksHost().services, nullptr);
+}
+
+TEST_F(HostInterfaces, AreWhatTheHostHandedOver)
+{
+    EXPECT_EQ(getSysvarManagerInterface(), &sysvars);
+    EXPECT_EQ(getIOManagerInterface(), &io);
+    EXPECT_EQ(getServicesManagerInterface(), &services);
+    EXPECT_EQ(ksDocManagerPtr(), &documents);
+}
+
+TEST_F(HostInterfaces, GiveTheUndoHistoryOnlyWhileADocumentIsCurrent)
+{
+    EXPECT_EQ(ksUndoRedoHistory(), nullptr);
+    documents.current = &document;
+    EXPECT_EQ(ksUndoRedoHistory(), &history);
+}
+
+TEST_F(HostInterfaces, RefreshTheViewOnRegeneration)
+{
+    ksedRegen();
+    EXPECT_EQ(services.refreshes, 1);
+    ksedRegenAll();
+    EXPECT_EQ(services.refreshes, 2);
+}
+
+TEST(SharedGlobals, RememberThePropertyUpdateGuard)
+{
+    EXPECT_FALSE(KestSharedGlobals::IsUnderPropertyUpdate());
+    KestSharedGlobals::SetUnderPropertyUpdate(true);
+    EXPECT_TRUE(KestSharedGlobals::IsUnderPropertyUpdate());
+    KestSharedGlobals::SetUnderPropertyUpdate(false);
+    EXPECT_FALSE(KestSharedGlobals::IsUnderPropertyUpdate());
+}
+
+TEST(Preferences, StartWithTheHostsDefaults)
+{
+    EXPECT_EQ(&CKestPreferenceManager::instance(), &CKestPreferenceManager::instance());
+    EXPECT_TRUE(CKestPreferenceManager::instance().CombineLayerPropPreference);
+    EXPECT_TRUE(CKestPreferenceManager::s_Layer_FilterViolationPrompt);
+    EXPECT_FALSE(CKestPreferenceManager::s_bApplyLayerFiltertoLayerToolbar);
+    EXPECT_FALSE(CKestPreferenceManager::s_bNotifyPresentLayer);
+    EXPECT_EQ(CKestPreferenceManager::instance().m_iDontListinXref, 0);
+    EXPECT_EQ(CKestPreferenceManager::instance().m_iOffNotfoundLayer, 0);
+}
