@@ -22,6 +22,18 @@ void BatchSession::complain(const QString& place, const QString& sentence)
     std::fflush(m_errors);
 }
 
+void BatchSession::loadModules()
+{
+    const QString path = ModuleLoader::layerManagerPath();
+    if (path.isEmpty())
+        return;
+    try {
+        m_core.modules().load(path);
+    } catch (const OdError& error) {
+        complain(QStringLiteral("kest"), error.description());
+    }
+}
+
 ExitCode BatchSession::openDrawing(const QString& path)
 {
     try {

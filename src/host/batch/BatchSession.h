@@ -14,6 +14,8 @@ class BatchSession
 public:
     BatchSession(HostCore& core, BatchFrontEnd& frontEnd, std::FILE* errors);
 
+    /// Loads the layer palette's module where it is there; a module that is refused is told about.
+    void loadModules();
     /// Opens the drawing to work on; "kest: sentence" on failure.
     ExitCode openDrawing(const QString& path);
     /// Runs the script of that file, "-" being standard input.

@@ -1,0 +1,6 @@
+#pragma once
+
+struct HostOptions;
+
+/// Runs the program without a window. The exit code of the process.
+int runBatchProgram(const HostOptions& options);
