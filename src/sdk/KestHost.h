@@ -6,6 +6,8 @@ class IKestServicesManager;
 class IKestSysvarManager;
 class KsApDocManager;
 class QWidget;
+struct KestSelectionRequest;
+struct KestSelectionSet;
 
 /// What a host hands to the SDK; set once at start, cleared before it ends. Members may be null.
 struct KestHost
@@ -16,6 +18,8 @@ struct KestHost
     KsApDocManager* documents = nullptr;
     CKsUndoRedoCommandHistory* undoHistory = nullptr;
     QWidget* mainWindow = nullptr;
+    /// Answers KestSSGet().
+    int (*selectEntities)(const KestSelectionRequest& request, KestSelectionSet& selection) = nullptr;
 };
 
 void ksSetHost(const KestHost& host);
