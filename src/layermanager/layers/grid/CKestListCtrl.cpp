@@ -1,0 +1,215 @@
+#include "layermanager/layers/grid/CKestListCtrl.h"
+
+#include "layermanager/layers/grid/CInPlaceEdit.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QStyle>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// Narrower columns are not edited; hidden ones have width 0.
+constexpr int kMinimumEditWidth = 5;
+
+/// Margins kept when a row is scrolled into view, in pixels.
+constexpr int kMarginBelow = 6;
+constexpr int kTopLimit = 5;
+constexpr int kMarginAbove = 20;
+
+} // namespace
+
+CKestListCtrl::CKestListCtrl(QWidget* parent)
+    : QTableView(parent)
+{
+    setUpLook();
+    updateRowHeight();
+}
+
+CKestListCtrl::~CKestListCtrl()
+{
+    delete std::exchange(m_editor, nullptr);
+}
+
+void CKestListCtrl::setUpLook()
+{
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setAlternatingRowColors(true);
+    setTabKeyNavigation(false); // Tab leaves the grid at its last column, see focusNextPrevChild()
+    setSelectionMode(ExtendedSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+    QHeaderView* rows = verticalHeader();
+    rows->hide();
+    rows->setSectionResizeMode(QHeaderView::Fixed);
+    QHeaderView* columns = horizontalHeader();
+    columns->setSectionsClickable(true);
+    columns->setSectionsMovable(false);
+    columns->setHighlightSections(false);
+    columns->setTextElideMode(Qt::ElideRight);
+    columns->setSortIndicatorShown(true);
+}
+
+void CKestListCtrl::updateRowHeight()
+{
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameVMargin, nullptr, this) + 1;
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    const int height = std::max(fontMetrics().height(), icon) + 2 * margin;
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
+    horizontalHeader()->setMinimumSectionSize(icon + 2 * margin);
+}
+
+void CKestListCtrl::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        updateRowHeight();
+}
+
+CKestListCtrl::Cell CKestListCtrl::HitTest(QPoint point) const
+{
+    if (!viewport()->rect().contains(point))
+        return {};
+    return {rowAt(point.y()), columnAt(point.x())};
+}
+
+int CKestListCtrl::rowsPerPage() const
+{
+    return std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize());
+}
+
+void CKestListCtrl::scrollRowIntoView(int row)
+{
+    if (!model() || row < 0 || row >= model()->rowCount())
+        return;
+    if (!isVisible())
+        m_rowToShow = row;
+    executeDelayedItemsLayout();
+    QScrollBar* bar = verticalScrollBar();
+    const int below = rowViewportPosition(row) + rowHeight(row) - viewport()->height();
+    if (below > 0)
+        bar->setValue(bar->value() + below + kMarginBelow);
+    const int top = rowViewportPosition(row);
+    if (top < kTopLimit)
+        bar->setValue(bar->value() + top - kMarginAbove);
+}
+
+void CKestListCtrl::showEvent(QShowEvent* event)
+{
+    QTableView::showEvent(event);
+    scrollRowIntoView(std::exchange(m_rowToShow, -1));
+}
+
+// In-place editing
+
+CKestListCtrl::CInPlaceEdit* CKestListCtrl::OpenEditor(int row, int column)
+{
+    const QModelIndex index = model() ? model()->index(row, column) : QModelIndex();
+    if (!index.isValid() || columnWidth(column) < kMinimumEditWidth)
+        return nullptr;
+    CloseEditor();
+    if (m_editor)
+        return nullptr;
+    executeDelayedItemsLayout();
+    scrollTo(index, EnsureVisible);
+    const QRect rect = visualRect(index);
+    if (rect.intersected(viewport()->rect()).isEmpty())
+        return nullptr;
+    const QVariant alignment = model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
+    m_editor = new CInPlaceEdit(*this, {row, column}, index.data().toString(),
+                                alignment.isValid() ? alignment.value<Qt::Alignment>()
+                                                    : Qt::Alignment(Qt::AlignLeft));
+    m_editor->place(rect);
+    m_editor->show();
+    m_editor->setFocus(Qt::OtherFocusReason);
+    return m_editor;
+}
+
+bool CKestListCtrl::mayDestroy(const CInPlaceEdit& editor) const
+{
+    // After Escape nothing changes, so nothing can be wrong with the text.
+    return editor.escapePressed() || !checksCharacters(editor.cell().column)
+        || CInPlaceEdit::isClean(editor.text());
+}
+
+void CKestListCtrl::reportEdit(const CInPlaceEdit& editor)
+{
+    const QScopedValueRollback<bool> reporting(m_reporting, true);
+    emit endLabelEdit(editor.cell().row, editor.cell().column, editor.reportedText());
+}
+
+void CKestListCtrl::CloseEditor()
+{
+    if (!m_editor || m_reporting || !mayDestroy(*m_editor))
+        return;
+    reportEdit(*m_editor);
+    DiscardEditor();
+}
+
+void CKestListCtrl::editorLostFocus(CInPlaceEdit& editor)
+{
+    if (m_editor != &editor || m_reporting)
+        return;
+    reportEdit(editor);
+    if (m_editor == &editor && mayDestroy(editor))
+        DiscardEditor();
+}
+
+void CKestListCtrl::DiscardEditor()
+{
+    if (!m_editor)
+        return;
+    CInPlaceEdit* editor = m_editor;
+    m_editor = nullptr; // first: hiding it takes the focus away, which would report once more
+    const bool hadFocus = editor->hasFocus();
+    editor->hide();
+    editor->deleteLater();
+    if (hadFocus)
+        setFocus(Qt::OtherFocusReason);
+}
+
+void CKestListCtrl::reset()
+{
+    DiscardEditor();
+    m_anchorRow = -1;
+    m_lastClicked = {};
+    QTableView::reset();
+}
+
+void CKestListCtrl::rowsInserted(const QModelIndex& parent, int first, int last)
+{
+    if (m_editor && m_editor->cell().row >= first)
+        DiscardEditor();
+    QTableView::rowsInserted(parent, first, last);
+}
+
+void CKestListCtrl::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
+{
+    if (m_editor && m_editor->cell().row >= first)
+        DiscardEditor();
+    QTableView::rowsAboutToBeRemoved(parent, first, last);
+}
+
+bool CKestListCtrl::CellAction(int, int)
+{
+    return false;
+}
+
+bool CKestListCtrl::PreCheck()
+{
+    return false;
+}
+
+bool CKestListCtrl::checksCharacters(int) const
+{
+    return true;
+}

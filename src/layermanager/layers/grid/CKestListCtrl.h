@@ -1,0 +1,104 @@
+#pragma once
+
+#include <QTableView>
+
+#include <vector>
+
+/// The generic grid: rows of cells that are clicked, walked through with the keyboard and edited
+/// in place. What a click on a cell does is up to the derived grid.
+class CKestListCtrl : public QTableView
+{
+    Q_OBJECT
+public:
+    class CInPlaceEdit;
+
+    struct Cell
+    {
+        int row = -1;
+        int column = -1;
+        bool isValid() const { return row >= 0 && column >= 0; }
+        bool operator==(const Cell&) const = default;
+    };
+
+    explicit CKestListCtrl(QWidget* parent = nullptr);
+    ~CKestListCtrl() override;
+
+    /// The cell under a point of the viewport; -1 for each part where there is none.
+    Cell HitTest(QPoint point) const;
+
+    /// Opens the in-place editor over a cell and gives it the focus. Null when the row cannot be
+    /// made visible, the column does not exist or is narrower than 5 pixels, or when an open editor
+    /// refuses to close.
+    CInPlaceEdit* OpenEditor(int row, int column);
+    /// Ends an open edit: reports its text and destroys the editor, if the text holds no forbidden
+    /// character. Otherwise the editor stays.
+    void CloseEditor();
+    /// Destroys an open editor without a report.
+    void DiscardEditor();
+    /// The open editor, or null.
+    CInPlaceEdit* editor() const { return m_editor; }
+
+    bool isRowChosen(int row) const;
+    /// Selected rows, ascending.
+    std::vector<int> chosenRows() const;
+    int chosenRowCount() const;
+    void chooseOnly(int row);
+    void chooseRange(int from, int to);
+    void chooseRows(const std::vector<int>& rows);
+    /// Moves the focus to a cell; the selection stays.
+    void focusCell(int row, int column);
+    /// Scrolls so far that the row is in view, with a margin.
+    void scrollRowIntoView(int row);
+
+    /// Row where a range selection starts.
+    int anchorRow() const { return m_anchorRow; }
+    Cell lastClicked() const { return m_lastClicked; }
+
+signals:
+    /// An in-place edit ended. `text` is null when the editor was empty, and the text from before
+    /// the edit when Escape was pressed.
+    void endLabelEdit(int row, int subItem, const QString& text);
+
+protected:
+    /// Reaction to a click on a cell, or to Space on it. True when the click was taken: then
+    /// a click without modifiers leaves the selection as the action made it.
+    virtual bool CellAction(int row, int column);
+    /// True swallows a click or command before the derived grid sees it.
+    virtual bool PreCheck();
+    /// Whether the text of a column's editor is held against the set of forbidden characters.
+    virtual bool checksCharacters(int column) const;
+    /// Ctrl and Shift as held during the click that is being handled.
+    Qt::KeyboardModifiers clickModifiers() const { return m_clickModifiers; }
+    int rowsPerPage() const;
+
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+protected slots:
+    void reset() override;
+    void rowsInserted(const QModelIndex& parent, int first, int last) override;
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
+
+private:
+    void setUpLook();
+    void updateRowHeight();
+    void clickCell(Cell cell, Qt::KeyboardModifiers modifiers);
+    bool moveRow(int key, Qt::KeyboardModifiers modifiers);
+    bool moveColumn(int step);
+    void editorLostFocus(CInPlaceEdit& editor);
+    void reportEdit(const CInPlaceEdit& editor);
+    bool mayDestroy(const CInPlaceEdit& editor) const;
+
+    CInPlaceEdit* m_editor = nullptr;
+    bool m_reporting = false;
+    int m_anchorRow = -1;
+    Cell m_lastClicked;
+    Qt::KeyboardModifiers m_clickModifiers;
+    int m_rowToShow = -1; ///< scrolled to before the grid had its place on the screen
+};

@@ -1,0 +1,219 @@
+// Mouse, keyboard and selection of the grid.
+
+#include "layermanager/layers/grid/CKestListCtrl.h"
+
+#include <QHeaderView>
+#include <QItemSelection>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr Qt::KeyboardModifiers kSelecting = Qt::ControlModifier | Qt::ShiftModifier;
+
+}
+
+// Selection
+
+bool CKestListCtrl::isRowChosen(int row) const
+{
+    return selectionModel() && selectionModel()->isSelected(model()->index(row, 0));
+}
+
+std::vector<int> CKestListCtrl::chosenRows() const
+{
+    std::vector<int> rows;
+    if (!selectionModel())
+        return rows;
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange& range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+int CKestListCtrl::chosenRowCount() const
+{
+    return static_cast<int>(chosenRows().size());
+}
+
+void CKestListCtrl::chooseOnly(int row)
+{
+    chooseRange(row, row);
+}
+
+void CKestListCtrl::chooseRange(int from, int to)
+{
+    const int last = model()->columnCount() - 1;
+    const QItemSelection range(model()->index(std::min(from, to), 0),
+                               model()->index(std::max(from, to), last));
+    selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
+}
+
+void CKestListCtrl::chooseRows(const std::vector<int>& rows)
+{
+    // Neighbours become one range: painting asks every range about every cell.
+    const int last = model()->columnCount() - 1;
+    QItemSelection selection;
+    for (std::size_t i = 0; i < rows.size();) {
+        std::size_t end = i + 1;
+        while (end < rows.size() && rows[end] == rows[end - 1] + 1)
+            ++end;
+        selection.append(
+            QItemSelectionRange(model()->index(rows[i], 0), model()->index(rows[end - 1], last)));
+        i = end;
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void CKestListCtrl::focusCell(int row, int column)
+{
+    selectionModel()->setCurrentIndex(model()->index(row, column), QItemSelectionModel::NoUpdate);
+}
+
+// Mouse
+
+void CKestListCtrl::mousePressEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (event->button() == Qt::LeftButton && model())
+        clickCell(HitTest(event->position().toPoint()), event->modifiers());
+}
+
+void CKestListCtrl::clickCell(Cell cell, Qt::KeyboardModifiers modifiers)
+{
+    m_clickModifiers = modifiers & kSelecting;
+    if (!cell.isValid()) {
+        CloseEditor();
+        if (!m_clickModifiers)
+            selectionModel()->clearSelection();
+        return;
+    }
+    if (PreCheck())
+        return;
+    const bool taken = CellAction(cell.row, cell.column);
+    if (cell.row >= model()->rowCount())
+        return; // the action took the row away
+    m_lastClicked = cell;
+    if (m_clickModifiers & Qt::ShiftModifier) {
+        chooseRange(m_anchorRow < 0 ? cell.row : m_anchorRow, cell.row);
+    } else {
+        if (m_clickModifiers & Qt::ControlModifier)
+            selectionModel()->select(model()->index(cell.row, 0),
+                                     QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
+        else if (!taken)
+            chooseOnly(cell.row);
+        m_anchorRow = cell.row;
+    }
+    focusCell(cell.row, cell.column);
+}
+
+// Presses do all of the work; the base class would change the selection again.
+void CKestListCtrl::mouseMoveEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+void CKestListCtrl::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+void CKestListCtrl::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+// Keyboard
+
+void CKestListCtrl::keyPressEvent(QKeyEvent* event)
+{
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & kSelecting;
+    const Cell current{currentIndex().row(), currentIndex().column()};
+    bool handled = false;
+    if (!model() || model()->rowCount() == 0) {
+        event->ignore();
+        return;
+    }
+    if (event->key() == Qt::Key_Space && current.isValid()) {
+        clickCell(current, modifiers);
+        handled = true;
+    } else if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
+        moveColumn((event->key() == Qt::Key_Right) != isRightToLeft() ? 1 : -1);
+        handled = true;
+    } else {
+        handled = moveRow(event->key(), modifiers);
+    }
+    if (handled)
+        event->accept();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+bool CKestListCtrl::moveRow(int key, Qt::KeyboardModifiers modifiers)
+{
+    const int last = model()->rowCount() - 1;
+    const int from = currentIndex().row();
+    int to = from;
+    switch (key) {
+    case Qt::Key_Up:
+        to = from - 1;
+        break;
+    case Qt::Key_Down:
+        to = from + 1;
+        break;
+    case Qt::Key_PageUp:
+        to = from - rowsPerPage();
+        break;
+    case Qt::Key_PageDown:
+        to = from + rowsPerPage();
+        break;
+    case Qt::Key_Home:
+        to = 0;
+        break;
+    case Qt::Key_End:
+        to = last;
+        break;
+    default:
+        return false;
+    }
+    to = std::clamp(to, 0, last);
+    focusCell(to, std::max(0, currentIndex().column()));
+    if (modifiers & Qt::ShiftModifier) {
+        if (m_anchorRow < 0)
+            m_anchorRow = std::max(0, from);
+        chooseRange(m_anchorRow, to);
+    } else {
+        if (!(modifiers & Qt::ControlModifier))
+            chooseOnly(to);
+        m_anchorRow = to;
+    }
+    scrollTo(currentIndex());
+    return true;
+}
+
+bool CKestListCtrl::moveColumn(int step)
+{
+    const int count = model()->columnCount();
+    const int row = std::max(0, currentIndex().row());
+    int column = currentIndex().column() + step;
+    while (column >= 0 && column < count && isColumnHidden(column))
+        column += step;
+    if (column < 0 || column >= count)
+        return false;
+    focusCell(row, column);
+    scrollTo(currentIndex());
+    return true;
+}
+
+bool CKestListCtrl::focusNextPrevChild(bool next)
+{
+    if (model() && model()->rowCount() > 0 && moveColumn(next ? 1 : -1))
+        return true;
+    return QTableView::focusNextPrevChild(next);
+}

@@ -1,0 +1,263 @@
+#include "layermanager/layers/grid/CLayerListCtrl.h"
+
+#include "database/NameIndex.h"
+#include "database/OdDbDatabase.h"
+#include "database/OdDbLayerTable.h"
+#include "database/OdDbLayerTableRecord.h"
+#include "layermanager/layers/HostVariables.h"
+#include "layermanager/layers/grid/CLayerListCtrlDatabaseReactor.h"
+#include "layermanager/layers/grid/LayerCellDelegate.h"
+#include "layermanager/layers/grid/UpdatesOff.h"
+#include "sdk/KsApDocManager.h"
+
+#include <QHeaderView>
+
+#include <algorithm>
+
+namespace {
+
+/// Layers with this character in their names belong to the program that made the drawing.
+constexpr char kHiddenMark = '*';
+
+OdDbDatabase* activeDatabase()
+{
+    const KsApDocManager* documents = ksDocManagerPtr();
+    const KsApDocument* document = documents ? documents->curDocument() : nullptr;
+    return document ? document->database() : nullptr;
+}
+
+LayerListModel::Ids shownLayers(const OdDbDatabase& database)
+{
+    const OdDbLayerTable& table = database.layerTable();
+    const NameIndex& names = table.names();
+    LayerListModel::Ids layers;
+    layers.reserve(names.size());
+    for (quint32 position = 0; position < names.size(); ++position) {
+        if (names.isActive(position) && !names.key(position).contains(kHiddenMark))
+            layers.push_back(database.idOfSlot(table.slotsInOrder()[position]));
+    }
+    return layers;
+}
+
+} // namespace
+
+CLayerListCtrl::CLayerListCtrl(QWidget* parent)
+    : CKestListCtrl(parent)
+    , m_reactor(std::make_unique<CLayerListCtrlDatabaseReactor>(*this))
+{
+    setObjectName(QStringLiteral("layerGrid"));
+    setAccessibleName(tr("Layers"));
+    setModel(&m_model);
+    setItemDelegate(new LayerCellDelegate(m_model, this));
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &CLayerListCtrl::OnColumnClick);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int section, int, int width) { sectionResized(section, width); });
+    m_refreshTimer.setSingleShot(true);
+    m_refreshTimer.setInterval(kRefreshDelay);
+    m_refreshTimer.setObjectName(QStringLiteral("timer_%1").arg(kRefreshTimer));
+    connect(&m_refreshTimer, &QTimer::timeout, this, &CLayerListCtrl::refreshTimeout);
+}
+
+CLayerListCtrl::~CLayerListCtrl()
+{
+    attach(nullptr);
+    // The view outlives its members by a little.
+    setModel(nullptr);
+}
+
+void CLayerListCtrl::attach(OdDbDatabase* database)
+{
+    if (m_database == database)
+        return;
+    if (m_database)
+        m_database->removeReactor(m_reactor.get());
+    m_database = database;
+    m_refreshPending = false;
+    if (m_database)
+        m_database->addReactor(m_reactor.get());
+}
+
+// Rows
+
+bool CLayerListCtrl::Fill(OdDbDatabase* database)
+{
+    if (m_switchedOff || !database)
+        return false;
+    const UpdatesOff still(*this);
+    attach(database);
+    setSelectionBehavior(SelectRows);
+    if (m_columns.empty())
+        buildColumns();
+    else
+        applyColumns();
+    if (readHostInt(QStringLiteral("SHOWLAYERUSAGE")).value_or(0) != 0)
+        database->layerTable().generateUsageData();
+    m_model.setContext(LayerCellContext::of(*database));
+    list(shownLayers(*database));
+    SelectCurrentRow();
+    setSpace();
+    return true;
+}
+
+bool CLayerListCtrl::FillFromList(const LayerListModel::Ids& layers)
+{
+    OdDbDatabase* database = activeDatabase();
+    if (m_switchedOff || !database)
+        return false;
+    const UpdatesOff still(*this);
+    attach(database);
+    if (m_columns.empty())
+        buildColumns();
+    database->layerTable().generateUsageData();
+    m_model.setContext(LayerCellContext::of(*database));
+    LayerListModel::Ids rows;
+    rows.reserve(layers.size());
+    try {
+        for (const OdDbObjectId layer : layers) {
+            if (layer.isNull())
+                continue;
+            layer.safeOpenObject<OdDbLayerTableRecord>();
+            rows.push_back(layer);
+        }
+    } catch (const OdError&) {
+        list(std::move(rows));
+        throw;
+    }
+    list(std::move(rows));
+    return true;
+}
+
+void CLayerListCtrl::list(LayerListModel::Ids layers)
+{
+    m_model.forgetNewLayers();
+    m_model.reset(std::move(layers), m_sortOrder);
+    m_displayedCount = m_model.rowCount();
+    emit listChanged();
+}
+
+void CLayerListCtrl::Unbind()
+{
+    attach(nullptr);
+    m_model.setContext({});
+    list({});
+}
+
+bool CLayerListCtrl::InsertRow(OdDbObjectId layer, int row)
+{
+    if (layer.isNull() || row < 0 || row > m_model.rowCount())
+        return false;
+    if (m_newLayerFlag)
+        m_model.markAsNew(layer);
+    m_model.insertLayer(layer, row);
+    return true;
+}
+
+bool CLayerListCtrl::RefreshRow(int row, OdDbObjectId layer)
+{
+    if (!m_model.refreshRow(row, layer))
+        return false;
+    if (layer == currentLayer())
+        emit currentLayerChanged();
+    return true;
+}
+
+void CLayerListCtrl::RefreshAllRows()
+{
+    if (m_database)
+        m_model.setContext(LayerCellContext::of(*m_database));
+    m_model.refreshAll();
+    viewport()->update();
+}
+
+void CLayerListCtrl::SelectCurrentRow()
+{
+    const int row = FindRow(currentLayer());
+    if (row < 0) {
+        clearSelection();
+        return;
+    }
+    const int column =
+        currentIndex().isValid() ? currentIndex().column() : static_cast<int>(LayerColumn::Name);
+    chooseOnly(row);
+    focusCell(row, column);
+    scrollRowIntoView(row);
+}
+
+// What the drawing tells
+
+void CLayerListCtrl::SysVarChanged(const OdDbDatabase* database, const QString& name)
+{
+    if (m_switchedOff || database != m_database || database != activeDatabase())
+        return;
+    const auto is = [&](QLatin1String variable) {
+        return name.compare(variable, Qt::CaseInsensitive) == 0;
+    };
+    if (is(QLatin1String("CLAYER"))) {
+        currentLayerMoved();
+    } else if (is(QLatin1String("TILEMODE"))) {
+        setSpace();
+        RefreshAllRows();
+    } else if (is(QLatin1String("CTAB")) || is(QLatin1String("CVPORT"))) {
+        RefreshAllRows();
+    }
+}
+
+void CLayerListCtrl::currentLayerMoved()
+{
+    const OdDbObjectId before = currentLayer();
+    LayerCellContext context = m_model.context();
+    context.currentLayer = m_database->getCLAYER();
+    if (context.currentLayer == before)
+        return;
+    m_model.setContext(context);
+    for (const OdDbObjectId layer : {before, context.currentLayer})
+        m_model.refreshRow(FindRow(layer), layer);
+    SelectCurrentRow();
+    emit currentLayerChanged();
+}
+
+void CLayerListCtrl::layerAppended(OdDbObjectId layer)
+{
+    const auto record = layer.openObject<OdDbLayerTableRecord>();
+    if (!record || FindRow(layer) >= 0 || record->getName().contains(QLatin1Char(kHiddenMark)))
+        return;
+    InsertRow(layer, m_model.rowCount());
+    m_displayedCount = m_model.rowCount();
+    emit listChanged();
+}
+
+void CLayerListCtrl::layerModified(OdDbObjectId layer)
+{
+    const int row = FindRow(layer);
+    if (row < 0) {
+        requestRefresh();
+        return;
+    }
+    RefreshRow(row, layer);
+    m_refreshTimer.start();
+}
+
+void CLayerListCtrl::layerErased(OdDbObjectId layer)
+{
+    const int row = FindRow(layer);
+    if (row < 0)
+        return;
+    DiscardEditor();
+    m_model.removeLayer(row);
+    m_displayedCount = m_model.rowCount();
+    emit listChanged();
+}
+
+void CLayerListCtrl::requestRefresh()
+{
+    m_refreshPending = true;
+    m_refreshTimer.start();
+}
+
+void CLayerListCtrl::refreshTimeout()
+{
+    if (std::exchange(m_refreshPending, false))
+        emit listStale();
+    else
+        viewport()->update();
+}

@@ -1,0 +1,126 @@
+// Columns of the layer grid: their records, widths and order of rows.
+
+#include "database/OdDbDatabase.h"
+#include "layermanager/layers/grid/CLayerListCtrl.h"
+#include "layermanager/layers/grid/UpdatesOff.h"
+
+#include <QHeaderView>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <stdexcept>
+
+void CLayerListCtrl::buildColumns()
+{
+    m_columns.reserve(kLayerColumnCount);
+    for (const LayerColumnInfo& info : layerColumns()) {
+        const auto number = static_cast<qint32>(info.column);
+        m_columns.push_back({info.identifier, info.headerText(), info.width, number, number, true});
+    }
+    m_inLayout = !m_database->getTILEMODE();
+    applyColumns();
+    horizontalHeader()->setSortIndicator(static_cast<int>(m_sortOrder.column),
+                                         m_sortOrder.ascending ? Qt::AscendingOrder
+                                                               : Qt::DescendingOrder);
+}
+
+void CLayerListCtrl::applyColumns()
+{
+    const QScopedValueRollback<bool> setting(m_settingWidths, true);
+    for (const ListCtrlColumnData& column : m_columns) {
+        setColumnHidden(column.subItem, !column.shown);
+        if (column.shown)
+            setColumnWidth(column.subItem, column.width);
+    }
+    stretchDescription();
+}
+
+ListCtrlColumnData& CLayerListCtrl::record(int column)
+{
+    return const_cast<ListCtrlColumnData&>(columnData(column));
+}
+
+const ListCtrlColumnData& CLayerListCtrl::columnData(int column) const
+{
+    if (column < 0 || column >= static_cast<int>(m_columns.size()))
+        throw std::invalid_argument("The grid has no such column.");
+    return m_columns[static_cast<std::size_t>(column)];
+}
+
+void CLayerListCtrl::HideColumn(int column)
+{
+    ListCtrlColumnData& kept = record(column);
+    const UpdatesOff still(*this);
+    const QScopedValueRollback<bool> setting(m_settingWidths, true);
+    kept.displayOrder = -1;
+    if (columnWidth(kept.subItem) > 0)
+        kept.width = columnWidth(kept.subItem);
+    setColumnHidden(kept.subItem, true); // a hidden column's width is 0
+    kept.shown = false;
+    stretchDescription();
+}
+
+void CLayerListCtrl::ShowColumn(int column)
+{
+    ListCtrlColumnData& kept = record(column);
+    const UpdatesOff still(*this);
+    const QScopedValueRollback<bool> setting(m_settingWidths, true);
+    kept.displayOrder = kept.subItem;
+    setColumnHidden(kept.subItem, false);
+    setColumnWidth(kept.subItem, kept.width);
+    kept.shown = true;
+    stretchDescription();
+}
+
+void CLayerListCtrl::setSpace()
+{
+    m_inLayout = !m_database->getTILEMODE();
+    const UpdatesOff still(*this);
+    for (const LayerColumnInfo& info : layerColumns()) {
+        if (!info.layoutsOnly)
+            continue;
+        if (m_inLayout)
+            ShowColumn(static_cast<int>(info.column));
+        else
+            HideColumn(static_cast<int>(info.column));
+    }
+}
+
+void CLayerListCtrl::sectionResized(int section, int width)
+{
+    if (m_settingWidths || m_columns.empty())
+        return;
+    // The user's width; a later fill keeps it.
+    if (width > 0)
+        record(section).width = width;
+    stretchDescription();
+}
+
+/// Gives the descriptions the room that the other columns leave; their own width is the least.
+void CLayerListCtrl::stretchDescription()
+{
+    const int number = static_cast<int>(LayerColumn::Description);
+    if (m_columns.empty() || !columnData(number).shown)
+        return;
+    const QScopedValueRollback<bool> setting(m_settingWidths, true);
+    const int others = horizontalHeader()->length() - columnWidth(number);
+    setColumnWidth(number, std::max(columnData(number).width, viewport()->width() - others));
+}
+
+void CLayerListCtrl::resizeEvent(QResizeEvent* event)
+{
+    CKestListCtrl::resizeEvent(event);
+    stretchDescription();
+}
+
+void CLayerListCtrl::OnColumnClick(int subItem)
+{
+    const auto clicked = static_cast<LayerColumn>(columnData(subItem).subItem);
+    m_sortOrder.ascending = clicked != m_sortOrder.column || !m_sortOrder.ascending;
+    m_sortOrder.column = clicked;
+    CloseEditor();
+    DiscardEditor(); // one that refuses to close would stay over another row
+    m_model.reorder(m_sortOrder);
+    horizontalHeader()->setSortIndicator(
+        subItem, m_sortOrder.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+}

@@ -1,0 +1,83 @@
+#include "layermanager/module/LayerPalette.h"
+
+#include "layermanager/module/LayerModuleState.h"
+#include "layermanager/palette/CLayerPaneView.h"
+#include "sdk/KestSharedGlobals.h"
+#include "toolkit/CXTPDockingPaneManager.h"
+
+namespace {
+
+constexpr QRect kInitialRect(0, 0, 550, 200);
+constexpr QSize kMinTrackSize(355, 200);
+constexpr QSize kMaxTrackSize(1280, 700);
+
+CXTPDockingPaneManager* paneManager()
+{
+    return CXTPDockingPaneManager::of(KestSharedGlobals::GetCMainWindow());
+}
+
+CXTPDockingPane* createPane(CXTPDockingPaneManager& manager)
+{
+    CXTPDockingPane* pane = manager.CreatePane(kLayerPaneId, kInitialRect, xtpPaneDockLeft);
+    pane->SetMinTrackSize(kMinTrackSize);
+    pane->SetMaxTrackSize(kMaxTrackSize);
+    return pane;
+}
+
+void createPalette(CXTPDockingPaneManager& manager)
+{
+    CXTPDockingPane* pane = manager.FindPane(kLayerPaneId);
+    const bool isNew = !pane;
+    if (isNew)
+        pane = createPane(manager);
+    pane->SetTitle(KsResString(84536, QStringLiteral("Layer Properties Manager")));
+    auto* view = new CLayerPaneView(KestSharedGlobals::GetCMainWindow());
+    pane->AttachView(view);
+    LayerModuleState::s_pLayerPaneView = view;
+    view->InitialUpdate();
+    view->BindToCurrentDatabase();
+    if (isNew)
+        manager.ShowPane(pane);
+}
+
+void reopenPalette(CXTPDockingPaneManager& manager, CXTPDockingPane& pane)
+{
+    manager.ShowPane(&pane);
+    LayerModuleState::s_pLayerPaneView->ShowCurrentLayer();
+    if (pane.GetPaneState() == xtpPaneHidden)
+        manager.ToggleAutoHide(&pane);
+}
+
+} // namespace
+
+void ShowLayerPalette()
+{
+    CXTPDockingPaneManager* manager = paneManager();
+    if (!manager)
+        return;
+    if (!LayerModuleState::s_pLayerPaneView)
+        createPalette(*manager);
+    CXTPDockingPane* pane = manager->FindPane(kLayerPaneId);
+    if (pane && pane->IsClosed())
+        reopenPalette(*manager, *pane);
+    KestSharedGlobals::GetCMainWindow()->setFocus(Qt::OtherFocusReason);
+}
+
+void CloseLayerPalette()
+{
+    CXTPDockingPaneManager* manager = paneManager();
+    CXTPDockingPane* pane = manager ? manager->FindPane(kLayerPaneId) : nullptr;
+    if (pane && !pane->IsClosed())
+        manager->ClosePane(pane);
+}
+
+void DestroyLayerPalette()
+{
+    if (!LayerModuleState::s_pLayerPaneView)
+        return;
+    CXTPDockingPaneManager* manager = paneManager();
+    CXTPDockingPane* pane = manager ? manager->FindPane(kLayerPaneId) : nullptr;
+    if (pane && pane->GetView() == LayerModuleState::s_pLayerPaneView)
+        pane->Detach();
+    delete LayerModuleState::s_pLayerPaneView;
+}

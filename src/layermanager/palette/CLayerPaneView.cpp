@@ -1,0 +1,136 @@
+#include "layermanager/palette/CLayerPaneView.h"
+
+#include "database/OdDbDatabase.h"
+#include "database/OdDbLayerTable.h"
+#include "layermanager/layers/FilledText.h"
+#include "layermanager/layers/HostVariables.h"
+#include "layermanager/layers/LayerUndoRecord.h"
+#include "layermanager/layers/grid/CLayerListCtrl.h"
+#include "layermanager/module/LayerPalette.h"
+#include "layermanager/palette/CLayerListVw.h"
+#include "sdk/KestSharedGlobals.h"
+#include "sdk/KsResString.h"
+#include "toolkit/CXTPDockingPaneManager.h"
+#include "toolkit/ControlRegistry.h"
+
+#include <QLabel>
+#include <QStyle>
+#include <QVBoxLayout>
+
+CLayerPaneView::CLayerPaneView(QWidget* parent)
+    : QWidget(parent)
+    , m_docReactor(odrxCreate<CLayerDocMngrReactor>(*this))
+{
+    setObjectName(QStringLiteral("layerPane"));
+    if (KsApDocManager* documents = ksDocManagerPtr())
+        documents->addReactor(m_docReactor.get());
+}
+
+CLayerPaneView::~CLayerPaneView()
+{
+    if (KsApDocManager* documents = ksDocManagerPtr())
+        documents->removeReactor(m_docReactor.get());
+}
+
+void CLayerPaneView::InitialUpdate()
+{
+    if (m_bInitialised)
+        return;
+    m_listView = new CLayerListVw(this);
+    m_listView->setPaneView(this);
+    m_statusLine = new QLabel(this);
+    m_statusLine->setObjectName(QStringLiteral("statusLine"));
+    m_statusLine->setAccessibleName(tr("Displayed layers"));
+    m_statusLine->setTextFormat(Qt::PlainText);
+    m_statusLine->setContentsMargins(style()->pixelMetric(QStyle::PM_LayoutLeftMargin) / 2, 0, 0,
+                                     0);
+    registerControl(this, kStatusLineId, m_statusLine);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_listView, 1);
+    layout->addWidget(m_statusLine);
+    setFocusProxy(m_listView);
+    connect(grid(), &CLayerListCtrl::listChanged, this, &CLayerPaneView::UpdateStatusLine);
+    connect(grid(), &CLayerListCtrl::listStale, this, &CLayerPaneView::refill);
+    connect(grid(), &CLayerListCtrl::databaseGone, this, [this] {
+        m_pDb = nullptr;
+        m_statusLine->clear();
+    });
+    m_bInitialised = true;
+}
+
+CLayerListCtrl* CLayerPaneView::grid() const
+{
+    return m_listView ? &m_listView->grid() : nullptr;
+}
+
+void CLayerPaneView::BindToCurrentDatabase()
+{
+    const KsApDocManager* documents = ksDocManagerPtr();
+    if (!documents || !m_listView)
+        return;
+    const KsApDocument* document = documents->curDocument();
+    OdDbDatabase* database = document ? document->database() : nullptr;
+    if (!database || database == m_pDb)
+        return;
+    m_pDb = database;
+    refill();
+}
+
+void CLayerPaneView::refill()
+{
+    if (m_pDb)
+        grid()->Fill(m_pDb);
+}
+
+void CLayerPaneView::SyncPaneVisibility(const KsApDocument* document, bool show)
+{
+    const KsApDocManager* documents = ksDocManagerPtr();
+    if (!documents || documents->isBusy() || documents->documentCount() > 1)
+        return;
+    // The last drawing takes the palette along; another one that goes does not.
+    if (!show && documents->documentCount() == 1 && document != documents->curDocument())
+        return;
+    auto* manager = CXTPDockingPaneManager::of(KestSharedGlobals::GetCMainWindow());
+    CXTPDockingPane* pane = manager ? manager->FindPane(kLayerPaneId) : nullptr;
+    if (!pane)
+        return;
+    if (!show) {
+        manager->ClosePane(pane);
+        return;
+    }
+    const bool wanted = readHostInt(QStringLiteral("LayerManagerState")) == 1;
+    if (!wanted || !pane->IsClosed())
+        return;
+    const bool wasHidden = pane->GetPaneState() == xtpPaneHidden;
+    manager->ShowPane(pane);
+    if (wasHidden)
+        manager->ToggleAutoHide(pane);
+}
+
+void CLayerPaneView::ShowCurrentLayer()
+{
+    if (!m_pDb || grid()->editor())
+        return;
+    grid()->RefreshAllRows();
+    grid()->SelectCurrentRow();
+    grid()->setFocus(Qt::OtherFocusReason);
+}
+
+void CLayerPaneView::UpdateStatusLine()
+{
+    if (!m_statusLine || !m_pDb)
+        return;
+    // The leading blank is deliberate.
+    const QString pattern =
+        KsResString(85988, QStringLiteral(" %s : %d layers displayed of %d total layers"));
+    m_statusLine->setText(
+        filledText(pattern,
+                   {QStringLiteral("All"), QString::number(grid()->displayedCount()),
+                    QString::number(m_pDb->layerTable().count())}));
+}
+
+void CLayerPaneView::BeginLayerUndoRecord(OdDbDatabase& database)
+{
+    beginLayerUndoRecord(database);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "layermanager/module/CLayerDocMngrReactor.h"
+
+#include <QPointer>
+#include <QWidget>
+
+class CLayerListCtrl;
+class CLayerListVw;
+class OdDbDatabase;
+class QLabel;
+
+/// The form that fills the palette's pane.
+class CLayerPaneView : public QWidget
+{
+    Q_OBJECT
+public:
+    /// Control id of the status line.
+    static constexpr int kStatusLineId = 65535;
+
+    explicit CLayerPaneView(QWidget* parent = nullptr);
+    ~CLayerPaneView() override;
+
+    /// Builds the contents; called once, right after the view was attached to its pane.
+    void InitialUpdate();
+    /// Binds the palette to the current document's drawing; nothing happens when it is that
+    /// already.
+    void BindToCurrentDatabase();
+    /// Opens or closes the palette's pane to follow the documents. `document`: the one that is
+    /// going, or null.
+    void SyncPaneVisibility(const KsApDocument* document, bool show);
+    /// Refreshes the rows, goes to the current layer's row and takes the keyboard focus, unless
+    /// the user is editing a cell.
+    void ShowCurrentLayer();
+    void UpdateStatusLine();
+    /// Opens the undo record for one edit made from the palette.
+    void BeginLayerUndoRecord(OdDbDatabase& database);
+
+    /// The drawing that the palette shows, or null.
+    OdDbDatabase* database() const { return m_pDb; }
+    /// Null before the initial update.
+    CLayerListCtrl* grid() const;
+
+private:
+    void refill();
+
+    OdSmartPtr<CLayerDocMngrReactor> m_docReactor;
+    CLayerListVw* m_listView = nullptr;
+    QLabel* m_statusLine = nullptr;
+    OdDbDatabase* m_pDb = nullptr;
+    bool m_bInitialised = false;
+};

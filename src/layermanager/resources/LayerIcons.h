@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QHash>
+#include <QPixmap>
+
+/// The icons of the layer grid.
+enum class LayerIcon {
+    StatusCurrent,
+    StatusNotInUse,
+    StatusInUse,
+    On,
+    Off,
+    Thawed,
+    Frozen,
+    Unlocked,
+    Locked,
+    Plot,
+    NoPlot,
+    NewViewportThawed,
+    NewViewportFrozen,
+    ViewportThawed,
+    ViewportFrozen,
+};
+
+/// What an icon is drawn on.
+enum class LayerIconGround { Light, Dark, Selection };
+
+/// Draws the icons from their SVG files in tints that suit the background, and keeps the pictures.
+class LayerIcons
+{
+public:
+    /// `size`: width and height in device-independent pixels. `ratio`: device pixels for each of
+    /// them.
+    QPixmap pixmap(LayerIcon icon, int size, qreal ratio, LayerIconGround ground) const;
+
+    static int count();
+    /// File name without extension.
+    static QString name(LayerIcon icon);
+
+private:
+    static QPixmap render(LayerIcon icon, int size, qreal ratio, LayerIconGround ground);
+
+    mutable QHash<quint64, QPixmap> m_pixmaps;
+};
