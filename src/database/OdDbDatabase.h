@@ -51,7 +51,10 @@ public:
     /// The block of the current, or last current, sheet.
     OdDbObjectId getPaperSpaceId() const;
     OdDbObjectId getOdDbObjectId(OdDbHandle handle) const;
-    OdDbObjectId idOfSlot(quint32 slot) const { return OdDbObjectId(const_cast<OdDbDatabase*>(this), slot); }
+    OdDbObjectId idOfSlot(quint32 slot) const
+    {
+        return OdDbObjectId(const_cast<OdDbDatabase*>(this), slot);
+    }
 
     // Spaces
     /// Layouts by tab order, the model tab first.
@@ -97,7 +100,8 @@ public:
     void addReactor(OdDbDatabaseReactor* reactor);
     void removeReactor(OdDbDatabaseReactor* reactor);
 
-    /// Every broken invariant in words: owners, handles, ids, name index, references. Empty when sound.
+    /// Every broken invariant in words: owners, handles, ids, name index, references. Empty when
+    /// sound.
     QStringList audit() const;
 
     // For the codecs, the canvas and the journal
@@ -112,7 +116,11 @@ public:
     /// Takes an object made by a codec into its slot.
     OdDbObject& adoptObject(quint32 slot, std::unique_ptr<OdDbObject> object);
     void setRoots(OdDbObjectId namedObjects);
-    void setCurrentForLoading(const CurrentSettings& current) { m_current = current; }
+    void setCurrentForLoading(const CurrentSettings& current)
+    {
+        m_current = m_loadedCurrent = current;
+    }
+    const CurrentSettings& loadedCurrent() const { return m_loadedCurrent; }
     const CurrentSettings& current() const { return m_current; }
     void setTable(OdDbTableKind kind, quint32 slot);
     /// Things the reader repaired or left out, as sentences.
@@ -138,12 +146,14 @@ private:
     std::array<quint32, kOdDbTableKindCount> m_tables;
     OdDbObjectId m_namedObjects;
     CurrentSettings m_current;
+    CurrentSettings m_loadedCurrent;
     std::vector<OdDbDatabaseReactor*> m_reactors;
     int m_notifyDepth = 0;
     QStringList m_loadNotes;
 };
 
-template <class T> OdSmartPtr<T> OdDbObjectId::openObject(OdDb::OpenMode mode, bool openErased) const
+template <class T>
+OdSmartPtr<T> OdDbObjectId::openObject(OdDb::OpenMode mode, bool openErased) const
 {
     OdDbObject* object = m_database ? m_database->openRaw(m_slot, mode, openErased) : nullptr;
     if (!object)
@@ -155,7 +165,8 @@ template <class T> OdSmartPtr<T> OdDbObjectId::openObject(OdDb::OpenMode mode, b
     return OdSmartPtr<T>::adopt(static_cast<T*>(object));
 }
 
-template <class T> OdSmartPtr<T> OdDbObjectId::safeOpenObject(OdDb::OpenMode mode, bool openErased) const
+template <class T>
+OdSmartPtr<T> OdDbObjectId::safeOpenObject(OdDb::OpenMode mode, bool openErased) const
 {
     if (isNull())
         throw OdError(OdResult::NullObjectId, QStringLiteral("The object id is null."));

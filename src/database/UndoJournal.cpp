@@ -6,19 +6,21 @@
 #include <utility>
 
 namespace {
-template <class... Ts> struct Overloaded : Ts...
+template <class... Ts>
+struct Overloaded : Ts...
 {
     using Ts::operator()...;
 };
-template <class... Ts> Overloaded(Ts...) -> Overloaded<Ts...>;
-}
+template <class... Ts>
+Overloaded(Ts...) -> Overloaded<Ts...>;
+} // namespace
 
 void UndoJournal::start()
 {
     m_open = true;
     if (!m_undo.empty() && m_undo.back()->changes.empty())
         return;
-    m_undo.push_back(std::make_shared<Record>(Record { ++m_serial, m_stamp, m_stamp, {} }));
+    m_undo.push_back(std::make_shared<Record>(Record{++m_serial, m_stamp, m_stamp}));
 }
 
 bool UndoJournal::hasUndo() const
@@ -44,7 +46,7 @@ void UndoJournal::keepImage(OdDbObject& object)
         return;
     object.m_imageRecord = record.serial;
     if (auto image = object.captureImage())
-        record.changes.emplace_back(StateChange { object.objectId().slot(), std::move(image) });
+        record.changes.emplace_back(StateChange{object.objectId().slot(), std::move(image)});
 }
 
 void UndoJournal::erase(OdDbObject& object, bool erasing)
@@ -53,24 +55,27 @@ void UndoJournal::erase(OdDbObject& object, bool erasing)
     ObjectStore& store = m_database.store();
     if (store.has(slot, ObjectStore::kErased) == erasing)
         return;
-    writable().changes.emplace_back(ExistenceChange { slot, erasing, false });
+    writable().changes.emplace_back(ExistenceChange{slot, erasing, false});
     m_database.setErased(slot, erasing);
-    m_database.notify([&](OdDbDatabaseReactor& r) { r.objectErased(&m_database, &object, erasing); });
+    m_database.notify(
+        [&](OdDbDatabaseReactor& r) { r.objectErased(&m_database, &object, erasing); });
 }
 
 void UndoJournal::appended(quint32 slot)
 {
-    writable().changes.emplace_back(ExistenceChange { slot, false, true });
+    writable().changes.emplace_back(ExistenceChange{slot, false, true});
 }
 
 void UndoJournal::keepCurrent(const CurrentSettings& before)
 {
-    writable().changes.emplace_back(before);
+    Record& record = writable();
+    if (!std::exchange(record.hasCurrent, true))
+        record.changes.emplace_back(before);
 }
 
 void UndoJournal::keepHeader(const QString& name, int code, const QString& before, bool existed)
 {
-    writable().changes.emplace_back(HeaderChange { name, code, before, existed });
+    writable().changes.emplace_back(HeaderChange{name, code, before, existed});
 }
 
 bool UndoJournal::undo()
@@ -120,47 +125,49 @@ void UndoJournal::exchange(const std::shared_ptr<Record>& record, bool backwards
 
 void UndoJournal::exchange(Change& change)
 {
-    std::visit(Overloaded {
-                   [&](StateChange& c) {
-                       OdDbObject* object = m_database.openRaw(c.slot, OdDb::kForRead, true);
-                       object->m_imageRecord = 0;
-                       object->swapImage(*c.image);
-                       object->imageSwapped();
-                       --object->m_openCount;
-                   },
-                   [&](ExistenceChange& c) {
-                       m_database.setErased(c.slot, !c.exists);
-                       c.exists = !c.exists;
-                   },
-                   [&](CurrentSettings& c) { m_database.exchangeCurrent(c); },
-                   [&](HeaderChange& c) { m_database.exchangeHeader(c.name, c.code, c.value, c.exists); },
-               },
-               change);
+    std::visit(
+        Overloaded{
+            [&](StateChange& c) {
+                OdDbObject* object = m_database.openRaw(c.slot, OdDb::kForRead, true);
+                object->m_imageRecord = 0;
+                object->swapImage(*c.image);
+                object->imageSwapped();
+                --object->m_openCount;
+            },
+            [&](ExistenceChange& c) {
+                m_database.setErased(c.slot, !c.exists);
+                c.exists = !c.exists;
+            },
+            [&](CurrentSettings& c) { m_database.exchangeCurrent(c); },
+            [&](HeaderChange& c) { m_database.exchangeHeader(c.name, c.code, c.value, c.exists); },
+        },
+        change);
 }
 
 void UndoJournal::announce(const Change& change)
 {
     OdDbDatabase& db = m_database;
-    std::visit(Overloaded {
-                   [&](const StateChange& c) {
-                       const auto object = db.idOfSlot(c.slot).openObject(OdDb::kForRead, true);
-                       if (!object->isErased())
-                           db.notify([&](OdDbDatabaseReactor& r) { r.objectModified(&db, object.get()); });
-                   },
-                   [&](const ExistenceChange& c) {
-                       const auto object = db.idOfSlot(c.slot).openObject(OdDb::kForRead, true);
-                       const bool existsNow = !object->isErased();
-                       db.notify([&](OdDbDatabaseReactor& r) {
-                           if (existsNow)
-                               r.objectReAppended(&db, object.get());
-                           else if (c.isAppend)
-                               r.objectUnAppended(&db, object.get());
-                           else
-                               r.objectErased(&db, object.get(), true);
-                       });
-                   },
-                   [&](const CurrentSettings& c) { db.announceCurrent(c); },
-                   [&](const HeaderChange& c) { db.notifyHeader(c.name.mid(1)); },
-               },
-               change);
+    std::visit(
+        Overloaded{
+            [&](const StateChange& c) {
+                const auto object = db.idOfSlot(c.slot).openObject(OdDb::kForRead, true);
+                if (!object->isErased())
+                    db.notify([&](OdDbDatabaseReactor& r) { r.objectModified(&db, object.get()); });
+            },
+            [&](const ExistenceChange& c) {
+                const auto object = db.idOfSlot(c.slot).openObject(OdDb::kForRead, true);
+                const bool existsNow = !object->isErased();
+                db.notify([&](OdDbDatabaseReactor& r) {
+                    if (existsNow)
+                        r.objectReAppended(&db, object.get());
+                    else if (c.isAppend)
+                        r.objectUnAppended(&db, object.get());
+                    else
+                        r.objectErased(&db, object.get(), true);
+                });
+            },
+            [&](const CurrentSettings& c) { db.announceCurrent(c); },
+            [&](const HeaderChange& c) { db.notifyHeader(c.name.mid(1)); },
+        },
+        change);
 }

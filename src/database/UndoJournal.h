@@ -13,8 +13,7 @@ class UndoJournal
 public:
     explicit UndoJournal(OdDbDatabase& database)
         : m_database(database)
-    {
-    }
+    { }
 
     void start();
     void end() { m_open = false; }
@@ -64,7 +63,8 @@ private:
         quint64 serial;
         quint64 stampBefore;
         quint64 stampAfter;
-        std::vector<Change> changes;
+        std::vector<Change> changes = {};
+        bool hasCurrent = false; ///< a CurrentSettings is among the changes
     };
 
     Record& writable();

@@ -17,13 +17,12 @@ QString tr(const char* text)
     return QCoreApplication::translate("DxfWriter", text);
 }
 
-}
+} // namespace
 
 DxfWriter::DxfWriter(const DxfObjectSource& source, const OdDbDatabase& database)
     : m_source(source)
     , m_database(database)
-{
-}
+{ }
 
 DrawingPieces DxfWriter::run()
 {
@@ -61,8 +60,10 @@ void DxfWriter::refuseUnsavable(quint32 slot) const
     const bool erased = store.has(slot, ObjectStore::kErased);
     if (inFile == erased)
         throw OdError(OdResult::NotImplementedYet,
-                      erased ? tr("Erased objects cannot be saved yet (%1).").arg(QString::fromLatin1(store.typeName(slot)))
-                             : tr("The drawing lacks a record for \"%1\" that was changed; it cannot be saved yet.")
+                      erased ? tr("Erased objects cannot be saved yet (%1).")
+                                   .arg(QString::fromLatin1(store.typeName(slot)))
+                             : tr("The drawing lacks a record for \"%1\" that was changed; it "
+                                  "cannot be saved yet.")
                                    .arg(QString::fromLatin1(store.typeName(slot))));
 }
 
@@ -86,24 +87,29 @@ void DxfWriter::patchHeader()
         if (variable.value != variable.loadedValue && header.contains(variable.name))
             patchVariable(variable.name, m_source.text().encode(variable.value));
     }
-    const auto current = m_database.getCLAYER().openObject<OdDbLayerTableRecord>();
-    if (current && current->getName().compare(header.value(QStringLiteral("$CLAYER")), Qt::CaseInsensitive) != 0)
-        patchVariable(QStringLiteral("$CLAYER"), m_source.text().encode(current->getName()));
-    const int tileMode = m_database.getTILEMODE() ? 1 : 0;
-    if (header.intValue(QStringLiteral("$TILEMODE"), 1) != tileMode)
-        patchVariable(QStringLiteral("$TILEMODE"), QByteArray::number(tileMode));
+    const CurrentSettings& loaded = m_database.loadedCurrent();
+    const CurrentSettings& current = m_database.current();
+    if (current.layer != loaded.layer) {
+        const auto layer = m_database.getCLAYER().safeOpenObject<OdDbLayerTableRecord>();
+        patchVariable(QStringLiteral("$CLAYER"), m_source.text().encode(layer->getName()));
+    }
+    if (current.modelSpace != loaded.modelSpace)
+        patchVariable(QStringLiteral("$TILEMODE"), current.modelSpace ? "1" : "0");
 }
 
 void DxfWriter::patchVariable(const QString& name, const QByteArray& value)
 {
     const auto& all = m_database.header().all();
-    const auto it = std::find_if(all.begin(), all.end(), [&](const auto& v) { return v.name == name; });
+    const auto it =
+        std::find_if(all.begin(), all.end(), [&](const auto& v) { return v.name == name; });
     if (it == all.end() || it->valueEnd == 0)
         throw OdError(OdResult::NotImplementedYet,
-                      tr("The drawing has no header variable %1 to keep the change in; it cannot be saved yet.").arg(name));
+                      tr("The drawing has no header variable %1 to keep the change in; it cannot "
+                         "be saved yet.")
+                          .arg(name));
     const QByteArrayView old = m_source.image().view(it->valueBegin, it->valueEnd);
-    m_patches.push_back({ it->valueBegin, it->valueEnd,
-                          old.startsWith(' ') ? value.rightJustified(old.size()) : value });
+    m_patches.push_back({it->valueBegin, it->valueEnd,
+                         old.startsWith(' ') ? value.rightJustified(old.size()) : value});
     ++m_report.recordsChanged;
 }
 
