@@ -78,6 +78,12 @@ class CheckSources(unittest.TestCase):
                 self.assertBreach(f"{folder}/Bad.cpp:1: {folder} may not include {target}")
                 (self.root / folder / "Bad.cpp").unlink()
 
+    def test_one_part_of_a_folder_can_be_open_to_another(self):
+        self.plant("apps/layerman/List.cpp", '#include "host/text/Table.h"\n')
+        self.assertEqual(self.check().returncode, 0)
+        self.plant("apps/layerman/List.cpp", '#include "host/window/Table.h"\n')
+        self.assertBreach("apps/layerman/List.cpp:1: apps/layerman may not include host")
+
     def test_a_widget_in_the_core_is_found(self):
         self.plant("src/layermanager/layers/Rules.cpp", "#include <QTreeView>\n")
         self.assertBreach("src/layermanager/layers/Rules.cpp:1:#include <QTreeView>  (the core knows no widgets)")
