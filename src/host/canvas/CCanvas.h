@@ -1,0 +1,90 @@
+#pragma once
+
+#include "host/canvas/render/ViewTransform.h"
+
+#include <QHash>
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+
+class CanvasContents;
+class Crosshair;
+class FrameScheduler;
+class OdDbDatabase;
+class QKeyEvent;
+struct FrameRequest;
+
+/// The drawing on the screen: model space, or a sheet with its viewports, as the database says.
+/// Follows the database by itself. Pan by dragging with the middle button, or with the left one
+/// while Space is held; zoom by the wheel; double click the middle button to see everything. Arrow
+/// keys, +, - and Home do the same.
+class CCanvas : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit CCanvas(QWidget* parent = nullptr);
+    ~CCanvas() override;
+
+    /// Shows that database from its extents, or nothing. It must outlive its use here or say
+    /// goodbye.
+    void setDatabase(OdDbDatabase* database);
+    /// Reads the geometry again; the view stays.
+    void regen();
+    /// Shows everything that is visible, also when reading is still under way.
+    void zoomExtents();
+    /// "3 OLE2FRAME, 1 ACAD_TABLE not drawn", or empty when everything in the current space is
+    /// drawn.
+    QString undrawnSummary() const;
+
+    const ViewTransform& view() const { return m_view; }
+    void setView(const ViewTransform& view);
+    /// Completes reading and painting before it returns, for pictures and tests.
+    void completeNow(bool smooth = false);
+    const CanvasContents& contents() const { return *m_contents; }
+
+signals:
+    /// The cursor is over that point of the model or the sheet.
+    void cursorMoved(QPointF worldPoint);
+    /// A space was read and is shown: undrawnSummary() answers for it.
+    void spaceShown();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    void showSpace();
+    void contentsChanged();
+    void applyView(const ViewTransform& view);
+    void moveCrosshair(QPointF to);
+    void setPanning(Qt::MouseButton button, QPointF at);
+    bool navigateByKey(const QKeyEvent& event);
+    void updatePointer();
+    bool isDark() const;
+    std::optional<FrameRequest> frameRequest(const ViewTransform& view, bool isSmooth);
+    void paintFrame(QPainter& painter) const;
+    void paintActiveViewport(QPainter& painter) const;
+    void paintProgress(QPainter& painter) const;
+
+    std::unique_ptr<CanvasContents> m_contents;
+    std::unique_ptr<FrameScheduler> m_frames;
+    std::unique_ptr<Crosshair> m_crosshair;
+    ViewTransform m_view;
+    QHash<quint32, ViewTransform> m_viewsBySpace;
+    quint32 m_shownSpace = 0xFFFFFFFFu;
+    bool m_fitWhenReady = false;
+    bool m_isSpaceHeld = false;
+    Qt::MouseButton m_panButton = Qt::NoButton;
+    QPointF m_panFrom;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "database/OdDbDatabaseReactor.h"
+
+#include <QObject>
+
+class OdDbDatabase;
+
+/// Follows a database and says what of it concerns a picture. Lets go of the database when it is
+/// destroyed, and when the database says goodbye.
+class DatabaseWatcher : public QObject, private OdDbDatabaseReactor
+{
+    Q_OBJECT
+public:
+    explicit DatabaseWatcher(OdDbDatabase& database, QObject* parent = nullptr);
+    ~DatabaseWatcher() override;
+
+signals:
+    void layerChanged(quint32 slot);
+    void viewportChanged(quint32 slot);
+    void entityErased(quint32 slot, bool erased);
+    /// Entities came or changed: geometry has to be read again.
+    void geometryChanged();
+    /// Another space is current.
+    void spaceChanged();
+    void activeViewportChanged();
+    void databaseGone();
+
+private:
+    void objectAppended(const OdDbDatabase*, const OdDbObject* object) override;
+    void objectUnAppended(const OdDbDatabase*, const OdDbObject* object) override;
+    void objectReAppended(const OdDbDatabase*, const OdDbObject* object) override;
+    void objectModified(const OdDbDatabase*, const OdDbObject* object) override;
+    void objectErased(const OdDbDatabase*, const OdDbObject* object, bool erased) override;
+    void headerSysVarChanged(const OdDbDatabase*, const QString& name) override;
+    void goodbye(const OdDbDatabase*) override;
+
+    OdDbDatabase* m_database;
+};

@@ -1,0 +1,99 @@
+#include "host/canvas/entities/GeometrySink.h"
+
+#include <algorithm>
+
+void GeometrySink::begin(Style style, quint32 owner)
+{
+    m_style = style;
+    m_owner = owner;
+    m_group = nullptr;
+    m_drawn = false;
+    m_rejected = false;
+    m_fillBegin = m_list.contourCount();
+    m_fillBox = {};
+}
+
+bool GeometrySink::accept(bool sane)
+{
+    (sane ? m_drawn : m_rejected) = true;
+    return sane;
+}
+
+void GeometrySink::line(Vec2 from, Vec2 to)
+{
+    if (!accept(isSane(from) && isSane(to)))
+        return;
+    if (!m_group)
+        m_group = &m_list.group(m_style);
+    const Segment segment{local(from), local(to)};
+    m_group->segments.append(segment, segment.box(), m_owner);
+}
+
+void GeometrySink::polyline(std::span<const Vec2> points, bool closed)
+{
+    for (std::size_t i = 1; i < points.size(); ++i)
+        line(points[i - 1], points[i]);
+    if (closed && points.size() > 2)
+        line(points.back(), points.front());
+}
+
+void GeometrySink::arc(const CurveArc& arc)
+{
+    if (!accept(arc.isSane()))
+        return;
+    if (!m_group)
+        m_group = &m_list.group(m_style);
+    CurveArc moved = arc;
+    moved.centre = local(arc.centre);
+    m_group->arcs.append(moved, moved.box(), m_owner);
+}
+
+void GeometrySink::fill(std::span<const Vec2> contour)
+{
+    fillContour(contour);
+    closeFill();
+}
+
+void GeometrySink::fillContour(std::span<const Vec2> contour)
+{
+    if (contour.size() < 3 || !accept(std::all_of(contour.begin(), contour.end(), isSane)))
+        return;
+    m_localPoints.clear();
+    for (const Vec2 p : contour) {
+        m_localPoints.push_back(local(p));
+        m_fillBox.add(m_localPoints.back());
+    }
+    m_list.addContour(m_localPoints);
+}
+
+void GeometrySink::closeFill()
+{
+    const quint32 end = m_list.contourCount();
+    if (end > m_fillBegin)
+        m_list.addFill({m_style, m_fillBegin, end, m_fillBox}, m_owner);
+    m_fillBegin = end;
+    m_fillBox = {};
+}
+
+void GeometrySink::text(TextItem item, const Box2& box)
+{
+    if (!accept(isSane(item.position) && isSane(item.along) && isSane(item.up)))
+        return;
+    item.style = m_style;
+    item.position = local(item.position);
+    item.bounds = Affine2{item.along, item.up, item.position, {}}.mapBox(box);
+    m_list.addText(item, m_owner);
+}
+
+void GeometrySink::instance(BlockInstance instance)
+{
+    const Affine2& placement = instance.placement;
+    if (!accept(isSane(placement.t) && isSane(placement.ax) && isSane(placement.ay)
+                && isSane(instance.columnStep) && isSane(instance.rowStep)))
+    {
+        return;
+    }
+    instance.style = m_style;
+    instance.placement.t = local(placement.t);
+    m_list.addInstance(instance, m_owner);
+}

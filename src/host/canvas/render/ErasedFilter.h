@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <set>
+
+/// Entities that are erased at the moment. Their geometry stays, for they may come back.
+class ErasedFilter
+{
+public:
+    void set(quint32 slot, bool erased)
+    {
+        if (erased)
+            m_slots.insert(slot);
+        else
+            m_slots.erase(slot);
+    }
+    bool isErased(quint32 slot) const { return m_slots.contains(slot); }
+    /// Whether any slot of [first, last] is erased.
+    bool touches(quint32 first, quint32 last) const
+    {
+        const auto next = m_slots.lower_bound(first);
+        return next != m_slots.end() && *next <= last;
+    }
+    template <class Chunk>
+    bool touches(const Chunk& chunk) const
+    {
+        return touches(chunk.firstOwner, chunk.lastOwner);
+    }
+
+private:
+    std::set<quint32> m_slots;
+};

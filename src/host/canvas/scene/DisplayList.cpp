@@ -1,0 +1,57 @@
+#include "host/canvas/scene/DisplayList.h"
+
+namespace {
+
+template <class Item>
+Box2 boxOf(const ChunkedList<Item>& list)
+{
+    Box2 box;
+    for (const auto& chunk : list.chunks())
+        box.add(chunk.box);
+    return box;
+}
+
+} // namespace
+
+DisplayList::StrokeGroup& DisplayList::group(Style style)
+{
+    const auto known = m_groupIndex.constFind(style.key());
+    if (known != m_groupIndex.cend())
+        return m_groups[known.value()];
+    m_groupIndex.insert(style.key(), static_cast<quint32>(m_groups.size()));
+    m_groups.push_back({style, {}, {}});
+    return m_groups.back();
+}
+
+void DisplayList::addFill(const FillItem& fill, quint32 owner)
+{
+    m_fills.append(fill, fill.bounds, owner);
+}
+
+void DisplayList::addContour(std::span<const Vec2> points)
+{
+    m_fillPoints.insert(m_fillPoints.end(), points.begin(), points.end());
+    m_contourEnds.push_back(static_cast<quint32>(m_fillPoints.size()));
+}
+
+std::span<const Vec2> DisplayList::contour(quint32 index) const
+{
+    const quint32 begin = index == 0 ? 0 : m_contourEnds[index - 1];
+    return std::span(m_fillPoints).subspan(begin, m_contourEnds[index] - begin);
+}
+
+DisplayList::Totals DisplayList::ownTotals() const
+{
+    Totals totals;
+    for (const StrokeGroup& group : m_groups) {
+        totals.box.add(boxOf(group.segments));
+        totals.box.add(boxOf(group.arcs));
+        totals.items += group.segments.size() + group.arcs.size();
+    }
+    totals.box.add(boxOf(m_fills));
+    totals.box.add(boxOf(m_texts));
+    totals.items += m_fills.size() + m_texts.size();
+    totals.hasFills = !m_fills.isEmpty();
+    totals.hasTexts = !m_texts.isEmpty();
+    return totals;
+}

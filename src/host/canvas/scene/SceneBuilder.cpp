@@ -1,0 +1,166 @@
+#include "host/canvas/scene/SceneBuilder.h"
+
+#include "database/GroupCursor.h"
+#include "database/ObjectStore.h"
+#include "database/OdCmColor.h"
+#include "database/OdDbBlockTableRecord.h"
+#include "database/OdDbDatabase.h"
+#include "host/canvas/scene/Scene.h"
+#include "host/canvas/scene/SceneLinker.h"
+
+namespace {
+
+constexpr int kEntitiesBetweenLooksAtTheClock = 64;
+
+quint64 slotsIn(const std::vector<EntityRun>& runs)
+{
+    quint64 count = 0;
+    for (const EntityRun& run : runs)
+        count += run.end - run.first;
+    return count;
+}
+
+} // namespace
+
+SceneBuilder::SceneBuilder(const OdDbDatabase& database, Scene& scene)
+    : m_database(database)
+    , m_store(database.store())
+    , m_scene(scene)
+    , m_cursor(database.makeCursor())
+{
+    if (!m_cursor)
+        return;
+    m_textStyles = std::make_unique<TextStyles>(database, *m_cursor);
+    m_tessellator = std::make_unique<EntityTessellator>(
+        EntityTessellator::Services{*m_cursor, m_store, scene, *this});
+}
+
+SceneBuilder::~SceneBuilder() = default;
+
+void SceneBuilder::require(OdDbObjectId block)
+{
+    if (!block.isNull() && m_scene.find(block.slot()) == kNoIndex)
+        enqueue(block);
+}
+
+quint32 SceneBuilder::enqueue(OdDbObjectId id)
+{
+    const auto record = id.openObject<OdDbBlockTableRecord>();
+    if (!record)
+        return kNoIndex;
+    const Vec2 base = record->isLayout() ? Vec2{} : Vec2{record->origin()[0], record->origin()[1]};
+    const quint32 block = m_scene.add(id.slot(), isSane(base) ? base : Vec2{});
+    m_queue.push_back(block);
+    m_knownSlots += slotsIn(record->entityRuns());
+    return block;
+}
+
+quint32 SceneBuilder::blockByName(const QString& name)
+{
+    const auto known = m_blocksByName.constFind(name);
+    if (known != m_blocksByName.cend())
+        return known.value();
+    const OdDbObjectId id = m_database.table(OdDbTableKind::Block).getAt(name);
+    quint32 block = kNoIndex;
+    if (!id.isNull()) {
+        block = m_scene.find(id.slot());
+        if (block == kNoIndex)
+            block = enqueue(id);
+    }
+    m_blocksByName.insert(name, block);
+    return block;
+}
+
+Vec2 SceneBuilder::basePoint(quint32 block) const
+{
+    return m_scene.block(block).basePoint();
+}
+
+Style SceneBuilder::styleOf(quint32 slot, const EntityFields& fields)
+{
+    enum { kColourIndex = 62, kTrueColour = 420, kByBlockIndex = 0, kByLayerIndex = 256 };
+    constexpr quint32 kRgbMask = 0xFFFFFF;
+    const quint32 layer = m_store.layer(slot);
+    Style style{layer == ObjectStore::kNone ? 0 : m_scene.layerIndex(layer), 0};
+    if (fields.has(kTrueColour)) {
+        const auto rgb = static_cast<quint32>(fields.integer(kTrueColour)) & kRgbMask;
+        style.colour = (quint32(OdCmColor::kByColor) << 24) | rgb;
+        return style;
+    }
+    const int index = std::abs(fields.integer(kColourIndex, kByLayerIndex));
+    const auto method = index == kByBlockIndex ? OdCmColor::kByBlock
+        : index >= kByLayerIndex               ? OdCmColor::kByLayer
+                                               : OdCmColor::kByACI;
+    style.colour = (quint32(method) << 24);
+    if (method == OdCmColor::kByACI)
+        style.colour |= static_cast<quint32>(index);
+    return style;
+}
+
+bool SceneBuilder::step(QDeadlineTimer until)
+{
+    if (!m_cursor)
+        return true;
+    do {
+        if (!readSome()) {
+            SceneLinker(m_scene).link();
+            return true;
+        }
+    } while (!until.hasExpired());
+    return false;
+}
+
+bool SceneBuilder::readSome()
+{
+    for (int i = 0; i < kEntitiesBetweenLooksAtTheClock; ++i) {
+        while (m_run < m_runs.size() && m_slot >= m_runs[m_run].end) {
+            if (++m_run < m_runs.size())
+                m_slot = m_runs[m_run].first;
+        }
+        if (m_run >= m_runs.size())
+            return nextBlock();
+        ++m_doneSlots;
+        visit(m_slot++);
+    }
+    return true;
+}
+
+bool SceneBuilder::nextBlock()
+{
+    if (m_next >= m_queue.size())
+        return false;
+    m_block = m_queue[m_next++];
+    const OdDbObjectId id = m_database.idOfSlot(m_scene.block(m_block).slot());
+    const auto record = id.openObject<OdDbBlockTableRecord>();
+    m_runs = record ? record->entityRuns() : std::vector<EntityRun>();
+    m_run = 0;
+    m_slot = m_runs.empty() ? 0 : m_runs.front().first;
+    m_space = {};
+    m_space.isLayout = id == m_database.getModelSpaceId() || (record && record->isLayout());
+    if (!m_space.isLayout)
+        return true;
+    const std::vector<OdDbObjectId> viewports = m_database.viewportsOf(id);
+    if (!viewports.empty())
+        m_space.overallViewport = viewports.front().slot();
+    return true;
+}
+
+void SceneBuilder::visit(quint32 slot)
+{
+    DisplayList& list = m_scene.block(m_block);
+    const bool isOwn = m_store.owner(slot) == list.slot();
+    const bool isDrawable = m_store.has(slot, ObjectStore::kEntity)
+        && !m_store.has(slot, ObjectStore::kSubEntity)
+        && !m_store.has(slot, ObjectStore::kSynthetic);
+    if (!isOwn || !isDrawable)
+        return;
+    if (m_store.has(slot, ObjectStore::kErased))
+        m_erased.push_back(slot);
+    m_tessellator->draw(slot, list, m_space);
+}
+
+double SceneBuilder::progress() const
+{
+    return m_knownSlots == 0 ? 1.0
+                             : static_cast<double>(m_doneSlots) / static_cast<double>(m_knownSlots);
+}

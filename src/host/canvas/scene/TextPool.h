@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+#include <vector>
+
+/// How a piece of text is set; lengths in heights of a capital letter.
+struct TextSpec
+{
+    enum class Horizontal : quint8 { Left, Centre, Right, Fit, Aligned };
+    enum class Vertical : quint8 { Baseline, Bottom, Middle, Top };
+
+    QString text; ///< lines separated by '\n'
+    QString font; ///< family, empty: the default
+    Horizontal horizontal = Horizontal::Left;
+    Vertical vertical = Vertical::Baseline;
+    double width =
+        0; ///< Fit and Aligned: between the two points; else where lines wrap, 0: nowhere
+    double lineStep = 5.0 / 3;
+
+    friend bool operator==(const TextSpec&, const TextSpec&) = default;
+};
+
+inline size_t qHash(const TextSpec& spec, size_t seed = 0)
+{
+    return qHashMulti(seed, spec.text, spec.font, static_cast<int>(spec.horizontal),
+                      static_cast<int>(spec.vertical), spec.width, spec.lineStep);
+}
+
+/// The different texts of a scene; many entities show the same few.
+class TextPool
+{
+public:
+    quint32 intern(const TextSpec& spec)
+    {
+        const auto known = m_index.constFind(spec);
+        if (known != m_index.cend())
+            return known.value();
+        const auto index = static_cast<quint32>(m_specs.size());
+        m_index.insert(spec, index);
+        m_specs.push_back(spec);
+        return index;
+    }
+    const TextSpec& operator[](quint32 index) const { return m_specs[index]; }
+    std::size_t size() const { return m_specs.size(); }
+
+private:
+    std::vector<TextSpec> m_specs;
+    QHash<TextSpec, quint32> m_index;
+};

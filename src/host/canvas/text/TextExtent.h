@@ -1,0 +1,11 @@
+#pragma once
+
+#include "host/canvas/geometry/Box2.h"
+#include "host/canvas/scene/TextPool.h"
+
+/// Estimated extents of a text in heights of a capital letter, relative to its alignment point.
+/// Good enough to skip what is out of sight; no font is asked.
+Box2 estimatedExtent(const TextSpec& spec);
+
+/// Left edge, and baseline of the first line, of a block of text from its measures and alignment.
+Vec2 blockStart(const TextSpec& spec, double width, int lines);
