@@ -9,8 +9,8 @@
 #include <memory>
 #include <vector>
 
-/// A drawing file as a sequence of byte runs: long stretches of the image it was read from, with new
-/// bytes between. The views stay valid as long as this object and the image live.
+/// A drawing file as a sequence of byte runs: long stretches of the image it was read from, with
+/// new bytes between. The views stay valid as long as this object and the image live.
 struct DrawingPieces
 {
     std::vector<QByteArrayView> parts;

@@ -24,17 +24,22 @@ QString tr(const char* text)
 const DrawingCodec& codecFor(const FileImage& image)
 {
     static const DxfCodec dxf;
-    static const std::array<const DrawingCodec*, 1> codecs = { &dxf };
-    const auto head = image.view(0, std::min<quint64>(image.size(), 4096));
-    const auto found = std::find_if(codecs.begin(), codecs.end(),
-                                    [&](const DrawingCodec* codec) { return codec->recognises(head); });
+    static const std::array<const DrawingCodec*, 1> codecs = {&dxf};
+    constexpr quint64 kHead = 4096;
+    image.waitFor(kHead);
+    const auto head = image.view(0, std::min(image.size(), kHead));
+    const auto found = std::find_if(codecs.begin(), codecs.end(), [&](const DrawingCodec* codec) {
+        return codec->recognises(head);
+    });
     if (found == codecs.end())
         throw OdError_InvalidDrawing(
-            image.name(), 1, tr("this is no DXF drawing; expected group 0 with SECTION, or a comment (group 999)."));
+            image.name(), 1,
+            tr("this is no DXF drawing; expected group 0 with SECTION, or a comment (group 999)."));
     return **found;
 }
 
-std::unique_ptr<OdDbDatabase> readImage(std::shared_ptr<const FileImage> image, const IoProgress& progress)
+std::unique_ptr<OdDbDatabase> readImage(std::shared_ptr<const FileImage> image,
+                                        const IoProgress& progress)
 {
     const DrawingCodec& codec = codecFor(*image);
     return codec.read(std::move(image), progress);
@@ -44,7 +49,8 @@ DrawingPieces piecesOf(const OdDbDatabase& database)
 {
     const auto* source = dynamic_cast<const DrawingSource*>(database.source());
     if (!source)
-        throw OdError_FileAccess(OdResult::CantWriteFile, tr("The drawing was made without a file format to write."));
+        throw OdError_FileAccess(OdResult::CantWriteFile,
+                                 tr("The drawing was made without a file format to write."));
     return source->write(database);
 }
 
@@ -86,13 +92,15 @@ private:
     {
         if (m_file.write(bytes.data(), bytes.size()) != bytes.size())
             throw OdError_FileAccess(OdResult::CantWriteFile,
-                                     tr("%1 cannot be written: %2. The file is as it was.").arg(m_path, m_file.errorString()));
+                                     tr("%1 cannot be written: %2. The file is as it was.")
+                                         .arg(m_path, m_file.errorString()));
         m_done += static_cast<quint64>(bytes.size());
         if (m_done < m_nextReport)
             return;
         m_nextReport = m_done + kReportStep;
         if (m_progress && !m_progress(m_done, m_total))
-            throw OdError(OdResult::Cancelled, tr("Saving %1 was cancelled. The file is as it was.").arg(m_path));
+            throw OdError(OdResult::Cancelled,
+                          tr("Saving %1 was cancelled. The file is as it was.").arg(m_path));
     }
 
     QSaveFile& m_file;
@@ -104,7 +112,7 @@ private:
     quint64 m_nextReport = 0;
 };
 
-}
+} // namespace
 
 quint64 DrawingPieces::size() const
 {
@@ -117,9 +125,10 @@ quint64 DrawingPieces::size() const
 std::unique_ptr<OdDbDatabase> readDrawing(const QString& path, const IoProgress& progress)
 {
     try {
-        return readImage(FileImage::load(path, progress), progress);
+        return readImage(FileImage::load(path), progress);
     } catch (const std::bad_alloc&) {
-        throw OdError_FileAccess(OdResult::CantOpenFile, tr("%1 needs more memory than there is.").arg(path));
+        throw OdError_FileAccess(OdResult::CantOpenFile,
+                                 tr("%1 needs more memory than there is.").arg(path));
     }
 }
 
@@ -128,22 +137,26 @@ std::unique_ptr<OdDbDatabase> readDrawing(const QByteArray& bytes, const QString
     return readImage(FileImage::copyOf(bytes, name), {});
 }
 
-SaveReport writeDrawing(const OdDbDatabase& database, const QString& path, const IoProgress& progress)
+SaveReport writeDrawing(const OdDbDatabase& database, const QString& path,
+                        const IoProgress& progress)
 {
     if (QFileInfo(path).isDir())
-        throw OdError_FileAccess(OdResult::CantWriteFile, tr("%1 is a folder; expected a file name.").arg(path));
+        throw OdError_FileAccess(OdResult::CantWriteFile,
+                                 tr("%1 is a folder; expected a file name.").arg(path));
     DrawingPieces pieces = piecesOf(database);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw OdError_FileAccess(OdResult::CantWriteFile,
-                                 tr("%1 cannot be written: %2. The file is as it was.").arg(path, file.errorString()));
+        throw OdError_FileAccess(
+            OdResult::CantWriteFile,
+            tr("%1 cannot be written: %2. The file is as it was.").arg(path, file.errorString()));
     PieceWriter writer(file, path, pieces.size(), progress);
     for (const QByteArrayView part : pieces.parts)
         writer.add(part);
     writer.flush();
     if (!file.commit())
-        throw OdError_FileAccess(OdResult::CantWriteFile,
-                                 tr("%1 cannot be written: %2. The file is as it was.").arg(path, file.errorString()));
+        throw OdError_FileAccess(
+            OdResult::CantWriteFile,
+            tr("%1 cannot be written: %2. The file is as it was.").arg(path, file.errorString()));
     pieces.report.bytes = pieces.size();
     return pieces.report;
 }

@@ -19,13 +19,15 @@ struct SaveReport
     quint64 recordsIdentical = 0;
 };
 
-/// Reads a drawing with the codec that recognises its first bytes. Raises OdError_FileAccess (cannot be
-/// opened, is a directory, is empty, no known format) or OdError_InvalidDrawing (with line and expectation).
+/// Reads a drawing with the codec that recognises its first bytes. Raises OdError_FileAccess
+/// (cannot be opened, is a directory, is empty, no known format) or OdError_InvalidDrawing (with
+/// line and expectation).
 std::unique_ptr<OdDbDatabase> readDrawing(const QString& path, const IoProgress& progress = {});
 
 /// Writes atomically: a temporary file in the same folder, synced, then renamed over `path`. On any
 /// failure the file at `path` is as it was. Raises OdError_FileAccess.
-SaveReport writeDrawing(const OdDbDatabase& database, const QString& path, const IoProgress& progress = {});
+SaveReport writeDrawing(const OdDbDatabase& database, const QString& path,
+                        const IoProgress& progress = {});
 
 /// Reads a drawing from memory; `name` stands for the file in error sentences.
 std::unique_ptr<OdDbDatabase> readDrawing(const QByteArray& bytes, const QString& name);

@@ -25,20 +25,21 @@ struct TableName
     RecordType record;
 };
 constexpr TableName kTables[] = {
-    { "LAYER", OdDbTableKind::Layer, RecordType::Layer },
-    { "LTYPE", OdDbTableKind::Linetype, RecordType::Ltype },
-    { "BLOCK_RECORD", OdDbTableKind::Block, RecordType::BlockRecord },
-    { "STYLE", OdDbTableKind::Style, RecordType::Style },
-    { "DIMSTYLE", OdDbTableKind::DimStyle, RecordType::DimStyle },
-    { "VIEW", OdDbTableKind::View, RecordType::View },
-    { "VPORT", OdDbTableKind::Viewport, RecordType::VPort },
-    { "APPID", OdDbTableKind::RegApp, RecordType::AppId },
-    { "UCS", OdDbTableKind::Ucs, RecordType::Ucs },
+    {"LAYER", OdDbTableKind::Layer, RecordType::Layer},
+    {"LTYPE", OdDbTableKind::Linetype, RecordType::Ltype},
+    {"BLOCK_RECORD", OdDbTableKind::Block, RecordType::BlockRecord},
+    {"STYLE", OdDbTableKind::Style, RecordType::Style},
+    {"DIMSTYLE", OdDbTableKind::DimStyle, RecordType::DimStyle},
+    {"VIEW", OdDbTableKind::View, RecordType::View},
+    {"VPORT", OdDbTableKind::Viewport, RecordType::VPort},
+    {"APPID", OdDbTableKind::RegApp, RecordType::AppId},
+    {"UCS", OdDbTableKind::Ucs, RecordType::Ucs},
 };
 
 const TableName* tableOf(OdDbTableKind kind)
 {
-    return std::find_if(std::begin(kTables), std::end(kTables), [&](const TableName& t) { return t.kind == kind; });
+    return std::find_if(std::begin(kTables), std::end(kTables),
+                        [&](const TableName& t) { return t.kind == kind; });
 }
 
 QString tr(const char* text)
@@ -68,16 +69,16 @@ void readDefinition(GroupCursor& groups, BlockState& state)
     }
 }
 
-}
+} // namespace
 
-DxfAssembler::DxfAssembler(const FileImage& image, OdDbDatabase& database, const DxfIndex& index, const DxfText& text)
+DxfAssembler::DxfAssembler(const FileImage& image, OdDbDatabase& database, const DxfIndex& index,
+                           const DxfText& text)
     : m_image(image)
     , m_database(database)
     , m_store(database.store())
     , m_index(index)
     , m_text(text)
-{
-}
+{ }
 
 void DxfAssembler::run()
 {
@@ -88,7 +89,8 @@ void DxfAssembler::run()
     owners();
     missingLayers();
     blocks();
-    if (m_index.firstObject != ObjectStore::kNone && m_store.type(m_index.firstObject) == RecordType::Dictionary)
+    if (m_index.firstObject != ObjectStore::kNone
+        && m_store.type(m_index.firstObject) == RecordType::Dictionary)
         m_database.setRoots(m_database.idOfSlot(m_index.firstObject));
     checkOwnerCycles();
     currentSettings();
@@ -98,14 +100,15 @@ void DxfAssembler::note(quint64 offset, const QString& sentence)
 {
     if (++m_notes > kMostNotes)
         return;
-    m_database.loadNotes().append(m_notes == kMostNotes
-                                      ? tr("There are more faults of this kind.")
-                                      : tr("Line %1: %2").arg(m_image.lineAt(offset)).arg(sentence));
+    m_database.loadNotes().append(
+        m_notes == kMostNotes ? tr("There are more faults of this kind.")
+                              : tr("Line %1: %2").arg(m_image.lineAt(offset)).arg(sentence));
 }
 
 QByteArray DxfAssembler::folded(QByteArrayView name) const
 {
-    const bool plain = std::all_of(name.begin(), name.end(), [](char c) { return c > 0 && c != '\\' && c != '^'; });
+    const bool plain = std::all_of(name.begin(), name.end(),
+                                   [](char c) { return c > 0 && c != '\\' && c != '^'; });
     QByteArray key;
     if (plain)
         NameIndex::foldUtf8(name, key);
@@ -155,7 +158,8 @@ void DxfAssembler::tables()
             else
                 note(m_store.begin(record.slot),
                      tr("a record of type %1 stands in the %2 table.")
-                         .arg(QString::fromLatin1(m_store.typeName(record.slot)), QLatin1String(known->name)));
+                         .arg(QString::fromLatin1(m_store.typeName(record.slot)),
+                              QLatin1String(known->name)));
         }
     }
 }
@@ -165,7 +169,8 @@ void DxfAssembler::addRecord(OdDbTableKind kind, quint32 slot, QByteArrayView na
     OdDbSymbolTable& table = m_database.table(kind);
     const QByteArray key = folded(name);
     if (kind == OdDbTableKind::Layer && table.names().find(key) != NameIndex::kNotFound)
-        note(m_store.begin(slot), tr("layer \"%1\" is defined a second time.").arg(m_text.decode(name)));
+        note(m_store.begin(slot),
+             tr("layer \"%1\" is defined a second time.").arg(m_text.decode(name)));
     table.appendRecord(slot, key);
     m_store.setOwner(slot, table.objectId().slot());
 }
@@ -178,7 +183,8 @@ quint32 DxfAssembler::makeRecord(OdDbTableKind kind, const QString& name)
     if (kind == OdDbTableKind::Layer) {
         const auto layer = id.openObject<OdDbLayerTableRecord>();
         layer->stateForLoading().name = name;
-        layer->stateForLoading().linetype = m_database.table(OdDbTableKind::Linetype).getAt(QStringLiteral("Continuous"));
+        layer->stateForLoading().linetype =
+            m_database.table(OdDbTableKind::Linetype).getAt(QStringLiteral("Continuous"));
     } else if (kind == OdDbTableKind::Linetype) {
         id.openObject<OdDbLinetypeTableRecord>()->stateForLoading().name = name;
     } else {
@@ -207,7 +213,8 @@ void DxfAssembler::handles()
     for (const quint32 slot : m_store.indexHandles())
         note(m_store.begin(slot),
              tr("handle %1 is used a second time, by a %2.")
-                 .arg(QString::number(m_store.handle(slot), 16).toUpper(), QString::fromLatin1(m_store.typeName(slot))));
+                 .arg(QString::number(m_store.handle(slot), 16).toUpper(),
+                      QString::fromLatin1(m_store.typeName(slot))));
 }
 
 void DxfAssembler::owners()
@@ -235,7 +242,9 @@ void DxfAssembler::checkOwnerCycles()
         }
         if (at == ObjectStore::kNone || seen[at] != start + 1)
             continue;
-        note(m_store.begin(at), tr("the owners of this %1 form a circle.").arg(QString::fromLatin1(m_store.typeName(at))));
+        note(m_store.begin(at),
+             tr("the owners of this %1 form a circle.")
+                 .arg(QString::fromLatin1(m_store.typeName(at))));
         m_store.setOwner(at, ObjectStore::kNone);
     }
 }
@@ -291,12 +300,12 @@ void DxfAssembler::blocks()
         m_store.setOwner(block.slot, owner);
         ownEntities(block.firstEntity, block.endEntity, owner);
         const auto record = m_database.idOfSlot(owner).openObject<OdDbBlockTableRecord>();
-        record->addRun({ block.firstEntity, block.endEntity });
+        record->addRun({block.firstEntity, block.endEntity});
         record->setBlockSlot(block.slot);
         cursor->open(block.slot);
         readDefinition(*cursor, record->stateForLoading());
     }
-    for (const QString& space : { QStringLiteral("*Model_Space"), QStringLiteral("*Paper_Space") }) {
+    for (const QString& space : {QStringLiteral("*Model_Space"), QStringLiteral("*Paper_Space")}) {
         if (!table.has(space))
             makeRecord(OdDbTableKind::Block, space);
     }
@@ -305,7 +314,7 @@ void DxfAssembler::blocks()
     ownEntities(m_index.firstEntity, m_index.endEntity, model.slot());
     for (const quint32 slot : m_index.paperEntities)
         m_store.setOwner(slot, paper.slot());
-    const EntityRun run { m_index.firstEntity, m_index.endEntity };
+    const EntityRun run{m_index.firstEntity, m_index.endEntity};
     model.openObject<OdDbBlockTableRecord>()->addRun(run);
     paper.openObject<OdDbBlockTableRecord>()->addRun(run);
 }
@@ -314,7 +323,8 @@ void DxfAssembler::currentSettings()
 {
     CurrentSettings current;
     const HeaderVariables& header = m_database.header();
-    current.layer = m_database.layerTable().getAt(header.value(QStringLiteral("$CLAYER"), QStringLiteral("0")));
+    current.layer =
+        m_database.layerTable().getAt(header.value(QStringLiteral("$CLAYER"), QStringLiteral("0")));
     if (current.layer.isNull())
         current.layer = m_database.getLayerZeroId();
     current.modelSpace = header.intValue(QStringLiteral("$TILEMODE"), 1) != 0;

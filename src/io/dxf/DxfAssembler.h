@@ -12,7 +12,8 @@ class OdDbDatabase;
 class DxfAssembler
 {
 public:
-    DxfAssembler(const FileImage& image, OdDbDatabase& database, const DxfIndex& index, const DxfText& text);
+    DxfAssembler(const FileImage& image, OdDbDatabase& database, const DxfIndex& index,
+                 const DxfText& text);
     void run();
 
 private:

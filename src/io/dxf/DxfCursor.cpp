@@ -9,7 +9,8 @@ void DxfCursor::open(quint32 slot)
         m_scan = PairScanner(m_image->end(), m_image->end());
         return;
     }
-    m_scan = PairScanner(m_image->begin() + m_store.begin(slot), m_image->begin() + m_store.end(slot));
+    m_scan =
+        PairScanner(m_image->begin() + m_store.begin(slot), m_image->begin() + m_store.end(slot));
     m_scan.next(); // the type name
 }
 

@@ -15,8 +15,7 @@ public:
         , m_store(store)
         , m_text(text)
         , m_scan(m_image->begin(), m_image->begin())
-    {
-    }
+    { }
 
     void open(quint32 slot) override;
     bool next() override

@@ -30,20 +30,22 @@ QString shown(QByteArrayView bytes)
     return text;
 }
 
-}
+} // namespace
 
 DxfIndexer::DxfIndexer(const FileImage& image, ObjectStore& store, const IoProgress& progress)
     : m_image(image)
     , m_store(store)
     , m_progress(progress)
-    , m_scan(image.begin(), image.end())
+    , m_scan((image.waitFor(PairScanner::kReach), image.begin()), image.end())
+    , m_ready(image.begin())
 {
     m_store.reserve(image.size() / kBytesPerRecord + 64);
 }
 
 void DxfIndexer::fail(const char* at, const QString& found) const
 {
-    throw OdError_InvalidDrawing(m_image.name(), m_image.lineAt(static_cast<quint64>(at - m_image.begin())), found);
+    throw OdError_InvalidDrawing(m_image.name(),
+                                 m_image.lineAt(static_cast<quint64>(at - m_image.begin())), found);
 }
 
 void DxfIndexer::failAtEnd() const
@@ -53,11 +55,10 @@ void DxfIndexer::failAtEnd() const
 
 void DxfIndexer::checkCode() const
 {
-    if (m_scan.code() >= PairScanner::kLowestCode)
-        return;
     const QByteArrayView line(m_scan.begin(), std::max(m_scan.begin(), m_scan.valueBegin() - 1));
     if (m_scan.code() == PairScanner::kLongLine)
-        fail(m_scan.begin(), tr("a line is longer than %1 MB.").arg(PairScanner::kLongestLine >> 20));
+        fail(m_scan.begin(),
+             tr("a line is longer than %1 MB.").arg(PairScanner::kLongestLine >> 20));
     if (m_scan.code() == PairScanner::kNoValue)
         failAtEnd();
     fail(m_scan.begin(),
@@ -67,15 +68,12 @@ void DxfIndexer::checkCode() const
              .arg(shown(line)));
 }
 
-bool DxfIndexer::nextGroup()
+void DxfIndexer::awaitBytes()
 {
-    if (!m_scan.next()) {
-        m_ended = true;
-        return false;
-    }
-    if (m_scan.code() < PairScanner::kLowestCode) [[unlikely]]
-        checkCode();
-    return true;
+    const auto at = static_cast<quint64>(m_scan.nextBegin() - m_image.begin());
+    const quint64 loaded = m_image.waitFor(at + PairScanner::kReach);
+    m_ready =
+        loaded >= m_image.size() ? m_image.end() : m_image.begin() + loaded - PairScanner::kReach;
 }
 
 void DxfIndexer::skipRecord()
@@ -92,7 +90,7 @@ void DxfIndexer::reportProgress()
     if (done < m_nextReport)
         return;
     m_nextReport = done + kReportStep;
-    if (m_progress && !m_progress(m_image.size() / 2 + done / 2, m_image.size()))
+    if (m_progress && !m_progress(done, m_image.size()))
         throw OdError(OdResult::Cancelled, tr("Opening %1 was cancelled.").arg(m_image.name()));
 }
 
@@ -102,9 +100,10 @@ RecordType DxfIndexer::typeOf(QByteArrayView name)
         return m_store.typeByName(name);
     const auto first = static_cast<unsigned char>(name.front());
     const auto last = static_cast<unsigned char>(name.back());
-    CachedType& cached = m_types[(first * 7u + last * 3u + static_cast<unsigned>(name.size())) % m_types.size()];
+    CachedType& cached =
+        m_types[(first * 7u + last * 3u + static_cast<unsigned>(name.size())) % m_types.size()];
     if (cached.name.size() != name.size() || cached.name != name)
-        cached = { name, m_store.typeByName(name) };
+        cached = {name, m_store.typeByName(name)};
     return cached.type;
 }
 
@@ -115,7 +114,8 @@ quint32 DxfIndexer::beginRecord(RecordType type, quint8 flags)
 
 void DxfIndexer::startText()
 {
-    while (nextGroup() && m_scan.code() == 999) { }
+    while (nextGroup() && m_scan.code() == 999) {
+    }
     if (m_ended)
         failAtEnd();
     if (m_scan.code() != 0 || m_scan.value().trimmed() != "SECTION")
@@ -139,6 +139,7 @@ DxfIndex DxfIndexer::run()
         }
         dispatch(type);
     }
+    resolveLayers();
     m_store.setImageEnd(m_image.size());
     return std::move(m_index);
 }
@@ -206,7 +207,7 @@ void DxfIndexer::headerVariables()
         if (m_scan.code() == 9)
             name = m_scan.value().trimmed();
         else if (!name.isEmpty())
-            m_index.header.push_back({ std::exchange(name, {}), m_scan.code(), m_scan.value() });
+            m_index.header.push_back({std::exchange(name, {}), m_scan.code(), m_scan.value()});
     }
 }
 
@@ -222,7 +223,7 @@ void DxfIndexer::table(RecordType type)
     if (m_inTable)
         fail(m_scan.begin(), tr("a table begins inside another; expected ENDTAB first."));
     m_inTable = true;
-    m_index.tables.push_back({ ObjectStore::kNone, {}, {} });
+    m_index.tables.push_back({ObjectStore::kNone, {}, {}});
     tableRecord(type);
 }
 
@@ -237,7 +238,8 @@ void DxfIndexer::tableRecord(RecordType type)
         switch (m_scan.code()) {
         case 5:
         case 105: // dimension styles use 5 for a block name
-            if ((m_scan.code() == 105) == (type == RecordType::DimStyle) && m_store.handle(slot) == 0 && !inData)
+            if ((m_scan.code() == 105) == (type == RecordType::DimStyle)
+                && m_store.handle(slot) == 0 && !inData)
                 m_store.setHandle(slot, handleValue());
             break;
         case 2:
@@ -249,7 +251,7 @@ void DxfIndexer::tableRecord(RecordType type)
             break;
         case 330:
             if (!inGroup && !inData)
-                m_index.owners.push_back({ slot, handleValue() });
+                m_index.owners.push_back({slot, handleValue()});
             break;
         case 100:
             inData = true;
@@ -265,7 +267,8 @@ void DxfIndexer::tableRecord(RecordType type)
     }
     if (m_index.tables.empty())
         return;
-    m_index.tables.back().records.push_back({ slot, name });
+    m_index.tables.back().records.push_back({slot, name});
+    resolveLayers();
     if (type == RecordType::Layer && m_layers.find(name) == RawNameIndex::kNotFound)
         m_layers.insert(name, slot);
 }
@@ -283,7 +286,7 @@ void DxfIndexer::block()
     if (m_inBlock)
         fail(m_scan.begin(), tr("a block begins inside another; expected ENDBLK first."));
     m_inBlock = true;
-    m_index.blocks.push_back({ slot, {}, slot + 1, slot + 1 });
+    m_index.blocks.push_back({slot, {}, slot + 1, slot + 1});
     bool named = false;
     while (nextGroup() && m_scan.code() != 0) {
         if (m_scan.code() == 5 && m_store.handle(slot) == 0)
@@ -297,9 +300,12 @@ void DxfIndexer::entity(RecordType type)
 {
     if (m_section == Section::Blocks && !m_inBlock)
         fail(m_scan.begin(), tr("expected a block, found \"%1\".").arg(shown(m_scan.value())));
-    const bool partial = type == RecordType::Vertex || type == RecordType::Attrib || type == RecordType::SeqEnd;
-    const quint32 slot = beginRecord(
-        type, static_cast<quint8>(partial ? ObjectStore::kEntity | ObjectStore::kSubEntity : ObjectStore::kEntity));
+    const bool partial =
+        type == RecordType::Vertex || type == RecordType::Attrib || type == RecordType::SeqEnd;
+    const quint32 slot =
+        beginRecord(type,
+                    static_cast<quint8>(partial ? ObjectStore::kEntity | ObjectStore::kSubEntity
+                                                : ObjectStore::kEntity));
     bool hasHandle = false;
     bool hasLayer = false;
     int subclasses = 0;
@@ -311,7 +317,7 @@ void DxfIndexer::entity(RecordType type)
             break;
         case 8:
             if (!std::exchange(hasLayer, true))
-                m_store.setLayer(slot, layerOf(m_scan.value()));
+                setLayer(slot, m_scan.value());
             break;
         case 67:
             if (m_section == Section::Entities && m_scan.value().trimmed() == "1")
@@ -325,7 +331,7 @@ void DxfIndexer::entity(RecordType type)
             [[fallthrough]];
         case 0:
             if (!hasLayer)
-                m_store.setLayer(slot, layerOf("0"));
+                setLayer(slot, "0");
             return;
         default:
             break;
@@ -352,7 +358,7 @@ void DxfIndexer::object(RecordType type)
             break;
         case 330:
             if (!inGroup)
-                m_index.owners.push_back({ slot, handleValue() });
+                m_index.owners.push_back({slot, handleValue()});
             break;
         case 100:
             return skipRecord();
@@ -367,23 +373,39 @@ quint64 DxfIndexer::handleValue() const
     const auto handle = NumberText::handle(m_scan.value());
     if (!handle)
         fail(m_scan.begin(),
-             tr("expected a handle (1 to 16 hexadecimal digits), found \"%1\".").arg(shown(m_scan.value())));
+             tr("expected a handle (1 to 16 hexadecimal digits), found \"%1\".")
+                 .arg(shown(m_scan.value())));
     return *handle;
 }
 
-quint32 DxfIndexer::layerOf(QByteArrayView name)
+void DxfIndexer::setLayer(quint32 slot, QByteArrayView name)
 {
-    if (name == m_lastLayerName && m_lastLayer != ObjectStore::kNone)
-        return m_lastLayer;
-    quint32 layer = m_layers.find(name);
-    if (layer == RawNameIndex::kNotFound) {
-        if (m_index.missingLayers.size() >= DxfIndex::kMostMissingLayers)
-            fail(m_scan.begin(), tr("too many layers are missing from the layer table."));
-        layer = DxfIndex::kMissingLayer + static_cast<quint32>(m_index.missingLayers.size());
-        m_index.missingLayers.push_back(name);
-        m_layers.insert(name, layer);
-    }
-    m_lastLayerName = name;
-    m_lastLayer = layer;
+    const quint64 hash = RawNameIndex::hash(name);
+    m_layers.fetchCell(hash);
+    m_pending[m_pendingCount++] = {slot, name, hash};
+    if (m_pendingCount == m_pending.size())
+        resolveLayers();
+}
+
+void DxfIndexer::resolveLayers()
+{
+    for (std::size_t i = 0; i < m_pendingCount; ++i)
+        m_layers.fetchName(m_pending[i].hash);
+    for (std::size_t i = 0; i < m_pendingCount; ++i)
+        m_store.setLayer(m_pending[i].slot, layerOf(m_pending[i].name, m_pending[i].hash));
+    m_pendingCount = 0;
+}
+
+quint32 DxfIndexer::layerOf(QByteArrayView name, quint64 hash)
+{
+    const quint32 known = m_layers.find(name, hash);
+    if (known != RawNameIndex::kNotFound)
+        return known;
+    if (m_index.missingLayers.size() >= DxfIndex::kMostMissingLayers)
+        fail(m_scan.begin(), tr("too many layers are missing from the layer table."));
+    const quint32 layer =
+        DxfIndex::kMissingLayer + static_cast<quint32>(m_index.missingLayers.size());
+    m_index.missingLayers.push_back(name);
+    m_layers.insert(name, layer);
     return layer;
 }

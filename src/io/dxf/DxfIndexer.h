@@ -77,7 +77,19 @@ private:
     [[noreturn]] void fail(const char* at, const QString& found) const;
     [[noreturn]] void failAtEnd() const;
     void checkCode() const;
-    bool nextGroup();
+    bool nextGroup()
+    {
+        if (m_scan.nextBegin() > m_ready) [[unlikely]]
+            awaitBytes();
+        if (!m_scan.next()) {
+            m_ended = true;
+            return false;
+        }
+        if (m_scan.code() < PairScanner::kLowestCode) [[unlikely]]
+            checkCode();
+        return true;
+    }
+    void awaitBytes();
     void skipRecord();
     void reportProgress();
 
@@ -93,17 +105,26 @@ private:
     void entity(RecordType type);
     void object(RecordType type);
     quint64 handleValue() const;
-    quint32 layerOf(QByteArrayView name);
+    void setLayer(quint32 slot, QByteArrayView name);
+    void resolveLayers();
+    quint32 layerOf(QByteArrayView name, quint64 hash);
     bool atRecord() const { return !m_ended && m_scan.code() == 0; }
 
     const FileImage& m_image;
     ObjectStore& m_store;
     const IoProgress& m_progress;
     PairScanner m_scan;
+    const char* m_ready; ///< a step from here or before reads loaded bytes only
     DxfIndex m_index;
     RawNameIndex m_layers;
-    QByteArrayView m_lastLayerName;
-    quint32 m_lastLayer = ObjectStore::kNone;
+    struct PendingLayer
+    {
+        quint32 slot;
+        QByteArrayView name;
+        quint64 hash;
+    };
+    std::array<PendingLayer, 16> m_pending;
+    std::size_t m_pendingCount = 0;
     std::array<CachedType, 64> m_types;
     Section m_section = Section::None;
     bool m_inBlock = false;

@@ -18,7 +18,8 @@ constexpr int kDependentFlag = 16;
 
 /// In drawings up to R14 the layers frozen in a viewport are names in its extended data, inside the
 /// second pair of braces.
-void readMviewLayer(const DxfCursor& cursor, int& braces, const OdDbSymbolTable& layers, ViewportState& state)
+void readMviewLayer(const DxfCursor& cursor, int& braces, const OdDbSymbolTable& layers,
+                    ViewportState& state)
 {
     if (cursor.code() == 1002)
         braces += cursor.bytes().trimmed() == "{" ? 1 : -1;
@@ -28,14 +29,14 @@ void readMviewLayer(const DxfCursor& cursor, int& braces, const OdDbSymbolTable&
     }
 }
 
-}
+} // namespace
 
-DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database, const DxfText& text)
+DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
+                                 const DxfText& text)
     : m_image(std::move(image))
     , m_database(database)
     , m_text(text)
-{
-}
+{ }
 
 std::unique_ptr<GroupCursor> DxfObjectSource::makeCursor() const
 {
@@ -172,8 +173,9 @@ DictionaryState DxfObjectSource::readDictionary(quint32 slot) const
             hasKey = true;
         } else if (groups.code() == 280) {
             state.treatElementsAsHard = groups.integer() == 1;
-        } else if (hasKey && (groups.code() == 350 || groups.code() == 360 || groups.code() == 340)) {
-            state.entries.push_back({ key, id(groups.handle()) });
+        } else if (hasKey && (groups.code() == 350 || groups.code() == 360 || groups.code() == 340))
+        {
+            state.entries.push_back({key, id(groups.handle())});
             hasKey = false;
         }
     }
@@ -186,7 +188,7 @@ XrecordState DxfObjectSource::readXrecord(quint32 slot) const
     bool inData = false;
     for (DxfCursor groups = cursor(slot); groups.next();) {
         if (inData)
-            state.groups.push_back({ groups.code(), groups.bytes().toByteArray() });
+            state.groups.push_back({groups.code(), groups.bytes().toByteArray()});
         else if (groups.code() == 100)
             inData = groups.bytes().trimmed() == "AcDbXrecord";
     }
@@ -238,7 +240,8 @@ ViewportState DxfObjectSource::readViewport(quint32 slot) const
             break;
         case 331:
         case 341: // drawings of version 2000
-            if (const OdDbObjectId layer = id(groups.handle()); ownData && layer.openObject<OdDbLayerTableRecord>())
+            if (const OdDbObjectId layer = id(groups.handle());
+                ownData && layer.openObject<OdDbLayerTableRecord>())
                 state.frozenLayers.push_back(layer);
             break;
         default:

@@ -17,7 +17,8 @@ struct XrecordState;
 class DxfObjectSource final : public DrawingSource
 {
 public:
-    DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database, const DxfText& text);
+    DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
+                    const DxfText& text);
 
     void read(OdDbObject& object) const override;
     std::unique_ptr<GroupCursor> makeCursor() const override;

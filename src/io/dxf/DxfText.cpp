@@ -7,8 +7,8 @@
 
 namespace {
 
-/// Converter for a code page name such as "ANSI_1251" or "dos932"; numbers are those of the platform
-/// the names come from.
+/// Converter for a code page name such as "ANSI_1251" or "dos932"; numbers are those of the
+/// platform the names come from.
 QByteArray converterFor(QByteArrayView codePage)
 {
     struct Special
@@ -16,8 +16,9 @@ QByteArray converterFor(QByteArrayView codePage)
         const char* number;
         const char* converter;
     };
-    constexpr Special kSpecials[] = { { "932", "Shift_JIS" }, { "936", "GBK" },     { "949", "windows-949" },
-                                      { "950", "Big5" },      { "1361", "x-Johab" }, { "874", "windows-874" } };
+    constexpr Special kSpecials[] = {{"932", "Shift_JIS"},   {"936", "GBK"},
+                                     {"949", "windows-949"}, {"950", "Big5"},
+                                     {"1361", "x-Johab"},    {"874", "windows-874"}};
     QByteArray number;
     std::copy_if(codePage.begin(), codePage.end(), std::back_inserter(number),
                  [](char c) { return c >= '0' && c <= '9'; });
@@ -72,13 +73,15 @@ Escape backslashEscape(QByteArrayView bytes, qsizetype at)
     const QByteArrayView rest = bytes.sliced(at);
     if (rest.size() >= 7 && (rest[1] == 'U' || rest[1] == 'u') && rest[2] == '+') {
         if (const auto unit = hexAt(rest, 3))
-            return { QString(QChar(static_cast<char16_t>(*unit))), 7 };
+            return {QString(QChar(static_cast<char16_t>(*unit))), 7};
     }
     if (rest.size() >= 8 && rest[1] == 'M' && rest[2] == '+' && multibyteConverter(rest[3])) {
         if (const auto pair = hexAt(rest, 4)) {
             QStringDecoder decoder(multibyteConverter(rest[3]));
-            const char both[2] = { static_cast<char>(*pair >> 8), static_cast<char>(*pair & 0xFF) };
-            return { decoder.isValid() ? QString(decoder(QByteArrayView(both, 2))) : QString(QChar(0xFFFD)), 8 };
+            const char both[2] = {static_cast<char>(*pair >> 8), static_cast<char>(*pair & 0xFF)};
+            return {decoder.isValid() ? QString(decoder(QByteArrayView(both, 2)))
+                                      : QString(QChar(0xFFFD)),
+                    8};
         }
     }
     return {};
@@ -90,13 +93,13 @@ Escape caretEscape(QByteArrayView bytes, qsizetype at)
         return {};
     const char next = bytes[at + 1];
     if (next == ' ')
-        return { QStringLiteral("^"), 2 };
+        return {QStringLiteral("^"), 2};
     if (next >= '@' && next <= '_')
-        return { QString(QChar(next - '@')), 2 };
+        return {QString(QChar(next - '@')), 2};
     return {};
 }
 
-}
+} // namespace
 
 DxfText::DxfText(QByteArrayView version, QByteArrayView codePage)
 {
@@ -125,7 +128,8 @@ QString DxfText::decode(QByteArrayView bytes) const
     for (qsizetype at = 0; at < bytes.size(); ++at) {
         if (!isMark(bytes[at]))
             continue;
-        const Escape escape = bytes[at] == '^' ? caretEscape(bytes, at) : backslashEscape(bytes, at);
+        const Escape escape =
+            bytes[at] == '^' ? caretEscape(bytes, at) : backslashEscape(bytes, at);
         if (escape.length == 0)
             continue;
         text += decodePlain(bytes.sliced(plainFrom, at - plainFrom)) + escape.text;
@@ -138,7 +142,8 @@ QString DxfText::decode(QByteArrayView bytes) const
 QByteArray DxfText::encode(QStringView text) const
 {
     QByteArray bytes;
-    QStringEncoder encoder = isUtf8() ? QStringEncoder(QStringEncoder::Utf8) : QStringEncoder(m_codec.constData());
+    QStringEncoder encoder =
+        isUtf8() ? QStringEncoder(QStringEncoder::Utf8) : QStringEncoder(m_codec.constData());
     for (const QChar c : text) {
         const char16_t unit = c.unicode();
         if (unit == u'^') {
@@ -152,7 +157,8 @@ QByteArray DxfText::encode(QStringView text) const
             bytes += QByteArray(encoder(QStringView(&c, 1)));
         } else {
             QStringEncoder single(m_codec.constData());
-            const QByteArray encoded = single.isValid() ? QByteArray(single(QStringView(&c, 1))) : QByteArray();
+            const QByteArray encoded =
+                single.isValid() ? QByteArray(single(QStringView(&c, 1))) : QByteArray();
             if (single.isValid() && !single.hasError() && decodePlain(encoded) == QString(c))
                 bytes += encoded;
             else

@@ -39,30 +39,31 @@ OdDbObjectId reference(const OdDbDatabase& database, const TaggedGroup& group)
     return database.getOdDbObjectId(OdDbHandle(NumberText::handle(group.value).value_or(0)));
 }
 
-constexpr std::array<OverrideForm, 4> kOverrideForms = { {
-    { "ADSK_XREC_LAYER_COLOR_OVR", 420,
-      [](const OdDbDatabase&, const TaggedGroup& group, LayerOverride& there) {
-          // Written as a signed or as an unsigned number.
-          const auto colour = OdCmColor::fromPacked(static_cast<quint32>(number(group) & 0xFFFFFFFF));
-          if (!colour.isByLayer())
-              there.color = colour;
-      } },
-    { "ADSK_XREC_LAYER_LINETYPE_OVR", 343,
-      [](const OdDbDatabase& database, const TaggedGroup& group, LayerOverride& there) {
-          if (const OdDbObjectId linetype = reference(database, group); !linetype.isNull())
-              there.linetype = linetype;
-      } },
-    { "ADSK_XREC_LAYER_LINEWT_OVR", 91,
-      [](const OdDbDatabase&, const TaggedGroup& group, LayerOverride& there) {
-          there.lineWeight = static_cast<qint16>(number(group));
-      } },
-    { "ADSK_XREC_LAYER_ALPHA_OVR", 440,
-      [](const OdDbDatabase&, const TaggedGroup& group, LayerOverride& there) {
-          there.transparency = static_cast<quint32>(number(group));
-      } },
-} };
+constexpr std::array<OverrideForm, 4> kOverrideForms = {{
+    {"ADSK_XREC_LAYER_COLOR_OVR", 420,
+     [](const OdDbDatabase&, const TaggedGroup& group, LayerOverride& there) {
+         // Written as a signed or as an unsigned number.
+         const auto colour =
+             OdCmColor::fromPacked(static_cast<quint32>(number(group) & 0xFFFFFFFF));
+         if (!colour.isByLayer())
+             there.color = colour;
+     }},
+    {"ADSK_XREC_LAYER_LINETYPE_OVR", 343,
+     [](const OdDbDatabase& database, const TaggedGroup& group, LayerOverride& there) {
+         if (const OdDbObjectId linetype = reference(database, group); !linetype.isNull())
+             there.linetype = linetype;
+     }},
+    {"ADSK_XREC_LAYER_LINEWT_OVR", 91,
+     [](const OdDbDatabase&, const TaggedGroup& group, LayerOverride& there) {
+         there.lineWeight = static_cast<qint16>(number(group));
+     }},
+    {"ADSK_XREC_LAYER_ALPHA_OVR", 440,
+     [](const OdDbDatabase&, const TaggedGroup& group, LayerOverride& there) {
+         there.transparency = static_cast<quint32>(number(group));
+     }},
+}};
 
-}
+} // namespace
 
 void LayerGroups::Reader::take(const GroupCursor& group)
 {
@@ -84,16 +85,19 @@ void LayerGroups::Reader::take(const GroupCursor& group)
         break;
     case 420: {
         const auto rgb = static_cast<quint32>(group.integer());
-        layer.color = OdCmColor::fromRgb(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF, layer.color.bookName());
+        layer.color = OdCmColor::fromRgb(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF,
+                                         layer.color.bookName());
         break;
     }
     case 430: {
         const quint32 rgb = layer.color.color();
-        layer.color = OdCmColor::fromRgb(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF, group.text());
+        layer.color =
+            OdCmColor::fromRgb(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF, group.text());
         break;
     }
     case 6:
-        if (const OdDbObjectId linetype = m_database.table(OdDbTableKind::Linetype).getAt(group.text());
+        if (const OdDbObjectId linetype =
+                m_database.table(OdDbTableKind::Linetype).getAt(group.text());
             !linetype.isNull())
             layer.linetype = linetype;
         break;
@@ -127,8 +131,8 @@ void LayerGroups::Reader::takeExtendedData(const GroupCursor& group)
     }
 }
 
-void LayerGroups::readExtra(const OdDbDatabase& database, const QString& key, const std::vector<TaggedGroup>& groups,
-                            LayerState& layer)
+void LayerGroups::readExtra(const OdDbDatabase& database, const QString& key,
+                            const std::vector<TaggedGroup>& groups, LayerState& layer)
 {
     if (key.compare(QLatin1String("ADSK_XREC_LAYER_RECONCILED"), Qt::CaseInsensitive) == 0) {
         for (const TaggedGroup& group : groups) {

@@ -21,8 +21,7 @@ public:
     Reader(const OdDbDatabase& database, LayerState& layer)
         : m_database(database)
         , m_layer(layer)
-    {
-    }
+    { }
     void take(const GroupCursor& group);
 
 private:
@@ -35,8 +34,8 @@ private:
 };
 
 /// Takes one record of a layer's extension dictionary: viewport overrides, the reconciled flag.
-void readExtra(const OdDbDatabase& database, const QString& key, const std::vector<TaggedGroup>& groups,
-               LayerState& layer);
+void readExtra(const OdDbDatabase& database, const QString& key,
+               const std::vector<TaggedGroup>& groups, LayerState& layer);
 
 /// One replaced byte range of the file image.
 struct Patch
@@ -48,7 +47,7 @@ struct Patch
 
 /// Appends the patches that turn the record in the image from `before` into `after`. Raises OdError
 /// with NotImplementedYet for a difference that has no form in this file.
-void patch(DxfCursor& record, const LayerState& before, const LayerState& after, const DxfText& text,
-           std::vector<Patch>& patches);
+void patch(DxfCursor& record, const LayerState& before, const LayerState& after,
+           const DxfText& text, std::vector<Patch>& patches);
 
-}
+} // namespace LayerGroups

@@ -12,7 +12,7 @@
 namespace {
 
 /// Order in which other CAD programs write the groups of a layer.
-constexpr int kOrder[] = { 2, 70, 62, 420, 430, 6, 290, 370, 390, 347, 348 };
+constexpr int kOrder[] = {2, 70, 62, 420, 430, 6, 290, 370, 390, 347, 348};
 
 struct Span
 {
@@ -34,7 +34,8 @@ struct Wanted
 
 std::size_t rankOf(int code)
 {
-    return static_cast<std::size_t>(std::find(std::begin(kOrder), std::end(kOrder), code) - std::begin(kOrder));
+    return static_cast<std::size_t>(std::find(std::begin(kOrder), std::end(kOrder), code)
+                                    - std::begin(kOrder));
 }
 
 /// The record's own groups, without those of applications and extended data.
@@ -46,8 +47,8 @@ std::vector<Span> spansOf(DxfCursor& record)
         if (record.code() == 102)
             inGroup = record.bytes().trimmed().startsWith('{');
         else if (!inGroup)
-            spans.push_back({ record.code(), record.groupBegin(), record.valueBegin(), record.valueEnd(),
-                              record.groupEnd(), record.bytes().toByteArray() });
+            spans.push_back({record.code(), record.groupBegin(), record.valueBegin(),
+                             record.valueEnd(), record.groupEnd(), record.bytes().toByteArray()});
     }
     return spans;
 }
@@ -55,9 +56,10 @@ std::vector<Span> spansOf(DxfCursor& record)
 void requireSame(bool same, const QString& what, const QString& layer)
 {
     if (!same)
-        throw OdError(OdResult::NotImplementedYet,
-                      QCoreApplication::translate("LayerPatch", "The %1 of layer \"%2\" cannot be saved yet.")
-                          .arg(what, layer));
+        throw OdError(
+            OdResult::NotImplementedYet,
+            QCoreApplication::translate("LayerPatch", "The %1 of layer \"%2\" cannot be saved yet.")
+                .arg(what, layer));
 }
 
 QByteArray flagsText(const QByteArray& old, const LayerState& after)
@@ -72,7 +74,8 @@ QByteArray flagsText(const QByteArray& old, const LayerState& after)
 
 QByteArray valueOf(const std::vector<Span>& spans, int code)
 {
-    const auto it = std::find_if(spans.begin(), spans.end(), [&](const Span& s) { return s.code == code; });
+    const auto it =
+        std::find_if(spans.begin(), spans.end(), [&](const Span& s) { return s.code == code; });
     return it == spans.end() ? QByteArray() : it->value;
 }
 
@@ -86,33 +89,37 @@ void wantColour(const LayerState& before, const LayerState& after, const std::ve
     qint64 index = after.color.colorIndex();
     if (!recoloured)
         index = std::abs(NumberText::integer(valueOf(spans, 62)).value_or(index));
-    wanted.push_back({ 62, QByteArray::number(after.off ? -index : index), 6 });
+    wanted.push_back({62, QByteArray::number(after.off ? -index : index), 6});
     if (!recoloured)
         return;
     const bool isTrue = after.color.colorMethod() == OdCmColor::kByColor;
-    wanted.push_back({ 420, isTrue ? std::optional(QByteArray::number(after.color.color() & 0xFFFFFFu)) : std::nullopt, 9 });
+    wanted.push_back(
+        {420,
+         isTrue ? std::optional(QByteArray::number(after.color.color() & 0xFFFFFFu)) : std::nullopt,
+         9});
     if (before.color.bookName() != after.color.bookName())
-        wanted.push_back({ 430,
-                           after.color.bookName().isEmpty() ? std::nullopt
-                                                            : std::optional(after.color.bookName().toUtf8()) });
+        wanted.push_back({430,
+                          after.color.bookName().isEmpty()
+                              ? std::nullopt
+                              : std::optional(after.color.bookName().toUtf8())});
 }
 
-std::vector<Wanted> differences(const LayerState& before, const LayerState& after, const std::vector<Span>& spans,
-                                const DxfText& text)
+std::vector<Wanted> differences(const LayerState& before, const LayerState& after,
+                                const std::vector<Span>& spans, const DxfText& text)
 {
     std::vector<Wanted> wanted;
     if (before.frozen != after.frozen || before.locked != after.locked
         || before.frozenInNewViewports != after.frozenInNewViewports)
-        wanted.push_back({ 70, flagsText(valueOf(spans, 70), after), 6 });
+        wanted.push_back({70, flagsText(valueOf(spans, 70), after), 6});
     wantColour(before, after, spans, wanted);
     if (before.linetype != after.linetype) {
         const auto linetype = after.linetype.safeOpenObject<OdDbLinetypeTableRecord>();
-        wanted.push_back({ 6, text.encode(linetype->getName()) });
+        wanted.push_back({6, text.encode(linetype->getName())});
     }
     if (before.plottable != after.plottable)
-        wanted.push_back({ 290, QByteArray(after.plottable ? "1" : "0"), 6 });
+        wanted.push_back({290, QByteArray(after.plottable ? "1" : "0"), 6});
     if (before.lineWeight != after.lineWeight)
-        wanted.push_back({ 370, QByteArray::number(after.lineWeight), 6 });
+        wanted.push_back({370, QByteArray::number(after.lineWeight), 6});
     return wanted;
 }
 
@@ -125,7 +132,8 @@ struct Spelling
 
     explicit Spelling(const std::vector<Span>& spans, const FileImage& image)
     {
-        const auto sample = std::find_if(spans.begin(), spans.end(), [](const Span& s) { return s.code == 62 || s.code == 70; });
+        const auto sample = std::find_if(
+            spans.begin(), spans.end(), [](const Span& s) { return s.code == 62 || s.code == 70; });
         if (sample == spans.end())
             return;
         const QByteArrayView code = image.view(sample->begin, sample->valueBegin);
@@ -135,21 +143,25 @@ struct Spelling
     }
     QByteArray group(const Wanted& wanted) const
     {
-        const QByteArray value = padsNumbers ? wanted.value->rightJustified(wanted.width) : *wanted.value;
-        return QByteArray::number(wanted.code).rightJustified(codeWidth) + lineEnd + value + lineEnd;
+        const QByteArray value =
+            padsNumbers ? wanted.value->rightJustified(wanted.width) : *wanted.value;
+        return QByteArray::number(wanted.code).rightJustified(codeWidth) + lineEnd + value
+            + lineEnd;
     }
 };
 
-LayerGroups::Patch patchFor(const Wanted& wanted, const std::vector<Span>& spans, const Spelling& spelling)
+LayerGroups::Patch patchFor(const Wanted& wanted, const std::vector<Span>& spans,
+                            const Spelling& spelling)
 {
-    const auto there = std::find_if(spans.begin(), spans.end(), [&](const Span& s) { return s.code == wanted.code; });
+    const auto there = std::find_if(spans.begin(), spans.end(),
+                                    [&](const Span& s) { return s.code == wanted.code; });
     if (there != spans.end() && wanted.value) {
         const bool padded = there->value.startsWith(' ');
-        return { there->valueBegin, there->valueEnd,
-                 padded ? wanted.value->rightJustified(there->value.size()) : *wanted.value };
+        return {there->valueBegin, there->valueEnd,
+                padded ? wanted.value->rightJustified(there->value.size()) : *wanted.value};
     }
     if (there != spans.end())
-        return { there->begin, there->end, {} };
+        return {there->begin, there->end, {}};
     if (!wanted.value || spans.empty())
         return {};
     const Span* before = &spans.front();
@@ -157,20 +169,24 @@ LayerGroups::Patch patchFor(const Wanted& wanted, const std::vector<Span>& spans
         if (rankOf(span.code) < rankOf(wanted.code) || span.code == 100)
             before = &span;
     }
-    return { before->end, before->end, spelling.group(wanted) };
+    return {before->end, before->end, spelling.group(wanted)};
 }
 
-}
+} // namespace
 
-void LayerGroups::patch(DxfCursor& record, const LayerState& before, const LayerState& after, const DxfText& text,
-                        std::vector<Patch>& patches)
+void LayerGroups::patch(DxfCursor& record, const LayerState& before, const LayerState& after,
+                        const DxfText& text, std::vector<Patch>& patches)
 {
     requireSame(before.name == after.name, QStringLiteral("name"), before.name);
-    requireSame(before.description == after.description, QStringLiteral("description"), before.name);
-    requireSame(before.transparency == after.transparency, QStringLiteral("transparency"), before.name);
+    requireSame(before.description == after.description, QStringLiteral("description"),
+                before.name);
+    requireSame(before.transparency == after.transparency, QStringLiteral("transparency"),
+                before.name);
     requireSame(before.plotStyle == after.plotStyle, QStringLiteral("plot style"), before.name);
-    requireSame(before.reconciled == after.reconciled, QStringLiteral("reconciled flag"), before.name);
-    requireSame(before.overrides == after.overrides, QStringLiteral("viewport overrides"), before.name);
+    requireSame(before.reconciled == after.reconciled, QStringLiteral("reconciled flag"),
+                before.name);
+    requireSame(before.overrides == after.overrides, QStringLiteral("viewport overrides"),
+                before.name);
     const std::vector<Span> spans = spansOf(record);
     const Spelling spelling(spans, record.image());
     for (const Wanted& wanted : differences(before, after, spans, text)) {

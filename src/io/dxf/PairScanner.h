@@ -9,8 +9,8 @@
 #include <emmintrin.h>
 #endif
 
-/// Steps through the groups of an ASCII DXF text: a line with the group code, a line with the value.
-/// Line ends are LF or CR LF. The text must be readable for 64 bytes beyond its end.
+/// Steps through the groups of an ASCII DXF text: a line with the group code, a line with the
+/// value. Line ends are LF or CR LF. The text must be readable for 64 bytes beyond its end.
 class PairScanner
 {
 public:
@@ -19,15 +19,16 @@ public:
     static constexpr int kLongLine = -1002; ///< a line exceeds kLongestLine
     static constexpr int kLowestCode = -5;
     static constexpr int kHighestCode = 1071;
-    static constexpr qsizetype kLongestLine = qsizetype(16) << 20;
+    static constexpr qsizetype kLongestLine = qsizetype(4) << 20;
+    /// A step reads no more than this beyond nextBegin(), unless it ends in kLongLine.
+    static constexpr qsizetype kReach = 2 * kLongestLine + 256;
 
     PairScanner(const char* begin, const char* end)
         : m_block(begin)
         , m_line(begin)
         , m_end(end)
         , m_mask(begin < end ? newlines(begin) : 0)
-    {
-    }
+    { }
 
     /// Goes to the next group; false at the end of the text. Check code() for the faults above.
     bool next()
@@ -35,7 +36,7 @@ public:
         if (m_line >= m_end)
             return false;
         m_begin = m_line;
-        const char* codeEnd = nextNewline();
+        const char* codeEnd = nextNewline(m_begin);
         m_code = parseCode(m_begin, codeEnd);
         m_value = codeEnd + 1;
         if (m_value > m_end) {
@@ -45,7 +46,7 @@ public:
             m_line = m_end;
             return true;
         }
-        m_valueEnd = nextNewline();
+        m_valueEnd = nextNewline(m_value);
         if (m_valueEnd - m_value > kLongestLine || codeEnd - m_begin > kLongestLine)
             m_code = kLongLine;
         m_line = m_valueEnd + 1;
@@ -63,7 +64,7 @@ public:
         const char* end = m_valueEnd;
         if (end > m_value && end[-1] == '\r')
             --end;
-        return { m_value, end - m_value };
+        return {m_value, end - m_value};
     }
 
 private:
@@ -73,7 +74,8 @@ private:
         const __m128i feed = _mm_set1_epi8('\n');
         const auto part = [&](int i) {
             const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block + 16 * i));
-            return static_cast<quint64>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, feed))));
+            return static_cast<quint64>(
+                static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, feed))));
         };
         return part(0) | part(1) << 16 | part(2) << 32 | part(3) << 48;
 #else
@@ -84,12 +86,15 @@ private:
 #endif
     }
 
-    const char* nextNewline()
+    /// End of the line that starts at `from`; stops short in a line that is too long.
+    const char* nextNewline(const char* from)
     {
         while (m_mask == 0) {
             m_block += 64;
             if (m_block >= m_end)
                 return m_end;
+            if (m_block - from > kLongestLine + 128) [[unlikely]]
+                return m_block;
             m_mask = newlines(m_block);
         }
         const char* at = m_block + std::countr_zero(m_mask);

@@ -5,7 +5,8 @@
 void RawNameIndex::insert(QByteArrayView name, quint32 number)
 {
     if ((m_count + 1) * 2 > m_cells.size()) {
-        const std::vector<Cell> old = std::exchange(m_cells, std::vector<Cell>(m_cells.empty() ? 64 : m_cells.size() * 4));
+        const std::vector<Cell> old =
+            std::exchange(m_cells, std::vector<Cell>(m_cells.empty() ? 64 : m_cells.size() * 4));
         for (const Cell& cell : old) {
             if (cell.number != kNotFound)
                 place(cell);
