@@ -63,8 +63,10 @@ CommandOutcome CommandProcessor::runWords(QStringList words)
     if (name.startsWith(kTransparentMark))
         name.remove(0, 1);
     OdEdCommandPtr command = odedRegCmds()->lookup(name);
-    if (!command && findSysvar(name)) {
+    QString undoName = command ? command->globalName() : QString();
+    if (const SysvarDefinition* variable = command ? nullptr : findSysvar(name)) {
         words.prepend(name);
+        undoName = QLatin1String(variable->name);
         command = odedRegCmds()->lookup(QStringLiteral("SETVAR"));
     }
     if (!command)
@@ -73,10 +75,11 @@ CommandOutcome CommandProcessor::runWords(QStringList words)
         return failed(HostText::tr("%1 cannot run while another command is running.")
                           .arg(shownName(*command)));
     }
-    return execute(command, words);
+    return execute(command, words, undoName);
 }
 
-CommandOutcome CommandProcessor::execute(const OdEdCommandPtr& command, const QStringList& answers)
+CommandOutcome CommandProcessor::execute(const OdEdCommandPtr& command, const QStringList& answers,
+                                         const QString& undoName)
 {
     m_frames.push_back({answers, {}});
     m_state.push(shownName(*command));
@@ -87,7 +90,7 @@ CommandOutcome CommandProcessor::execute(const OdEdCommandPtr& command, const QS
     HostDocument* document = m_documents.curDocument();
     const bool recordsUndo = document && m_frames.size() == 1 && !(command->flags() & kWithoutUndo);
     if (recordsUndo)
-        document->startUndoRecord(command->globalName());
+        document->startUndoRecord(undoName);
     CommandOutcome outcome = guardedCall(*command);
     if (recordsUndo && m_documents.contains(document))
         document->endUndoRecord();
@@ -141,8 +144,12 @@ std::optional<QString> CommandProcessor::nextAnswer(const QString& prompt)
     if (isRunning() && !m_frames.back().answers.isEmpty())
         return m_frames.back().answers.takeFirst();
     while (const auto input = m_queue.take()) {
-        if (input->cancels)
+        if (input->cancels) {
+            // What follows the marker is a command of its own.
+            if (!input->text.isEmpty())
+                m_queue.putBack({input->text, false});
             return std::nullopt;
+        }
         if (!input->text.isEmpty())
             return input->text;
     }

@@ -48,7 +48,8 @@ private:
     };
 
     CommandOutcome runWords(QStringList words);
-    CommandOutcome execute(const OdEdCommandPtr& command, const QStringList& answers);
+    CommandOutcome execute(const OdEdCommandPtr& command, const QStringList& answers,
+                           const QString& undoName);
     CommandOutcome guardedCall(OdEdCommand& command);
     std::optional<QString> answerFromUser(const QString& prompt);
 

@@ -23,6 +23,8 @@ public:
     bool isEmpty() const { return m_inputs.empty(); }
     /// The next input; inputs that say nothing are left out.
     std::optional<Input> take();
+    /// Puts an input in front of all others.
+    void putBack(Input input) { m_inputs.push_front(std::move(input)); }
     void clear() { m_inputs.clear(); }
 
 signals:

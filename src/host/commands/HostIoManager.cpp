@@ -14,8 +14,13 @@ void HostIoManager::print(const QString& line)
 int HostIoManager::getString(const QString& prompt, QString& value)
 {
     const std::optional<QString> answer = m_commands.nextAnswer(prompt);
-    if (!answer)
+    if (!answer) {
+        // In a script the answer is missing: that must not pass for a command that went well.
+        if (m_frontEnd && !m_frontEnd->isInteractive())
+            m_commands.noteFailure(
+                HostText::tr("\"%1\" is asked, and the line holds no answer.").arg(prompt));
         return kest::kCancel;
+    }
     if (answer->isEmpty())
         return kest::kNone;
     value = *answer;

@@ -1,0 +1,5 @@
+// A library that is no module.
+extern "C" int answer()
+{
+    return 42;
+}

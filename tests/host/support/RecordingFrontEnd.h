@@ -1,0 +1,38 @@
+#pragma once
+
+#include "host/application/HostFrontEnd.h"
+
+#include <QStringList>
+
+#include <deque>
+#include <string>
+#include <vector>
+
+/// A front end that remembers what it was told and answers what it was given to answer.
+class RecordingFrontEnd : public HostFrontEnd
+{
+public:
+    void print(const QString& line) override { printed << line; }
+    std::optional<QString> ask(const QString& prompt) override;
+    bool isInteractive() const override { return interactive; }
+    std::unique_ptr<OdDbDatabase> readDrawingFile(const QString& path) override;
+    SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path) override;
+    QString chooseFileToOpen() override { return chosenFile; }
+    QString chooseFileToSave(const QString& suggestion) override;
+    CloseAnswer askToSave(const HostDocument& document) override;
+    void fileUsed(const QString& path) override { used << path; }
+    void regen(bool allViews) override { calls.emplace_back(allViews ? "regen all" : "regen"); }
+    void zoomExtents() override { calls.emplace_back("zoom extents"); }
+    void quit() override { calls.emplace_back("quit"); }
+
+    bool interactive = false;
+    std::deque<std::optional<QString>> answers;
+    QString chosenFile;
+    CloseAnswer closeAnswer = CloseAnswer::Cancel;
+    QStringList printed;
+    QStringList prompts;
+    QStringList used;
+    QStringList suggestions;
+    QStringList askedToSave;
+    std::vector<std::string> calls;
+};

@@ -1,0 +1,72 @@
+#include "host/application/HostOptions.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+using Mode = HostOptions::Mode;
+
+HostOptions parse(std::initializer_list<const char*> arguments)
+{
+    QStringList list;
+    for (const char* argument : arguments)
+        list << QString::fromUtf8(argument);
+    return HostOptions::parse(list);
+}
+
+std::string error(std::initializer_list<const char*> arguments)
+{
+    const HostOptions options = parse(arguments);
+    EXPECT_EQ(Mode::Error, options.mode);
+    return options.error.toStdString();
+}
+} // namespace
+
+TEST(HostOptions, FilesAreOpenedInAWindow)
+{
+    const HostOptions options = parse({"a.dxf", "b.dxf"});
+    EXPECT_EQ(Mode::Window, options.mode);
+    EXPECT_EQ(2, options.files.size());
+}
+
+TEST(HostOptions, BatchTakesAScriptAndOneDrawing)
+{
+    const HostOptions options = parse({"--config", "dir", "--batch", "-", "a.dxf"});
+    EXPECT_EQ(Mode::Batch, options.mode);
+    EXPECT_EQ("-", options.script.toStdString());
+    EXPECT_EQ("dir", options.configFolder.toStdString());
+    EXPECT_EQ("a.dxf", options.files.value(0).toStdString());
+    EXPECT_EQ("One drawing can be given; there are 2.", error({"--batch", "s", "a", "b"}));
+}
+
+TEST(HostOptions, ScreenshotTakesAPicture)
+{
+    const HostOptions options = parse({"--screenshot", "out.png", "a.dxf"});
+    EXPECT_EQ(Mode::Screenshot, options.mode);
+    EXPECT_EQ("out.png", options.picture.toStdString());
+}
+
+TEST(HostOptions, HelpAndVersionAreModes)
+{
+    EXPECT_EQ(Mode::Help, parse({"--help"}).mode);
+    EXPECT_EQ(Mode::Help, parse({"-h"}).mode);
+    EXPECT_EQ(Mode::Version, parse({"--version"}).mode);
+}
+
+TEST(HostOptions, WrongUsageIsASentence)
+{
+    EXPECT_EQ("There is no option --frob.", error({"--frob"}));
+    EXPECT_EQ("--batch needs a value.", error({"--batch"}));
+    EXPECT_EQ("--screenshot does not go with another mode.",
+              error({"--batch", "s", "--screenshot", "p"}));
+}
+
+TEST(HostOptions, AfterTwoDashesEverythingIsAFile)
+{
+    EXPECT_EQ("--frob.dxf", parse({"--", "--frob.dxf"}).files.value(0).toStdString());
+}
+
+TEST(HostOptions, UsageNamesEveryOption)
+{
+    for (const char* option : {"--batch", "--screenshot", "--config", "--help", "--version"})
+        EXPECT_TRUE(HostOptions::usage().contains(QLatin1String(option))) << option;
+}
