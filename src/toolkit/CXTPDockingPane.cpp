@@ -4,7 +4,10 @@
 #include "toolkit/docking/PaneTitleBar.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QMainWindow>
+
+#include <utility>
 
 namespace {
 
@@ -82,6 +85,25 @@ void CXTPDockingPane::applyTrackSizes()
     setMaximumSize(maximum.expandedTo(m_minTrack));
 }
 
+void CXTPDockingPane::takeInitialSize()
+{
+    if (std::exchange(m_hasSize, true))
+        return;
+    QMainWindow& window = m_manager.window();
+    const Qt::DockWidgetArea area = window.dockWidgetArea(this);
+    // A side where another pane is open already has its size.
+    for (QDockWidget* other : window.findChildren<QDockWidget*>()) {
+        if (other != this && !other->isHidden() && !other->isFloating()
+            && window.dockWidgetArea(other) == area)
+            return;
+    }
+    if (isUpright(area))
+        window.resizeDocks({this}, {m_initial.width()}, Qt::Horizontal);
+    else
+        window.resizeDocks({this}, {m_initial.height()}, Qt::Vertical);
+    window.layout()->activate();
+}
+
 void CXTPDockingPane::AttachView(QWidget* view)
 {
     if (!view || view == m_view)
@@ -130,11 +152,6 @@ XTPDockingPaneState CXTPDockingPane::GetPaneState() const
 void CXTPDockingPane::ToggleAutoHide()
 {
     m_manager.ToggleAutoHide(this);
-}
-
-QSize CXTPDockingPane::sizeHint() const
-{
-    return m_initial.size();
 }
 
 bool CXTPDockingPane::event(QEvent* event)

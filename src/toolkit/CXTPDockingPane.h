@@ -43,8 +43,6 @@ public:
     /// Pins a pane that is hidden to the side, or hides a docked one.
     void ToggleAutoHide();
 
-    QSize sizeHint() const override;
-
 protected:
     bool event(QEvent* event) override;
 
@@ -54,6 +52,9 @@ private:
     CXTPDockingPane(CXTPDockingPaneManager& manager, int id, QRect initial);
     void connectTitleBar();
     void applyTrackSizes();
+    /// The first time the pane is shown it gets its initial size, unless a saved state gave it
+    /// another.
+    void takeInitialSize();
     /// Hands the view over to the flyout, and takes it back.
     QWidget* lendView();
     void returnView();
@@ -63,6 +64,7 @@ private:
     QRect m_initial;
     QSize m_minTrack;
     QSize m_maxTrack;
+    bool m_hasSize = false;
     QPointer<QWidget> m_view;
     PaneTitleBar* m_titleBar;
 };

@@ -74,7 +74,8 @@ CXTPDockingPane* CXTPDockingPaneManager::CreatePane(int id, QRect rect,
     const QScopedValueRollback switching(m_switching, true);
     auto* pane = new CXTPDockingPane(*this, id, rect);
     m_panes.insert(id, pane);
-    if (!m_window->restoreDockWidget(pane))
+    pane->m_hasSize = m_window->restoreDockWidget(pane);
+    if (!pane->m_hasSize)
         m_window->addDockWidget(areaOf(direction), pane);
     pane->hide();
     connect(pane, &QObject::destroyed, this, [this, id] {
@@ -112,6 +113,7 @@ void CXTPDockingPaneManager::ShowPane(CXTPDockingPane* pane)
         return;
     }
     pane->show();
+    pane->takeInitialSize();
     pane->raise();
 }
 
@@ -136,12 +138,12 @@ bool CXTPDockingPaneManager::IsPaneClosed(int id) const
 bool CXTPDockingPaneManager::isClosed(const CXTPDockingPane& pane) const
 {
     const auto entry = m_sides->entry(pane.GetID());
-    return entry ? entry->closed : pane.isHidden();
+    return pane.isHidden() && (!entry || entry->closed);
 }
 
 XTPDockingPaneState CXTPDockingPaneManager::paneState(const CXTPDockingPane& pane) const
 {
-    if (m_sides->contains(pane.GetID()))
+    if (m_sides->contains(pane.GetID()) && pane.isHidden())
         return xtpPaneHidden;
     return pane.isFloating() ? xtpPaneFloating : xtpPaneDocked;
 }
@@ -180,17 +182,27 @@ void CXTPDockingPaneManager::pin(CXTPDockingPane& pane, bool show)
     pane.raise();
     const Qt::Orientation along = isUpright(entry.side) ? Qt::Horizontal : Qt::Vertical;
     m_window->resizeDocks({&pane}, {entry.extent}, along);
+    pane.m_hasSize = true;
 }
 
 void CXTPDockingPaneManager::visibilityChanged(CXTPDockingPane& pane)
 {
     if (m_switching)
         return;
-    // The window's own menu, or a restored state, may show the dock of a pane that is hidden to the
-    // side.
-    if (!pane.isHidden() && m_sides->contains(pane.GetID()))
-        pin(pane, true);
+    // The window's own menu, or a state that it restores, may show the dock of a pane that is
+    // hidden to the side. The window's layout is at work then, so the tab goes a little later.
+    if (!pane.isHidden() && m_sides->contains(pane.GetID())) {
+        const auto drop = [this, id = pane.GetID()] { dropShownTab(id); };
+        QMetaObject::invokeMethod(this, drop, Qt::QueuedConnection);
+    }
     emit paneStateChanged(pane.GetID());
+}
+
+void CXTPDockingPaneManager::dropShownTab(int id)
+{
+    CXTPDockingPane* pane = FindPane(id);
+    if (pane && !pane->isHidden() && m_sides->contains(id))
+        m_sides->take(*pane);
 }
 
 void CXTPDockingPaneManager::releaseView(CXTPDockingPane& pane)

@@ -64,6 +64,7 @@ private:
     friend class CXTPDockingPane;
     bool isClosed(const CXTPDockingPane& pane) const;
     void visibilityChanged(CXTPDockingPane& pane);
+    void dropShownTab(int id);
     void releaseView(CXTPDockingPane& pane);
     void hideToSide(CXTPDockingPane& pane, Qt::DockWidgetArea side, int extent, bool closed);
     void pin(CXTPDockingPane& pane, bool show);

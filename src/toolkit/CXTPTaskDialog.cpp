@@ -1,6 +1,7 @@
 #include "toolkit/CXTPTaskDialog.h"
 
 #include "toolkit/ControlRegistry.h"
+#include "toolkit/TaskLinkButton.h"
 
 #include <QCommandLinkButton>
 #include <QEvent>
@@ -80,7 +81,7 @@ void CXTPTaskDialog::addLinks(const TaskQuestion& question, QVBoxLayout& layout)
         const LinkText text = splitLink(entry.text);
         // An ampersand in a text is a character of it, not an access key.
         const QString shown = QString(text.heading).replace(QLatin1Char('&'), QLatin1String("&&"));
-        auto* button = new QCommandLinkButton(shown, text.explanation, this);
+        auto* button = new TaskLinkButton(shown, text.explanation, this);
         button->setAccessibleName(text.heading);
         button->setAccessibleDescription(text.explanation);
         button->setAutoDefault(true);
@@ -140,9 +141,10 @@ void CXTPTaskDialog::fit()
     const int character = QFontMetrics(font()).averageCharWidth();
     const int wanted = m_wantedUnits > 0 ? m_wantedUnits * character / kUnitsPerCharacter
                                          : kComfortableCharacters * character;
+    const int padding = style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, this);
     int linkWidth = 0;
     for (const auto* button : findChildren<QCommandLinkButton*>())
-        linkWidth = qMax(linkWidth, button->sizeHint().width());
+        linkWidth = qMax(linkWidth, button->sizeHint().width() + padding);
     const QMargins margins = layout()->contentsMargins();
     const int width = qMax(wanted, linkWidth + margins.left() + margins.right());
     setFixedWidth(width);

@@ -1,5 +1,6 @@
 #include "support/GoldenLook.h"
 
+#include "support/StillStyle.h"
 #include "support/TestFailure.h"
 
 #include <QApplication>
@@ -52,7 +53,7 @@ GoldenLook::GoldenLook(Theme theme)
     , m_font(QApplication::font())
     , m_flashTime(QApplication::cursorFlashTime())
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new StillStyle);
     QApplication::setPalette(palette(theme));
     QApplication::setFont(font());
     QApplication::setCursorFlashTime(0);
@@ -63,7 +64,9 @@ GoldenLook::GoldenLook(Theme theme)
 
 GoldenLook::~GoldenLook()
 {
-    QApplication::setStyle(QStyleFactory::create(m_style));
+    // A style without a name was no factory's; it cannot be made again.
+    if (QStyle* before = QStyleFactory::create(m_style))
+        QApplication::setStyle(before);
     QApplication::setPalette(m_palette);
     QApplication::setFont(m_font);
     QApplication::setCursorFlashTime(m_flashTime);

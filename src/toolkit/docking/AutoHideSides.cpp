@@ -69,9 +69,9 @@ void AutoHideSides::makeBars()
     }
 }
 
-SideBar& AutoHideSides::barOf(Qt::DockWidgetArea side) const
+SideBar* AutoHideSides::barOf(Qt::DockWidgetArea side) const
 {
-    return *m_bars.value(side);
+    return m_bars.value(side);
 }
 
 void AutoHideSides::connectFlyout()
@@ -104,8 +104,8 @@ void AutoHideSides::add(CXTPDockingPane& pane, const AutoHideEntry& entry)
     m_entries.insert(id, entry);
     m_panes.insert(id, &pane);
     if (!entry.closed)
-        barOf(entry.side).setTab(id, pane.GetTitle());
-    updateBar(entry.side);
+        barOf(entry.side)->setTab(id, pane.GetTitle());
+    keepBarAtSide(entry.side);
 }
 
 AutoHideEntry AutoHideSides::take(CXTPDockingPane& pane)
@@ -124,10 +124,10 @@ void AutoHideSides::forget(int id)
     const Qt::DockWidgetArea side = found->side;
     m_entries.erase(found);
     m_panes.remove(id);
-    if (!m_window)
-        return;
-    barOf(side).removeTab(id);
-    updateBar(side);
+    if (SideBar* bar = barOf(side)) {
+        bar->removeTab(id);
+        keepBarAtSide(side);
+    }
 }
 
 void AutoHideSides::setClosed(CXTPDockingPane& pane, bool closed)
@@ -137,10 +137,10 @@ void AutoHideSides::setClosed(CXTPDockingPane& pane, bool closed)
     AutoHideEntry& entry = m_entries[pane.GetID()];
     entry.closed = closed;
     if (closed)
-        barOf(entry.side).removeTab(pane.GetID());
+        barOf(entry.side)->removeTab(pane.GetID());
     else
-        barOf(entry.side).setTab(pane.GetID(), pane.GetTitle());
-    updateBar(entry.side);
+        barOf(entry.side)->setTab(pane.GetID(), pane.GetTitle());
+    keepBarAtSide(entry.side);
 }
 
 void AutoHideSides::titleChanged(const CXTPDockingPane& pane)
@@ -148,25 +148,24 @@ void AutoHideSides::titleChanged(const CXTPDockingPane& pane)
     const auto known = entry(pane.GetID());
     if (!known || known->closed)
         return;
-    barOf(known->side).setTab(pane.GetID(), pane.GetTitle());
+    barOf(known->side)->setTab(pane.GetID(), pane.GetTitle());
     if (m_open == &pane)
         m_flyout->setTitle(pane.GetTitle());
 }
 
-void AutoHideSides::updateBar(Qt::DockWidgetArea side)
+void AutoHideSides::keepBarAtSide(Qt::DockWidgetArea side)
 {
-    SideBar& bar = barOf(side);
+    SideBar* bar = barOf(side);
     // A restored window state that is older than the bars moves them to the top.
-    if (m_window->toolBarArea(&bar) != barArea(side))
-        m_window->addToolBar(barArea(side), &bar);
-    bar.setVisible(!bar.ids().isEmpty());
+    if (m_window->toolBarArea(bar) != barArea(side))
+        m_window->addToolBar(barArea(side), bar);
 }
 
 void AutoHideSides::tabClicked(CXTPDockingPane* pane)
 {
     if (!pane)
         return;
-    if (m_open == pane)
+    if (m_open == pane && !m_flyout->isSlidingIn())
         slideIn();
     else
         slideOut(*pane);
@@ -176,12 +175,15 @@ void AutoHideSides::slideOut(CXTPDockingPane& pane)
 {
     if (m_open == &pane && !m_flyout->isSlidingIn())
         return;
-    giveViewBack();
-    m_open = &pane;
     const AutoHideEntry known = m_entries.value(pane.GetID());
-    m_flyout->setTitle(pane.GetTitle());
-    m_flyout->setView(pane.lendView());
-    barOf(known.side).setOpen(pane.GetID());
+    // One that is on its way in turns round.
+    if (m_open != &pane) {
+        giveViewBack();
+        m_open = &pane;
+        m_flyout->setTitle(pane.GetTitle());
+        m_flyout->setView(pane.lendView());
+    }
+    barOf(known.side)->setOpen(pane.GetID());
     // A bar that has just come up has no place in the window before its layout ran.
     m_window->layout()->activate();
     placeFlyout();
@@ -193,7 +195,7 @@ void AutoHideSides::slideIn()
     if (!m_open)
         return;
     if (const auto known = entry(m_open->GetID()))
-        barOf(known->side).setOpen(-1);
+        barOf(known->side)->setOpen(-1);
     m_flyout->slideIn();
 }
 
@@ -211,7 +213,7 @@ void AutoHideSides::giveViewBack()
     // Cleared first: hiding the flyout moves the focus, which asks to slide in again.
     m_open.clear();
     if (const auto known = entry(pane.GetID()))
-        barOf(known->side).setOpen(-1);
+        barOf(known->side)->setOpen(-1);
     m_flyout->stop();
     m_flyout->setView(nullptr);
     pane.returnView();
@@ -222,7 +224,7 @@ void AutoHideSides::placeFlyout()
     if (!m_open)
         return;
     const AutoHideEntry known = m_entries.value(m_open->GetID());
-    const QRect bar = barOf(known.side).geometry();
+    const QRect bar = barOf(known.side)->geometry();
     m_flyout->place(known.side, bar, known.extent, m_open->GetMinTrackSize(),
                     m_open->GetMaxTrackSize());
 }

@@ -52,8 +52,9 @@ protected:
 private:
     void makeBars();
     void connectFlyout();
-    SideBar& barOf(Qt::DockWidgetArea side) const;
-    void updateBar(Qt::DockWidgetArea side);
+    /// Null once the window has begun to end.
+    SideBar* barOf(Qt::DockWidgetArea side) const;
+    void keepBarAtSide(Qt::DockWidgetArea side);
     void tabClicked(CXTPDockingPane* pane);
     void placeFlyout();
     void focusMoved(const QWidget* now);

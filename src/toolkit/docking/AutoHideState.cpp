@@ -49,7 +49,7 @@ std::optional<AutoHideState> autoHideStateFromBytes(const QByteArray& bytes)
     quint8 version = 0;
     quint32 count = 0;
     stream >> magic >> version >> count;
-    if (magic != kMagic || version != kVersion)
+    if (stream.status() != QDataStream::Ok || magic != kMagic || version != kVersion)
         return std::nullopt;
     AutoHideState state;
     for (quint32 i = 0; i < count; ++i) {

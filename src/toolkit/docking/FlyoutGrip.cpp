@@ -45,7 +45,8 @@ void FlyoutGrip::paintEvent(QPaintEvent* /*event*/)
 {
     QStyleOption option;
     option.initFrom(this);
-    option.state.setFlag(QStyle::State_Horizontal, m_direction == Qt::Horizontal);
+    // To the style an edge that is dragged sideways is an upright one.
+    option.state.setFlag(QStyle::State_Horizontal, m_direction == Qt::Vertical);
     QPainter painter(this);
     style()->drawPrimitive(QStyle::PE_IndicatorDockWidgetResizeHandle, &option, &painter, this);
 }

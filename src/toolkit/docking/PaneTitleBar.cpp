@@ -65,13 +65,13 @@ void PaneTitleBar::paintEvent(QPaintEvent* /*event*/)
     style()->drawControl(QStyle::CE_DockWidgetTitle, &option, &painter, this);
 
     const int margin = style()->pixelMetric(QStyle::PM_DockWidgetTitleMargin, nullptr, this);
+    const int inset = style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, this);
     const PaneTitleButton* first = m_autoHide->isHidden() ? m_float : m_autoHide;
     QRect place = rect();
     if (layoutDirection() == Qt::LeftToRight)
-        place.setCoords(2 * margin, 0, first->x() - margin, height() - 1);
+        place.setCoords(inset, 0, first->x() - margin, height() - 1);
     else
-        place.setCoords(first->geometry().right() + margin, 0, width() - 1 - 2 * margin,
-                        height() - 1);
+        place.setCoords(first->geometry().right() + margin, 0, width() - 1 - inset, height() - 1);
     const QString text = fontMetrics().elidedText(m_title, Qt::ElideRight, place.width());
     style()->drawItemText(&painter, place, Qt::AlignVCenter | Qt::AlignLeading, palette(),
                           isEnabled(), text, QPalette::WindowText);
@@ -89,5 +89,5 @@ void PaneTitleBar::changeEvent(QEvent* event)
 void PaneTitleBar::applyMetrics()
 {
     const int margin = style()->pixelMetric(QStyle::PM_DockWidgetTitleMargin, nullptr, this);
-    layout()->setContentsMargins(2 * margin, margin, margin, margin);
+    layout()->setContentsMargins(margin, margin, margin, margin);
 }

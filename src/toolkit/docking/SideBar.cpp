@@ -31,6 +31,7 @@ void SideBar::setTab(int id, const QString& title)
     button->setText(title);
     button->setAccessibleName(title);
     m_tabs.append({id, button, addWidget(button)});
+    setVisible(true);
     connect(button, &SideTabButton::clicked, this, [this, id] { emit tabClicked(id); });
 }
 
@@ -43,6 +44,7 @@ void SideBar::removeTab(int id)
         removeAction(tab.action);
         // The removal may come out of the tab's own click.
         tab.action->deleteLater();
+        setVisible(!m_tabs.isEmpty());
         return;
     }
 }
@@ -59,4 +61,9 @@ QList<int> SideBar::ids() const
     for (const Tab& tab : m_tabs)
         result.append(tab.id);
     return result;
+}
+
+void SideBar::setVisible(bool /*visible*/)
+{
+    QToolBar::setVisible(!m_tabs.isEmpty());
 }

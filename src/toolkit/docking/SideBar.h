@@ -19,6 +19,8 @@ public:
     void setOpen(int id);
     /// In the order of the tabs.
     QList<int> ids() const;
+    /// It is visible while it has tabs, whatever a restored window state says.
+    void setVisible(bool visible) override;
 
 signals:
     void tabClicked(int id);

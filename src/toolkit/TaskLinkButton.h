@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QCommandLinkButton>
+
+/// A command link of a task dialog: its arrow follows the palette, and the focus is always framed,
+/// since the focused link is the one that Enter answers.
+class TaskLinkButton : public QCommandLinkButton
+{
+    Q_OBJECT
+public:
+    TaskLinkButton(const QString& heading, const QString& explanation, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void drawArrow();
+};

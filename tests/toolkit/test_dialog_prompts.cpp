@@ -1,0 +1,136 @@
+#include "support/GuardedTest.h"
+#include "toolkit/CXTPTaskDialog.h"
+#include "toolkit/DialogPrompts.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCommandLinkButton>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+/// What a message box showed, noted while it was open.
+struct Seen
+{
+    QString text;
+    QString title;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    Qt::TextFormat format = Qt::AutoText;
+    QMessageBox::StandardButtons buttons;
+    const QWidget* parent = nullptr;
+};
+
+/// Runs when the next modal loop turns: notes the message box and presses the key in it.
+void whenAsked(Seen& seen, Qt::Key key)
+{
+    QTimer::singleShot(0, qApp, [&seen, key] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        seen = {box->text(),       box->windowTitle(),     box->icon(),
+                box->textFormat(), box->standardButtons(), box->parentWidget()};
+        QWidget* target = box->focusWidget() ? box->focusWidget() : box;
+        QTest::keyClick(target, key);
+    });
+}
+
+} // namespace
+
+class TestDialogPrompts : public GuardedTest
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void areInForceUnlessOthersAreInstalled();
+    void showAMessageAsItStandsWithOneButton();
+    void showTheIconOfAMessage();
+    void answerYesToEnterAndNoToEscape();
+    void askThroughATaskDialog();
+    void answerCancelledToAClosedTaskDialog();
+};
+
+void TestDialogPrompts::initTestCase()
+{
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("kest"));
+}
+
+void TestDialogPrompts::areInForceUnlessOthersAreInstalled()
+{
+    QVERIFY(dynamic_cast<DialogPrompts*>(&Prompts::current()));
+    DialogPrompts others;
+    QCOMPARE(Prompts::install(&others), nullptr);
+    QCOMPARE(&Prompts::current(), &others);
+    QCOMPARE(Prompts::install(nullptr), &others);
+    QVERIFY(&Prompts::current() != &others);
+}
+
+void TestDialogPrompts::showAMessageAsItStandsWithOneButton()
+{
+    QWidget window;
+    window.show();
+    const QString text =
+        QStringLiteral("The selected layer cannot be renamed.\n\n <b>1. Layer 0</b>");
+    Seen seen;
+    whenAsked(seen, Qt::Key_Return);
+    Prompts::current().message(&window, text);
+    QCOMPARE(seen.text, text);
+    QCOMPARE(seen.format, Qt::PlainText);
+    QCOMPARE(seen.title, QStringLiteral("kest"));
+    QCOMPARE(seen.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+    QCOMPARE(seen.parent, &window);
+}
+
+void TestDialogPrompts::showTheIconOfAMessage()
+{
+    using Icon = Prompts::Icon;
+    const QList<std::pair<Icon, QMessageBox::Icon>> icons = {
+        {Icon::Information, QMessageBox::Information},
+        {Icon::Warning, QMessageBox::Warning},
+        {Icon::Error, QMessageBox::Critical}};
+    for (const auto& [icon, expected] : icons) {
+        Seen seen;
+        whenAsked(seen, Qt::Key_Escape);
+        Prompts::current().message(nullptr, QStringLiteral("Stop."), icon);
+        QCOMPARE(seen.icon, expected);
+    }
+}
+
+void TestDialogPrompts::answerYesToEnterAndNoToEscape()
+{
+    Seen seen;
+    whenAsked(seen, Qt::Key_Return);
+    QVERIFY(Prompts::current().confirm(nullptr, QStringLiteral("Sure?")));
+    QCOMPARE(seen.text, QStringLiteral("Sure?"));
+    QCOMPARE(seen.icon, QMessageBox::Question);
+    QCOMPARE(seen.buttons, QMessageBox::StandardButtons(QMessageBox::Yes | QMessageBox::No));
+    whenAsked(seen, Qt::Key_Escape);
+    QVERIFY(!Prompts::current().confirm(nullptr, QStringLiteral("Sure?")));
+}
+
+void TestDialogPrompts::askThroughATaskDialog()
+{
+    TaskQuestion question;
+    question.mainInstruction = QStringLiteral("Off?");
+    question.links = {{101, QStringLiteral("Off")}, {102, QStringLiteral("On")}};
+    QTimer::singleShot(0, qApp, [] {
+        auto* dialog = qobject_cast<CXTPTaskDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        QTest::mouseClick(dialog->link(102), Qt::LeftButton);
+    });
+    QCOMPARE(Prompts::current().ask(nullptr, question), 102);
+}
+
+void TestDialogPrompts::answerCancelledToAClosedTaskDialog()
+{
+    TaskQuestion question;
+    question.links = {{101, QStringLiteral("Off")}};
+    QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
+    QCOMPARE(Prompts::current().ask(nullptr, question), int(Prompts::kCancelled));
+}
+
+QTEST_MAIN(TestDialogPrompts)
+#include "test_dialog_prompts.moc"
