@@ -16,7 +16,8 @@ public:
         QString name;
         int code = 0;
         QString value;
-        quint64 valueBegin = 0; ///< byte range of the value line in the file image; empty when not in the file
+        quint64 valueBegin =
+            0; ///< byte range of the value line in the file image; empty when not in the file
         quint64 valueEnd = 0;
         QString loadedValue;
     };

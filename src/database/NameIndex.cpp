@@ -27,14 +27,14 @@ quint64 chunk(QByteArrayView key, qsizetype offset)
 
 qsizetype commonPrefix(QByteArrayView a, QByteArrayView b, qsizetype limit)
 {
-    limit = std::min({ limit, a.size(), b.size() });
+    limit = std::min({limit, a.size(), b.size()});
     qsizetype n = 0;
     while (n < limit && a[n] == b[n])
         ++n;
     return n;
 }
 
-}
+} // namespace
 
 QByteArray NameIndex::fold(QStringView name)
 {
@@ -76,7 +76,8 @@ quint32 NameIndex::store(QByteArrayView folded)
 quint32 NameIndex::append(QByteArrayView folded)
 {
     const auto position = size();
-    m_entries.push_back({ hash(folded), store(folded), static_cast<quint32>(folded.size()) & 0x7FFFFFFFu, 1 });
+    m_entries.push_back(
+        {hash(folded), store(folded), static_cast<quint32>(folded.size()) & 0x7FFFFFFFu, 1});
     insertCell(position);
     return position;
 }
@@ -84,7 +85,9 @@ quint32 NameIndex::append(QByteArrayView folded)
 void NameIndex::rename(quint32 position, QByteArrayView folded)
 {
     const std::size_t mask = m_cells.size() - 1;
-    for (std::size_t cell = m_entries[position].hash & mask; m_cells[cell] != 0; cell = (cell + 1) & mask) {
+    for (std::size_t cell = m_entries[position].hash & mask; m_cells[cell] != 0;
+         cell = (cell + 1) & mask)
+    {
         if (m_cells[cell] == position + 1) {
             m_cells[cell] = kRemoved;
             break;
@@ -164,7 +167,7 @@ std::vector<quint32> NameIndex::ranks() const
 
     std::vector<Item> items(count);
     for (quint32 i = 0; i < count; ++i)
-        items[i] = { chunk(key(i), prefix), i };
+        items[i] = {chunk(key(i), prefix), i};
     std::sort(items.begin(), items.end(), [&](const Item& a, const Item& b) {
         if (a.head != b.head)
             return a.head < b.head;

@@ -8,11 +8,12 @@ namespace {
 
 /// Names of the fixed record types, in the order of RecordType.
 constexpr const char* kTypeNames[] = {
-    "", "SECTION", "ENDSEC", "TABLE", "ENDTAB", "BLOCK", "ENDBLK", "EOF", "SEQEND",
-    "LAYER", "LTYPE", "BLOCK_RECORD", "STYLE", "DIMSTYLE", "VIEW", "VPORT", "APPID", "UCS",
-    "DICTIONARY", "XRECORD", "LAYOUT", "VIEWPORT",
-    "LINE", "LWPOLYLINE", "POLYLINE", "VERTEX", "CIRCLE", "ARC", "ELLIPSE", "POINT", "TEXT", "MTEXT",
-    "INSERT", "ATTRIB", "ATTDEF", "SPLINE", "SOLID", "TRACE", "3DFACE", "HATCH", "DIMENSION", "LEADER",
+    "",         "SECTION", "ENDSEC",     "TABLE",    "ENDTAB",       "BLOCK",     "ENDBLK",
+    "EOF",      "SEQEND",  "LAYER",      "LTYPE",    "BLOCK_RECORD", "STYLE",     "DIMSTYLE",
+    "VIEW",     "VPORT",   "APPID",      "UCS",      "DICTIONARY",   "XRECORD",   "LAYOUT",
+    "VIEWPORT", "LINE",    "LWPOLYLINE", "POLYLINE", "VERTEX",       "CIRCLE",    "ARC",
+    "ELLIPSE",  "POINT",   "TEXT",       "MTEXT",    "INSERT",       "ATTRIB",    "ATTDEF",
+    "SPLINE",   "SOLID",   "TRACE",      "3DFACE",   "HATCH",        "DIMENSION", "LEADER",
     "WIPEOUT",
 };
 static_assert(std::size(kTypeNames) == static_cast<std::size_t>(RecordType::FirstOther));
@@ -20,7 +21,7 @@ static_assert(std::size(kTypeNames) == static_cast<std::size_t>(RecordType::Firs
 /// Type numbers are 16 bit; a file with more names than that gets one number for the rest.
 constexpr std::size_t kMaxTypes = 60000;
 
-}
+} // namespace
 
 ObjectStore::ObjectStore()
 {
@@ -101,7 +102,8 @@ std::vector<quint32> ObjectStore::indexHandles()
         const quint64 handle = m_handles[slot];
         if (handle == 0)
             continue;
-        quint32& cell = handle < m_dense.size() ? m_dense[handle] : m_sparse.try_emplace(handle, kNone).first->second;
+        quint32& cell = handle < m_dense.size() ? m_dense[handle]
+                                                : m_sparse.try_emplace(handle, kNone).first->second;
         if (cell == kNone)
             cell = slot;
         else

@@ -11,14 +11,52 @@
 
 class OdDbObject;
 
-/// Types of records by number. Those up to `FirstOther` have fixed numbers, others get the next free one.
+/// Types of records by number. Those up to `FirstOther` have fixed numbers, others get the next
+/// free one.
 enum class RecordType : quint16 {
     None,
-    Section, EndSec, Table, EndTab, Block, EndBlk, Eof, SeqEnd,
-    Layer, Ltype, BlockRecord, Style, DimStyle, View, VPort, AppId, Ucs,
-    Dictionary, Xrecord, Layout, Viewport,
-    Line, LwPolyline, Polyline, Vertex, Circle, Arc, Ellipse, Point, Text, MText, Insert, Attrib, Attdef,
-    Spline, Solid, Trace, Face3d, Hatch, Dimension, Leader, Wipeout,
+    Section,
+    EndSec,
+    Table,
+    EndTab,
+    Block,
+    EndBlk,
+    Eof,
+    SeqEnd,
+    Layer,
+    Ltype,
+    BlockRecord,
+    Style,
+    DimStyle,
+    View,
+    VPort,
+    AppId,
+    Ucs,
+    Dictionary,
+    Xrecord,
+    Layout,
+    Viewport,
+    Line,
+    LwPolyline,
+    Polyline,
+    Vertex,
+    Circle,
+    Arc,
+    Ellipse,
+    Point,
+    Text,
+    MText,
+    Insert,
+    Attrib,
+    Attdef,
+    Spline,
+    Solid,
+    Trace,
+    Face3d,
+    Hatch,
+    Dimension,
+    Leader,
+    Wipeout,
     FirstOther,
 };
 
@@ -43,7 +81,8 @@ public:
     quint32 size() const { return static_cast<quint32>(m_types.size()); }
     void reserve(std::size_t records);
 
-    /// Adds a record at `offset` of the file image (bytes; records are contiguous, so a record ends where the next begins).
+    /// Adds a record at `offset` of the file image (bytes; records are contiguous, so a record ends
+    /// where the next begins).
     quint32 append(RecordType type, quint64 offset, quint8 flags)
     {
         m_types.push_back(static_cast<quint16>(type));
@@ -63,7 +102,10 @@ public:
     RecordType typeByName(QByteArrayView name);
     /// File image range [begin, end) of a record that is in the file.
     quint64 begin(quint32 slot) const { return m_offsets[slot]; }
-    quint64 end(quint32 slot) const { return slot + 1 < m_fileRecords ? m_offsets[slot + 1] : m_imageEnd; }
+    quint64 end(quint32 slot) const
+    {
+        return slot + 1 < m_fileRecords ? m_offsets[slot + 1] : m_imageEnd;
+    }
     void setImageEnd(quint64 end);
     quint32 fileRecords() const { return m_fileRecords; }
 

@@ -7,36 +7,46 @@ namespace {
 
 constexpr OdRgb rgbOf(int red, int green, int blue)
 {
-    return 0xFF000000u | (static_cast<OdRgb>(red) & 0xFFu) << 16 | (static_cast<OdRgb>(green) & 0xFFu) << 8
-        | (static_cast<OdRgb>(blue) & 0xFFu);
+    return 0xFF000000u | (static_cast<OdRgb>(red) & 0xFFu) << 16
+        | (static_cast<OdRgb>(green) & 0xFFu) << 8 | (static_cast<OdRgb>(blue) & 0xFFu);
 }
-constexpr int redOf(OdRgb colour) { return static_cast<int>(colour >> 16 & 0xFFu); }
-constexpr int greenOf(OdRgb colour) { return static_cast<int>(colour >> 8 & 0xFFu); }
-constexpr int blueOf(OdRgb colour) { return static_cast<int>(colour & 0xFFu); }
+constexpr int redOf(OdRgb colour)
+{
+    return static_cast<int>(colour >> 16 & 0xFFu);
+}
+constexpr int greenOf(OdRgb colour)
+{
+    return static_cast<int>(colour >> 8 & 0xFFu);
+}
+constexpr int blueOf(OdRgb colour)
+{
+    return static_cast<int>(colour & 0xFFu);
+}
 
 constexpr quint32 packed(OdCmColor::Method method, quint32 value)
 {
     return static_cast<quint32>(method) << 24 | (value & 0x00FFFFFFu);
 }
 
-constexpr std::array<OdRgb, 10> kFixedColours = { 0xFF000000, 0xFFFF0000, 0xFFFFFF00, 0xFF00FF00, 0xFF00FFFF,
-                                                 0xFF0000FF, 0xFFFF00FF, 0xFFFFFFFF, 0xFF808080, 0xFFC0C0C0 };
-constexpr std::array<int, 6> kGreys = { 51, 91, 132, 173, 214, 255 };
+constexpr std::array<OdRgb, 10> kFixedColours = {0xFF000000, 0xFFFF0000, 0xFFFFFF00, 0xFF00FF00,
+                                                 0xFF00FFFF, 0xFF0000FF, 0xFFFF00FF, 0xFFFFFFFF,
+                                                 0xFF808080, 0xFFC0C0C0};
+constexpr std::array<int, 6> kGreys = {51, 91, 132, 173, 214, 255};
 
 /// Colours 10 to 249: the tens step the hue by 15 degrees, the last digit chooses one of five
 /// brightnesses, odd digits at half saturation. Channels are cut off to whole numbers.
 OdRgb wheelColour(int index)
 {
-    constexpr std::array<int, 5> kBrightnessTenths = { 10, 8, 6, 5, 3 };
+    constexpr std::array<int, 5> kBrightnessTenths = {10, 8, 6, 5, 3};
     const int hue = (index / 10 - 1) * 15;
     const int sector = hue / 60;
     const int ramp = hue % 60; // sixtieths of a full channel
-    const std::array<std::array<int, 3>, 6> sectors = { { { 60, ramp, 0 },
-                                                          { 60 - ramp, 60, 0 },
-                                                          { 0, 60, ramp },
-                                                          { 0, 60 - ramp, 60 },
-                                                          { ramp, 0, 60 },
-                                                          { 60, 0, 60 - ramp } } };
+    const std::array<std::array<int, 3>, 6> sectors = {{{60, ramp, 0},
+                                                        {60 - ramp, 60, 0},
+                                                        {0, 60, ramp},
+                                                        {0, 60 - ramp, 60},
+                                                        {ramp, 0, 60},
+                                                        {60, 0, 60 - ramp}}};
     const int tenths = kBrightnessTenths[static_cast<std::size_t>(index % 10 / 2)];
     const auto channel = [&](int sixtieths) {
         const int parts = index % 10 % 2 == 0 ? sixtieths * 2 : sixtieths + 60; // of 120
@@ -48,7 +58,7 @@ OdRgb wheelColour(int index)
 
 std::array<OdRgb, 256> makeTable()
 {
-    std::array<OdRgb, 256> colours {};
+    std::array<OdRgb, 256> colours{};
     std::copy(kFixedColours.begin(), kFixedColours.end(), colours.begin());
     for (int index = 10; index < 250; ++index)
         colours[static_cast<std::size_t>(index)] = wheelColour(index);
@@ -57,9 +67,10 @@ std::array<OdRgb, 256> makeTable()
     return colours;
 }
 
-constexpr std::array<const char*, 8> kNames = { "ByBlock", "red", "yellow", "green", "cyan", "blue", "magenta", "white" };
+constexpr std::array<const char*, 8> kNames = {"ByBlock", "red",  "yellow",  "green",
+                                               "cyan",    "blue", "magenta", "white"};
 
-}
+} // namespace
 
 const std::array<OdRgb, 256>& aci::table()
 {

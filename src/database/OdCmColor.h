@@ -12,7 +12,13 @@ using OdRgb = quint32;
 class OdCmColor
 {
 public:
-    enum Method : quint8 { kByLayer = 0xC0, kByBlock = 0xC1, kByColor = 0xC2, kByACI = 0xC3, kNone = 0xC8 };
+    enum Method : quint8 {
+        kByLayer = 0xC0,
+        kByBlock = 0xC1,
+        kByColor = 0xC2,
+        kByACI = 0xC3,
+        kNone = 0xC8
+    };
 
     OdCmColor() = default;
     /// index 1 to 255; 0 and 256 give by-block and by-layer.
@@ -47,4 +53,4 @@ namespace aci {
 const std::array<OdRgb, 256>& table();
 /// Nearest of the indices 1 to 255 by squared RGB distance.
 int nearestIndex(OdRgb colour);
-}
+} // namespace aci

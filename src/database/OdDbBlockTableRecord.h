@@ -9,7 +9,7 @@ struct BlockState
 {
     QString name;
     OdDbObjectId layout; ///< null for plain blocks
-    double basePoint[3] = { 0, 0, 0 };
+    double basePoint[3] = {0, 0, 0};
     int flags = 0; ///< 1 anonymous, 2 attributes, 4 xref, 8 overlay, 16 dependent, 32 resolved
     QString path; ///< of the external reference
 };

@@ -37,7 +37,8 @@ OdDbObjectId OdDbDatabase::tableId(OdDbTableKind kind) const
 
 OdDbSymbolTable& OdDbDatabase::table(OdDbTableKind kind) const
 {
-    return *static_cast<OdDbSymbolTable*>(m_store->object(m_tables[static_cast<std::size_t>(kind)]));
+    return *static_cast<OdDbSymbolTable*>(
+        m_store->object(m_tables[static_cast<std::size_t>(kind)]));
 }
 
 OdDbLayerTable& OdDbDatabase::layerTable() const
@@ -83,6 +84,13 @@ void OdDbDatabase::setSource(std::unique_ptr<OdDbObjectSource> source)
 std::unique_ptr<GroupCursor> OdDbDatabase::makeCursor() const
 {
     return m_source ? m_source->makeCursor() : nullptr;
+}
+
+OdDbObjectId OdDbDatabase::extensionDictionary(OdDbObjectId object) const
+{
+    if (object.isNull() || !m_source || object.slot() >= m_store->fileRecords())
+        return {};
+    return idOfSlot(m_source->extensionDictionary(object.slot()));
 }
 
 // Objects
@@ -216,7 +224,8 @@ void OdDbDatabase::addReactor(OdDbDatabaseReactor* reactor)
 void OdDbDatabase::removeReactor(OdDbDatabaseReactor* reactor)
 {
     // A listener may leave while it is being told; its place is cleared and swept later.
-    std::replace(m_reactors.begin(), m_reactors.end(), reactor, static_cast<OdDbDatabaseReactor*>(nullptr));
+    std::replace(m_reactors.begin(), m_reactors.end(), reactor,
+                 static_cast<OdDbDatabaseReactor*>(nullptr));
     if (m_notifyDepth == 0)
         std::erase(m_reactors, nullptr);
 }

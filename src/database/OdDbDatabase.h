@@ -51,6 +51,8 @@ public:
     /// The block of the current, or last current, sheet.
     OdDbObjectId getPaperSpaceId() const;
     OdDbObjectId getOdDbObjectId(OdDbHandle handle) const;
+    /// The dictionary of records that hang on an object, or a null id.
+    OdDbObjectId extensionDictionary(OdDbObjectId object) const;
     OdDbObjectId idOfSlot(quint32 slot) const
     {
         return OdDbObjectId(const_cast<OdDbDatabase*>(this), slot);

@@ -26,7 +26,8 @@ private:
 QString nameOf(const ObjectStore& store, quint32 slot)
 {
     return QStringLiteral("%1 %2 (slot %3)")
-        .arg(QString::fromLatin1(store.typeName(slot)), QString::number(store.handle(slot), 16).toUpper())
+        .arg(QString::fromLatin1(store.typeName(slot)),
+             QString::number(store.handle(slot), 16).toUpper())
         .arg(slot);
 }
 
@@ -38,7 +39,8 @@ void auditStore(const ObjectStore& store, Findings& findings)
             findings.add(QStringLiteral("%1 is not found by its handle.").arg(nameOf(store, slot)));
         const quint32 owner = store.owner(slot);
         if (owner != ObjectStore::kNone && owner >= store.size())
-            findings.add(QStringLiteral("%1 has an owner outside the drawing.").arg(nameOf(store, slot)));
+            findings.add(
+                QStringLiteral("%1 has an owner outside the drawing.").arg(nameOf(store, slot)));
         if (owner == slot)
             findings.add(QStringLiteral("%1 owns itself.").arg(nameOf(store, slot)));
         if (!store.has(slot, ObjectStore::kEntity) || store.has(slot, ObjectStore::kErased))
@@ -59,13 +61,17 @@ void auditNames(const OdDbSymbolTable& table, Findings& findings)
     const ObjectStore& store = table.database()->store();
     const auto& records = table.slotsInOrder();
     if (names.size() != records.size())
-        findings.add(QStringLiteral("A table of %1 records has %2 names.").arg(records.size()).arg(names.size()));
+        findings.add(QStringLiteral("A table of %1 records has %2 names.")
+                         .arg(records.size())
+                         .arg(names.size()));
     for (quint32 position = 0; position < names.size(); ++position) {
         const bool erased = store.has(records[position], ObjectStore::kErased);
         if (names.isActive(position) == erased)
-            findings.add(QStringLiteral("%1 is erased and still named.").arg(nameOf(store, records[position])));
+            findings.add(QStringLiteral("%1 is erased and still named.")
+                             .arg(nameOf(store, records[position])));
         if (!erased && names.find(names.key(position)) == NameIndex::kNotFound)
-            findings.add(QStringLiteral("%1 is not found by its name.").arg(nameOf(store, records[position])));
+            findings.add(QStringLiteral("%1 is not found by its name.")
+                             .arg(nameOf(store, records[position])));
         const OdDbObject* object = store.object(records[position]);
         if (!object || !OdDbSymbolTableRecord::isKind(object->kind()))
             continue;
@@ -76,7 +82,7 @@ void auditNames(const OdDbSymbolTable& table, Findings& findings)
     }
 }
 
-}
+} // namespace
 
 QStringList OdDbDatabase::audit() const
 {

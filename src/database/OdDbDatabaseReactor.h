@@ -18,7 +18,8 @@ public:
     virtual void objectReAppended(const OdDbDatabase*, const OdDbObject*) { }
     virtual void objectModified(const OdDbDatabase*, const OdDbObject*) { }
     virtual void objectErased(const OdDbDatabase*, const OdDbObject*, bool /*erased*/) { }
-    /// Names are those of the variables, without the file's dollar sign: "CLAYER", "TILEMODE", "CTAB", "CVPORT".
+    /// Names are those of the variables, without the file's dollar sign: "CLAYER", "TILEMODE",
+    /// "CTAB", "CVPORT".
     virtual void headerSysVarChanged(const OdDbDatabase*, const QString& /*name*/) { }
     virtual void goodbye(const OdDbDatabase*) { }
 };

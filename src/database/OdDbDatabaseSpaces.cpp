@@ -18,13 +18,14 @@ constexpr int kSheetViewport = 1;
 
 constexpr int kActiveStatus = 1;
 
-}
+} // namespace
 
 std::vector<OdDbObjectId> OdDbDatabase::layouts() const
 {
     std::vector<OdDbObjectId> found;
     const auto roots = m_namedObjects.openObject<OdDbDictionary>();
-    const auto entries = roots ? roots->getAt(QStringLiteral("ACAD_LAYOUT")).openObject<OdDbDictionary>() : nullptr;
+    const auto entries =
+        roots ? roots->getAt(QStringLiteral("ACAD_LAYOUT")).openObject<OdDbDictionary>() : nullptr;
     if (!entries)
         return found;
     for (const DictionaryEntry& entry : entries->entries()) {
@@ -32,7 +33,8 @@ std::vector<OdDbObjectId> OdDbDatabase::layouts() const
             found.push_back(entry.value);
     }
     std::stable_sort(found.begin(), found.end(), [](OdDbObjectId a, OdDbObjectId b) {
-        return a.openObject<OdDbLayout>()->getTabOrder() < b.openObject<OdDbLayout>()->getTabOrder();
+        return a.openObject<OdDbLayout>()->getTabOrder()
+            < b.openObject<OdDbLayout>()->getTabOrder();
     });
     return found;
 }
@@ -114,7 +116,8 @@ int OdDbDatabase::getCVPORT() const
 void OdDbDatabase::setCLAYER(OdDbObjectId layer)
 {
     if (!layer.openObject<OdDbLayerTableRecord>())
-        throw OdError(OdResult::InvalidInput, QStringLiteral("CLAYER must name a layer of the drawing."));
+        throw OdError(OdResult::InvalidInput,
+                      QStringLiteral("CLAYER must name a layer of the drawing."));
     CurrentSettings next = m_current;
     next.layer = layer;
     changeCurrent(next);
@@ -131,17 +134,21 @@ void OdDbDatabase::setCTAB(const QString& layoutName)
 {
     const std::vector<OdDbObjectId> all = layouts();
     const auto found = std::find_if(all.begin(), all.end(), [&](OdDbObjectId id) {
-        return id.openObject<OdDbLayout>()->getLayoutName().compare(layoutName, Qt::CaseInsensitive) == 0;
+        return id.openObject<OdDbLayout>()->getLayoutName().compare(layoutName, Qt::CaseInsensitive)
+            == 0;
     });
     CurrentSettings next = m_current;
     if (found != all.end() && (*found).openObject<OdDbLayout>()->getTabOrder() != 0) {
         next.modelSpace = false;
         next.sheet = *found;
         next.viewport = {};
-    } else if (found != all.end() || layoutName.compare(QStringLiteral("Model"), Qt::CaseInsensitive) == 0) {
+    } else if (found != all.end()
+               || layoutName.compare(QStringLiteral("Model"), Qt::CaseInsensitive) == 0)
+    {
         next.modelSpace = true;
     } else {
-        throw OdError(OdResult::KeyNotFound, QStringLiteral("There is no layout \"%1\".").arg(layoutName));
+        throw OdError(OdResult::KeyNotFound,
+                      QStringLiteral("There is no layout \"%1\".").arg(layoutName));
     }
     changeCurrent(next);
 }

@@ -16,6 +16,7 @@ OdDbObjectId OdDbDictionary::getAt(const QString& key) const
 QString OdDbDictionary::nameAt(OdDbObjectId id) const
 {
     const auto& all = m_state.entries;
-    const auto it = std::find_if(all.begin(), all.end(), [&](const DictionaryEntry& entry) { return entry.value == id; });
+    const auto it = std::find_if(all.begin(), all.end(),
+                                 [&](const DictionaryEntry& entry) { return entry.value == id; });
     return it == all.end() ? QString() : it->key;
 }

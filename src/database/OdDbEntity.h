@@ -42,7 +42,8 @@ protected:
     void imageSwapped() override { m_lookup.clear(); }
 
 private:
-    mutable std::vector<quint32> m_lookup; ///< slots of the frozen layers, sorted; made when asked for
+    mutable std::vector<quint32>
+        m_lookup; ///< slots of the frozen layers, sorted; made when asked for
 };
 
 using OdDbEntityPtr = OdSmartPtr<OdDbEntity>;

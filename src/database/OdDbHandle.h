@@ -12,8 +12,7 @@ public:
     constexpr OdDbHandle() = default;
     constexpr explicit OdDbHandle(quint64 value)
         : m_value(value)
-    {
-    }
+    { }
 
     constexpr quint64 value() const { return m_value; }
     constexpr bool isNull() const { return m_value == 0; }

@@ -11,8 +11,7 @@ public:
 
     OdDbLayerTable()
         : OdDbSymbolTable(OdDbTableKind::Layer)
-    {
-    }
+    { }
 
     OdDbObjectKind kind() const override { return OdDbObjectKind::LayerTable; }
 

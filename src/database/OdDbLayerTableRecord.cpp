@@ -15,10 +15,12 @@ void OdDbLayerTableRecord::setName(const QString& name)
     if (name.isEmpty())
         throw OdError(OdResult::InvalidKey, QStringLiteral("A layer needs a name."));
     if (objectId() == database()->getLayerZeroId() || isDependent())
-        throw OdError(OdResult::NotApplicable, QStringLiteral("Layer \"%1\" cannot be renamed.").arg(m_state.name));
+        throw OdError(OdResult::NotApplicable,
+                      QStringLiteral("Layer \"%1\" cannot be renamed.").arg(m_state.name));
     const OdDbObjectId taken = layers.getAt(name);
     if (!taken.isNull() && taken != objectId())
-        throw OdError(OdResult::DuplicateKey, QStringLiteral("There is a layer \"%1\" already.").arg(name));
+        throw OdError(OdResult::DuplicateKey,
+                      QStringLiteral("There is a layer \"%1\" already.").arg(name));
     assertWriteEnabled();
     m_state.name = name;
     layers.recordRenamed(objectId().slot(), name);
@@ -63,7 +65,9 @@ QString OdDbLayerTableRecord::plotStyleName(OdDbObjectId viewport) const
     const LayerOverride* there = overrideIn(viewport);
     const OdDbObjectId style = there && there->plotStyle ? *there->plotStyle : m_state.plotStyle;
     const auto roots = database()->getNamedObjectsDictionaryId().openObject<OdDbDictionary>();
-    const auto styles = roots ? roots->getAt(QStringLiteral("ACAD_PLOTSTYLENAME")).openObject<OdDbDictionary>() : nullptr;
+    const auto styles = roots
+        ? roots->getAt(QStringLiteral("ACAD_PLOTSTYLENAME")).openObject<OdDbDictionary>()
+        : nullptr;
     return styles && !style.isNull() ? styles->nameAt(style) : QString();
 }
 

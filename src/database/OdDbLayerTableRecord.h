@@ -56,7 +56,8 @@ public:
     OdDbObjectKind kind() const override { return OdDbObjectKind::Layer; }
     QString getName() const override { return m_state.name; }
     bool isDependent() const override { return m_state.dependent; }
-    /// Raises OdError with InvalidKey (empty name), DuplicateKey, or NotApplicable (layer 0, xref-dependent).
+    /// Raises OdError with InvalidKey (empty name), DuplicateKey, or NotApplicable (layer 0,
+    /// xref-dependent).
     void setName(const QString& name);
 
     bool isOff() const { return m_state.off; }
@@ -75,7 +76,8 @@ public:
     OdCmColor color(OdDbObjectId viewport = {}) const;
     OdDbObjectId linetypeObjectId(OdDbObjectId viewport = {}) const;
     qint16 lineWeight(OdDbObjectId viewport = {}) const;
-    /// "Color_n" in colour-dependent drawings, the style's name in named ones, empty where there is none.
+    /// "Color_n" in colour-dependent drawings, the style's name in named ones, empty where there is
+    /// none.
     QString plotStyleName(OdDbObjectId viewport = {}) const;
     void setColor(const OdCmColor& color) { assign(&LayerState::color, color); }
     void setLinetypeObjectId(OdDbObjectId linetype) { assign(&LayerState::linetype, linetype); }

@@ -4,7 +4,8 @@
 
 std::vector<OdDbObjectId> OdDbLayout::getViewportArray() const
 {
-    return m_state.tabOrder == 0 ? std::vector<OdDbObjectId>() : database()->viewportsOf(m_state.block);
+    return m_state.tabOrder == 0 ? std::vector<OdDbObjectId>()
+                                 : database()->viewportsOf(m_state.block);
 }
 
 OdDbObjectId OdDbLayout::overallVportId() const

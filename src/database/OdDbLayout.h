@@ -29,7 +29,6 @@ public:
     std::vector<OdDbObjectId> getViewportArray() const;
     /// The viewport that covers the sheet itself, or a null id in a layout never opened.
     OdDbObjectId overallVportId() const;
-
 };
 
 using OdDbLayoutPtr = OdSmartPtr<OdDbLayout>;

@@ -22,5 +22,4 @@ public:
 
 /// An object of a class that this program does not know; the file image keeps its contents.
 class OdDbUnknownObject : public OdDbObject
-{
-};
+{ };

@@ -47,7 +47,8 @@ std::unique_ptr<OdDbObjectImage> OdDbObject::captureImage() const
     return nullptr;
 }
 
-void OdDbObject::swapImage(OdDbObjectImage&) { }
+void OdDbObject::swapImage(OdDbObjectImage&)
+{ }
 
 bool OdDbObjectId::isErased() const
 {

@@ -52,8 +52,8 @@ public:
 protected:
     OdDbObject() = default;
 
-    /// To be called by every setter before it changes the state: keeps the before-image on the first
-    /// change inside an undo record. Raises OdError_NotOpenForWrite.
+    /// To be called by every setter before it changes the state: keeps the before-image on the
+    /// first change inside an undo record. Raises OdError_NotOpenForWrite.
     void assertWriteEnabled();
 
     /// A copy of the state, for the undo journal; null for objects without state of their own.
@@ -82,7 +82,8 @@ struct OdDbObjectImage
 };
 
 /// Base for objects whose whole state is one copyable value.
-template <class Base, class State> class OdDbStateful : public Base
+template <class Base, class State>
+class OdDbStateful : public Base
 {
 public:
     /// For codecs only: the state as a whole.
@@ -94,15 +95,21 @@ protected:
     {
         explicit Image(const State& s)
             : state(s)
-        {
-        }
+        { }
         State state;
     };
-    std::unique_ptr<OdDbObjectImage> captureImage() const override { return std::make_unique<Image>(m_state); }
-    void swapImage(OdDbObjectImage& image) override { std::swap(m_state, static_cast<Image&>(image).state); }
+    std::unique_ptr<OdDbObjectImage> captureImage() const override
+    {
+        return std::make_unique<Image>(m_state);
+    }
+    void swapImage(OdDbObjectImage& image) override
+    {
+        std::swap(m_state, static_cast<Image&>(image).state);
+    }
 
     /// Writes one member of the state; nothing happens when it has the value already.
-    template <class Value> void assign(Value State::*member, const Value& value)
+    template <class Value>
+    void assign(Value State::*member, const Value& value)
     {
         this->requireWriteEnabled();
         if (m_state.*member == value)

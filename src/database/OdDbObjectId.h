@@ -23,8 +23,7 @@ public:
     constexpr OdDbObjectId(OdDbDatabase* database, quint32 slot)
         : m_database(slot == kNoSlot ? nullptr : database)
         , m_slot(database ? slot : kNoSlot)
-    {
-    }
+    { }
 
     constexpr bool isNull() const { return m_database == nullptr; }
     constexpr OdDbDatabase* database() const { return m_database; }
@@ -37,9 +36,11 @@ public:
     template <class T = OdDbObject>
     OdSmartPtr<T> openObject(OdDb::OpenMode mode = OdDb::kForRead, bool openErased = false) const;
 
-    /// As openObject, but raises OdError_NotThatKindOfClass, or OdError with NullObjectId or WasErased.
+    /// As openObject, but raises OdError_NotThatKindOfClass, or OdError with NullObjectId or
+    /// WasErased.
     template <class T = OdDbObject>
-    OdSmartPtr<T> safeOpenObject(OdDb::OpenMode mode = OdDb::kForRead, bool openErased = false) const;
+    OdSmartPtr<T> safeOpenObject(OdDb::OpenMode mode = OdDb::kForRead,
+                                 bool openErased = false) const;
 
     friend constexpr bool operator==(const OdDbObjectId&, const OdDbObjectId&) = default;
     friend constexpr auto operator<=>(const OdDbObjectId& a, const OdDbObjectId& b)

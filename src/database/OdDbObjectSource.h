@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QByteArrayView>
+#include <QString>
 
 #include <memory>
 
@@ -15,6 +16,10 @@ public:
     /// Fills the state of a freshly made object from the record in its slot.
     virtual void read(OdDbObject& object) const = 0;
     virtual std::unique_ptr<GroupCursor> makeCursor() const = 0;
+    /// Slot of the object's extension dictionary as the file has it, or OdDbObjectId::kNoSlot.
+    virtual quint32 extensionDictionary(quint32 slot) const = 0;
+    /// Text of a group value in the drawing's encoding.
+    virtual QString decode(QByteArrayView value) const = 0;
     /// Bytes of memory held.
     virtual quint64 footprint() const = 0;
 };

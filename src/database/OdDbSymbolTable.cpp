@@ -10,15 +10,15 @@
 OdDbSymbolTable::OdDbSymbolTable(OdDbTableKind tableKind)
     : m_tableKind(tableKind)
     , m_names(std::make_unique<NameIndex>())
-{
-}
+{ }
 
 OdDbSymbolTable::~OdDbSymbolTable() = default;
 
 OdDbObjectId OdDbSymbolTable::getAt(const QString& name) const
 {
     const quint32 position = m_names->find(NameIndex::fold(name));
-    return position == NameIndex::kNotFound ? OdDbObjectId() : database()->idOfSlot(m_slots[position]);
+    return position == NameIndex::kNotFound ? OdDbObjectId()
+                                            : database()->idOfSlot(m_slots[position]);
 }
 
 std::vector<OdDbObjectId> OdDbSymbolTable::records() const

@@ -7,7 +7,18 @@
 #include <vector>
 
 /// The tables of a drawing.
-enum class OdDbTableKind : quint8 { Layer, Linetype, Block, Style, DimStyle, View, Viewport, RegApp, Ucs, Other };
+enum class OdDbTableKind : quint8 {
+    Layer,
+    Linetype,
+    Block,
+    Style,
+    DimStyle,
+    View,
+    Viewport,
+    RegApp,
+    Ucs,
+    Other
+};
 inline constexpr int kOdDbTableKindCount = 10;
 
 class NameIndex;
@@ -20,7 +31,8 @@ public:
     static bool isKind(OdDbObjectKind kind)
     {
         return kind == OdDbObjectKind::Layer || kind == OdDbObjectKind::Linetype
-            || kind == OdDbObjectKind::BlockTableRecord || kind == OdDbObjectKind::SymbolTableRecord;
+            || kind == OdDbObjectKind::BlockTableRecord
+            || kind == OdDbObjectKind::SymbolTableRecord;
     }
 
     virtual QString getName() const = 0;

@@ -6,8 +6,8 @@
 
 #include <vector>
 
-/// One tagged group as the drawing stores it. Values are text in the drawing's encoding; handles stay
-/// hexadecimal text.
+/// One tagged group as the drawing stores it. Values are text in the drawing's encoding; handles
+/// stay hexadecimal text.
 struct TaggedGroup
 {
     int code = 0;

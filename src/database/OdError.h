@@ -36,8 +36,7 @@ public:
         : m_code(code)
         , m_description(description)
         , m_utf8(description.toStdString())
-    {
-    }
+    { }
 
     OdResult code() const { return m_code; }
     const QString& description() const { return m_description; }
@@ -53,9 +52,9 @@ class OdError_NotThatKindOfClass : public OdError
 {
 public:
     explicit OdError_NotThatKindOfClass(const QString& expected)
-        : OdError(OdResult::NotThatKindOfClass, QStringLiteral("The object is not a %1.").arg(expected))
-    {
-    }
+        : OdError(OdResult::NotThatKindOfClass,
+                  QStringLiteral("The object is not a %1.").arg(expected))
+    { }
 };
 
 class OdError_InvalidIndex : public OdError
@@ -63,8 +62,7 @@ class OdError_InvalidIndex : public OdError
 public:
     OdError_InvalidIndex()
         : OdError(OdResult::InvalidIndex, QStringLiteral("The index is out of range."))
-    {
-    }
+    { }
 };
 
 class OdError_NotOpenForWrite : public OdError
@@ -72,8 +70,7 @@ class OdError_NotOpenForWrite : public OdError
 public:
     OdError_NotOpenForWrite()
         : OdError(OdResult::NotOpenForWrite, QStringLiteral("The object is not open for write."))
-    {
-    }
+    { }
 };
 
 /// A file that cannot be read or written.
@@ -82,8 +79,7 @@ class OdError_FileAccess : public OdError
 public:
     OdError_FileAccess(OdResult code, const QString& sentence)
         : OdError(code, sentence)
-    {
-    }
+    { }
 };
 
 /// A drawing whose contents break its format. The description names file, line and expectation.
@@ -95,8 +91,7 @@ public:
                   line > 0 ? QStringLiteral("%1, line %2: %3").arg(file).arg(line).arg(found)
                            : QStringLiteral("%1: %2").arg(file, found))
         , m_line(line)
-    {
-    }
+    { }
     qint64 line() const { return m_line; }
 
 private:

@@ -24,8 +24,7 @@ public:
     /// `instance`: the address of a symbol inside the library, or the platform's module handle.
     explicit OdRxWin32Module(void* instance)
         : m_instance(instance)
-    {
-    }
+    { }
     void* moduleHandle() const { return m_instance; }
     void addRef() override { ++m_references; }
     void release() override

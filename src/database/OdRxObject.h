@@ -26,7 +26,8 @@ private:
 };
 
 /// Makes a counted object whose count is 1.
-template <class T, class... Args> OdSmartPtr<T> odrxCreate(Args&&... args)
+template <class T, class... Args>
+OdSmartPtr<T> odrxCreate(Args&&... args)
 {
     return OdSmartPtr<T>::adopt(new T(std::forward<Args>(args)...));
 }

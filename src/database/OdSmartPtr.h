@@ -6,7 +6,8 @@
 
 /// Counted pointer to an object that has addRef() and release(). For database objects the count
 /// is the number of open uses: releasing the last one closes the object and tells the reactors.
-template <class T> class OdSmartPtr
+template <class T>
+class OdSmartPtr
 {
 public:
     OdSmartPtr() = default;
@@ -32,11 +33,9 @@ public:
     }
     OdSmartPtr(OdSmartPtr&& other) noexcept
         : m_object(std::exchange(other.m_object, nullptr))
-    {
-    }
+    { }
     template <class U>
-        requires std::is_convertible_v<U*, T*>
-    OdSmartPtr(const OdSmartPtr<U>& other)
+    requires std::is_convertible_v<U*, T*> OdSmartPtr(const OdSmartPtr<U>& other)
         : m_object(other.get())
     {
         retain();
@@ -64,7 +63,10 @@ public:
     explicit operator bool() const { return m_object != nullptr; }
     bool isNull() const { return m_object == nullptr; }
 
-    friend bool operator==(const OdSmartPtr& a, const OdSmartPtr& b) { return a.m_object == b.m_object; }
+    friend bool operator==(const OdSmartPtr& a, const OdSmartPtr& b)
+    {
+        return a.m_object == b.m_object;
+    }
 
 private:
     void retain()

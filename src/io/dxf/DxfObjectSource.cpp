@@ -95,6 +95,18 @@ void DxfObjectSource::read(OdDbObject& object) const
     }
 }
 
+quint32 DxfObjectSource::extensionDictionary(quint32 slot) const
+{
+    bool inExtension = false;
+    for (DxfCursor groups = cursor(slot); groups.next() && groups.code() < 1000;) {
+        if (groups.code() == 102)
+            inExtension = groups.bytes().trimmed() == "{ACAD_XDICTIONARY";
+        else if (inExtension && (groups.code() == 360 || groups.code() == 350))
+            return id(groups.handle()).slot();
+    }
+    return OdDbObjectId::kNoSlot;
+}
+
 LayerState DxfObjectSource::readLayer(quint32 slot) const
 {
     LayerState layer;

@@ -23,6 +23,8 @@ public:
     void read(OdDbObject& object) const override;
     std::unique_ptr<GroupCursor> makeCursor() const override;
     DrawingPieces write(const OdDbDatabase& database) const override;
+    quint32 extensionDictionary(quint32 slot) const override;
+    QString decode(QByteArrayView value) const override { return m_text.decode(value); }
     quint64 footprint() const override { return m_image->size(); }
 
     DxfCursor cursor(quint32 slot) const;
