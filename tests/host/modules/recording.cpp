@@ -2,9 +2,11 @@
 #include "sdk/OdEdCommandStack.h"
 
 namespace {
-int s_inits = 0;
-int s_uninits = 0;
-int s_deleted = 0;
+// The environment outlives the library.
+void record(const char* call)
+{
+    qputenv("KEST_RECORDED_CALLS", qgetenv("KEST_RECORDED_CALLS") + call + ' ');
+}
 
 class RecordedCommand : public OdEdCommand
 {
@@ -21,22 +23,22 @@ class RecordingModule : public OdRxWin32Module
 {
 public:
     using OdRxWin32Module::OdRxWin32Module;
-    ~RecordingModule() override { ++s_deleted; }
+    ~RecordingModule() override { record("deleted"); }
     void initApp() override
     {
-        ++s_inits;
+        record("init");
         odedRegCmds()->addCommand(odrxCreate<RecordedCommand>());
     }
     void uninitApp() override
     {
-        ++s_uninits;
+        record("uninit");
         odedRegCmds()->removeGroup(QStringLiteral("RECORDING"));
     }
     QString moduleName() const override { return QStringLiteral("recording"); }
 };
 } // namespace
 
-// A well-behaved module that counts what the host does to it.
+// A well-behaved module that records what the host does to it.
 extern "C" void odrxGetAPIVersion(quint32* major, quint32* majorMinor, quint32* minor,
                                   quint32* build)
 {
@@ -48,20 +50,6 @@ extern "C" void odrxGetAPIVersion(quint32* major, quint32* majorMinor, quint32* 
 
 extern "C" OdRxModule* odrxCreateModuleObject(void* instance)
 {
+    record("create");
     return new RecordingModule(instance);
-}
-
-extern "C" int initCount()
-{
-    return s_inits;
-}
-
-extern "C" int uninitCount()
-{
-    return s_uninits;
-}
-
-extern "C" int deletedCount()
-{
-    return s_deleted;
 }
