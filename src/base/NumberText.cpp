@@ -10,9 +10,10 @@ QByteArrayView withoutPlus(QByteArrayView text)
     return text.size() > 1 && text.front() == '+' && text[1] != '-' ? text.sliced(1) : text;
 }
 
-template <class Number, class... Format> std::optional<Number> parse(QByteArrayView text, Format... format)
+template <class Number, class... Format>
+std::optional<Number> parse(QByteArrayView text, Format... format)
 {
-    Number number {};
+    Number number{};
     const char* end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, number, format...);
     if (error != std::errc() || stop != end)
@@ -20,7 +21,7 @@ template <class Number, class... Format> std::optional<Number> parse(QByteArrayV
     return number;
 }
 
-}
+} // namespace
 
 std::optional<qint64> NumberText::integer(QByteArrayView text)
 {

@@ -130,6 +130,6 @@ quint64 FileImage::waitFor(quint64 offset) const
 
 qint64 FileImage::lineAt(quint64 offset) const
 {
-    waitFor(m_size);
+    waitFor(offset);
     return 1 + std::count(begin(), begin() + std::min<quint64>(offset, m_size), '\n');
 }

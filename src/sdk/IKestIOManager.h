@@ -3,8 +3,8 @@
 #include <QString>
 #include <QStringList>
 
-/// Text in and out of the host's command line. Calls that ask answer kest::kNormal, kest::kNone (empty
-/// answer) or kest::kCancel.
+/// Text in and out of the host's command line. Calls that ask answer kest::kNormal, kest::kNone
+/// (empty answer) or kest::kCancel.
 class IKestIOManager
 {
 public:

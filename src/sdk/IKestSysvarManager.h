@@ -5,7 +5,8 @@
 #include <QString>
 
 /// System variables by name, without regard to case. Each call answers kest::kNormal, or
-/// kest::kError when the name is unknown, the type differs, the value is out of range or no drawing is open.
+/// kest::kError when the name is unknown, the type differs, the value is out of range or no drawing
+/// is open.
 class IKestSysvarManager
 {
 public:

@@ -19,7 +19,8 @@ struct KestHost
     CKsUndoRedoCommandHistory* undoHistory = nullptr;
     QWidget* mainWindow = nullptr;
     /// Answers KestSSGet().
-    int (*selectEntities)(const KestSelectionRequest& request, KestSelectionSet& selection) = nullptr;
+    int (*selectEntities)(const KestSelectionRequest& request,
+                          KestSelectionSet& selection) = nullptr;
 };
 
 void ksSetHost(const KestHost& host);

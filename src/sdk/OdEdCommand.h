@@ -20,8 +20,7 @@ class OdDbCommandContext : public OdEdCommandContext
 public:
     explicit OdDbCommandContext(OdDbDatabase* database)
         : m_database(database)
-    {
-    }
+    { }
     OdDbDatabase* database() const { return m_database; }
 
 private:
