@@ -1,6 +1,8 @@
 #include "DockingFixture.h"
 
 #include "support/StillStyle.h"
+#include "toolkit/docking/PaneFlyout.h"
+#include "toolkit/docking/SideTabButton.h"
 
 #include <QApplication>
 #include <QLayout>
@@ -59,4 +61,44 @@ void DockingFixture::showWindow(QSize size)
     m_window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
     m_canvas->setFocus();
+}
+
+CXTPDockingPane* DockingFixture::hiddenPalette()
+{
+    CXTPDockingPane* pane = createPalette();
+    m_manager->ShowPane(pane);
+    m_manager->ToggleAutoHide(pane);
+    return pane;
+}
+
+CXTPDockingPane* DockingFixture::outPalette()
+{
+    CXTPDockingPane* pane = hiddenPalette();
+    QTest::mouseClick(tab(kPaletteId), Qt::LeftButton);
+    return pane;
+}
+
+PaneFlyout* DockingFixture::flyout() const
+{
+    return m_window->findChild<PaneFlyout*>();
+}
+
+QAbstractButton* DockingFixture::flyoutButton(const char* name) const
+{
+    return flyout()->findChild<QAbstractButton*>(QLatin1String(name));
+}
+
+SideTabButton* DockingFixture::tab(int id) const
+{
+    return m_window->findChild<SideTabButton*>(QStringLiteral("side_tab_%1").arg(id));
+}
+
+QWidget* DockingFixture::bar(const char* side) const
+{
+    return m_window->findChild<QWidget*>(QLatin1String("side_bar_") + QLatin1String(side));
+}
+
+bool DockingFixture::isOut(const CXTPDockingPane* pane) const
+{
+    return flyout()->isVisible() && flyout()->isAncestorOf(pane->GetView());
 }

@@ -8,6 +8,10 @@
 
 #include <memory>
 
+class PaneFlyout;
+class QAbstractButton;
+class SideTabButton;
+
 /// A main window with a text in its middle, a docking manager, and pane 1000 as the layer palette
 /// makes it.
 class DockingFixture : public GuardedTest
@@ -27,6 +31,20 @@ protected:
     void resizeDock(CXTPDockingPane* pane, int extent, Qt::Orientation along = Qt::Horizontal);
     /// Shows the window at that size and waits until it is active.
     void showWindow(QSize size = QSize(1400, 900));
+    /// The palette, hidden to the left.
+    CXTPDockingPane* hiddenPalette();
+    /// The palette, slid out by a click on its tab.
+    CXTPDockingPane* outPalette();
+
+    PaneFlyout* flyout() const;
+    QAbstractButton* flyoutButton(const char* name) const;
+    /// The tab of a pane that is hidden to a side, or null.
+    SideTabButton* tab(int id) const;
+    /// The bar of a side: "left", "right", "top" or "bottom".
+    QWidget* bar(const char* side) const;
+    /// True while the pane's view shows in the flyout.
+    bool isOut(const CXTPDockingPane* pane) const;
+
     /// Another window of the same kind, without panes.
     void replaceWindow();
 

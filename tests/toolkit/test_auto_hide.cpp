@@ -1,6 +1,4 @@
 #include "DockingFixture.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
 #include "toolkit/docking/FlyoutGrip.h"
 #include "toolkit/docking/PaneFlyout.h"
 #include "toolkit/docking/SideTabButton.h"
@@ -12,7 +10,6 @@
 #include <QSignalSpy>
 #include <QStyleFactory>
 #include <QTest>
-#include <QToolBar>
 
 class TestAutoHide : public DockingFixture
 {
@@ -43,46 +40,6 @@ private slots:
     void endsWithAPaneThatIsDeletedWhileOut();
     void pinsAPaneThatTheWindowShows();
     void slidesWithAnAnimation();
-    void comesBackFromASavedState();
-    void comesBackWhenThePaneIsCreatedLater();
-    void comesBackFromAStateWithoutHiddenPanes();
-    void refusesBrokenStates();
-    void looksLikeItsGoldenImages_data();
-    void looksLikeItsGoldenImages();
-
-private:
-    PaneFlyout* flyout() const { return m_window->findChild<PaneFlyout*>(); }
-    SideTabButton* tab(int id) const
-    {
-        return m_window->findChild<SideTabButton*>(QStringLiteral("side_tab_%1").arg(id));
-    }
-    QAbstractButton* flyoutButton(const char* name) const
-    {
-        return flyout()->findChild<QAbstractButton*>(QLatin1String(name));
-    }
-    QToolBar* bar(const char* side) const
-    {
-        return m_window->findChild<QToolBar*>(QLatin1String("side_bar_") + QLatin1String(side));
-    }
-    bool isOut(const CXTPDockingPane* pane) const
-    {
-        return flyout()->isVisible() && flyout()->isAncestorOf(pane->GetView());
-    }
-    /// The palette, hidden to the left.
-    CXTPDockingPane* hiddenPalette()
-    {
-        CXTPDockingPane* pane = createPalette();
-        m_manager->ShowPane(pane);
-        m_manager->ToggleAutoHide(pane);
-        return pane;
-    }
-    /// The palette, slid out.
-    CXTPDockingPane* outPalette()
-    {
-        CXTPDockingPane* pane = hiddenPalette();
-        QTest::mouseClick(tab(kPaletteId), Qt::LeftButton);
-        return pane;
-    }
 };
 
 void TestAutoHide::hidesADockedPaneToATab()
@@ -457,102 +414,6 @@ void TestAutoHide::slidesWithAnAnimation()
     QVERIFY(!flyout()->isSlidingIn());
     QTRY_COMPARE(flyout()->width(), 550);
     QVERIFY(isOut(pane));
-}
-
-void TestAutoHide::comesBackFromASavedState()
-{
-    showWindow();
-    CXTPDockingPane* pane = hiddenPalette();
-    CXTPDockingPane* closed = createPane(7, xtpPaneDockRight);
-    m_manager->ShowPane(closed);
-    closed->ToggleAutoHide();
-    m_manager->ClosePane(closed);
-    const QByteArray windowState = m_window->saveState();
-    const QByteArray state = m_manager->saveState();
-
-    replaceWindow();
-    showWindow();
-    pane = createPalette();
-    closed = createPane(7, xtpPaneDockRight);
-    m_manager->ShowPane(pane);
-    QVERIFY(m_window->restoreState(windowState));
-    QVERIFY(m_manager->restoreState(state));
-    QCOMPARE(pane->GetPaneState(), xtpPaneHidden);
-    QVERIFY(!pane->IsClosed() && !pane->isVisible());
-    QTRY_VERIFY(tab(kPaletteId)->isVisible());
-    QCOMPARE(closed->GetPaneState(), xtpPaneHidden);
-    QVERIFY(closed->IsClosed());
-    QCOMPARE(tab(7), nullptr);
-    QCOMPARE(m_manager->saveState(), state);
-    pane->ToggleAutoHide();
-    QTRY_COMPARE(pane->width(), 550);
-}
-
-void TestAutoHide::comesBackWhenThePaneIsCreatedLater()
-{
-    showWindow();
-    hiddenPalette();
-    const QByteArray windowState = m_window->saveState();
-    const QByteArray state = m_manager->saveState();
-
-    replaceWindow();
-    showWindow();
-    QVERIFY(m_window->restoreState(windowState));
-    QVERIFY(m_manager->restoreState(state));
-    QCOMPARE(m_manager->saveState(), state);
-    CXTPDockingPane* pane = createPalette();
-    QVERIFY(pane->IsClosed());
-    QCOMPARE(pane->GetPaneState(), xtpPaneHidden);
-    m_manager->ShowPane(pane);
-    QVERIFY(isOut(pane));
-    QVERIFY(tab(kPaletteId)->isVisible());
-    QVERIFY(!pane->isVisible());
-}
-
-void TestAutoHide::comesBackFromAStateWithoutHiddenPanes()
-{
-    showWindow();
-    CXTPDockingPane* pane = createPalette();
-    m_manager->ShowPane(pane);
-    const QByteArray windowState = m_window->saveState();
-    const QByteArray state = m_manager->saveState();
-    pane->ToggleAutoHide();
-    QVERIFY(m_window->restoreState(windowState));
-    QVERIFY(m_manager->restoreState(state));
-    QCOMPARE(pane->GetPaneState(), xtpPaneDocked);
-    QVERIFY(pane->isVisible());
-    QVERIFY(pane->isAncestorOf(pane->GetView()));
-}
-
-void TestAutoHide::refusesBrokenStates()
-{
-    showWindow();
-    CXTPDockingPane* pane = hiddenPalette();
-    QVERIFY(!m_manager->restoreState("nonsense"));
-    QVERIFY(!m_manager->restoreState(QByteArray()));
-    QCOMPARE(pane->GetPaneState(), xtpPaneHidden);
-}
-
-void TestAutoHide::looksLikeItsGoldenImages_data()
-{
-    QTest::addColumn<GoldenLook::Theme>("theme");
-    QTest::newRow("light") << GoldenLook::Theme::Light;
-    QTest::newRow("dark") << GoldenLook::Theme::Dark;
-}
-
-void TestAutoHide::looksLikeItsGoldenImages()
-{
-    QFETCH(const GoldenLook::Theme, theme);
-    const GoldenLook look(theme);
-    replaceWindow();
-    showWindow(QSize(760, 420));
-    CXTPDockingPane* other = createPane(7, xtpPaneDockBottom);
-    m_manager->ShowPane(other);
-    other->ToggleAutoHide();
-    outPalette();
-    m_canvas->setPlainText(QStringLiteral("Drawing"));
-    QVERIFY(
-        goldenImage(m_window.get(), QStringLiteral("pane_slid_out_") + GoldenLook::suffix(theme)));
 }
 
 QTEST_MAIN(TestAutoHide)

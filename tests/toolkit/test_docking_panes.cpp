@@ -16,7 +16,7 @@ private slots:
     void areManagedByTheObjectInTheWindowsProperty();
     void comeUpHiddenUnderTheirIdentifier();
     void areCreatedOncePerIdentifier();
-    void openAndCloseAndSayso();
+    void openAndCloseAndSaySo();
     void openAgainInFront();
     void startInTheirInitialWidthAndFillTheWindowsHeight();
     void keepTheirMinimumWhileDocked();
@@ -77,7 +77,7 @@ void TestDockingPanes::areCreatedOncePerIdentifier()
     QVERIFY(m_manager->CreatePane(7, QRect(0, 0, 10, 10), xtpPaneDockRight) != pane);
 }
 
-void TestDockingPanes::openAndCloseAndSayso()
+void TestDockingPanes::openAndCloseAndSaySo()
 {
     showWindow();
     CXTPDockingPane* pane = createPalette();
