@@ -1,6 +1,7 @@
 #include "layermanager/layers/grid/CKestListCtrl.h"
 
 #include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/grid/CKestHeaderCtrl.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -50,12 +51,7 @@ void CKestListCtrl::setUpLook()
     QHeaderView* rows = verticalHeader();
     rows->hide();
     rows->setSectionResizeMode(QHeaderView::Fixed);
-    QHeaderView* columns = horizontalHeader();
-    columns->setSectionsClickable(true);
-    columns->setSectionsMovable(false);
-    columns->setHighlightSections(false);
-    columns->setTextElideMode(Qt::ElideRight);
-    columns->setSortIndicatorShown(true);
+    setHorizontalHeader(new CKestHeaderCtrl(this));
 }
 
 void CKestListCtrl::updateRowHeight()
@@ -120,6 +116,7 @@ CKestListCtrl::CInPlaceEdit* CKestListCtrl::OpenEditor(int row, int column)
     if (m_editor)
         return nullptr;
     executeDelayedItemsLayout();
+    updateGeometries(); // columns that were just resized change the range to scroll in
     scrollTo(index, EnsureVisible);
     const QRect rect = visualRect(index);
     if (rect.intersected(viewport()->rect()).isEmpty())

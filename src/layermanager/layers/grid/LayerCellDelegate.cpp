@@ -36,6 +36,9 @@ constexpr FlagIcons kFlagIcons[] = {
 constexpr LayerIcon kStatusIcons[] = {LayerIcon::StatusCurrent, LayerIcon::StatusNotInUse,
                                       LayerIcon::StatusInUse};
 
+/// Average characters in the room kept for the text beside a lineweight sample.
+constexpr int kLineweightDigits = 8;
+
 bool isDark(const QColor& colour)
 {
     return qGray(colour.rgb()) < 128;
@@ -136,14 +139,15 @@ void LayerCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
                             layerCellText(*layer, column, context));
         break;
     }
-    if (option.state & QStyle::State_HasFocus) {
-        QStyleOptionFocusRect focus;
-        focus.QStyleOption::operator=(option);
-        focus.backgroundColor = look.ground;
-        focus.state |= QStyle::State_KeyboardFocusChange;
-        QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter,
-                                             option.widget);
-    }
+    if (option.state & QStyle::State_HasFocus)
+        paintFocus(*painter, look);
+}
+
+void LayerCellDelegate::paintFocus(QPainter& painter, const Look& look)
+{
+    painter.setPen(look.text);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(look.rect.adjusted(0, 0, -1, -1));
 }
 
 void LayerCellDelegate::paintIcon(QPainter& painter, const Look& look, LayerIcon icon) const
@@ -184,7 +188,10 @@ void LayerCellDelegate::paintLineweight(QPainter& painter, const Look& look, int
                                         const QString& text)
 {
     QRect rect = look.inner();
-    const int room = rect.width() - look.gap() - look.metrics.horizontalAdvance(text);
+    // The same for all usual texts, so that the samples of a column are of one length.
+    const int textWidth = std::max(look.metrics.horizontalAdvance(text),
+                                   kLineweightDigits * look.metrics.averageCharWidth());
+    const int room = rect.width() - look.gap() - textWidth;
     const int length = std::min(rect.width(), std::clamp(room, look.iconSize, 3 * look.iconSize));
     const int units = readHostInt(QStringLiteral("LWUNITS")).value_or(1);
     const double thickness =

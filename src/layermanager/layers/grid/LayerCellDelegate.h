@@ -25,6 +25,7 @@ public:
 private:
     struct Look;
 
+    static void paintFocus(QPainter& painter, const Look& look);
     void paintIcon(QPainter& painter, const Look& look, LayerIcon icon) const;
     static void paintText(QPainter& painter, const Look& look, QRect rect, const QString& text);
     static void paintColor(QPainter& painter, const Look& look, const OdCmColor& color,
