@@ -2,6 +2,7 @@
 
 #include "toolkit/CXTPTaskDialog.h"
 
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QMessageBox>
 
@@ -54,4 +55,14 @@ int DialogPrompts::ask(QWidget* parent, const TaskQuestion& question)
 {
     CXTPTaskDialog dialog(question, parent);
     return dialog.DoModal();
+}
+
+QString DialogPrompts::openFile(QWidget* parent, const FileQuestion& question)
+{
+    return QFileDialog::getOpenFileName(parent, question.title, question.path, question.filter);
+}
+
+QString DialogPrompts::saveFile(QWidget* parent, const FileQuestion& question)
+{
+    return QFileDialog::getSaveFileName(parent, question.title, question.path, question.filter);
 }

@@ -10,4 +10,6 @@ public:
     /// The default answer is yes; Esc and closing the box are no.
     bool confirm(QWidget* parent, const QString& text) override;
     int ask(QWidget* parent, const TaskQuestion& question) override;
+    QString openFile(QWidget* parent, const FileQuestion& question) override;
+    QString saveFile(QWidget* parent, const FileQuestion& question) override;
 };

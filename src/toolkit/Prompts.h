@@ -23,6 +23,14 @@ struct TaskQuestion
         0; ///< wanted width in quarters of an average character; 0: as the texts need
 };
 
+/// A question for a file.
+struct FileQuestion
+{
+    QString title;
+    QString path; ///< where to start: a folder, or a suggested file
+    QString filter; ///< as file dialogs spell it: "DXF drawings (*.dxf)"
+};
+
 /// The one way to the user's attention: every message box, task dialog and picker goes through it,
 /// so that tests answer questions and compare their exact texts.
 class Prompts
@@ -41,6 +49,10 @@ public:
     virtual bool confirm(QWidget* parent, const QString& text) = 0;
     /// A modal task dialog; the id of the chosen link, or kCancelled.
     virtual int ask(QWidget* parent, const TaskQuestion& question) = 0;
+
+    /// A file to read, or to write (asking before one is overwritten); empty when cancelled.
+    virtual QString openFile(QWidget* /*parent*/, const FileQuestion&) { return {}; }
+    virtual QString saveFile(QWidget* /*parent*/, const FileQuestion&) { return {}; }
 
     /// The prompts in force: real dialogs, unless somebody put others in place.
     static Prompts& current();
