@@ -41,10 +41,10 @@ A-ANNO-NOTE      | 7       | Continuous | 18 | General notes and legends        
 A-ANNO-NPLT      | 241     | Continuous | 9  | Working notes, never plotted                 | noplot
 A-ANNO-SECT      | 1       | PHANTOM    | 35 | Section lines                                |
 A-ANNO-SYMB      | 7       | Continuous | 18 | North arrow, section marks                   |
-A-ANNO-TTLB      | 7       | Continuous | 25 | Sheet frame and title block                  | locked
-A-ANNO-TTLB-TEXT | #3f7fbf | Continuous | 18 | Title block texts                            | locked
+A-ANNO-TTLB      | 7       | Continuous | 25 | Sheet frame and title block                  |
+A-ANNO-TTLB-TEXT | #3f7fbf | Continuous | 18 | Title block texts                            |
 A-ANNO-VPRT      | 8       | Continuous | 9  | Viewport borders                             | noplot
-A-AREA-BNDY      | #b07fd0 | DASHED2    | 13 | Room boundaries for the area schedule        | noplot off
+A-AREA-BNDY      | #b07fd0 | DASHED2    | 13 | Room boundaries for the area schedule        | noplot off locked
 A-AREA-FILL      | 151     | Continuous | 0  | Room fill by use                             | frozen newvp, 80
 A-AREA-IDEN      | 7       | Continuous | 18 | Room numbers, names and areas                |
 A-CLNG-GRID      | #9aa8b5 | Continuous | 9  | Suspended ceiling, 600 x 600                 | frozen
@@ -53,7 +53,7 @@ A-DOOR-IDEN      | 31      | Continuous | 13 | Door numbers                     
 A-DOOR-SWNG      | 33      | Continuous | 9  | Door swings                                  |
 A-EQPM           | #b98a52 | Continuous | 18 | Copiers, refrigerators, servers              |
 A-FLOR-EVTR      | #c77f2a | Continuous | 25 | Lifts                                        |
-A-FLOR-PATT      | #a9b4bd | Continuous | 0  | Tile pattern                                 |
+A-FLOR-PATT      | #a9b4bd | Continuous | 0  | Tile pattern                                 | locked
 A-FLOR-STRS      | #a08f45 | Continuous | 18 | Stairs, treads and handrails                 |
 A-FURN-CHAR      | #8fae6a | Continuous | 13 | Chairs                                       |
 A-FURN-DESK      | #a9c47f | Continuous | 18 | Desks and tables                             |
@@ -93,10 +93,10 @@ P-PIPE-COLD      | 5       | Continuous | 25 | Cold water                       
 P-PIPE-DRAN      | #8a6d3b | DASHED     | 35 | Waste water                                  | off
 P-PIPE-HOTW      | 1       | CENTER2    | 25 | Hot water                                    |
 S-BEAM           | #b8860b | HIDDEN     | 18 | Downstand beams                              | off locked
-S-COLS           | 7       | Continuous | 60 | Columns, 350 x 350                           | locked
-S-COLS-PATT      | 252     | Continuous | 0  | Column fill                                  | locked
+S-COLS           | 7       | Continuous | 60 | Columns, 350 x 350                           |
+S-COLS-PATT      | 252     | Continuous | 0  | Column fill                                  |
 S-GRID           | #9c7a5b | CENTER     | 9  | Grid lines                                   | locked
-S-GRID-IDEN      | #c09a75 | Continuous | 18 | Grid bubbles                                 | locked
+S-GRID-IDEN      | #c09a75 | Continuous | 18 | Grid bubbles                                 |
 S-SLAB-EDGE      | 14      | PHANTOM    | 25 | Edge of the slab                             | frozen
 S-SLAB-OPEN      | 15      | DASHDOT    | 18 | Openings in the slab                         |
 """

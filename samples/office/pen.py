@@ -125,6 +125,7 @@ class Pen:
         if rotation or scale != (1, 1):
             raise ValueError("attributes of a turned block are not placed here")
         for tag, layer, dx, dy, height, align in source.attributes:
+            layer = self.layer if layer == "0" else layer
             text = _text_tags(x + dx, y + dy, height, values[tag], align, 0)
             attribute = [(100, "AcDbAttribute"), (280, 0), (2, tag), (70, 0), (73, 0), *_vertical(74, align), (280, 1)]
             self._append_to(insert, "ATTRIB", layer, text + attribute)

@@ -34,12 +34,12 @@ WORKPLACES = Viewport(
     hides=("E-LITE", "E-POWR-TRAY", "F-", "M-", "A-CLNG", "P-PIPE", "A-ANNO-SECT"),
 )
 LIGHTING = Viewport(
-    "LIGHTING AND CEILING", (30, 310, 560, 560), (21600, 7000), 100,
-    hides=("A-FURN", "A-EQPM", "A-FLOR-PATT", "E-POWR", "E-DATA", "F-ESCP", "M-", "P-", "A-ANNO-DIMS"),
+    "LIGHTING", (30, 310, 575, 560), (22250, 7000), 100,
+    hides=("A-FURN", "A-EQPM", "A-FLOR-PATT", "E-POWR", "E-DATA", "F-ESCP", "M-", "P-", "A-ANNO-DIMS", "A-ANNO-NPLT"),
 )
 POWER = Viewport(
-    "POWER AND DATA", (30, 40, 560, 290), (21600, 7000), 100,
-    hides=("A-CLNG", "E-LITE", "F-", "M-", "P-", "A-ANNO-DIMS", "A-FLOR-PATT"),
+    "POWER AND DATA", (30, 40, 575, 290), (22250, 7000), 100,
+    hides=("A-CLNG", "E-LITE", "F-", "M-", "P-", "A-ANNO-DIMS", "A-FLOR-PATT", "A-ANNO-NPLT"),
 )
 
 _NOTES = (
@@ -121,7 +121,7 @@ def _sheet(drawing, block, name, order, viewports):
         titles = Pen(block, "A-ANNO-TTLB-TEXT")
         x0, y0 = viewport.box[:2]
         titles.text(x0 + 2, y0 - 9, 5, viewport.title)
-        titles.text(x0 + 4 + 4.6 * len(viewport.title), y0 - 9, 3.5, f"1:{viewport.scale}")
+        titles.text(x0 + 108, y0 - 9, 3.5, f"1:{viewport.scale}", "right")
         titles.line(x0, y0 - 11.5, x0 + 110, y0 - 11.5)
     drawing.add_layout(name, block, _layout_contents(name, order, block, overall, (0, 0, WIDTH, HEIGHT)))
 
