@@ -17,6 +17,9 @@ constexpr double kLargestStretch = 64; ///< of an old picture that stands in for
 CCanvas::CCanvas(QWidget* parent)
     : QWidget(parent)
     , m_contents(std::make_unique<CanvasContents>())
+    , m_frames(std::make_unique<FrameScheduler>([this](const ViewTransform& view, bool isSmooth) {
+        return frameRequest(view, isSmooth);
+    }))
     , m_crosshair(std::make_unique<Crosshair>(*this))
 {
     setFocusPolicy(Qt::StrongFocus);
@@ -28,8 +31,6 @@ CCanvas::CCanvas(QWidget* parent)
     setMinimumSize(fontMetrics().height() * 8, fontMetrics().height() * 6);
     updatePointer();
 
-    m_frames = std::make_unique<FrameScheduler>(
-        [this](const ViewTransform& view, bool isSmooth) { return frameRequest(view, isSmooth); });
     connect(m_frames.get(), &FrameScheduler::frameReady, this, qOverload<>(&QWidget::update));
     connect(m_contents.get(), &CanvasContents::lookChanged, this, &CCanvas::contentsChanged);
     connect(m_contents.get(), &CanvasContents::spaceShown, this, &CCanvas::showSpace);
@@ -59,6 +60,7 @@ void CCanvas::zoomExtents()
     if (m_fitWhenReady)
         return;
     ViewTransform view = m_view;
+    view.setSize(size());
     view.fit(m_contents->extents());
     applyView(view);
 }

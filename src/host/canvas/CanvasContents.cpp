@@ -20,6 +20,7 @@ CanvasContents::CanvasContents(QObject* parent)
     m_sliceTimer.setInterval(0);
     connect(&m_sliceTimer, &QTimer::timeout, this,
             [this] { readSlice(QDeadlineTimer(kSliceMilliseconds)); });
+    forget();
     // A burst of changed entities costs one reading.
     m_rebuildTimer.setInterval(0);
     m_rebuildTimer.setSingleShot(true);

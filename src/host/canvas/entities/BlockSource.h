@@ -15,6 +15,8 @@ public:
     /// Index of the scene's block of that name, to be read later if it was not yet; kNoIndex
     /// without one.
     virtual quint32 blockByName(const QString& name) = 0;
+    /// Whether a block of the scene is an external reference whose drawing is not at hand.
+    virtual bool isMissingReference(quint32 block) const = 0;
     /// Base point of a block of the scene.
     virtual Vec2 basePoint(quint32 block) const = 0;
     /// Font family of a text style; empty for the default font.

@@ -18,6 +18,10 @@ bool readInsert(EntityScope& scope)
     instance.block = scope.source.blockByName(fields.text(2));
     if (instance.block == kNoIndex)
         return false;
+    if (scope.source.isMissingReference(instance.block)) {
+        scope.list.countUndrawn(QByteArrayLiteral("XREF"));
+        return true;
+    }
     const Ocs ocs = fields.ocs();
     const double angle = fields.radians(50);
     const Vec2 along{std::cos(angle), std::sin(angle)};

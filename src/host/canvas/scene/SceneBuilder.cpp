@@ -71,6 +71,13 @@ quint32 SceneBuilder::blockByName(const QString& name)
     return block;
 }
 
+bool SceneBuilder::isMissingReference(quint32 block) const
+{
+    const OdDbObjectId id = m_database.idOfSlot(m_scene.block(block).slot());
+    const auto record = id.openObject<OdDbBlockTableRecord>();
+    return record && record->isFromExternalReference() && slotsIn(record->entityRuns()) == 0;
+}
+
 Vec2 SceneBuilder::basePoint(quint32 block) const
 {
     return m_scene.block(block).basePoint();

@@ -32,6 +32,7 @@ public:
 
 private:
     quint32 blockByName(const QString& name) override;
+    bool isMissingReference(quint32 block) const override;
     Vec2 basePoint(quint32 block) const override;
     QString fontFamily(const QString& textStyle) override
     {
