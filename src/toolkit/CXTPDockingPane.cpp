@@ -1,7 +1,7 @@
 #include "toolkit/CXTPDockingPane.h"
 
 #include "toolkit/CXTPDockingPaneManager.h"
-#include "toolkit/docking/PaneTitleBar.h"
+#include "toolkit/docking/CPaneTitleBar.h"
 
 #include <QEvent>
 #include <QLayout>
@@ -25,7 +25,7 @@ CXTPDockingPane::CXTPDockingPane(CXTPDockingPaneManager& manager, int id, QRect 
     , m_initial(initial)
     , m_minTrack(0, 0)
     , m_maxTrack(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)
-    , m_titleBar(new PaneTitleBar(this))
+    , m_titleBar(new CPaneTitleBar(this))
 {
     setObjectName(QStringLiteral("pane_%1").arg(id));
     setTitleBarWidget(m_titleBar);
@@ -40,16 +40,17 @@ CXTPDockingPane::~CXTPDockingPane()
 
 void CXTPDockingPane::connectTitleBar()
 {
-    connect(this, &QDockWidget::windowTitleChanged, m_titleBar, &PaneTitleBar::setTitle);
+    connect(this, &QDockWidget::windowTitleChanged, m_titleBar, &CPaneTitleBar::setTitle);
     connect(this, &QDockWidget::dockLocationChanged, this, &CXTPDockingPane::applyTrackSizes);
     connect(this, &QDockWidget::topLevelChanged, this, [this](bool floating) {
-        m_titleBar->setMode(floating ? PaneTitleBar::Mode::Floating : PaneTitleBar::Mode::Docked);
+        m_titleBar->setMode(floating ? CPaneTitleBar::Mode::Floating : CPaneTitleBar::Mode::Docked);
         applyTrackSizes();
         emit m_manager.paneStateChanged(m_id);
     });
-    connect(m_titleBar, &PaneTitleBar::closeRequested, this, [this] { m_manager.ClosePane(this); });
-    connect(m_titleBar, &PaneTitleBar::autoHideRequested, this, &CXTPDockingPane::ToggleAutoHide);
-    connect(m_titleBar, &PaneTitleBar::floatRequested, this,
+    connect(m_titleBar, &CPaneTitleBar::closeRequested, this,
+            [this] { m_manager.ClosePane(this); });
+    connect(m_titleBar, &CPaneTitleBar::autoHideRequested, this, &CXTPDockingPane::ToggleAutoHide);
+    connect(m_titleBar, &CPaneTitleBar::floatRequested, this,
             [this] { setFloating(!isFloating()); });
 }
 

@@ -5,7 +5,7 @@
 #include <QRect>
 
 class CXTPDockingPaneManager;
-class PaneTitleBar;
+class CPaneTitleBar;
 
 /// Docking states of a pane.
 enum XTPDockingPaneState : int {
@@ -66,5 +66,5 @@ private:
     QSize m_maxTrack;
     bool m_hasSize = false;
     QPointer<QWidget> m_view;
-    PaneTitleBar* m_titleBar;
+    CPaneTitleBar* m_titleBar;
 };

@@ -1,7 +1,7 @@
 #include "toolkit/CXTPTaskDialog.h"
 
+#include "toolkit/CTaskLinkButton.h"
 #include "toolkit/ControlRegistry.h"
-#include "toolkit/TaskLinkButton.h"
 
 #include <QCommandLinkButton>
 #include <QEvent>
@@ -81,7 +81,7 @@ void CXTPTaskDialog::addLinks(const TaskQuestion& question, QVBoxLayout& layout)
         const LinkText text = splitLink(entry.text);
         // An ampersand in a text is a character of it, not an access key.
         const QString shown = QString(text.heading).replace(QLatin1Char('&'), QLatin1String("&&"));
-        auto* button = new TaskLinkButton(shown, text.explanation, this);
+        auto* button = new CTaskLinkButton(shown, text.explanation, this);
         button->setAccessibleName(text.heading);
         button->setAccessibleDescription(text.explanation);
         button->setAutoDefault(true);

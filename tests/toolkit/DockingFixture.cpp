@@ -1,8 +1,8 @@
 #include "DockingFixture.h"
 
 #include "support/StillStyle.h"
-#include "toolkit/docking/PaneFlyout.h"
-#include "toolkit/docking/SideTabButton.h"
+#include "toolkit/docking/CPaneFlyout.h"
+#include "toolkit/docking/CSideTabButton.h"
 
 #include <QApplication>
 #include <QLayout>
@@ -78,9 +78,9 @@ CXTPDockingPane* DockingFixture::outPalette()
     return pane;
 }
 
-PaneFlyout* DockingFixture::flyout() const
+CPaneFlyout* DockingFixture::flyout() const
 {
-    return m_window->findChild<PaneFlyout*>();
+    return m_window->findChild<CPaneFlyout*>();
 }
 
 QAbstractButton* DockingFixture::flyoutButton(const char* name) const
@@ -88,9 +88,9 @@ QAbstractButton* DockingFixture::flyoutButton(const char* name) const
     return flyout()->findChild<QAbstractButton*>(QLatin1String(name));
 }
 
-SideTabButton* DockingFixture::tab(int id) const
+CSideTabButton* DockingFixture::tab(int id) const
 {
-    return m_window->findChild<SideTabButton*>(QStringLiteral("side_tab_%1").arg(id));
+    return m_window->findChild<CSideTabButton*>(QStringLiteral("side_tab_%1").arg(id));
 }
 
 QWidget* DockingFixture::bar(const char* side) const

@@ -8,9 +8,9 @@
 
 #include <memory>
 
-class PaneFlyout;
+class CPaneFlyout;
 class QAbstractButton;
-class SideTabButton;
+class CSideTabButton;
 
 /// A main window with a text in its middle, a docking manager, and pane 1000 as the layer palette
 /// makes it.
@@ -36,10 +36,10 @@ protected:
     /// The palette, slid out by a click on its tab.
     CXTPDockingPane* outPalette();
 
-    PaneFlyout* flyout() const;
+    CPaneFlyout* flyout() const;
     QAbstractButton* flyoutButton(const char* name) const;
     /// The tab of a pane that is hidden to a side, or null.
-    SideTabButton* tab(int id) const;
+    CSideTabButton* tab(int id) const;
     /// The bar of a side: "left", "right", "top" or "bottom".
     QWidget* bar(const char* side) const;
     /// True while the pane's view shows in the flyout.

@@ -1,7 +1,7 @@
 #include "DockingFixture.h"
-#include "toolkit/docking/FlyoutGrip.h"
-#include "toolkit/docking/PaneFlyout.h"
-#include "toolkit/docking/SideTabButton.h"
+#include "toolkit/docking/CFlyoutGrip.h"
+#include "toolkit/docking/CPaneFlyout.h"
+#include "toolkit/docking/CSideTabButton.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -323,7 +323,7 @@ void TestAutoHide::isMadeWiderByItsEdge()
 {
     showWindow(QSize(1900, 900));
     CXTPDockingPane* pane = outPalette();
-    auto* grip = flyout()->findChild<FlyoutGrip*>();
+    auto* grip = flyout()->findChild<CFlyoutGrip*>();
     QCOMPARE(grip->mapTo(flyout(), QPoint(grip->width(), 0)).x() > flyout()->width() - 10, true);
     const QPoint at = grip->rect().center();
     const auto drag = [&](int distance) {
@@ -396,7 +396,7 @@ void TestAutoHide::slidesWithAnAnimation()
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     showWindow();
     CXTPDockingPane* pane = hiddenPalette();
-    QSignalSpy slidIn(flyout(), &PaneFlyout::slidIn);
+    QSignalSpy slidIn(flyout(), &CPaneFlyout::slidIn);
     QTest::mouseClick(tab(kPaletteId), Qt::LeftButton);
     QVERIFY(flyout()->width() < 550);
     QTRY_COMPARE(flyout()->width(), 550);

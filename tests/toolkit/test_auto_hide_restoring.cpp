@@ -1,6 +1,6 @@
 #include "DockingFixture.h"
-#include "toolkit/docking/PaneFlyout.h"
-#include "toolkit/docking/SideTabButton.h"
+#include "toolkit/docking/CPaneFlyout.h"
+#include "toolkit/docking/CSideTabButton.h"
 
 #include <QApplication>
 #include <QTest>

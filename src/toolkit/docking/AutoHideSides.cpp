@@ -1,8 +1,8 @@
 #include "toolkit/docking/AutoHideSides.h"
 
 #include "toolkit/CXTPDockingPane.h"
-#include "toolkit/docking/PaneFlyout.h"
-#include "toolkit/docking/SideBar.h"
+#include "toolkit/docking/CPaneFlyout.h"
+#include "toolkit/docking/CSideBar.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -38,7 +38,7 @@ Qt::ToolBarArea barArea(Qt::DockWidgetArea area)
 
 AutoHideSides::AutoHideSides(QMainWindow& window)
     : m_window(&window)
-    , m_flyout(new PaneFlyout(&window))
+    , m_flyout(new CPaneFlyout(&window))
 {
     makeBars();
     connectFlyout();
@@ -51,7 +51,7 @@ AutoHideSides::~AutoHideSides()
 {
     giveViewBack();
     delete m_flyout.data();
-    for (const QPointer<SideBar>& bar : std::as_const(m_bars))
+    for (const QPointer<CSideBar>& bar : std::as_const(m_bars))
         delete bar.data();
 }
 
@@ -59,32 +59,33 @@ void AutoHideSides::makeBars()
 {
     // All four exist from the start, so that every saved window state knows them.
     for (const Side& side : kSides) {
-        auto* bar = new SideBar(side.area, m_window);
+        auto* bar = new CSideBar(side.area, m_window);
         bar->setObjectName(QStringLiteral("side_bar_") + QLatin1String(side.name));
         m_window->addToolBar(side.bar, bar);
         bar->hide();
         bar->installEventFilter(this);
         m_bars.insert(side.area, bar);
-        connect(bar, &SideBar::tabClicked, this, [this](int id) { tabClicked(m_panes.value(id)); });
+        connect(bar, &CSideBar::tabClicked, this,
+                [this](int id) { tabClicked(m_panes.value(id)); });
     }
 }
 
-SideBar* AutoHideSides::barOf(Qt::DockWidgetArea side) const
+CSideBar* AutoHideSides::barOf(Qt::DockWidgetArea side) const
 {
     return m_bars.value(side);
 }
 
 void AutoHideSides::connectFlyout()
 {
-    connect(m_flyout, &PaneFlyout::slidIn, this, &AutoHideSides::giveViewBack);
-    connect(m_flyout, &PaneFlyout::leaveRequested, this, [this] {
+    connect(m_flyout, &CPaneFlyout::slidIn, this, &AutoHideSides::giveViewBack);
+    connect(m_flyout, &CPaneFlyout::leaveRequested, this, [this] {
         if (m_window && m_window->centralWidget())
             m_window->centralWidget()->setFocus();
         slideIn();
     });
-    connect(m_flyout, &PaneFlyout::closeRequested, this, [this] { emit closeRequested(m_open); });
-    connect(m_flyout, &PaneFlyout::pinRequested, this, [this] { emit pinRequested(m_open); });
-    connect(m_flyout, &PaneFlyout::extentDragged, this, [this](int extent) {
+    connect(m_flyout, &CPaneFlyout::closeRequested, this, [this] { emit closeRequested(m_open); });
+    connect(m_flyout, &CPaneFlyout::pinRequested, this, [this] { emit pinRequested(m_open); });
+    connect(m_flyout, &CPaneFlyout::extentDragged, this, [this](int extent) {
         if (!m_open)
             return;
         m_entries[m_open->GetID()].extent = extent;
@@ -124,7 +125,7 @@ void AutoHideSides::forget(int id)
     const Qt::DockWidgetArea side = found->side;
     m_entries.erase(found);
     m_panes.remove(id);
-    if (SideBar* bar = barOf(side)) {
+    if (CSideBar* bar = barOf(side)) {
         bar->removeTab(id);
         keepBarAtSide(side);
     }
@@ -155,7 +156,7 @@ void AutoHideSides::titleChanged(const CXTPDockingPane& pane)
 
 void AutoHideSides::keepBarAtSide(Qt::DockWidgetArea side)
 {
-    SideBar* bar = barOf(side);
+    CSideBar* bar = barOf(side);
     // A restored window state that is older than the bars moves them to the top.
     if (m_window->toolBarArea(bar) != barArea(side))
         m_window->addToolBar(barArea(side), bar);
@@ -267,7 +268,7 @@ std::optional<AutoHideEntry> AutoHideSides::takePending(int id)
 AutoHideState AutoHideSides::state() const
 {
     AutoHideState result;
-    for (const QPointer<SideBar>& bar : m_bars) {
+    for (const QPointer<CSideBar>& bar : m_bars) {
         for (const int id : bar->ids())
             result.push_back({id, m_entries.value(id)});
     }

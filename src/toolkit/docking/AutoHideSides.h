@@ -7,9 +7,9 @@
 #include <QObject>
 #include <QPointer>
 
-class PaneFlyout;
+class CPaneFlyout;
 class QMainWindow;
-class SideBar;
+class CSideBar;
 
 /// The panes of a window that are hidden to its sides: a bar of tabs per side, and the flyout in
 /// which one of them at a time slides out over the window's contents.
@@ -53,7 +53,7 @@ private:
     void makeBars();
     void connectFlyout();
     /// Null once the window has begun to end.
-    SideBar* barOf(Qt::DockWidgetArea side) const;
+    CSideBar* barOf(Qt::DockWidgetArea side) const;
     void keepBarAtSide(Qt::DockWidgetArea side);
     void tabClicked(CXTPDockingPane* pane);
     void placeFlyout();
@@ -61,8 +61,8 @@ private:
     void giveViewBack();
 
     QPointer<QMainWindow> m_window;
-    QHash<Qt::DockWidgetArea, QPointer<SideBar>> m_bars;
-    QPointer<PaneFlyout> m_flyout;
+    QHash<Qt::DockWidgetArea, QPointer<CSideBar>> m_bars;
+    QPointer<CPaneFlyout> m_flyout;
     QHash<int, AutoHideEntry> m_entries;
     QHash<int, AutoHideEntry> m_pending;
     QHash<int, QPointer<CXTPDockingPane>> m_panes;

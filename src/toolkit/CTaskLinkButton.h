@@ -4,11 +4,11 @@
 
 /// A command link of a task dialog: its arrow follows the palette, and the focus is always framed,
 /// since the focused link is the one that Enter answers.
-class TaskLinkButton : public QCommandLinkButton
+class CTaskLinkButton : public QCommandLinkButton
 {
     Q_OBJECT
 public:
-    TaskLinkButton(const QString& heading, const QString& explanation, QWidget* parent);
+    CTaskLinkButton(const QString& heading, const QString& explanation, QWidget* parent);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

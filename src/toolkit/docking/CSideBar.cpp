@@ -1,10 +1,10 @@
-#include "toolkit/docking/SideBar.h"
+#include "toolkit/docking/CSideBar.h"
 
-#include "toolkit/docking/SideTabButton.h"
+#include "toolkit/docking/CSideTabButton.h"
 
 #include <QAction>
 
-SideBar::SideBar(Qt::DockWidgetArea side, QWidget* parent)
+CSideBar::CSideBar(Qt::DockWidgetArea side, QWidget* parent)
     : QToolBar(parent)
     , m_side(side)
 {
@@ -16,7 +16,7 @@ SideBar::SideBar(Qt::DockWidgetArea side, QWidget* parent)
     toggleViewAction()->setVisible(false);
 }
 
-void SideBar::setTab(int id, const QString& title)
+void CSideBar::setTab(int id, const QString& title)
 {
     for (const Tab& tab : std::as_const(m_tabs)) {
         if (tab.id != id)
@@ -26,16 +26,16 @@ void SideBar::setTab(int id, const QString& title)
         tab.button->updateGeometry();
         return;
     }
-    auto* button = new SideTabButton(m_side, this);
+    auto* button = new CSideTabButton(m_side, this);
     button->setObjectName(QStringLiteral("side_tab_%1").arg(id));
     button->setText(title);
     button->setAccessibleName(title);
     m_tabs.append({id, button, addWidget(button)});
     setVisible(true);
-    connect(button, &SideTabButton::clicked, this, [this, id] { emit tabClicked(id); });
+    connect(button, &CSideTabButton::clicked, this, [this, id] { emit tabClicked(id); });
 }
 
-void SideBar::removeTab(int id)
+void CSideBar::removeTab(int id)
 {
     for (qsizetype i = 0; i < m_tabs.size(); ++i) {
         if (m_tabs[i].id != id)
@@ -49,13 +49,13 @@ void SideBar::removeTab(int id)
     }
 }
 
-void SideBar::setOpen(int id)
+void CSideBar::setOpen(int id)
 {
     for (const Tab& tab : std::as_const(m_tabs))
         tab.button->setChecked(tab.id == id);
 }
 
-QList<int> SideBar::ids() const
+QList<int> CSideBar::ids() const
 {
     QList<int> result;
     for (const Tab& tab : m_tabs)
@@ -63,7 +63,7 @@ QList<int> SideBar::ids() const
     return result;
 }
 
-void SideBar::setVisible(bool /*visible*/)
+void CSideBar::setVisible(bool /*visible*/)
 {
     QToolBar::setVisible(!m_tabs.isEmpty());
 }

@@ -4,13 +4,13 @@
 
 /// A small button of a pane's title bar. Its sign is drawn in the colour of the title's text, so
 /// that it is as readable in dark palettes as in light ones.
-class PaneTitleButton : public QToolButton
+class CPaneTitleButton : public QToolButton
 {
     Q_OBJECT
 public:
     enum class Sign { Close, Float, Dock, AutoHide, Pin };
 
-    PaneTitleButton(Sign sign, QWidget* parent);
+    CPaneTitleButton(Sign sign, QWidget* parent);
     Sign sign() const { return m_sign; }
     /// Sets sign, tooltip and accessible name.
     void setSign(Sign sign);

@@ -1,17 +1,17 @@
-#include "toolkit/docking/FlyoutGrip.h"
+#include "toolkit/docking/CFlyoutGrip.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
 
-FlyoutGrip::FlyoutGrip(QWidget* parent)
+CFlyoutGrip::CFlyoutGrip(QWidget* parent)
     : QWidget(parent)
 {
     setDirection(Qt::Horizontal);
 }
 
-void FlyoutGrip::setDirection(Qt::Orientation direction)
+void CFlyoutGrip::setDirection(Qt::Orientation direction)
 {
     m_direction = direction;
     const bool horizontal = direction == Qt::Horizontal;
@@ -21,13 +21,13 @@ void FlyoutGrip::setDirection(Qt::Orientation direction)
     updateGeometry();
 }
 
-QSize FlyoutGrip::sizeHint() const
+QSize CFlyoutGrip::sizeHint() const
 {
     const int extent = style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent, nullptr, this);
     return QSize(extent, extent);
 }
 
-void FlyoutGrip::mousePressEvent(QMouseEvent* event)
+void CFlyoutGrip::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return event->ignore();
@@ -35,13 +35,13 @@ void FlyoutGrip::mousePressEvent(QMouseEvent* event)
     emit pressed();
 }
 
-void FlyoutGrip::mouseMoveEvent(QMouseEvent* event)
+void CFlyoutGrip::mouseMoveEvent(QMouseEvent* event)
 {
     if (event->buttons() & Qt::LeftButton)
         emit dragged(event->globalPosition().toPoint() - m_pressedAt);
 }
 
-void FlyoutGrip::paintEvent(QPaintEvent* /*event*/)
+void CFlyoutGrip::paintEvent(QPaintEvent* /*event*/)
 {
     QStyleOption option;
     option.initFrom(this);

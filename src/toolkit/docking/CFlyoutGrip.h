@@ -4,11 +4,11 @@
 #include <QWidget>
 
 /// The edge of a pane that has slid out, by which it is made wider or narrower.
-class FlyoutGrip : public QWidget
+class CFlyoutGrip : public QWidget
 {
     Q_OBJECT
 public:
-    explicit FlyoutGrip(QWidget* parent);
+    explicit CFlyoutGrip(QWidget* parent);
 
     /// Horizontal: it is dragged to the left and right.
     void setDirection(Qt::Orientation direction);

@@ -4,8 +4,8 @@
 #include <QVariantAnimation>
 #include <QWidget>
 
-class FlyoutGrip;
-class PaneTitleBar;
+class CFlyoutGrip;
+class CPaneTitleBar;
 class QFrame;
 class QGridLayout;
 class QVBoxLayout;
@@ -13,11 +13,11 @@ class QVBoxLayout;
 /// Shows the view of a pane that is hidden to the side over the window's contents. It slides out
 /// from behind the side's bar: its own rectangle grows, and clips a frame of full size that moves
 /// with the edge.
-class PaneFlyout : public QWidget
+class CPaneFlyout : public QWidget
 {
     Q_OBJECT
 public:
-    explicit PaneFlyout(QWidget* window);
+    explicit CPaneFlyout(QWidget* window);
 
     void setTitle(const QString& title);
     /// Null takes the view out again; the caller gives it another parent.
@@ -56,7 +56,7 @@ private:
     QFrame* m_frame;
     QGridLayout* m_grid;
     QVBoxLayout* m_column;
-    PaneTitleBar* m_titleBar;
-    FlyoutGrip* m_grip;
+    CPaneTitleBar* m_titleBar;
+    CFlyoutGrip* m_grip;
     QPointer<QWidget> m_view;
 };

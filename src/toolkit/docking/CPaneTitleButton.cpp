@@ -1,4 +1,4 @@
-#include "toolkit/docking/PaneTitleButton.h"
+#include "toolkit/docking/CPaneTitleButton.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -65,43 +65,43 @@ QPainterPath loosePinPath()
     return turn.map(pinPath());
 }
 
-QPainterPath signPath(PaneTitleButton::Sign sign)
+QPainterPath signPath(CPaneTitleButton::Sign sign)
 {
     switch (sign) {
-    case PaneTitleButton::Sign::Close:
+    case CPaneTitleButton::Sign::Close:
         return crossPath();
-    case PaneTitleButton::Sign::Float:
+    case CPaneTitleButton::Sign::Float:
         return floatPath();
-    case PaneTitleButton::Sign::Dock:
+    case CPaneTitleButton::Sign::Dock:
         return dockPath();
-    case PaneTitleButton::Sign::AutoHide:
+    case CPaneTitleButton::Sign::AutoHide:
         return pinPath();
-    case PaneTitleButton::Sign::Pin:
+    case CPaneTitleButton::Sign::Pin:
         break;
     }
     return loosePinPath();
 }
 
-QString signName(PaneTitleButton::Sign sign)
+QString signName(CPaneTitleButton::Sign sign)
 {
     switch (sign) {
-    case PaneTitleButton::Sign::Close:
-        return PaneTitleButton::tr("Close");
-    case PaneTitleButton::Sign::Float:
-        return PaneTitleButton::tr("Float");
-    case PaneTitleButton::Sign::Dock:
-        return PaneTitleButton::tr("Dock");
-    case PaneTitleButton::Sign::AutoHide:
-        return PaneTitleButton::tr("Auto Hide");
-    case PaneTitleButton::Sign::Pin:
+    case CPaneTitleButton::Sign::Close:
+        return CPaneTitleButton::tr("Close");
+    case CPaneTitleButton::Sign::Float:
+        return CPaneTitleButton::tr("Float");
+    case CPaneTitleButton::Sign::Dock:
+        return CPaneTitleButton::tr("Dock");
+    case CPaneTitleButton::Sign::AutoHide:
+        return CPaneTitleButton::tr("Auto Hide");
+    case CPaneTitleButton::Sign::Pin:
         break;
     }
-    return PaneTitleButton::tr("Pin");
+    return CPaneTitleButton::tr("Pin");
 }
 
 } // namespace
 
-PaneTitleButton::PaneTitleButton(Sign sign, QWidget* parent)
+CPaneTitleButton::CPaneTitleButton(Sign sign, QWidget* parent)
     : QToolButton(parent)
     , m_sign(sign)
 {
@@ -110,7 +110,7 @@ PaneTitleButton::PaneTitleButton(Sign sign, QWidget* parent)
     setSign(sign);
 }
 
-void PaneTitleButton::setSign(Sign sign)
+void CPaneTitleButton::setSign(Sign sign)
 {
     m_sign = sign;
     setToolTip(signName(sign));
@@ -118,7 +118,7 @@ void PaneTitleButton::setSign(Sign sign)
     update();
 }
 
-QSize PaneTitleButton::sizeHint() const
+QSize CPaneTitleButton::sizeHint() const
 {
     const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
     const int margin =
@@ -126,7 +126,7 @@ QSize PaneTitleButton::sizeHint() const
     return QSize(icon + 2 * margin, icon + 2 * margin);
 }
 
-void PaneTitleButton::paintEvent(QPaintEvent* /*event*/)
+void CPaneTitleButton::paintEvent(QPaintEvent* /*event*/)
 {
     QStyleOptionToolButton option;
     initStyleOption(&option);

@@ -4,11 +4,11 @@
 
 /// The tab of a pane that is hidden to a side of the window; at the left and right its text stands
 /// upright. It is checked while the pane is out.
-class SideTabButton : public QAbstractButton
+class CSideTabButton : public QAbstractButton
 {
     Q_OBJECT
 public:
-    SideTabButton(Qt::DockWidgetArea side, QWidget* parent);
+    CSideTabButton(Qt::DockWidgetArea side, QWidget* parent);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

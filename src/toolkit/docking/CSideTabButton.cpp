@@ -1,4 +1,4 @@
-#include "toolkit/docking/SideTabButton.h"
+#include "toolkit/docking/CSideTabButton.h"
 
 #include <QEvent>
 #include <QStyle>
@@ -6,7 +6,7 @@
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
-SideTabButton::SideTabButton(Qt::DockWidgetArea side, QWidget* parent)
+CSideTabButton::CSideTabButton(Qt::DockWidgetArea side, QWidget* parent)
     : QAbstractButton(parent)
     , m_side(side)
 {
@@ -16,12 +16,12 @@ SideTabButton::SideTabButton(Qt::DockWidgetArea side, QWidget* parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-bool SideTabButton::isUpright() const
+bool CSideTabButton::isUpright() const
 {
     return m_side == Qt::LeftDockWidgetArea || m_side == Qt::RightDockWidgetArea;
 }
 
-QSize SideTabButton::sizeHint() const
+QSize CSideTabButton::sizeHint() const
 {
     const int along = style()->pixelMetric(QStyle::PM_TabBarTabHSpace, nullptr, this);
     const int across = style()->pixelMetric(QStyle::PM_TabBarTabVSpace, nullptr, this);
@@ -30,7 +30,7 @@ QSize SideTabButton::sizeHint() const
     return isUpright() ? size.transposed() : size;
 }
 
-void SideTabButton::paintEvent(QPaintEvent* /*event*/)
+void CSideTabButton::paintEvent(QPaintEvent* /*event*/)
 {
     QStylePainter painter(this);
     QStyleOptionToolButton option;
@@ -64,7 +64,7 @@ void SideTabButton::paintEvent(QPaintEvent* /*event*/)
     }
 }
 
-void SideTabButton::changeEvent(QEvent* event)
+void CSideTabButton::changeEvent(QEvent* event)
 {
     QAbstractButton::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)

@@ -1,6 +1,6 @@
-#include "toolkit/docking/PaneTitleBar.h"
+#include "toolkit/docking/CPaneTitleBar.h"
 
-#include "toolkit/docking/PaneTitleButton.h"
+#include "toolkit/docking/CPaneTitleButton.h"
 
 #include <QEvent>
 #include <QFontMetrics>
@@ -9,11 +9,11 @@
 #include <QStyle>
 #include <QStyleOptionDockWidget>
 
-PaneTitleBar::PaneTitleBar(QWidget* parent)
+CPaneTitleBar::CPaneTitleBar(QWidget* parent)
     : QWidget(parent)
-    , m_autoHide(new PaneTitleButton(PaneTitleButton::Sign::AutoHide, this))
-    , m_float(new PaneTitleButton(PaneTitleButton::Sign::Float, this))
-    , m_close(new PaneTitleButton(PaneTitleButton::Sign::Close, this))
+    , m_autoHide(new CPaneTitleButton(CPaneTitleButton::Sign::AutoHide, this))
+    , m_float(new CPaneTitleButton(CPaneTitleButton::Sign::Float, this))
+    , m_close(new CPaneTitleButton(CPaneTitleButton::Sign::Close, this))
 {
     m_autoHide->setObjectName(QStringLiteral("autoHideButton"));
     m_float->setObjectName(QStringLiteral("floatButton"));
@@ -23,33 +23,33 @@ PaneTitleBar::PaneTitleBar(QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->setSpacing(0);
     layout->addStretch();
-    for (PaneTitleButton* button : {m_autoHide, m_float, m_close})
+    for (CPaneTitleButton* button : {m_autoHide, m_float, m_close})
         layout->addWidget(button);
     applyMetrics();
 
-    connect(m_autoHide, &PaneTitleButton::clicked, this, &PaneTitleBar::autoHideRequested);
-    connect(m_float, &PaneTitleButton::clicked, this, &PaneTitleBar::floatRequested);
-    connect(m_close, &PaneTitleButton::clicked, this, &PaneTitleBar::closeRequested);
+    connect(m_autoHide, &CPaneTitleButton::clicked, this, &CPaneTitleBar::autoHideRequested);
+    connect(m_float, &CPaneTitleButton::clicked, this, &CPaneTitleBar::floatRequested);
+    connect(m_close, &CPaneTitleButton::clicked, this, &CPaneTitleBar::closeRequested);
 }
 
-void PaneTitleBar::setTitle(const QString& title)
+void CPaneTitleBar::setTitle(const QString& title)
 {
     m_title = title;
     setAccessibleName(title);
     update();
 }
 
-void PaneTitleBar::setMode(Mode mode)
+void CPaneTitleBar::setMode(Mode mode)
 {
     const bool hidden = mode == Mode::HiddenToSide;
     const bool floating = mode == Mode::Floating;
     m_autoHide->setVisible(!floating);
-    m_autoHide->setSign(hidden ? PaneTitleButton::Sign::Pin : PaneTitleButton::Sign::AutoHide);
+    m_autoHide->setSign(hidden ? CPaneTitleButton::Sign::Pin : CPaneTitleButton::Sign::AutoHide);
     m_float->setVisible(!hidden);
-    m_float->setSign(floating ? PaneTitleButton::Sign::Dock : PaneTitleButton::Sign::Float);
+    m_float->setSign(floating ? CPaneTitleButton::Sign::Dock : CPaneTitleButton::Sign::Float);
 }
 
-QSize PaneTitleBar::minimumSizeHint() const
+QSize CPaneTitleBar::minimumSizeHint() const
 {
     // The title is elided; the buttons and the height of the text are not.
     const int margin = style()->pixelMetric(QStyle::PM_DockWidgetTitleMargin, nullptr, this);
@@ -57,7 +57,7 @@ QSize PaneTitleBar::minimumSizeHint() const
     return QSize(buttons.width(), qMax(buttons.height(), fontMetrics().height() + 2 * margin));
 }
 
-void PaneTitleBar::paintEvent(QPaintEvent* /*event*/)
+void CPaneTitleBar::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     QStyleOptionDockWidget option;
@@ -66,7 +66,7 @@ void PaneTitleBar::paintEvent(QPaintEvent* /*event*/)
 
     const int margin = style()->pixelMetric(QStyle::PM_DockWidgetTitleMargin, nullptr, this);
     const int inset = style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, this);
-    const PaneTitleButton* first = m_autoHide->isHidden() ? m_float : m_autoHide;
+    const CPaneTitleButton* first = m_autoHide->isHidden() ? m_float : m_autoHide;
     QRect place = rect();
     if (layoutDirection() == Qt::LeftToRight)
         place.setCoords(inset, 0, first->x() - margin, height() - 1);
@@ -77,7 +77,7 @@ void PaneTitleBar::paintEvent(QPaintEvent* /*event*/)
                           isEnabled(), text, QPalette::WindowText);
 }
 
-void PaneTitleBar::changeEvent(QEvent* event)
+void CPaneTitleBar::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::StyleChange)
@@ -86,7 +86,7 @@ void PaneTitleBar::changeEvent(QEvent* event)
         updateGeometry();
 }
 
-void PaneTitleBar::applyMetrics()
+void CPaneTitleBar::applyMetrics()
 {
     const int margin = style()->pixelMetric(QStyle::PM_DockWidgetTitleMargin, nullptr, this);
     layout()->setContentsMargins(margin, margin, margin, margin);

@@ -1,4 +1,4 @@
-#include "toolkit/TaskLinkButton.h"
+#include "toolkit/CTaskLinkButton.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -28,13 +28,14 @@ QPainterPath arrowPath(bool leftToRight)
 
 } // namespace
 
-TaskLinkButton::TaskLinkButton(const QString& heading, const QString& explanation, QWidget* parent)
+CTaskLinkButton::CTaskLinkButton(const QString& heading, const QString& explanation,
+                                 QWidget* parent)
     : QCommandLinkButton(heading, explanation, parent)
 {
     drawArrow();
 }
 
-void TaskLinkButton::drawArrow()
+void CTaskLinkButton::drawArrow()
 {
     const int extent = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
     QPixmap arrow(QSize(extent, extent) * devicePixelRatio());
@@ -51,7 +52,7 @@ void TaskLinkButton::drawArrow()
     setIcon(arrow);
 }
 
-void TaskLinkButton::paintEvent(QPaintEvent* event)
+void CTaskLinkButton::paintEvent(QPaintEvent* event)
 {
     if (hasFocus()) {
         QPainter painter(this);
@@ -67,7 +68,7 @@ void TaskLinkButton::paintEvent(QPaintEvent* event)
     QCommandLinkButton::paintEvent(event);
 }
 
-void TaskLinkButton::changeEvent(QEvent* event)
+void CTaskLinkButton::changeEvent(QEvent* event)
 {
     QCommandLinkButton::changeEvent(event);
     switch (event->type()) {

@@ -3,14 +3,14 @@
 #include <QList>
 #include <QToolBar>
 
-class SideTabButton;
+class CSideTabButton;
 
 /// The tabs of the panes that are hidden to one side of the window.
-class SideBar : public QToolBar
+class CSideBar : public QToolBar
 {
     Q_OBJECT
 public:
-    SideBar(Qt::DockWidgetArea side, QWidget* parent);
+    CSideBar(Qt::DockWidgetArea side, QWidget* parent);
 
     /// Adds the pane's tab, or gives it another title.
     void setTab(int id, const QString& title);
@@ -29,7 +29,7 @@ private:
     struct Tab
     {
         int id;
-        SideTabButton* button;
+        CSideTabButton* button;
         QAction* action;
     };
 

@@ -1,7 +1,7 @@
-#include "toolkit/docking/PaneFlyout.h"
+#include "toolkit/docking/CPaneFlyout.h"
 
-#include "toolkit/docking/FlyoutGrip.h"
-#include "toolkit/docking/PaneTitleBar.h"
+#include "toolkit/docking/CFlyoutGrip.h"
+#include "toolkit/docking/CPaneTitleBar.h"
 
 #include <QFrame>
 #include <QGridLayout>
@@ -62,13 +62,13 @@ QWidget* firstFocusable(QWidget& view)
 
 } // namespace
 
-PaneFlyout::PaneFlyout(QWidget* window)
+CPaneFlyout::CPaneFlyout(QWidget* window)
     : QWidget(window)
     , m_frame(new QFrame(this))
     , m_grid(new QGridLayout(m_frame))
     , m_column(new QVBoxLayout)
-    , m_titleBar(new PaneTitleBar(m_frame))
-    , m_grip(new FlyoutGrip(m_frame))
+    , m_titleBar(new CPaneTitleBar(m_frame))
+    , m_grip(new CFlyoutGrip(m_frame))
 {
     setObjectName(QStringLiteral("paneFlyout"));
     m_frame->setFrameShape(QFrame::StyledPanel);
@@ -78,14 +78,14 @@ PaneFlyout::PaneFlyout(QWidget* window)
     m_grid->setSpacing(0);
     m_grid->addLayout(m_column, 1, 1);
     m_column->addWidget(m_titleBar);
-    m_titleBar->setMode(PaneTitleBar::Mode::HiddenToSide);
+    m_titleBar->setMode(CPaneTitleBar::Mode::HiddenToSide);
     hide();
 
-    connect(m_titleBar, &PaneTitleBar::closeRequested, this, &PaneFlyout::closeRequested);
-    connect(m_titleBar, &PaneTitleBar::autoHideRequested, this, &PaneFlyout::pinRequested);
-    connect(m_grip, &FlyoutGrip::pressed, this,
+    connect(m_titleBar, &CPaneTitleBar::closeRequested, this, &CPaneFlyout::closeRequested);
+    connect(m_titleBar, &CPaneTitleBar::autoHideRequested, this, &CPaneFlyout::pinRequested);
+    connect(m_grip, &CFlyoutGrip::pressed, this,
             [this] { m_extentAtPress = isUpright(m_side) ? m_full.width() : m_full.height(); });
-    connect(m_grip, &FlyoutGrip::dragged, this, &PaneFlyout::dragTo);
+    connect(m_grip, &CFlyoutGrip::dragged, this, &CPaneFlyout::dragTo);
     connect(&m_slide, &QVariantAnimation::valueChanged, this,
             [this](const QVariant& share) { reveal(share.toReal()); });
     connect(&m_slide, &QVariantAnimation::finished, this, [this] {
@@ -96,13 +96,13 @@ PaneFlyout::PaneFlyout(QWidget* window)
     });
 }
 
-void PaneFlyout::setTitle(const QString& title)
+void CPaneFlyout::setTitle(const QString& title)
 {
     m_titleBar->setTitle(title);
     setAccessibleName(title);
 }
 
-void PaneFlyout::setView(QWidget* view)
+void CPaneFlyout::setView(QWidget* view)
 {
     if (m_view)
         m_column->removeWidget(m_view);
@@ -113,8 +113,8 @@ void PaneFlyout::setView(QWidget* view)
     view->show();
 }
 
-void PaneFlyout::place(Qt::DockWidgetArea side, const QRect& bar, int extent, QSize minimum,
-                       QSize maximum)
+void CPaneFlyout::place(Qt::DockWidgetArea side, const QRect& bar, int extent, QSize minimum,
+                        QSize maximum)
 {
     m_side = side;
     const bool upright = isUpright(side);
@@ -127,7 +127,7 @@ void PaneFlyout::place(Qt::DockWidgetArea side, const QRect& bar, int extent, QS
     reveal(m_share);
 }
 
-void PaneFlyout::placeGrip()
+void CPaneFlyout::placeGrip()
 {
     m_grip->setDirection(isUpright(m_side) ? Qt::Horizontal : Qt::Vertical);
     m_grid->removeWidget(m_grip);
@@ -143,7 +143,7 @@ void PaneFlyout::placeGrip()
     }
 }
 
-void PaneFlyout::reveal(qreal share)
+void CPaneFlyout::reveal(qreal share)
 {
     m_share = share;
     QRect shown = m_full;
@@ -162,7 +162,7 @@ void PaneFlyout::reveal(qreal share)
     m_frame->move(frameAt);
 }
 
-void PaneFlyout::slideOut()
+void CPaneFlyout::slideOut()
 {
     m_slidingIn = false;
     m_slide.stop();
@@ -175,7 +175,7 @@ void PaneFlyout::slideOut()
     m_slide.start();
 }
 
-void PaneFlyout::slideIn()
+void CPaneFlyout::slideIn()
 {
     if (isHidden() || m_slidingIn)
         return;
@@ -187,7 +187,7 @@ void PaneFlyout::slideIn()
     m_slide.start();
 }
 
-void PaneFlyout::stop()
+void CPaneFlyout::stop()
 {
     m_slidingIn = false;
     m_slide.stop();
@@ -195,7 +195,7 @@ void PaneFlyout::stop()
     reveal(0);
 }
 
-void PaneFlyout::focusView()
+void CPaneFlyout::focusView()
 {
     QWidget* target = m_view ? m_view->focusWidget() : nullptr;
     if (!target && m_view)
@@ -205,14 +205,14 @@ void PaneFlyout::focusView()
     target->setFocus(Qt::OtherFocusReason);
 }
 
-void PaneFlyout::dragTo(QPoint distance)
+void CPaneFlyout::dragTo(QPoint distance)
 {
     const int along = isUpright(m_side) ? distance.x() : distance.y();
     const bool outwards = m_side == Qt::LeftDockWidgetArea || m_side == Qt::TopDockWidgetArea;
     emit extentDragged(m_extentAtPress + (outwards ? along : -along));
 }
 
-void PaneFlyout::keyPressEvent(QKeyEvent* event)
+void CPaneFlyout::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
         emit leaveRequested();

@@ -2,17 +2,17 @@
 
 #include <QWidget>
 
-class PaneTitleButton;
+class CPaneTitleButton;
 
 /// Title bar of a docking pane: its title, and buttons to hide it to the side or pin it, to float
 /// or dock it, and to close it.
-class PaneTitleBar : public QWidget
+class CPaneTitleBar : public QWidget
 {
     Q_OBJECT
 public:
     enum class Mode { Docked, Floating, HiddenToSide };
 
-    explicit PaneTitleBar(QWidget* parent);
+    explicit CPaneTitleBar(QWidget* parent);
 
     void setTitle(const QString& title);
     const QString& title() const { return m_title; }
@@ -33,7 +33,7 @@ private:
     void applyMetrics();
 
     QString m_title;
-    PaneTitleButton* m_autoHide;
-    PaneTitleButton* m_float;
-    PaneTitleButton* m_close;
+    CPaneTitleButton* m_autoHide;
+    CPaneTitleButton* m_float;
+    CPaneTitleButton* m_close;
 };
