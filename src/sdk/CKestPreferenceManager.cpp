@@ -6,6 +6,6 @@ bool CKestPreferenceManager::s_bNotifyPresentLayer = false;
 
 CKestPreferenceManager& CKestPreferenceManager::instance()
 {
-    static CKestPreferenceManager s_instance;
-    return s_instance;
+    static CKestPreferenceManager preferences;
+    return preferences;
 }

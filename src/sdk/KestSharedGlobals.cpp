@@ -22,10 +22,10 @@ bool KestSharedGlobals::IsUnderPropertyUpdate()
 int KestSharedGlobals::GetKestResourceInstance(bool activate)
 {
     // The host's own texts lie beside its program file.
-    static const KsResourceHandle s_hostResource = KsLoadAppLangResourceDLL(nullptr);
+    static const KsResourceHandle hostResource = KsLoadAppLangResourceDLL(nullptr);
     if (activate)
-        KsSetResourceHandle(s_hostResource);
-    return s_hostResource;
+        KsSetResourceHandle(hostResource);
+    return hostResource;
 }
 
 QWidget* KestSharedGlobals::GetCMainWindow()

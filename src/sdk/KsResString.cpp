@@ -20,8 +20,8 @@ struct Resource
 /// Handles are positions in this list, counted from 1.
 std::vector<Resource>& resources()
 {
-    static std::vector<Resource> s_resources;
-    return s_resources;
+    static std::vector<Resource> list;
+    return list;
 }
 
 KsResourceHandle s_current = 0;

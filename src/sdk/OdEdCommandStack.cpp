@@ -92,6 +92,6 @@ void OdEdCommandStack::reindex()
 
 OdEdCommandStack* odedRegCmds()
 {
-    static OdEdCommandStack s_stack;
-    return &s_stack;
+    static OdEdCommandStack stack;
+    return &stack;
 }

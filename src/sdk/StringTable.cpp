@@ -51,7 +51,7 @@ QString findStringTable(const QString& modulePath, const QString& localeName)
     const QString stem =
         module.path() + QLatin1Char('/') + module.completeBaseName() + QLatin1Char('_');
     for (const QString& language : {localeName, localeName.section(QLatin1Char('_'), 0, 0)}) {
-        const QString path = stem + language + QStringLiteral(".json");
+        QString path = stem + language + QStringLiteral(".json");
         if (!language.isEmpty() && QFileInfo::exists(path))
             return path;
     }

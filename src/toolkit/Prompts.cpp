@@ -10,8 +10,8 @@ Prompts* s_installed = nullptr;
 
 Prompts& Prompts::current()
 {
-    static DialogPrompts s_dialogs;
-    return s_installed ? *s_installed : s_dialogs;
+    static DialogPrompts dialogs;
+    return s_installed ? *s_installed : dialogs;
 }
 
 Prompts* Prompts::install(Prompts* prompts)

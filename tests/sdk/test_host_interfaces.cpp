@@ -4,6 +4,7 @@
 #include "sdk/IKestServicesManager.h"
 #include "sdk/IKestSysvarManager.h"
 #include "sdk/KestHost.h"
+#include "sdk/KestSSGet.h"
 #include "sdk/KestSharedGlobals.h"
 #include "sdk/KestStatus.h"
 #include "sdk/KsApDocManager.h"
@@ -131,6 +132,30 @@ TEST_F(HostInterfaces, RefreshTheViewOnRegeneration)
     EXPECT_EQ(services.refreshes, 1);
     ksedRegenAll();
     EXPECT_EQ(services.refreshes, 2);
+}
+
+TEST(Selection, IsAnErrorWhereNoHostCanAsk)
+{
+    KestSelectionSet selection;
+    selection.entities.resize(1);
+    EXPECT_EQ(KestSSGet({}, selection), kest::kError);
+    EXPECT_TRUE(selection.entities.empty());
+}
+
+TEST_F(HostInterfaces, HandTheRequestForASelectionToTheHost)
+{
+    KestHost host = ksHost();
+    host.selectEntities = [](const KestSelectionRequest& asked, KestSelectionSet& chosen) {
+        chosen.entities.resize(size_t(asked.prompt.size()));
+        return kest::kNormal;
+    };
+    ksSetHost(host);
+    KestSelectionRequest request;
+    request.prompt = QStringLiteral("Pick");
+    KestSelectionSet selection;
+    selection.entities.resize(9);
+    EXPECT_EQ(KestSSGet(request, selection), kest::kNormal);
+    EXPECT_EQ(selection.entities.size(), 4u);
 }
 
 TEST(SharedGlobals, RememberThePropertyUpdateGuard)
