@@ -103,6 +103,5 @@ bool GridFixture::flushRefresh()
     if (!timer || !timer->isActive())
         return false;
     timer->stop();
-    return QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection,
-                                     QGenericArgument("QTimer::QPrivateSignal"));
+    return QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
 }

@@ -46,6 +46,7 @@ void CKestListCtrl::setUpLook()
     setSelectionMode(ExtendedSelection);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
+    setAutoScroll(false); // the grid scrolls by its own margins
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
     QHeaderView* rows = verticalHeader();

@@ -122,5 +122,5 @@ private:
     bool m_newLayerFlag = false;
     bool m_settingWidths = false;
     bool m_refreshPending = false;
-    QTimer m_refreshTimer;
+    QTimer m_refreshTimer{this};
 };

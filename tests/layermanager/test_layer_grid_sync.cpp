@@ -1,0 +1,142 @@
+#include "GridFixture.h"
+#include "LayerDrawing.h"
+
+#include <QSignalSpy>
+
+using layer_drawing::write;
+using enum LayerColumn;
+
+class TestLayerGridSync : public GridFixture
+{
+    Q_OBJECT
+
+private slots:
+    void refreshesTheRowOfAChangedLayerAtOnce();
+    void repaintsOnceForABurstOfChanges();
+    void takesTheRowOfAnErasedLayerAwayAtOnce();
+    void asksForARefreshWhenAnErasedLayerComesBack();
+    void asksForARefreshWhenAnUnlistedLayerChanges();
+    void keepsTheSelectionWhenRowsGo();
+    void tellsWhenTheCurrentLayerChanged();
+    void followsOneDrawingAtATime();
+    void ignoresWhatHappensWhileSwitchedOff();
+    void letsGoOfADrawingThatEnds();
+    void standsABurstOfErasures();
+};
+
+void TestLayerGridSync::refreshesTheRowOfAChangedLayerAtOnce()
+{
+    QSignalSpy refreshed(grid().model(), &QAbstractItemModel::dataChanged);
+    write(db(), "Walls")->setDescription(QStringLiteral("new"));
+    QCOMPARE(refreshed.size(), 1);
+    QCOMPARE(refreshed[0][0].toModelIndex().row(), row("Walls"));
+    QCOMPARE(cell("Walls", Description), QStringLiteral("new"));
+}
+
+void TestLayerGridSync::repaintsOnceForABurstOfChanges()
+{
+    QVERIFY(!flushRefresh());
+    QSignalSpy stale(&grid(), &CLayerListCtrl::listStale);
+    for (const char* name : {"Walls", "Doors", "Roof"})
+        write(db(), name)->setIsLocked(true);
+    QVERIFY(flushRefresh());
+    QVERIFY(!flushRefresh());
+    QVERIFY(stale.isEmpty());
+}
+
+void TestLayerGridSync::takesTheRowOfAnErasedLayerAwayAtOnce()
+{
+    QSignalSpy told(&grid(), &CLayerListCtrl::listChanged);
+    write(db(), "Doors")->erase();
+    QCOMPARE(rows(), QStringLiteral("0 Beams Roof Walls"));
+    QCOMPARE(grid().displayedCount(), 4);
+    QCOMPARE(told.size(), 1);
+}
+
+void TestLayerGridSync::asksForARefreshWhenAnErasedLayerComesBack()
+{
+    QSignalSpy stale(&grid(), &CLayerListCtrl::listStale);
+    write(db(), "Doors")->erase();
+    db().undo();
+    QVERIFY(stale.isEmpty());
+    QVERIFY(flushRefresh());
+    QCOMPARE(stale.size(), 1);
+    grid().Fill(&db());
+    QCOMPARE(rows(), QStringLiteral("0 Beams Doors Roof Walls"));
+}
+
+void TestLayerGridSync::asksForARefreshWhenAnUnlistedLayerChanges()
+{
+    grid().FillFromList({layer("Walls")});
+    QSignalSpy stale(&grid(), &CLayerListCtrl::listStale);
+    write(db(), "Doors")->setIsOff(true);
+    write(db(), "Roof")->setIsOff(true);
+    QVERIFY(flushRefresh());
+    QCOMPARE(stale.size(), 1);
+    QCOMPARE(rows(), QStringLiteral("Walls"));
+}
+
+void TestLayerGridSync::keepsTheSelectionWhenRowsGo()
+{
+    grid().chooseRows({row("Beams"), row("Doors"), row("Walls")});
+    write(db(), "Doors")->erase();
+    QCOMPARE(chosen(), QStringLiteral("Beams Walls"));
+}
+
+void TestLayerGridSync::tellsWhenTheCurrentLayerChanged()
+{
+    QSignalSpy told(&grid(), &CLayerListCtrl::currentLayerChanged);
+    write(db(), "Walls")->setDescription(QStringLiteral("a"));
+    QVERIFY(told.isEmpty());
+    write(db(), "0")->setDescription(QStringLiteral("b"));
+    QCOMPARE(told.size(), 1);
+}
+
+void TestLayerGridSync::followsOneDrawingAtATime()
+{
+    OdDbDatabase& first = db();
+    openLayers({"Other"});
+    QSignalSpy refreshed(grid().model(), &QAbstractItemModel::dataChanged);
+    write(first, "Walls")->setIsOff(true);
+    write(first, "Doors")->erase();
+    QVERIFY(refreshed.isEmpty());
+    QCOMPARE(rows(), QStringLiteral("0 Other"));
+    write(db(), "Other")->setIsOff(true);
+    QCOMPARE(refreshed.size(), 1);
+}
+
+void TestLayerGridSync::ignoresWhatHappensWhileSwitchedOff()
+{
+    QSignalSpy refreshed(grid().model(), &QAbstractItemModel::dataChanged);
+    grid().SwitchOff(true);
+    write(db(), "Walls")->setIsOff(true);
+    write(db(), "Doors")->erase();
+    QVERIFY(refreshed.isEmpty());
+    QCOMPARE(grid().displayedCount(), 5);
+}
+
+void TestLayerGridSync::letsGoOfADrawingThatEnds()
+{
+    QSignalSpy gone(&grid(), &CLayerListCtrl::databaseGone);
+    host().close(db());
+    QCOMPARE(gone.size(), 1);
+    QCOMPARE(grid().database(), nullptr);
+    QCOMPARE(rows(), QString());
+    QCOMPARE(grid().displayedCount(), 0);
+    openLayers({"Again"});
+    QCOMPARE(rows(), QStringLiteral("0 Again"));
+}
+
+void TestLayerGridSync::standsABurstOfErasures()
+{
+    openDrawing(layer_drawing::numbered(2000));
+    const auto layers = grid().layerModel().layers();
+    for (std::size_t i = 1; i < layers.size(); i += 2)
+        layers[i].safeOpenObject<OdDbObject>(OdDb::kForWrite)->erase();
+    QCOMPARE(grid().displayedCount(), 1001);
+    for (std::size_t i = 0; i < layers.size(); ++i)
+        QCOMPARE(grid().FindRow(layers[i]), i % 2 == 0 ? static_cast<int>(i / 2) : -1);
+}
+
+QTEST_MAIN(TestLayerGridSync)
+#include "test_layer_grid_sync.moc"
