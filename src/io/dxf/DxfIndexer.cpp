@@ -230,7 +230,7 @@ void DxfIndexer::table(RecordType type)
 void DxfIndexer::tableRecord(RecordType type)
 {
     const quint32 slot = beginRecord(type, 0);
-    QByteArrayView name;
+    QByteArrayView name("");
     bool named = false;
     bool inGroup = false;
     bool inData = false; // xdata and application groups use the same codes for other things
