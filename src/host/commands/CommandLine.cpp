@@ -54,3 +54,10 @@ CommandLine CommandLine::parse(const QString& line)
     }
     return result;
 }
+
+QString CommandLine::quoted(const QString& word)
+{
+    QString inside = word;
+    inside.replace(kQuote, QStringLiteral("\"\""));
+    return kQuote + inside + kQuote;
+}

@@ -12,4 +12,6 @@ struct CommandLine
     QString error; ///< a sentence when the line cannot be read, else empty
 
     static CommandLine parse(const QString& line);
+    /// The word in quotes, so that parse() gives it back whatever it holds.
+    static QString quoted(const QString& word);
 };

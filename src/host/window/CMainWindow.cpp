@@ -1,0 +1,229 @@
+#include "host/window/CMainWindow.h"
+
+#include "database/OdDbDatabase.h"
+#include "host/application/HostCore.h"
+#include "host/canvas/CCanvas.h"
+#include "host/commands/CommandLine.h"
+#include "host/window/StatusFields.h"
+#include "host/window/WindowActions.h"
+#include "host/window/commandline/CCommandEdit.h"
+#include "host/window/commandline/CCommandLine.h"
+#include "host/window/views/CDrawingTabs.h"
+#include "host/window/views/CDrawingView.h"
+#include "toolkit/CXTPDockingPaneManager.h"
+#include "toolkit/Prompts.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QStatusBar>
+
+namespace {
+constexpr QSize kFirstSize(1280, 800);
+constexpr int kCommandLineHeight = 130;
+
+struct LayoutKeys
+{
+    const char* geometry = "Window/Geometry";
+    const char* state = "Window/State";
+    const char* panes = "Window/Panes";
+};
+constexpr LayoutKeys kKeys;
+} // namespace
+
+CMainWindow::CMainWindow(HostCore& core)
+    : m_core(core)
+    , m_recent(core.settings())
+    , m_panes(std::make_unique<CXTPDockingPaneManager>(*this))
+{
+    setObjectName(QStringLiteral("mainWindow"));
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    setDockNestingEnabled(true);
+    // The command line runs the window's whole width; palettes stand above it.
+    setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
+    m_actions = new WindowActions(*this, m_recent);
+    m_status = new StatusFields(*statusBar());
+    makeCentralArea();
+    makeCommandLine();
+    connectParts();
+    restoreLayout();
+    showCurrentDrawing();
+}
+
+CMainWindow::~CMainWindow()
+{
+    // Panes first: their views may still look for the manager through the window.
+    m_panes.reset();
+}
+
+void CMainWindow::makeCentralArea()
+{
+    m_center = new QStackedWidget(this);
+    m_drawings = new CDrawingTabs(m_core.documents(), m_center);
+    auto* hint = new QLabel(tr("No drawing is open.\nOpen one with Ctrl+O, or start a new one with "
+                               "Ctrl+N."),
+                            m_center);
+    hint->setObjectName(QStringLiteral("emptyHint"));
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    m_center->addWidget(hint);
+    m_center->addWidget(m_drawings);
+    setCentralWidget(m_center);
+}
+
+void CMainWindow::makeCommandLine()
+{
+    m_commandLine = new CCommandLine(this);
+    CXTPDockingPane* pane = m_panes->CreatePane(
+        kCommandLinePane, QRect(0, 0, kFirstSize.width(), kCommandLineHeight), xtpPaneDockBottom);
+    pane->SetTitle(tr("Command Line"));
+    pane->AttachView(m_commandLine);
+    m_panes->ShowPane(pane);
+}
+
+void CMainWindow::connectParts()
+{
+    connect(m_actions, &WindowActions::commandWanted, this, &CMainWindow::runAction);
+    connect(m_actions, &WindowActions::aboutWanted, this, &CMainWindow::showAbout);
+    connect(m_commandLine, &CCommandLine::lineEntered, this, [this](const QString& line) {
+        // Enter alone repeats the last command.
+        runCommand(line.trimmed().isEmpty() ? m_core.commands().lastLine() : line);
+    });
+    connect(m_drawings, &CDrawingTabs::viewAdded, this, [this](CDrawingView* v) { watchView(*v); });
+    connect(m_drawings, &CDrawingTabs::currentDrawingChanged, this,
+            &CMainWindow::showCurrentDrawing);
+    connect(m_drawings, &CDrawingTabs::closeWanted, this, [this](HostDocument* document) {
+        m_core.documents().setCurrent(*document);
+        runAction(QStringLiteral("CLOSE"));
+    });
+    connect(&m_core.queue(), &CommandQueue::queued, this, &CMainWindow::queuedWhileAsking);
+    connect(&m_core.queue(), &CommandQueue::queued, this, &CMainWindow::drainQueue,
+            Qt::QueuedConnection);
+}
+
+void CMainWindow::watchView(CDrawingView& view)
+{
+    connect(&view, &CDrawingView::drawingChanged, this, &CMainWindow::showCurrentDrawing);
+    connect(&view.document(), &HostDocument::fileStateChanged, &view,
+            [this] { showCurrentDrawing(); });
+    connect(&view, &CDrawingView::textTyped, m_commandLine, &CCommandLine::type);
+    connect(&view, &CDrawingView::layoutWanted, this, [this](const QString& name) {
+        runAction(QStringLiteral("LAYOUT Set ") + CommandLine::quoted(name));
+    });
+    connect(&view.canvas(), &CCanvas::cursorMoved, m_status, &StatusFields::showPosition);
+    connect(&view.canvas(), &CCanvas::spaceShown, this, &CMainWindow::showCurrentDrawing);
+}
+
+void CMainWindow::showCurrentDrawing()
+{
+    HostDocument* document = m_core.documents().curDocument();
+    m_center->setCurrentIndex(m_drawings->count() > 0 ? 1 : 0);
+    m_actions->refresh(document);
+    m_status->showView(m_drawings->currentView());
+    setWindowFilePath(document && document->hasFile() ? document->fileName() : QString());
+    setWindowTitle(document ? tr("%1[*] \u2013 kest").arg(document->displayName()) : tr("kest"));
+    setWindowModified(document && document->isModified());
+}
+
+void CMainWindow::runCommand(const QString& line)
+{
+    runAndReport(line);
+}
+
+void CMainWindow::runAction(const QString& line)
+{
+    const CommandOutcome outcome = runAndReport(line);
+    if (!outcome.isDone() && outcome.kind != CommandOutcome::Kind::Cancelled)
+        Prompts::current().message(this, outcome.sentence);
+}
+
+CommandOutcome CMainWindow::runAndReport(const QString& line)
+{
+    if (line.trimmed().isEmpty())
+        return {};
+    if (m_core.commands().isRunning()) {
+        m_core.documents().sendStringToExecute(QStringLiteral("^C^C") + line);
+        return {};
+    }
+    m_commandLine->printInput(tr("Command: %1").arg(line));
+    const CommandOutcome outcome = m_core.commands().run(line);
+    report(outcome);
+    drainQueue();
+    showCurrentDrawing();
+    return outcome;
+}
+
+void CMainWindow::drainQueue()
+{
+    if (m_core.commands().isRunning() || m_core.queue().isEmpty())
+        return;
+    for (const CommandOutcome& outcome : m_core.commands().drainQueue())
+        report(outcome);
+    showCurrentDrawing();
+}
+
+void CMainWindow::queuedWhileAsking()
+{
+    if (!m_commandLine->isAsking())
+        return;
+    const auto input = m_core.queue().take();
+    if (!input)
+        return;
+    if (!input->cancels) {
+        m_commandLine->answer(input->text);
+        return;
+    }
+    if (!input->text.isEmpty())
+        m_core.queue().putBack({input->text, false});
+    m_commandLine->answer(std::nullopt);
+}
+
+void CMainWindow::report(const CommandOutcome& outcome)
+{
+    if (outcome.kind == CommandOutcome::Kind::Cancelled)
+        m_commandLine->print(outcome.sentence);
+    else if (!outcome.isDone())
+        m_commandLine->printFailure(outcome.sentence);
+}
+
+void CMainWindow::showAbout()
+{
+    Prompts::current().message(this,
+                               tr("kest %1\n\nOpens and draws DXF drawings, edits their layers and "
+                                  "saves them without touching anything else.\n\nQt %2")
+                                   .arg(QStringLiteral(KEST_VERSION), QLatin1String(qVersion())),
+                               Prompts::Icon::Information);
+}
+
+void CMainWindow::allowClose()
+{
+    m_mayClose = true;
+}
+
+void CMainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!m_mayClose)
+        runAction(QStringLiteral("QUIT"));
+    event->setAccepted(m_mayClose);
+    if (m_mayClose)
+        storeLayout();
+}
+
+void CMainWindow::restoreLayout()
+{
+    const auto bytes = [this](const char* key) {
+        return m_core.settings().value(QLatin1String(key)).toByteArray();
+    };
+    if (!restoreGeometry(bytes(kKeys.geometry)))
+        resize(kFirstSize);
+    if (restoreState(bytes(kKeys.state)))
+        m_panes->restoreState(bytes(kKeys.panes));
+}
+
+void CMainWindow::storeLayout()
+{
+    m_core.settings().setValue(QLatin1String(kKeys.geometry), saveGeometry());
+    m_core.settings().setValue(QLatin1String(kKeys.state), saveState());
+    m_core.settings().setValue(QLatin1String(kKeys.panes), m_panes->saveState());
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "host/commands/CommandOutcome.h"
+#include "host/window/RecentFiles.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class CCommandLine;
+class CDrawingTabs;
+class CDrawingView;
+class CXTPDockingPaneManager;
+class HostCore;
+class HostDocument;
+class QStackedWidget;
+class StatusFields;
+class WindowActions;
+
+/// The host's main window: drawings in tabs, the command line below, palettes around.
+class CMainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    static constexpr int kCommandLinePane = 2000; ///< id of the command line's docking pane
+
+    explicit CMainWindow(HostCore& core);
+    ~CMainWindow() override;
+
+    /// Runs a command line as if the user had typed it, then what was queued. While a command asks
+    /// something, the question is cancelled and the line runs once that command is over.
+    void runCommand(const QString& line);
+    /// The same for lines from menus: a refusal is shown in a message as well.
+    void runAction(const QString& line);
+    /// Lets the window close without asking again.
+    void allowClose();
+
+    CCommandLine& commandLine() const { return *m_commandLine; }
+    CDrawingTabs& drawings() const { return *m_drawings; }
+    CXTPDockingPaneManager& panes() const { return *m_panes; }
+    WindowActions& actions() const { return *m_actions; }
+    RecentFiles& recentFiles() { return m_recent; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makeCentralArea();
+    void makeCommandLine();
+    void connectParts();
+    void restoreLayout();
+    void storeLayout();
+    void watchView(CDrawingView& view);
+    void showCurrentDrawing();
+    CommandOutcome runAndReport(const QString& line);
+    void drainQueue();
+    void queuedWhileAsking();
+    void report(const CommandOutcome& outcome);
+    void showAbout();
+
+    HostCore& m_core;
+    RecentFiles m_recent;
+    std::unique_ptr<CXTPDockingPaneManager> m_panes;
+    WindowActions* m_actions = nullptr;
+    StatusFields* m_status = nullptr;
+    QStackedWidget* m_center = nullptr;
+    CDrawingTabs* m_drawings = nullptr;
+    CCommandLine* m_commandLine = nullptr;
+    bool m_mayClose = false;
+};

@@ -1,0 +1,64 @@
+#include "host/window/StatusFields.h"
+
+#include "database/OdDbDatabase.h"
+#include "database/OdDbLayerTableRecord.h"
+#include "host/canvas/CCanvas.h"
+#include "host/documents/HostDocument.h"
+#include "host/window/views/CDrawingView.h"
+
+#include <QLabel>
+#include <QStatusBar>
+
+namespace {
+constexpr int kDecimals = 4;
+
+QLabel* addField(QStatusBar& bar, const char* name, const QString& accessibleName)
+{
+    auto* label = new QLabel(&bar);
+    label->setObjectName(QLatin1String(name));
+    label->setAccessibleName(accessibleName);
+    label->setTextFormat(Qt::PlainText);
+    bar.addPermanentWidget(label);
+    return label;
+}
+
+QString positionText(QPointF point)
+{
+    return QStringLiteral("%1, %2")
+        .arg(point.x(), 0, 'f', kDecimals)
+        .arg(point.y(), 0, 'f', kDecimals);
+}
+
+QString currentLayerName(const HostDocument& document)
+{
+    const auto layer = document.database()->getCLAYER().openObject<OdDbLayerTableRecord>();
+    return layer ? layer->getName() : QString();
+}
+} // namespace
+
+StatusFields::StatusFields(QStatusBar& bar)
+    : QObject(&bar)
+    , m_position(addField(bar, "statusPosition", tr("Cursor position")))
+    , m_layer(addField(bar, "statusLayer", tr("Current layer")))
+    , m_undrawn(addField(bar, "statusUndrawn", tr("Not drawn")))
+{
+    // The fields to the right stay where they are while the cursor moves.
+    m_position->setMinimumWidth(
+        m_position->fontMetrics().horizontalAdvance(positionText({-999999.0, -999999.0})));
+    m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void StatusFields::showView(const CDrawingView* view)
+{
+    m_layer->setText(view ? tr("Layer: %1").arg(currentLayerName(view->document())) : QString());
+    m_undrawn->setText(view ? view->canvas().undrawnSummary() : QString());
+    m_undrawn->setVisible(!m_undrawn->text().isEmpty());
+    m_undrawn->setToolTip(m_undrawn->text());
+    if (!view)
+        m_position->clear();
+}
+
+void StatusFields::showPosition(QPointF point)
+{
+    m_position->setText(positionText(point));
+}

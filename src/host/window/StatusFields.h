@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QObject>
+#include <QPointF>
+
+class CDrawingView;
+class QLabel;
+class QStatusBar;
+
+/// The fields of the status bar: the cursor's position, the current layer, what is not drawn.
+class StatusFields : public QObject
+{
+    Q_OBJECT
+public:
+    explicit StatusFields(QStatusBar& bar);
+
+    /// Shows the state of that view, or of none.
+    void showView(const CDrawingView* view);
+    void showPosition(QPointF point);
+
+private:
+    QLabel* m_position;
+    QLabel* m_layer;
+    QLabel* m_undrawn;
+};

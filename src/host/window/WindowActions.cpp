@@ -1,0 +1,217 @@
+#include "host/window/WindowActions.h"
+
+#include "host/commands/CommandLine.h"
+#include "host/documents/HostDocument.h"
+#include "host/window/RecentFiles.h"
+#include "host/window/look/ThemedIcon.h"
+#include "sdk/OdEdCommandStack.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+#include <vector>
+
+namespace {
+using Id = WindowAction;
+
+/// What must be there for an action to be enabled.
+enum class Needs { Nothing, Drawing, Undo, Redo, LayerCommand };
+
+struct Row
+{
+    Id id;
+    const char* text;
+    const char* tip;
+    const char* icon;
+    QKeySequence::StandardKey key;
+    const char* shortcut; ///< where no standard key fits
+    const char* command; ///< null: the window's own
+    Needs needs;
+};
+
+constexpr auto kNoKey = QKeySequence::UnknownKey;
+#define TEXT(text) QT_TRANSLATE_NOOP("WindowActions", text)
+
+const Row kRows[] = {
+    {Id::New, TEXT("&New"), TEXT("Start a new drawing"), "new", QKeySequence::New, "", "NEW",
+     Needs::Nothing},
+    {Id::Open, TEXT("&Open..."), TEXT("Open a drawing"), "open", QKeySequence::Open, "", "OPEN",
+     Needs::Nothing},
+    {Id::Save, TEXT("&Save"), TEXT("Save the drawing"), "save", QKeySequence::Save, "", "SAVE",
+     Needs::Drawing},
+    {Id::SaveAs, TEXT("Save &As..."), TEXT("Save the drawing to another file"), "", kNoKey,
+     "Ctrl+Shift+S", "SAVEAS", Needs::Drawing},
+    {Id::Close, TEXT("&Close"), TEXT("Close the drawing"), "close", QKeySequence::Close, "",
+     "CLOSE", Needs::Drawing},
+    {Id::Quit, TEXT("&Quit"), TEXT("End the program"), "quit", QKeySequence::Quit, "", "QUIT",
+     Needs::Nothing},
+    {Id::Undo, TEXT("&Undo"), TEXT("Take the last change back"), "undo", QKeySequence::Undo, "",
+     "U", Needs::Undo},
+    {Id::Redo, TEXT("&Redo"), TEXT("Bring back what was undone"), "redo", QKeySequence::Redo, "",
+     "REDO", Needs::Redo},
+    {Id::ZoomExtents, TEXT("Zoom &Extents"), TEXT("Show everything"), "zoom-extents", kNoKey,
+     "Ctrl+0", "ZOOM E", Needs::Drawing},
+    {Id::Regen, TEXT("Re&generate"), TEXT("Draw the view again from the drawing"), "regen",
+     QKeySequence::Refresh, "", "REGEN", Needs::Drawing},
+    {Id::LayerPalette, TEXT("&Layer Properties Manager"), TEXT("Show the layer palette"), "layers",
+     kNoKey, "", "_LAYERPALETTE", Needs::LayerCommand},
+    {Id::Layer, TEXT("&Layer..."), TEXT("Show the layer palette"), "layers", kNoKey, "Ctrl+L",
+     "_LAYER", Needs::LayerCommand},
+    {Id::About, TEXT("&About kest"), TEXT("Version and purpose of the program"), "about", kNoKey,
+     "", nullptr, Needs::Nothing},
+};
+
+struct Surface
+{
+    const char* name; ///< object name
+    const char* title;
+    std::vector<Id> ids;
+};
+
+const Surface kMenus[] = {
+    {"fileMenu",
+     TEXT("&File"),
+     {Id::New, Id::Open, Id::RecentMenu, Id::Separator, Id::Save, Id::SaveAs, Id::Separator,
+      Id::Close, Id::Quit}},
+    {"editMenu", TEXT("&Edit"), {Id::Undo, Id::Redo}},
+    {"viewMenu", TEXT("&View"), {Id::ZoomExtents, Id::Regen, Id::Separator, Id::LayerPalette}},
+    {"formatMenu", TEXT("F&ormat"), {Id::Layer}},
+    {"helpMenu", TEXT("&Help"), {Id::About}},
+};
+
+const Surface kToolBars[] = {
+    {"fileToolBar", TEXT("File"), {Id::New, Id::Open, Id::Save}},
+    {"editToolBar", TEXT("Edit"), {Id::Undo, Id::Redo}},
+    {"viewToolBar", TEXT("View"), {Id::ZoomExtents, Id::Regen, Id::Separator, Id::Layer}},
+};
+
+#undef TEXT
+
+bool isMet(Needs needs, const HostDocument* document, const QString& undo, const QString& redo)
+{
+    switch (needs) {
+    case Needs::Nothing:
+        return true;
+    case Needs::Drawing:
+        return document != nullptr;
+    case Needs::Undo:
+        return !undo.isEmpty();
+    case Needs::Redo:
+        return !redo.isEmpty();
+    case Needs::LayerCommand:
+        break;
+    }
+    return document && odedRegCmds()->lookup(QStringLiteral("_LAYER"));
+}
+} // namespace
+
+WindowActions::WindowActions(QMainWindow& window, RecentFiles& recent)
+    : QObject(&window)
+    , m_window(window)
+    , m_recent(recent)
+{
+    makeActions();
+    makeMenus();
+    makeToolBars();
+    refresh(nullptr);
+}
+
+void WindowActions::makeActions()
+{
+    for (const Row& row : kRows) {
+        auto* action = new QAction(tr(row.text), this);
+        action->setObjectName(QStringLiteral("action%1").arg(static_cast<int>(row.id)));
+        action->setToolTip(tr(row.tip));
+        action->setStatusTip(tr(row.tip));
+        if (*row.icon)
+            action->setIcon(themedIcon(QLatin1String(row.icon)));
+        if (row.key != kNoKey)
+            action->setShortcuts(row.key);
+        else if (*row.shortcut)
+            action->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
+        connect(action, &QAction::triggered, this, [this, &row] {
+            if (row.command)
+                emit commandWanted(QLatin1String(row.command));
+            else
+                emit aboutWanted();
+        });
+        m_actions.insert(row.id, action);
+    }
+    // The roles decide where some systems move these entries.
+    action(Id::Quit)->setMenuRole(QAction::QuitRole);
+    action(Id::About)->setMenuRole(QAction::AboutRole);
+}
+
+void WindowActions::makeMenus()
+{
+    m_recentMenu = new QMenu(tr("Open &Recent"), &m_window);
+    connect(m_recentMenu, &QMenu::aboutToShow, this, &WindowActions::fillRecentMenu);
+    for (const Surface& surface : kMenus) {
+        QMenu* menu = m_window.menuBar()->addMenu(tr(surface.title));
+        menu->setObjectName(QLatin1String(surface.name));
+        for (const Id id : surface.ids) {
+            if (id == Id::Separator)
+                menu->addSeparator();
+            else if (id == Id::RecentMenu)
+                menu->addMenu(m_recentMenu);
+            else
+                menu->addAction(action(id));
+        }
+    }
+}
+
+void WindowActions::makeToolBars()
+{
+    for (const Surface& surface : kToolBars) {
+        QToolBar* bar = m_window.addToolBar(tr(surface.title));
+        bar->setObjectName(QLatin1String(surface.name));
+        for (const Id id : surface.ids) {
+            if (id == Id::Separator)
+                bar->addSeparator();
+            else
+                bar->addAction(action(id));
+        }
+    }
+}
+
+void WindowActions::fillRecentMenu()
+{
+    m_recentMenu->clear();
+    int position = 0;
+    bool anyMissing = false;
+    for (const QString& path : m_recent.files()) {
+        const bool exists = QFileInfo(path).isFile();
+        anyMissing = anyMissing || !exists;
+        QAction* entry = m_recentMenu->addAction(RecentFiles::menuText(++position, path, exists));
+        entry->setEnabled(exists);
+        entry->setStatusTip(path);
+        connect(entry, &QAction::triggered, this, [this, path] {
+            emit commandWanted(QStringLiteral("OPEN ") + CommandLine::quoted(path));
+        });
+    }
+    if (position == 0)
+        m_recentMenu->addAction(tr("No files yet"))->setEnabled(false);
+    if (!anyMissing)
+        return;
+    m_recentMenu->addSeparator();
+    m_recentMenu->addAction(tr("&Forget Missing Files"), this, [this] {
+        for (const QString& path : m_recent.files()) {
+            if (!QFileInfo(path).isFile())
+                m_recent.remove(path);
+        }
+    });
+}
+
+void WindowActions::refresh(HostDocument* document)
+{
+    const QString undo = document ? document->undoNames().undoName() : QString();
+    const QString redo = document ? document->undoNames().redoName() : QString();
+    for (const Row& row : kRows)
+        action(row.id)->setEnabled(isMet(row.needs, document, undo, redo));
+    action(Id::Undo)->setText(undo.isEmpty() ? tr("&Undo") : tr("&Undo %1").arg(undo));
+    action(Id::Redo)->setText(redo.isEmpty() ? tr("&Redo") : tr("&Redo %1").arg(redo));
+}

@@ -1,0 +1,131 @@
+#include "host/window/WindowFrontEnd.h"
+
+#include "database/OdDbDatabase.h"
+#include "host/canvas/CCanvas.h"
+#include "host/documents/HostDocument.h"
+#include "host/text/HostText.h"
+#include "host/window/CMainWindow.h"
+#include "host/window/commandline/CCommandLine.h"
+#include "host/window/views/CDrawingTabs.h"
+#include "host/window/views/CDrawingView.h"
+#include "host/window/work/BackgroundWork.h"
+#include "toolkit/Prompts.h"
+
+#include <QFileInfo>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+enum SaveLink { kSave = 101, kDiscard = 102 };
+
+QString drawingFilter()
+{
+    return HostText::tr("DXF drawings (*.dxf *.DXF);;All files (*)");
+}
+
+QString fileName(const QString& path)
+{
+    return QFileInfo(path).fileName();
+}
+} // namespace
+
+void WindowFrontEnd::print(const QString& line)
+{
+    if (m_window)
+        m_window->commandLine().print(line);
+    else
+        std::fputs((line.toUtf8() + '\n').constData(), stderr);
+}
+
+std::optional<QString> WindowFrontEnd::ask(const QString& prompt)
+{
+    return m_window ? m_window->commandLine().ask(prompt) : std::nullopt;
+}
+
+std::unique_ptr<OdDbDatabase> WindowFrontEnd::readDrawingFile(const QString& path)
+{
+    std::unique_ptr<OdDbDatabase> drawing;
+    runInBackground(m_window, HostText::tr("Opening %1").arg(fileName(path)), false,
+                    [&](const IoProgress& progress) { drawing = readDrawing(path, progress); });
+    return drawing;
+}
+
+SaveReport WindowFrontEnd::writeDrawingFile(const OdDbDatabase& drawing, const QString& path)
+{
+    SaveReport report;
+    runInBackground(
+        m_window, HostText::tr("Saving %1").arg(fileName(path)), true,
+        [&](const IoProgress& progress) { report = writeDrawing(drawing, path, progress); });
+    return report;
+}
+
+QString WindowFrontEnd::chooseFileToOpen()
+{
+    const QString last = m_window ? m_window->recentFiles().files().value(0) : QString();
+    const QString folder = last.isEmpty() ? QString() : QFileInfo(last).path();
+    return Prompts::current().openFile(m_window,
+                                       {HostText::tr("Open Drawing"), folder, drawingFilter()});
+}
+
+QString WindowFrontEnd::chooseFileToSave(const QString& suggestion)
+{
+    QString path = suggestion;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QStringLiteral(".dxf");
+    return Prompts::current().saveFile(m_window,
+                                       {HostText::tr("Save Drawing"), path, drawingFilter()});
+}
+
+HostFrontEnd::CloseAnswer WindowFrontEnd::askToSave(const HostDocument& document)
+{
+    TaskQuestion question;
+    question.windowTitle = HostText::tr("Unsaved Changes");
+    question.mainInstruction = HostText::tr("Save the changes to %1?").arg(document.displayName());
+    question.content = HostText::tr("The drawing was changed since it was opened or saved.");
+    question.links = {
+        {kSave, HostText::tr("Save\nThe changes are written to the drawing's file.")},
+        {kDiscard, HostText::tr("Discard\nThe changes are lost.")},
+    };
+    question.defaultLink = kSave;
+    switch (Prompts::current().ask(m_window, question)) {
+    case kSave:
+        return CloseAnswer::Save;
+    case kDiscard:
+        return CloseAnswer::Discard;
+    default:
+        return CloseAnswer::Cancel;
+    }
+}
+
+void WindowFrontEnd::fileUsed(const QString& path)
+{
+    if (m_window)
+        m_window->recentFiles().add(path);
+}
+
+void WindowFrontEnd::regen(bool allViews)
+{
+    if (!m_window)
+        return;
+    const CDrawingTabs& drawings = m_window->drawings();
+    for (CDrawingView* view : drawings.views()) {
+        if (allViews || view == drawings.currentView())
+            view->canvas().regen();
+    }
+}
+
+void WindowFrontEnd::zoomExtents()
+{
+    if (CDrawingView* view = m_window ? m_window->drawings().currentView() : nullptr)
+        view->canvas().zoomExtents();
+}
+
+void WindowFrontEnd::quit()
+{
+    if (!m_window)
+        return;
+    m_window->allowClose();
+    // Not now: the command that quits is still running.
+    QTimer::singleShot(0, m_window, &QWidget::close);
+}

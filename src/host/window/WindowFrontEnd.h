@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/application/HostFrontEnd.h"
+
+class CMainWindow;
+
+/// The host's main window as its front end. Without a window, before the start and after the end,
+/// prints go to the error stream and questions are cancelled.
+class WindowFrontEnd : public HostFrontEnd
+{
+public:
+    void attach(CMainWindow* window) { m_window = window; }
+
+    void print(const QString& line) override;
+    std::optional<QString> ask(const QString& prompt) override;
+    bool isInteractive() const override { return m_window != nullptr; }
+    std::unique_ptr<OdDbDatabase> readDrawingFile(const QString& path) override;
+    SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path) override;
+    QString chooseFileToOpen() override;
+    QString chooseFileToSave(const QString& suggestion) override;
+    CloseAnswer askToSave(const HostDocument& document) override;
+    void fileUsed(const QString& path) override;
+    void regen(bool allViews) override;
+    void zoomExtents() override;
+    void quit() override;
+
+private:
+    CMainWindow* m_window = nullptr;
+};

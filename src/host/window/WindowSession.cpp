@@ -1,0 +1,65 @@
+#include "host/window/WindowSession.h"
+
+#include "database/OdDbDatabase.h"
+#include "host/application/HostCore.h"
+#include "host/canvas/CCanvas.h"
+#include "host/commands/CommandLine.h"
+#include "host/text/HostText.h"
+#include "host/text/LayerTableText.h"
+#include "host/window/CMainWindow.h"
+#include "host/window/views/CDrawingTabs.h"
+#include "host/window/views/CDrawingView.h"
+#include "sdk/OdEdCommandStack.h"
+#include "toolkit/Prompts.h"
+
+#include <QCoreApplication>
+#include <QPixmap>
+
+#include <cstdio>
+
+void WindowSession::loadModules()
+{
+    const QString path = ModuleLoader::layerManagerPath();
+    if (path.isEmpty())
+        return;
+    try {
+        m_core.modules().load(path);
+    } catch (const OdError& error) {
+        Prompts::current().message(&m_window, error.description());
+    }
+}
+
+void WindowSession::start(const QStringList& files)
+{
+    if (const QString problem = m_core.settings().loadProblem(); !problem.isEmpty())
+        Prompts::current().message(&m_window, problem);
+    loadModules();
+    for (const QString& file : files)
+        m_window.runAction(QStringLiteral("OPEN ") + CommandLine::quoted(file));
+    if (m_core.documents().documentCount() == 0)
+        m_window.runAction(QStringLiteral("NEW"));
+    int wantsPalette = 0;
+    m_core.sysvars().getInt(QStringLiteral("LAYERMANAGERSTATE"), wantsPalette);
+    if (wantsPalette != 0 && odedRegCmds()->lookup(QStringLiteral("_LAYER")))
+        m_window.runCommand(QStringLiteral("_LAYER"));
+}
+
+ExitCode WindowSession::takePicture(const QString& path)
+{
+    if (CDrawingView* view = m_window.drawings().currentView())
+        view->canvas().completeNow(true);
+    QCoreApplication::processEvents();
+    if (!m_window.grab().save(path)) {
+        const QString sentence = HostText::tr("The picture cannot be written to %1.").arg(path);
+        std::fputs((QStringLiteral("kest: ") + sentence + QLatin1Char('\n')).toUtf8().constData(),
+                   stderr);
+        return ExitCode::CannotWrite;
+    }
+    if (const HostDocument* document = m_core.documents().curDocument()) {
+        int millimetres = 1;
+        m_core.sysvars().getInt(QStringLiteral("LWUNITS"), millimetres);
+        const QString table = layerTableText(*document->database(), millimetres != 0);
+        std::fputs(table.toUtf8().constData(), stdout);
+    }
+    return ExitCode::Ok;
+}

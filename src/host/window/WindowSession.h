@@ -1,0 +1,31 @@
+#pragma once
+
+#include "host/batch/ExitCode.h"
+
+#include <QString>
+#include <QStringList>
+
+class CMainWindow;
+class HostCore;
+
+/// What happens between the window's appearance and the user's first key.
+class WindowSession
+{
+public:
+    WindowSession(HostCore& core, CMainWindow& window)
+        : m_core(core)
+        , m_window(window)
+    { }
+
+    /// Loads the module, opens the files (a new drawing without any) and, where the user left it
+    /// open, the layer palette.
+    void start(const QStringList& files);
+    /// Draws the window as it is into a picture and prints the layer table.
+    ExitCode takePicture(const QString& path);
+
+private:
+    void loadModules();
+
+    HostCore& m_core;
+    CMainWindow& m_window;
+};

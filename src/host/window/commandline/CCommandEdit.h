@@ -1,0 +1,39 @@
+#pragma once
+
+#include "host/window/commandline/CommandHistory.h"
+
+#include <QLineEdit>
+
+class QStringListModel;
+
+/// The line in which commands and answers are typed: completes names, walks through what was typed
+/// before with Up and Down; Escape closes the completion, then empties the line, then cancels.
+class CCommandEdit : public QLineEdit
+{
+    Q_OBJECT
+public:
+    explicit CCommandEdit(QWidget* parent = nullptr);
+
+    /// Names that the line completes.
+    void setNames(const QStringList& names);
+    const CommandHistory& history() const { return m_history; }
+
+signals:
+    void submitted(const QString& text);
+    void cancelled();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+signals:
+    /// The line is about to be used: names may have changed since.
+    void namesWanted();
+
+private:
+    void submit();
+    bool isCompleting() const;
+
+    QStringListModel* m_names;
+    CommandHistory m_history;
+};

@@ -1,0 +1,170 @@
+#include "host/window/commandline/CCommandLine.h"
+
+#include "host/sysvars/SysvarTable.h"
+#include "host/window/commandline/CCommandEdit.h"
+#include "host/window/commandline/HistoryHighlighter.h"
+#include "sdk/OdEdCommandStack.h"
+
+#include <QBoxLayout>
+#include <QEvent>
+#include <QEventLoop>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QStyle>
+#include <QTextBlock>
+
+namespace {
+constexpr int kMaxHistoryLines = 10000;
+}
+
+CCommandLine::CCommandLine(QWidget* parent)
+    : QWidget(parent)
+    , m_history(new QPlainTextEdit(this))
+    , m_prompt(new QLabel(this))
+    , m_edit(new CCommandEdit(this))
+    , m_highlighter(new HistoryHighlighter(m_history->document(), palette()))
+{
+    setObjectName(QStringLiteral("commandLine"));
+    m_history->setObjectName(QStringLiteral("commandHistory"));
+    m_history->setAccessibleName(tr("Command history"));
+    m_history->setReadOnly(true);
+    m_history->setUndoRedoEnabled(false);
+    m_history->setMaximumBlockCount(kMaxHistoryLines);
+    m_history->setLineWrapMode(QPlainTextEdit::NoWrap); // tables stay tables
+    m_history->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_history->setFrameShape(QFrame::NoFrame);
+    m_history->setTabChangesFocus(true);
+    m_history->setMinimumHeight(m_history->fontMetrics().lineSpacing() * 2);
+    m_prompt->setObjectName(QStringLiteral("commandPrompt"));
+    m_prompt->setTextFormat(Qt::PlainText);
+    m_prompt->setBuddy(m_edit);
+
+    auto* inputRow = new QHBoxLayout;
+    const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin) / 2;
+    inputRow->setContentsMargins(margin, 0, margin, margin / 2);
+    inputRow->addWidget(m_prompt);
+    inputRow->addWidget(m_edit, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(margin / 2);
+    layout->addWidget(m_history, 1);
+    layout->addLayout(inputRow);
+    setFocusProxy(m_edit);
+    showPrompt(tr("Command:"));
+
+    connect(m_edit, &CCommandEdit::submitted, this, &CCommandLine::submit);
+    connect(m_edit, &CCommandEdit::cancelled, this, &CCommandLine::cancel);
+    connect(m_edit, &CCommandEdit::namesWanted, this, &CCommandLine::refreshNames);
+}
+
+CCommandLine::~CCommandLine()
+{
+    answer(std::nullopt);
+}
+
+void CCommandLine::showPrompt(const QString& prompt)
+{
+    m_prompt->setText(prompt);
+    m_edit->setAccessibleDescription(prompt);
+}
+
+void CCommandLine::refreshNames()
+{
+    QStringList names = odedRegCmds()->localNames();
+    for (const SysvarDefinition& variable : sysvarTable())
+        names << QLatin1String(variable.name);
+    names.removeDuplicates();
+    names.sort(Qt::CaseInsensitive);
+    m_edit->setNames(names);
+}
+
+void CCommandLine::append(const QString& text, int kind)
+{
+    QScrollBar& bar = *m_history->verticalScrollBar();
+    const bool isEmpty = m_history->document()->isEmpty();
+    QTextCursor cursor(m_history->document());
+    cursor.movePosition(QTextCursor::End);
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (!isEmpty || i > 0)
+            cursor.insertBlock();
+        cursor.block().setUserState(kind);
+        cursor.insertText(lines[i]);
+    }
+    bar.setValue(bar.maximum());
+    m_history->horizontalScrollBar()->setValue(0);
+}
+
+void CCommandLine::print(const QString& text)
+{
+    append(text, HistoryHighlighter::Answer);
+}
+
+void CCommandLine::printInput(const QString& text)
+{
+    append(text, HistoryHighlighter::Input);
+}
+
+void CCommandLine::printFailure(const QString& text)
+{
+    append(text, HistoryHighlighter::Failure);
+}
+
+std::optional<QString> CCommandLine::ask(const QString& prompt)
+{
+    if (m_loop)
+        return std::nullopt;
+    QEventLoop loop;
+    m_loop = &loop;
+    m_answer.reset();
+    showPrompt(prompt.isEmpty() ? tr("Answer:") : prompt);
+    m_edit->setFocus();
+    loop.exec();
+    m_loop = nullptr;
+    showPrompt(tr("Command:"));
+    return std::exchange(m_answer, std::nullopt);
+}
+
+void CCommandLine::answer(const std::optional<QString>& text)
+{
+    if (!m_loop || !m_loop->isRunning())
+        return;
+    m_answer = text;
+    m_loop->quit();
+}
+
+void CCommandLine::submit(const QString& text)
+{
+    if (isAsking()) {
+        printInput(m_prompt->text() + QLatin1Char(' ') + text);
+        answer(text);
+    } else {
+        emit lineEntered(text);
+    }
+}
+
+void CCommandLine::cancel()
+{
+    if (isAsking())
+        answer(std::nullopt);
+}
+
+void CCommandLine::type(const QString& text)
+{
+    m_edit->setFocus();
+    m_edit->insert(text);
+}
+
+QString CCommandLine::historyText() const
+{
+    return m_history->toPlainText();
+}
+
+void CCommandLine::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        m_highlighter->setPalette(palette());
+    QWidget::changeEvent(event);
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+
+#include <optional>
+
+class CCommandEdit;
+class HistoryHighlighter;
+class QEventLoop;
+class QLabel;
+class QPlainTextEdit;
+
+/// The command line: what was said above, the line to type in below.
+class CCommandLine : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit CCommandLine(QWidget* parent = nullptr);
+    ~CCommandLine() override;
+
+    void print(const QString& text);
+    void printInput(const QString& text);
+    void printFailure(const QString& text);
+
+    /// Asks and waits in a loop of its own; null when cancelled. One question at a time: while one
+    /// is open, another is answered null at once.
+    std::optional<QString> ask(const QString& prompt);
+    bool isAsking() const { return m_loop != nullptr; }
+    /// Answers the open question from elsewhere; null cancels it. Nothing happens without one.
+    void answer(const std::optional<QString>& text);
+    /// Types into the line, as when a key is pressed over the drawing.
+    void type(const QString& text);
+    CCommandEdit& edit() const { return *m_edit; }
+    QString historyText() const;
+
+signals:
+    /// A command line was typed; empty when Enter alone was pressed.
+    void lineEntered(const QString& line);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void append(const QString& text, int kind);
+    void submit(const QString& text);
+    void cancel();
+    void refreshNames();
+    void showPrompt(const QString& prompt);
+
+    QPlainTextEdit* m_history;
+    QLabel* m_prompt;
+    CCommandEdit* m_edit;
+    HistoryHighlighter* m_highlighter;
+    QEventLoop* m_loop = nullptr;
+    std::optional<QString> m_answer;
+};

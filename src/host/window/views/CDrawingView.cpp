@@ -1,0 +1,52 @@
+#include "host/window/views/CDrawingView.h"
+
+#include "database/OdDbDatabase.h"
+#include "host/canvas/CCanvas.h"
+#include "host/documents/HostDocument.h"
+#include "host/window/views/CLayoutTabs.h"
+#include "host/window/views/DatabaseWatch.h"
+
+#include <QBoxLayout>
+#include <QKeyEvent>
+
+CDrawingView::CDrawingView(HostDocument& document, QWidget* parent)
+    : QWidget(parent)
+    , m_document(document)
+    , m_canvas(new CCanvas(this))
+    , m_layoutTabs(new CLayoutTabs(this))
+    , m_watch(new DatabaseWatch(this))
+{
+    setObjectName(QStringLiteral("drawingView"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_canvas, 1);
+    layout->addWidget(m_layoutTabs);
+    setFocusProxy(m_canvas);
+    m_canvas->setDatabase(document.database());
+    m_layoutTabs->showLayouts(*document.database());
+    m_watch->setDatabase(document.database());
+    connect(m_watch, &DatabaseWatch::changed, this, [this] {
+        if (!m_watch->database())
+            return;
+        m_layoutTabs->showLayouts(*m_watch->database());
+        emit drawingChanged();
+    });
+    connect(m_layoutTabs, &CLayoutTabs::layoutWanted, this, &CDrawingView::layoutWanted);
+}
+
+void CDrawingView::release()
+{
+    m_watch->setDatabase(nullptr);
+    m_canvas->setDatabase(nullptr);
+}
+
+void CDrawingView::keyPressEvent(QKeyEvent* event)
+{
+    const auto chords = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const QString text = event->text();
+    if (text.isEmpty() || !text[0].isPrint() || (event->modifiers() & chords))
+        QWidget::keyPressEvent(event);
+    else
+        emit textTyped(text);
+}

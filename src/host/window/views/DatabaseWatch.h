@@ -1,0 +1,37 @@
+#pragma once
+
+#include "database/OdDbDatabaseReactor.h"
+
+#include <QObject>
+#include <QTimer>
+
+class OdDbDatabase;
+
+/// Follows a drawing and says, once for each burst of changes, that it changed.
+class DatabaseWatch : public QObject, public OdDbDatabaseReactor
+{
+    Q_OBJECT
+public:
+    explicit DatabaseWatch(QObject* parent = nullptr);
+    ~DatabaseWatch() override;
+
+    /// Follows that drawing, or none.
+    void setDatabase(OdDbDatabase* database);
+    OdDbDatabase* database() const { return m_database; }
+
+signals:
+    /// Something changed since control was in the event loop last.
+    void changed();
+
+private:
+    void objectAppended(const OdDbDatabase*, const OdDbObject*) override { m_later.start(); }
+    void objectUnAppended(const OdDbDatabase*, const OdDbObject*) override { m_later.start(); }
+    void objectReAppended(const OdDbDatabase*, const OdDbObject*) override { m_later.start(); }
+    void objectModified(const OdDbDatabase*, const OdDbObject*) override { m_later.start(); }
+    void objectErased(const OdDbDatabase*, const OdDbObject*, bool) override { m_later.start(); }
+    void headerSysVarChanged(const OdDbDatabase*, const QString&) override { m_later.start(); }
+    void goodbye(const OdDbDatabase*) override;
+
+    OdDbDatabase* m_database = nullptr;
+    QTimer m_later;
+};
