@@ -325,6 +325,7 @@ void TestLayerGrid::keepsTheSelectionWhenItSorts()
 void TestLayerGrid::marksTheSortedColumn()
 {
     const QHeaderView* header = grid().horizontalHeader();
+    QVERIFY(header->isSortIndicatorShown());
     QCOMPARE(header->sortIndicatorSection(), 1);
     QCOMPARE(header->sortIndicatorOrder(), Qt::AscendingOrder);
     clickHeader(Locked);

@@ -9,7 +9,6 @@ CKestHeaderCtrl::CKestHeaderCtrl(QWidget* parent)
     setSectionsClickable(true);
     setSectionsMovable(false);
     setHighlightSections(false);
-    setSortIndicatorShown(true);
 }
 
 void CKestHeaderCtrl::initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const

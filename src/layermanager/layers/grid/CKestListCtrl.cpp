@@ -53,6 +53,8 @@ void CKestListCtrl::setUpLook()
     rows->hide();
     rows->setSectionResizeMode(QHeaderView::Fixed);
     setHorizontalHeader(new CKestHeaderCtrl(this));
+    // The view hides the arrow of headers that do not sort by themselves.
+    horizontalHeader()->setSortIndicatorShown(true);
 }
 
 void CKestListCtrl::updateRowHeight()
