@@ -91,6 +91,11 @@ void CCanvas::completeNow(bool smooth)
     m_frames->finish(smooth);
 }
 
+bool CCanvas::isSmooth() const
+{
+    return m_frames->isCurrent() && m_frames->frame()->isSmooth;
+}
+
 /// Another space is shown: the view it was left with, or all of it.
 void CCanvas::showSpace()
 {
@@ -184,7 +189,7 @@ void CCanvas::paintActiveViewport(QPainter& painter) const
 void CCanvas::paintProgress(QPainter& painter) const
 {
     const int percent = std::clamp(static_cast<int>(m_contents->progress() * 100), 0, 99);
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(palette().color(QPalette::Text));
     painter.drawText(rect(), Qt::AlignCenter, tr("Reading the drawing: %1 %").arg(percent));
 }
 

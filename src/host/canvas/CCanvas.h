@@ -41,6 +41,8 @@ public:
     void setView(const ViewTransform& view);
     /// Completes reading and painting before it returns, for pictures and tests.
     void completeNow(bool smooth = false);
+    /// Whether the picture on the screen is the smooth one that follows when nothing happens.
+    bool isSmooth() const;
     const CanvasContents& contents() const { return *m_contents; }
 
 signals:

@@ -49,8 +49,11 @@ void CanvasContents::setDatabase(OdDbDatabase* database)
 {
     m_watcher.reset();
     forget();
-    m_database = database;
-    if (database) {
+    // One that was never filled has no tables to look into.
+    const bool hasContents = database && !database->tableId(OdDbTableKind::Layer).isNull()
+        && !database->tableId(OdDbTableKind::Block).isNull();
+    if (hasContents) {
+        m_database = database;
         m_watcher = std::make_unique<DatabaseWatcher>(*database);
         DatabaseWatcher* watcher = m_watcher.get();
         connect(watcher, &DatabaseWatcher::layerChanged, this, [this](quint32 slot) {

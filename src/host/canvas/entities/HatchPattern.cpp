@@ -70,7 +70,7 @@ bool HatchPattern::hatchFamily(const Family& family, const HatchBoundary& bounda
         high = std::max(high, k);
     }
     const double lines = std::floor(high) - std::ceil(low) + 1;
-    if (!(lines <= kMostLines)
+    if (!(lines >= 0 && lines <= kMostLines)
         || !(lines * static_cast<double>(boundary.pointCount()) <= kMostCrossingTests))
     {
         return false;
@@ -129,7 +129,8 @@ void HatchPattern::dash(const Family& family, Vec2 on, std::pair<double, double>
         const double length = family.dashes[i % family.dashes.size()];
         const double from = std::max(at, span.first);
         const double to = std::min(at + std::abs(length), span.second);
-        if (length >= 0 && from <= to)
+        const bool isDot = length == 0 && from == to;
+        if (isDot || (length > 0 && from < to))
             result.emplace_back(on + family.direction * from, on + family.direction * to);
         at += std::abs(length);
     }

@@ -101,6 +101,6 @@ void FrameScheduler::finish(bool smooth)
     if (smooth && !m_frame->isSmooth) {
         start(true);
         run(QDeadlineTimer(QDeadlineTimer::Forever));
+        m_idleTimer.stop();
     }
-    m_idleTimer.stop();
 }

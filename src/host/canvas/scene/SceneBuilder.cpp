@@ -20,6 +20,14 @@ quint64 slotsIn(const std::vector<EntityRun>& runs)
     return count;
 }
 
+/// Model space or a sheet; in old drawings only the name tells.
+bool isSpace(const OdDbBlockTableRecord& block)
+{
+    const QString name = block.getName();
+    return block.isLayout() || name.startsWith(QLatin1String("*Model_Space"), Qt::CaseInsensitive)
+        || name.startsWith(QLatin1String("*Paper_Space"), Qt::CaseInsensitive);
+}
+
 } // namespace
 
 SceneBuilder::SceneBuilder(const OdDbDatabase& database, Scene& scene)
@@ -48,7 +56,7 @@ quint32 SceneBuilder::enqueue(OdDbObjectId id)
     const auto record = id.openObject<OdDbBlockTableRecord>();
     if (!record)
         return kNoIndex;
-    const Vec2 base = record->isLayout() ? Vec2{} : Vec2{record->origin()[0], record->origin()[1]};
+    const Vec2 base = isSpace(*record) ? Vec2{} : Vec2{record->origin()[0], record->origin()[1]};
     const quint32 block = m_scene.add(id.slot(), isSane(base) ? base : Vec2{});
     m_queue.push_back(block);
     m_knownSlots += slotsIn(record->entityRuns());
@@ -143,7 +151,7 @@ bool SceneBuilder::nextBlock()
     m_run = 0;
     m_slot = m_runs.empty() ? 0 : m_runs.front().first;
     m_space = {};
-    m_space.isLayout = id == m_database.getModelSpaceId() || (record && record->isLayout());
+    m_space.isLayout = record && isSpace(*record);
     if (!m_space.isLayout)
         return true;
     const std::vector<OdDbObjectId> viewports = m_database.viewportsOf(id);

@@ -1,0 +1,83 @@
+#include "DrawingText.h"
+
+namespace {
+
+QByteArray tag(const QByteArray& code, const QByteArray& value)
+{
+    return code + '\n' + value + '\n';
+}
+
+QByteArray allTags(const QByteArray& lines)
+{
+    QByteArray result;
+    for (const QByteArray& line : lines.split('\n')) {
+        if (!line.trimmed().isEmpty())
+            result += DrawingText::tags(line.simplified());
+    }
+    return result;
+}
+
+QByteArray section(const QByteArray& name, const QByteArray& contents)
+{
+    return tag("0", "SECTION") + tag("2", name) + contents + tag("0", "ENDSEC");
+}
+
+QByteArray table(const QByteArray& name, const QByteArray& records)
+{
+    return tag("0", "TABLE") + tag("2", name) + tag("70", "1") + records + tag("0", "ENDTAB");
+}
+
+} // namespace
+
+QByteArray DrawingText::tags(const QByteArray& words)
+{
+    const QByteArrayList all = words.split(' ');
+    QByteArray result = tag("0", all.front());
+    for (qsizetype i = 1; i < all.size(); ++i) {
+        const qsizetype equals = all[i].indexOf('=');
+        result += tag(all[i].left(equals), all[i].mid(equals + 1).replace('~', ' '));
+    }
+    return result;
+}
+
+DrawingText& DrawingText::layer(const char* name, int colour, int flags, const char* handle)
+{
+    m_layers += tag("0", "LAYER");
+    if (handle)
+        m_layers += tag("5", handle);
+    m_layers += tag("2", name) + tag("70", QByteArray::number(flags))
+        + tag("62", QByteArray::number(colour)) + tag("6", "CONTINUOUS");
+    return *this;
+}
+
+DrawingText& DrawingText::textStyle(const char* words)
+{
+    m_styles += tags(QByteArray("STYLE ") + words);
+    return *this;
+}
+
+DrawingText& DrawingText::block(const QByteArray& name, double x, double y,
+                                const QByteArray& entities)
+{
+    m_blocks += tag("0", "BLOCK") + tag("8", "0") + tag("2", name) + tag("70", "0")
+        + tag("10", QByteArray::number(x)) + tag("20", QByteArray::number(y)) + tag("30", "0")
+        + allTags(entities) + tag("0", "ENDBLK") + tag("8", "0");
+    return *this;
+}
+
+DrawingText& DrawingText::add(const QByteArray& entities)
+{
+    m_entities += allTags(entities);
+    return *this;
+}
+
+QByteArray DrawingText::bytes() const
+{
+    const QByteArray zero = tag("0", "LAYER") + tag("2", "0") + tag("70", "0") + tag("62", "7")
+        + tag("6", "CONTINUOUS");
+    return section("HEADER", tag("9", "$ACADVER") + tag("1", "AC1018"))
+        + section("TABLES",
+                  table("LAYER", m_layers.contains("\n2\n0\n") ? m_layers : zero + m_layers)
+                      + table("STYLE", m_styles))
+        + section("BLOCKS", m_blocks) + section("ENTITIES", m_entities) + tag("0", "EOF");
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayList>
+
+/// Writes small drawings for tests. Entities are given one per line as the type and then code=value
+/// words: "LINE 8=Walls 10=0 20=0 11=5 21=5". A tilde stands for a blank in a value.
+class DrawingText
+{
+public:
+    /// `colour` negative: the layer is off; `flags`: 1 frozen, 4 locked.
+    DrawingText& layer(const char* name, int colour, int flags = 0, const char* handle = nullptr);
+    DrawingText& textStyle(const char* words);
+    /// A block whose base point is (`x`, `y`).
+    DrawingText& block(const QByteArray& name, double x, double y, const QByteArray& entities);
+    DrawingText& add(const QByteArray& entities);
+    /// One entity of those tags.
+    static QByteArray tags(const QByteArray& words);
+
+    QByteArray bytes() const;
+
+private:
+    QByteArray m_layers;
+    QByteArray m_styles;
+    QByteArray m_blocks;
+    QByteArray m_entities;
+};

@@ -1,0 +1,323 @@
+#include "host/canvas/entities/HatchPattern.h"
+#include "host/canvas/geometry/CurveArc.h"
+#include "host/canvas/geometry/NurbsCurve.h"
+#include "host/canvas/geometry/Ocs.h"
+#include "host/canvas/render/ErasedFilter.h"
+#include "host/canvas/render/LineClip.h"
+#include "host/canvas/render/ViewTransform.h"
+#include "host/canvas/text/PlainText.h"
+
+#include <QRectF>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+using Group = EntityFields::Group;
+
+void expectNear(Vec2 seen, Vec2 expected, double tolerance = 1e-9)
+{
+    EXPECT_NEAR(seen.x, expected.x, tolerance);
+    EXPECT_NEAR(seen.y, expected.y, tolerance);
+}
+
+} // namespace
+
+TEST(Ocs, LeavesTheDefaultDirectionExact)
+{
+    const Ocs ocs = Ocs::fromNormal({0, 0, 1});
+    EXPECT_EQ(ocs.plan({0.1, 1e9 + 0.1}, 5), (Vec2{0.1, 1e9 + 0.1}));
+}
+
+TEST(Ocs, MirrorsAcrossTheYAxisWhenTheDirectionPointsDown)
+{
+    expectNear(Ocs::fromNormal({0, 0, -1}).plan({3, 4}, 0), {-3, 4});
+}
+
+TEST(Ocs, TakesXFromTheWorldVerticalForTiltedDirections)
+{
+    const Ocs ocs = Ocs::fromNormal({1, 0, 0});
+    const Vec3 x = ocs.toWorld({1, 0, 0});
+    EXPECT_NEAR(x.y, 1, 1e-12);
+    const Vec3 y = ocs.toWorld({0, 1, 0});
+    EXPECT_NEAR(y.z, 1, 1e-12);
+}
+
+TEST(Ocs, TreatsAMissingDirectionAsUp)
+{
+    EXPECT_EQ(Ocs::fromNormal({0, 0, 0}).plan({1, 2}, 0), (Vec2{1, 2}));
+    EXPECT_EQ(Ocs::fromNormal({NAN, 0, 1}).plan({1, 2}, 0), (Vec2{1, 2}));
+}
+
+TEST(CurveArc, HasAnExactBox)
+{
+    const CurveArc quarter{{10, 10}, {5, 0}, {0, 5}, kPi / 4, kPi / 2};
+    const Box2 box = quarter.box();
+    EXPECT_NEAR(box.maxY, 15, 1e-12);
+    EXPECT_NEAR(box.minX, 10 - 5 / std::sqrt(2.0), 1e-12);
+    EXPECT_NEAR(box.maxX, 10 + 5 / std::sqrt(2.0), 1e-12);
+    EXPECT_NEAR(box.minY, 10 + 5 / std::sqrt(2.0), 1e-12);
+}
+
+TEST(CurveArc, BoxOfATurnedEllipseTouchesItsExtremes)
+{
+    const CurveArc ellipse{{0, 0}, {3, 3}, {-1, 1}};
+    EXPECT_NEAR(ellipse.box().maxX, std::hypot(3, 1), 1e-12);
+    EXPECT_NEAR(ellipse.box().maxY, std::hypot(3, 1), 1e-12);
+}
+
+TEST(CurveArc, FollowsABulge)
+{
+    const CurveArc half = CurveArc::fromBulge({0, 0}, {10, 0}, 1);
+    expectNear(half.first(), {0, 0});
+    expectNear(half.last(), {10, 0});
+    // Counter-clockwise from left to right runs below.
+    expectNear(half.at(half.start + half.sweep / 2), {5, -5});
+
+    const CurveArc clockwise = CurveArc::fromBulge({0, 0}, {10, 0}, -0.5);
+    expectNear(clockwise.last(), {10, 0});
+    expectNear(clockwise.at(clockwise.start + clockwise.sweep / 2), {5, 2.5});
+}
+
+TEST(NurbsCurve, OfDegreeOneFollowsItsPolygon)
+{
+    NurbsCurve curve;
+    curve.degree = 1;
+    curve.knots = {0, 0, 1, 2, 2};
+    curve.controlPoints = {{0, 0, 0}, {5, 5, 0}, {10, 0, 0}};
+    ASSERT_TRUE(curve.isValid());
+    const std::vector<Vec3> points = curve.points();
+    ASSERT_EQ(points.size(), 3u);
+    expectNear(points[1].plan(), {5, 5});
+}
+
+TEST(NurbsCurve, DrawsAnExactQuarterCircleWithWeights)
+{
+    NurbsCurve curve;
+    curve.degree = 2;
+    curve.knots = {0, 0, 0, 1, 1, 1};
+    curve.controlPoints = {{1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
+    curve.weights = {1, std::sqrt(0.5), 1};
+    ASSERT_TRUE(curve.isValid());
+    for (const Vec3& p : curve.points())
+        EXPECT_NEAR(p.length(), 1, 1e-12);
+}
+
+TEST(NurbsCurve, MatchesABezierCurve)
+{
+    NurbsCurve curve;
+    curve.knots = {0, 0, 0, 0, 1, 1, 1, 1};
+    curve.controlPoints = {{0, 0, 0}, {0, 9, 0}, {9, 9, 0}, {9, 0, 0}};
+    ASSERT_TRUE(curve.isValid());
+    expectNear(curve.at(0.5).plan(), {4.5, 6.75});
+}
+
+TEST(NurbsCurve, RefusesCountsAndKnotsThatMakeNoCurve)
+{
+    NurbsCurve curve;
+    curve.knots = {0, 0, 0, 0, 1, 1, 1};
+    curve.controlPoints = {{}, {}, {}, {}};
+    EXPECT_FALSE(curve.isValid());
+    curve.knots = {0, 0, 0, 0, 1, 1, 0.5, 1};
+    EXPECT_FALSE(curve.isValid());
+    curve.knots = {0, 0, 0, 0, 1, 1, 1, 1};
+    EXPECT_TRUE(curve.isValid());
+    curve.degree = 1000;
+    EXPECT_FALSE(curve.isValid());
+}
+
+TEST(SmoothThrough, PassesThroughEveryPoint)
+{
+    const std::vector<Vec3> fit{{0, 0, 0}, {5, 5, 0}, {10, 0, 0}, {15, 5, 0}};
+    const std::vector<Vec3> points = smoothThrough(fit, false);
+    for (const Vec3& wanted : fit) {
+        EXPECT_TRUE(std::any_of(points.begin(), points.end(),
+                                [&](const Vec3& p) { return (p - wanted).length() < 1e-12; }));
+    }
+    expectNear(smoothThrough(fit, true).back().plan(), {0, 0});
+}
+
+TEST(ClipLine, CutsAtTheEdges)
+{
+    Vec2 from{-10, 5};
+    Vec2 to{30, 5};
+    EXPECT_TRUE(clipLine({0, 0, 20, 10}, from, to));
+    expectNear(from, {0, 5});
+    expectNear(to, {20, 5});
+}
+
+TEST(ClipLine, RefusesLinesThatPassBy)
+{
+    Vec2 from{-5, 8};
+    Vec2 to{5, 30};
+    EXPECT_FALSE(clipLine({0, 0, 20, 10}, from, to));
+}
+
+TEST(ClipContour, KeepsTheCommonArea)
+{
+    std::vector<Vec2> contour{{-5, -5}, {5, -5}, {5, 5}, {-5, 5}};
+    clipContour({0, 0, 20, 20}, contour);
+    Box2 box;
+    for (const Vec2 p : contour)
+        box.add(p);
+    EXPECT_EQ(contour.size(), 4u);
+    expectNear({box.minX, box.minY}, {0, 0});
+    expectNear({box.maxX, box.maxY}, {5, 5});
+}
+
+TEST(ViewTransform, PutsYUp)
+{
+    ViewTransform view;
+    view.setSize(QSizeF(200, 100));
+    EXPECT_EQ(view.toWindow(Vec2{0, 0}), QPointF(100, 50));
+    EXPECT_LT(view.toWindow(Vec2{0, 10}).y(), 50);
+}
+
+TEST(ViewTransform, ZoomsAboutThePoint)
+{
+    ViewTransform view;
+    view.setSize(QSizeF(200, 100));
+    const Vec2 before = view.toWorld(QPointF(30, 20));
+    view.zoomAbout(QPointF(30, 20), 7.5);
+    expectNear(view.toWorld(QPointF(30, 20)), before);
+    EXPECT_DOUBLE_EQ(view.scale(), 7.5);
+}
+
+TEST(ViewTransform, FitsABoxWithAMargin)
+{
+    ViewTransform view;
+    view.setSize(QSizeF(200, 100));
+    view.fit({1000, 1000, 1100, 1010});
+    const QRectF seen(view.toWindow({1000, 1010}), view.toWindow({1100, 1000}));
+    EXPECT_TRUE(QRectF(0, 0, 200, 100).contains(seen));
+    EXPECT_GT(seen.width(), 180);
+}
+
+TEST(ViewTransform, KeepsItsPrecisionFarFromZero)
+{
+    ViewTransform view;
+    view.setSize(QSizeF(1000, 1000));
+    view.setCentre({5e8, 5e8});
+    view.zoomAbout(QPointF(500, 500), 1e5);
+    const QPointF a = view.toWindow(Vec2{5e8 + 1e-3, 5e8});
+    EXPECT_NEAR(a.x(), 600, 0.02);
+}
+
+TEST(ViewTransform, StopsZoomingWhereNumbersEnd)
+{
+    ViewTransform view;
+    view.setSize(QSizeF(1000, 1000));
+    for (int i = 0; i < 5000; ++i)
+        view.zoomAbout(QPointF(1, 1), 2);
+    EXPECT_TRUE(std::isfinite(view.scale()));
+    for (int i = 0; i < 5000; ++i)
+        view.zoomAbout(QPointF(1, 1), 0.5);
+    EXPECT_GT(view.scale(), 0);
+    EXPECT_TRUE(isSane(view.centre()) || std::isfinite(view.centre().x));
+}
+
+TEST(ErasedFilter, AnswersForRanges)
+{
+    ErasedFilter filter;
+    filter.set(50, true);
+    EXPECT_TRUE(filter.touches(40, 50));
+    EXPECT_FALSE(filter.touches(51, 90));
+    filter.set(50, false);
+    EXPECT_FALSE(filter.touches(0, 100));
+}
+
+TEST(PlainText, ResolvesPercentCodes)
+{
+    EXPECT_EQ(plainSingleLine(QStringLiteral("%%uØ%%u %%c20 %%p0.5 90%%d %%065 100%%%")),
+              QStringLiteral("Ø \u230020 \u00B10.5 90\u00B0 A 100%"));
+    EXPECT_EQ(plainSingleLine(QStringLiteral("50% and 3%%")), QStringLiteral("50% and 3%%"));
+}
+
+TEST(PlainText, StripsFormattingCodes)
+{
+    EXPECT_EQ(
+        plainMultiLine(QStringLiteral("{\\fArial|b0|i0;\\H2.5x;One}\\PTwo \\S1/2; \\LThree\\l")),
+        QStringLiteral("One\nTwo 1/2 Three"));
+    EXPECT_EQ(plainMultiLine(QStringLiteral("a\\~b \\{c\\} d\\\\e \\S+0.1^-0.2;")),
+              QStringLiteral("a\u00A0b {c} d\\e +0.1/-0.2"));
+    EXPECT_EQ(plainMultiLine(QStringLiteral("\\A1;\\C3;45%%d")), QStringLiteral("45\u00B0"));
+}
+
+TEST(PlainText, EndsWithAnUnfinishedCode)
+{
+    EXPECT_EQ(plainMultiLine(QStringLiteral("A\\")), QStringLiteral("A\\"));
+    EXPECT_EQ(plainMultiLine(QStringLiteral("A\\H2.5")), QStringLiteral("A"));
+    EXPECT_EQ(plainMultiLine(QStringLiteral("A\\S1")), QStringLiteral("A1"));
+}
+
+namespace {
+
+std::vector<Group> square(double size)
+{
+    return {{91, 1},    {92, 3}, {72, 0},    {73, 1},    {93, 4}, {10, 0},   {20, 0},
+            {10, size}, {20, 0}, {10, size}, {20, size}, {10, 0}, {20, size}};
+}
+
+std::vector<Group> lines(double angle, double dy)
+{
+    return {{53, angle}, {43, 0}, {44, 0.5}, {45, 0}, {46, dy}, {79, 0}};
+}
+
+} // namespace
+
+TEST(HatchPattern, FillsTheBoundaryWithItsLines)
+{
+    const auto boundaryGroups = square(10);
+    const HatchBoundary boundary(boundaryGroups);
+    ASSERT_EQ(boundary.contours().size(), 1u);
+    std::vector<std::pair<Vec2, Vec2>> strokes;
+    ASSERT_TRUE(HatchPattern(lines(0, 1)).strokes(boundary, strokes));
+    ASSERT_EQ(strokes.size(), 10u);
+    expectNear(strokes.front().first, {0, 0.5});
+    expectNear(strokes.front().second, {10, 0.5});
+}
+
+TEST(HatchPattern, BreaksItsLinesIntoDashes)
+{
+    const auto boundaryGroups = square(10);
+    std::vector<Group> family = lines(0, 100);
+    family.push_back({49, 2});
+    family.push_back({49, -3});
+    std::vector<std::pair<Vec2, Vec2>> strokes;
+    ASSERT_TRUE(HatchPattern(family).strokes(HatchBoundary(boundaryGroups), strokes));
+    ASSERT_EQ(strokes.size(), 2u);
+    expectNear(strokes[1].first, {5, 0.5});
+    expectNear(strokes[1].second, {7, 0.5});
+}
+
+TEST(HatchPattern, RefusesToDrawUnreasonablyManyLines)
+{
+    const auto boundaryGroups = square(10);
+    std::vector<std::pair<Vec2, Vec2>> strokes;
+    EXPECT_FALSE(HatchPattern(lines(0, 1e-9)).strokes(HatchBoundary(boundaryGroups), strokes));
+    EXPECT_FALSE(HatchPattern(lines(0, 0)).strokes(HatchBoundary(boundaryGroups), strokes));
+    EXPECT_FALSE(HatchPattern(lines(0, NAN)).strokes(HatchBoundary(boundaryGroups), strokes));
+}
+
+TEST(HatchPattern, EndsFarFromZeroWhereDashesAreLost)
+{
+    std::vector<Group> far = square(10);
+    for (Group& group : far) {
+        if (group.code == 10 || group.code == 20)
+            group.value += 1e14;
+    }
+    std::vector<Group> family = lines(0, 1);
+    family.push_back({49, 1e-3});
+    family.push_back({49, -1e-3});
+    std::vector<std::pair<Vec2, Vec2>> strokes;
+    HatchPattern(family).strokes(HatchBoundary(far), strokes);
+    EXPECT_LT(strokes.size(), 100000u);
+}
+
+TEST(HatchBoundary, DoesNotTrustCounts)
+{
+    const std::vector<Group> lying{{91, 2e9}, {92, 0}, {93, 2e9}, {72, 1},
+                                   {10, 0},   {20, 0}, {11, 5},   {21, 0}};
+    EXPECT_TRUE(HatchBoundary(lying).contours().empty());
+}

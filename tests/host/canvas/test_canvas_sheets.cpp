@@ -1,0 +1,194 @@
+#include "CanvasFixture.h"
+#include "host/canvas/CanvasContents.h"
+
+#include <QTest>
+
+/// Sheets: their own entities, and model space through viewports.
+class CanvasSheets : public CanvasFixture
+{
+    Q_OBJECT
+
+    using P = CanvasPicture;
+
+    /// A cross in model space; a sheet whose left viewport shows it in full size, whose right one
+    /// shows it doubled with layer A frozen.
+    static DrawingText twoViewports()
+    {
+        DrawingText text;
+        text.layer("A", 1, 0, "B1").layer("B", 3, 0, "B2").layer("Border", 6, 0, "B3");
+        text.add(
+            "LINE 8=A 10=980 20=1000 11=1020 21=1000\nLINE 8=B 10=1000 20=980 11=1000 21=1020\n"
+            "VIEWPORT 5=C1 67=1 8=0 10=0 20=0 40=200 41=150 68=1 69=1 12=0 22=0 16=0 26=0 36=1 "
+            "45=150\n"
+            "VIEWPORT 5=C2 67=1 8=Border 10=-40 20=0 40=60 41=60 68=2 69=2 12=1000 22=1000 16=0 "
+            "26=0 36=1 45=60 90=0\n"
+            "VIEWPORT 5=C3 67=1 8=Border 100=AcDbViewport 10=40 20=0 40=60 41=60 68=3 69=3 12=1000 "
+            "22=1000 16=0 "
+            "26=0 "
+            "36=1 45=30 331=B1 90=0\n"
+            "LINE 67=1 8=0 10=-70 20=50 11=70 21=50");
+        return text;
+    }
+    void showSheet(const DrawingText& text)
+    {
+        show(text);
+        database().setTILEMODE(false);
+        picture();
+        look({0, 0}, 4);
+    }
+    static P::Path frame(Vec2 centre)
+    {
+        return P::polyline({centre + Vec2{-30, -30}, centre + Vec2{30, -30}, centre + Vec2{30, 30},
+                            centre + Vec2{-30, 30}},
+                           true);
+    }
+
+private slots:
+    void modelSpaceDoesNotShowTheSheet()
+    {
+        show(twoViewports());
+        QVERIFY(picture().isEmpty());
+        look({1000, 1000}, 4);
+        QCOMPARE(picture().mismatch(P::together(
+                     {P::line({980, 1000}, {1020, 1000}), P::line({1000, 980}, {1000, 1020})})),
+                 QString());
+    }
+
+    void sheetShowsItselfAndModelSpaceThroughItsViewports()
+    {
+        showSheet(twoViewports());
+        QCOMPARE(picture().mismatch(
+                     P::together({P::line({-70, 50}, {70, 50}), frame({-40, 0}), frame({40, 0}),
+                                  P::line({-60, 0}, {-20, 0}), P::line({-40, -20}, {-40, 20}),
+                                  // Doubled, and cut off at the frame.
+                                  P::line({40, -30}, {40, 30})})),
+                 QString());
+    }
+
+    void layersFreezeInOneViewportOnly()
+    {
+        showSheet(twoViewports());
+        QVERIFY(picture().isLit({-50, 0}));
+        QVERIFY(!picture().isLit({50, 0}));
+    }
+
+    void layerTogglesReachTheViewports()
+    {
+        showSheet(twoViewports());
+        const int builds = canvas().contents().geometryBuilds();
+        changeLayer("B", [](auto& layer) { layer.setIsOff(true); });
+        QVERIFY(!picture().isLit({-40, 10}) && !picture().isLit({40, 10}));
+        changeLayer("B", [](auto& layer) { layer.setIsOff(false); });
+        QVERIFY(picture().isLit({-40, 10}) && picture().isLit({40, 10}));
+        QCOMPARE(canvas().contents().geometryBuilds(), builds);
+    }
+
+    void coloursMayDifferInAViewport()
+    {
+        show(twoViewports());
+        LayerOverride blue;
+        blue.color = OdCmColor::fromIndex(5);
+        layer("B").openObject<OdDbLayerTableRecord>()->stateForLoading().overrides = {
+            {byHandle(0xC3).slot(), blue}};
+        canvas().setDatabase(&database());
+        database().setTILEMODE(false);
+        picture();
+        look({0, 0}, 4);
+        QCOMPARE(picture().colourAt({-40, 10}), qRgb(0, 255, 0));
+        QCOMPARE(picture().colourAt({40, 10}), qRgb(0, 0, 255));
+    }
+
+    void bordersHideWithTheirLayerAndTheContentsStay()
+    {
+        showSheet(twoViewports());
+        changeLayer("Border", [](auto& layer) { layer.setIsOff(true); });
+        const CanvasPicture seen = picture();
+        QVERIFY(!seen.isLit({-70, 0}));
+        QVERIFY(seen.isLit({-50, 0}));
+    }
+
+    void twistTurnsThePicture()
+    {
+        // An upright line lies on its side after a quarter turn; the lower end comes to the right.
+        DrawingText text;
+        text.add("LINE 8=0 10=0 20=-20 11=0 21=10\n"
+                 "VIEWPORT 67=1 8=0 10=0 20=0 40=200 41=150 68=1 69=1 12=0 22=0 36=1 45=150\n"
+                 "VIEWPORT 67=1 8=0 10=0 20=0 40=80 41=60 68=2 69=2 12=0 22=0 16=0 26=0 36=1 "
+                 "45=60 51=90 90=0");
+        showSheet(text);
+        QCOMPARE(picture().mismatch(P::together(
+                     {P::line({-10, 0}, {20, 0}),
+                      P::polyline({{-40, -30}, {40, -30}, {40, 30}, {-40, 30}}, true)})),
+                 QString());
+    }
+
+    void viewCentreIsTakenInTheTurnedPicture()
+    {
+        // Target at the cross, view centre 10 to the right in the turned picture: the cross stands
+        // 20 sheet units to the left of the viewport's centre.
+        DrawingText text;
+        text.add("POINT 8=0 10=1000 20=1000\n"
+                 "VIEWPORT 67=1 8=0 10=0 20=0 40=200 41=150 68=1 69=1 12=0 22=0 36=1 45=150\n"
+                 "VIEWPORT 67=1 8=0 10=0 20=0 40=60 41=60 68=2 69=2 12=10 22=0 16=0 26=0 36=1 "
+                 "17=1000 27=1000 "
+                 "45=30 51=90 90=0");
+        showSheet(text);
+        QVERIFY(picture().isLit({-20, 0}));
+    }
+
+    void viewportsThatAreOffShowTheirBorderOnly()
+    {
+        showSheet(twoViewports().add("VIEWPORT 67=1 8=Border 10=0 20=-60 40=20 41=20 68=0 69=4 "
+                                     "12=1000 22=1000 36=1 45=20 90=131072"));
+        const CanvasPicture seen = picture();
+        QVERIFY(seen.isLit({10, -60}));
+        QVERIFY(!seen.isLit({0, -60}));
+    }
+
+    void viewsFromTheSideAreCountedAsNotDrawn()
+    {
+        showSheet(twoViewports().add("VIEWPORT 67=1 8=Border 10=0 20=-60 40=20 41=20 68=4 69=4 "
+                                     "12=0 22=0 16=1 26=1 36=1 45=20 90=0"));
+        QVERIFY(picture().isLit({10, -60}));
+        QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 VIEWPORT not drawn"));
+    }
+
+    void eachSpaceKeepsItsView()
+    {
+        showSheet(twoViewports());
+        look({5, 6}, 9);
+        database().setTILEMODE(true);
+        picture();
+        look({1000, 1000}, 3);
+        database().setTILEMODE(false);
+        picture();
+        QCOMPARE(canvas().view().centre(), (Vec2{5, 6}));
+        QCOMPARE(canvas().view().scale(), 9.0);
+        database().setTILEMODE(true);
+        picture();
+        QCOMPARE(canvas().view().centre(), (Vec2{1000, 1000}));
+        QCOMPARE(canvas().contents().geometryBuilds(), 2);
+    }
+
+    void theViewportWorkedInHasAThickBorder()
+    {
+        showSheet(twoViewports());
+        const int thin = picture().litCount();
+        database().setActiveViewport(byHandle(0xC2));
+        QVERIFY(picture().litCount() > thin + 100);
+        QVERIFY(picture().isLit({-70.2, 0}));
+    }
+
+    void summaryOfASheetIncludesTheModel()
+    {
+        showSheet(twoViewports().add(
+            "OLE2FRAME 8=0 70=1\nOLE2FRAME 67=1 8=0 70=1\nREGION 67=1 8=0 70=1"));
+        QCOMPARE(canvas().undrawnSummary(), QStringLiteral("2 OLE2FRAME, 1 REGION not drawn"));
+        database().setTILEMODE(true);
+        picture();
+        QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 OLE2FRAME not drawn"));
+    }
+};
+
+QTEST_MAIN(CanvasSheets)
+#include "test_canvas_sheets.moc"
