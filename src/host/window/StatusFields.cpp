@@ -4,6 +4,7 @@
 #include "database/OdDbLayerTableRecord.h"
 #include "host/canvas/CCanvas.h"
 #include "host/documents/HostDocument.h"
+#include "host/window/look/CElidedLabel.h"
 #include "host/window/views/CDrawingView.h"
 
 #include <QLabel>
@@ -18,6 +19,8 @@ QLabel* addField(QStatusBar& bar, const char* name, const QString& accessibleNam
     label->setObjectName(QLatin1String(name));
     label->setAccessibleName(accessibleName);
     label->setTextFormat(Qt::PlainText);
+    const int space = label->fontMetrics().averageCharWidth();
+    label->setContentsMargins(space, 0, space, 0);
     bar.addPermanentWidget(label);
     return label;
 }
@@ -40,8 +43,12 @@ StatusFields::StatusFields(QStatusBar& bar)
     : QObject(&bar)
     , m_position(addField(bar, "statusPosition", tr("Cursor position")))
     , m_layer(addField(bar, "statusLayer", tr("Current layer")))
-    , m_undrawn(addField(bar, "statusUndrawn", tr("Not drawn")))
+    , m_undrawn(new CElidedLabel(&bar))
 {
+    m_undrawn->setObjectName(QStringLiteral("statusUndrawn"));
+    m_undrawn->setAccessibleName(tr("Not drawn"));
+    m_undrawn->setContentsMargins(m_undrawn->fontMetrics().averageCharWidth(), 0, 0, 0);
+    bar.addWidget(m_undrawn, 1);
     // The fields to the right stay where they are while the cursor moves.
     m_position->setMinimumWidth(
         m_position->fontMetrics().horizontalAdvance(positionText({-999999.0, -999999.0})));
@@ -52,8 +59,6 @@ void StatusFields::showView(const CDrawingView* view)
 {
     m_layer->setText(view ? tr("Layer: %1").arg(currentLayerName(view->document())) : QString());
     m_undrawn->setText(view ? view->canvas().undrawnSummary() : QString());
-    m_undrawn->setVisible(!m_undrawn->text().isEmpty());
-    m_undrawn->setToolTip(m_undrawn->text());
     if (!view)
         m_position->clear();
 }

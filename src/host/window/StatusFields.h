@@ -4,6 +4,7 @@
 #include <QPointF>
 
 class CDrawingView;
+class CElidedLabel;
 class QLabel;
 class QStatusBar;
 
@@ -21,5 +22,5 @@ public:
 private:
     QLabel* m_position;
     QLabel* m_layer;
-    QLabel* m_undrawn;
+    CElidedLabel* m_undrawn;
 };

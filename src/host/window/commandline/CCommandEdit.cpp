@@ -18,7 +18,6 @@ CCommandEdit::CCommandEdit(QWidget* parent)
     completer->setMaxVisibleItems(10);
     completer->popup()->setAccessibleName(tr("Commands"));
     setCompleter(completer);
-    connect(this, &QLineEdit::returnPressed, this, &CCommandEdit::submit);
 }
 
 void CCommandEdit::setNames(const QStringList& names)
@@ -49,6 +48,12 @@ void CCommandEdit::focusInEvent(QFocusEvent* event)
 
 void CCommandEdit::keyPressEvent(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        // Taken here: left to the completion, the key would put the chosen name back afterwards.
+        event->accept();
+        submit();
+        return;
+    }
     switch (isCompleting() ? 0 : event->key()) {
     case Qt::Key_Up:
         setText(m_history.previous(text()));

@@ -33,7 +33,9 @@ CCommandLine::CCommandLine(QWidget* parent)
     m_history->setUndoRedoEnabled(false);
     m_history->setMaximumBlockCount(kMaxHistoryLines);
     m_history->setLineWrapMode(QPlainTextEdit::NoWrap); // tables stay tables
-    m_history->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setStyleHint(QFont::Monospace);
+    m_history->setFont(font);
     m_history->setFrameShape(QFrame::NoFrame);
     m_history->setTabChangesFocus(true);
     m_history->setMinimumHeight(m_history->fontMetrics().lineSpacing() * 2);

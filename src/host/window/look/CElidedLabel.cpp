@@ -1,0 +1,39 @@
+#include "host/window/look/CElidedLabel.h"
+
+#include <QPainter>
+#include <QStyle>
+
+CElidedLabel::CElidedLabel(QWidget* parent)
+    : QFrame(parent)
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void CElidedLabel::setText(const QString& text)
+{
+    if (m_text == text)
+        return;
+    m_text = text;
+    setToolTip(text);
+    setAccessibleDescription(text);
+    updateGeometry();
+    update();
+}
+
+QSize CElidedLabel::sizeHint() const
+{
+    return {fontMetrics().horizontalAdvance(m_text), fontMetrics().height()};
+}
+
+QSize CElidedLabel::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 4, fontMetrics().height()};
+}
+
+void CElidedLabel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(m_text, Qt::ElideRight, contentsRect().width());
+    style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                          isEnabled(), shown, foregroundRole());
+}

@@ -1,0 +1,195 @@
+#include "host/support/WindowFixture.h"
+#include "host/window/commandline/CCommandEdit.h"
+#include "host/window/commandline/CCommandLine.h"
+#include "host/window/commandline/HistoryHighlighter.h"
+#include "host/window/views/CDrawingTabs.h"
+#include "host/window/views/CDrawingView.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QTextBlock>
+#include <QTimer>
+
+class TestCommandWidget : public WindowFixture
+{
+    Q_OBJECT
+
+private:
+    CCommandEdit& edit() const { return window->commandLine().edit(); }
+    QString prompt() const
+    {
+        return window->findChild<QLabel*>(QStringLiteral("commandPrompt"))->text();
+    }
+    const QTextDocument& document() const
+    {
+        return *window->findChild<QPlainTextEdit*>(QStringLiteral("commandHistory"))->document();
+    }
+    void press(Qt::Key key) { QTest::keyClick(&edit(), key); }
+
+private slots:
+    void runsWhatIsTyped();
+    void showsFailuresInAColourOfTheirOwn();
+    void repeatsTheLastCommandOnEnter();
+    void walksThroughTheHistory();
+    void completesCommandNames();
+    void emptiesTheLineOnEscape();
+    void asksAndTakesTheAnswer();
+    void cancelsAQuestionOnEscape();
+    void answersAQuestionFromTheQueue();
+    void takesKeysPressedOverTheDrawing();
+    void keepsTablesAligned();
+    void failureColoursAreReadableOnLightAndDark();
+    void cancelsAnOpenQuestionWhenTheWindowCloses();
+};
+
+void TestCommandWidget::runsWhatIsTyped()
+{
+    typeLine("lwunits 0");
+    QCOMPARE(variable("LWUNITS"), QStringLiteral("0"));
+    QCOMPARE(history(), QStringLiteral("Command: lwunits 0"));
+    QVERIFY(edit().text().isEmpty());
+}
+
+void TestCommandWidget::showsFailuresInAColourOfTheirOwn()
+{
+    typeLine("FROB");
+    QCOMPARE(history(), QStringLiteral("Command: FROB\nThere is no command \"FROB\"."));
+    QCOMPARE(document().firstBlock().userState(), static_cast<int>(HistoryHighlighter::Input));
+    QCOMPARE(document().lastBlock().userState(), static_cast<int>(HistoryHighlighter::Failure));
+    const auto formats = document().lastBlock().layout()->formats();
+    QCOMPARE(formats.size(), 1);
+    QCOMPARE(formats[0].format.foreground().color(),
+             HistoryHighlighter::failureColor(window->commandLine().palette()));
+}
+
+void TestCommandWidget::repeatsTheLastCommandOnEnter()
+{
+    typeLine("NEW");
+    typeLine("");
+    QCOMPARE(core->documents().documentCount(), 2);
+}
+
+void TestCommandWidget::walksThroughTheHistory()
+{
+    typeLine("LWUNITS 0");
+    typeLine("LWUNITS 1");
+    typeLine("LWUNITS 1");
+    edit().setText(QStringLiteral("draft"));
+    press(Qt::Key_Up);
+    QCOMPARE(edit().text(), QStringLiteral("LWUNITS 1"));
+    press(Qt::Key_Up);
+    QCOMPARE(edit().text(), QStringLiteral("LWUNITS 0"));
+    press(Qt::Key_Up);
+    QCOMPARE(edit().text(), QStringLiteral("LWUNITS 0"));
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    QCOMPARE(edit().text(), QStringLiteral("draft"));
+    press(Qt::Key_Down);
+    QCOMPARE(edit().text(), QStringLiteral("draft"));
+}
+
+void TestCommandWidget::completesCommandNames()
+{
+    edit().setFocus();
+    QTest::keyClicks(&edit(), QStringLiteral("rege"));
+    QAbstractItemView* popup = edit().completer()->popup();
+    QVERIFY(popup->isVisible());
+    QCOMPARE(popup->model()->rowCount(), 2);
+    QCOMPARE(popup->model()->index(1, 0).data().toString(), QStringLiteral("REGENALL"));
+    QTest::keyClick(popup, Qt::Key_Down);
+    QTest::keyClick(popup, Qt::Key_Down);
+    QTest::keyClick(popup, Qt::Key_Return);
+    settle();
+    QVERIFY(!popup->isVisible());
+    QVERIFY(history().startsWith(QStringLiteral("Command: REGENALL\n")));
+    QVERIFY(edit().text().isEmpty());
+    QTest::keyClicks(&edit(), QStringLiteral("re"));
+    QVERIFY(popup->isVisible());
+    QTest::keyClick(popup, Qt::Key_Escape);
+    QVERIFY(!popup->isVisible());
+    QCOMPARE(edit().text(), QStringLiteral("re"));
+}
+
+void TestCommandWidget::emptiesTheLineOnEscape()
+{
+    edit().setText(QStringLiteral("half a command"));
+    press(Qt::Key_Escape);
+    QVERIFY(edit().text().isEmpty());
+}
+
+void TestCommandWidget::asksAndTakesTheAnswer()
+{
+    QTimer::singleShot(0, this, [this] {
+        QVERIFY(window->commandLine().isAsking());
+        QCOMPARE(prompt(), QStringLiteral("New value for LWUNITS <1>:"));
+        QTest::keyClicks(&edit(), QStringLiteral("0"));
+        press(Qt::Key_Return);
+    });
+    typeLine("LWUNITS");
+    QCOMPARE(variable("LWUNITS"), QStringLiteral("0"));
+    QCOMPARE(prompt(), QStringLiteral("Command:"));
+    QCOMPARE(history(), QStringLiteral("Command: LWUNITS\nNew value for LWUNITS <1>: 0"));
+}
+
+void TestCommandWidget::cancelsAQuestionOnEscape()
+{
+    QTimer::singleShot(0, this, [this] { press(Qt::Key_Escape); });
+    typeLine("LWUNITS");
+    QVERIFY(!window->commandLine().isAsking());
+    QVERIFY(history().endsWith(QStringLiteral("*Cancel*")));
+    QCOMPARE(variable("CMDNAMES"), QString());
+}
+
+void TestCommandWidget::answersAQuestionFromTheQueue()
+{
+    QTimer::singleShot(0, this,
+                       [this] { core->documents().sendStringToExecute(QStringLiteral("0 ")); });
+    typeLine("LWUNITS");
+    QCOMPARE(variable("LWUNITS"), QStringLiteral("0"));
+}
+
+void TestCommandWidget::takesKeysPressedOverTheDrawing()
+{
+    typeLine("NEW");
+    CDrawingView& view = *window->drawings().currentView();
+    QTest::keyClicks(&view, QStringLiteral("lw"));
+    QCOMPARE(edit().text(), QStringLiteral("lw"));
+    QVERIFY(edit().hasFocus());
+}
+
+void TestCommandWidget::keepsTablesAligned()
+{
+    const auto* view = window->findChild<QPlainTextEdit*>(QStringLiteral("commandHistory"));
+    QCOMPARE(view->lineWrapMode(), QPlainTextEdit::NoWrap);
+    const QFontMetrics metrics(view->font());
+    QCOMPARE(metrics.horizontalAdvance(QLatin1Char('i')),
+             metrics.horizontalAdvance(QLatin1Char('W')));
+    open(TestDrawing());
+    typeLine("LAYERS");
+    QVERIFY(history().endsWith(QStringLiteral("\n1 layer.")));
+}
+
+void TestCommandWidget::failureColoursAreReadableOnLightAndDark()
+{
+    QPalette palette;
+    for (const QColor base : {QColor(Qt::white), QColor(0x1e, 0x1e, 0x1e)}) {
+        palette.setColor(QPalette::Base, base);
+        const float distance =
+            HistoryHighlighter::failureColor(palette).lightnessF() - base.lightnessF();
+        QVERIFY(std::abs(distance) > 0.4F);
+    }
+}
+
+void TestCommandWidget::cancelsAnOpenQuestionWhenTheWindowCloses()
+{
+    QTimer::singleShot(0, this, [this] { window->close(); });
+    typeLine("LWUNITS");
+    settle();
+    QVERIFY(!window->isVisible());
+}
+
+QTEST_MAIN(TestCommandWidget)
+#include "test_command_widget.moc"
