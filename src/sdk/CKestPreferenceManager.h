@@ -6,7 +6,8 @@ class CKestPreferenceManager
 public:
     static CKestPreferenceManager& instance();
 
-    bool CombineLayerPropPreference = true;
+    /// Successive palette edits join one undo step.
+    bool CombineLayerPropPreference = false;
     static bool s_Layer_FilterViolationPrompt;
     static bool s_bApplyLayerFiltertoLayerToolbar;
     static bool s_bNotifyPresentLayer;
