@@ -170,7 +170,7 @@ TEST(SharedGlobals, RememberThePropertyUpdateGuard)
 TEST(Preferences, StartWithTheHostsDefaults)
 {
     EXPECT_EQ(&CKestPreferenceManager::instance(), &CKestPreferenceManager::instance());
-    EXPECT_TRUE(CKestPreferenceManager::instance().CombineLayerPropPreference);
+    EXPECT_FALSE(CKestPreferenceManager::instance().CombineLayerPropPreference);
     EXPECT_TRUE(CKestPreferenceManager::s_Layer_FilterViolationPrompt);
     EXPECT_FALSE(CKestPreferenceManager::s_bApplyLayerFiltertoLayerToolbar);
     EXPECT_FALSE(CKestPreferenceManager::s_bNotifyPresentLayer);
