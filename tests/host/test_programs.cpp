@@ -1,0 +1,175 @@
+#include "host/support/TestDrawing.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+struct Finished
+{
+    int exitCode = -1;
+    std::string output;
+    std::string errors;
+};
+
+Finished runProgram(const char* program, const QStringList& arguments, const QByteArray& input,
+                    const QProcessEnvironment& environment)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QString::fromUtf8(program), arguments);
+    EXPECT_TRUE(process.waitForStarted());
+    process.write(input);
+    process.closeWriteChannel();
+    EXPECT_TRUE(process.waitForFinished());
+    EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
+    return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+            process.readAllStandardError().toStdString()};
+}
+} // namespace
+
+/// The programs themselves, each in a process of its own without any display. A program that
+/// started the window system would end at once, since there is no such platform.
+class Programs : public testing::Test
+{
+protected:
+    Programs()
+        : environment(QProcessEnvironment::systemEnvironment())
+    {
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none-at-all"));
+        environment.remove(QStringLiteral("DISPLAY"));
+        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    }
+    Finished kest(QStringList arguments, const QByteArray& input = {})
+    {
+        arguments << QStringLiteral("--config") << folder.path();
+        return runProgram(KEST_PROGRAM, arguments, input, environment);
+    }
+    Finished layerman(const QStringList& arguments)
+    {
+        return runProgram(LAYERMAN_PROGRAM, arguments, {}, environment);
+    }
+    Finished batch(const QByteArray& script, const QString& drawing = {})
+    {
+        QStringList arguments{QStringLiteral("--batch"), QStringLiteral("-")};
+        if (!drawing.isEmpty())
+            arguments << drawing;
+        return kest(arguments, script);
+    }
+    QString house(const char* name = "house.dxf")
+    {
+        TestDrawing drawing;
+        drawing.add({.name = "Wände", .flags = 4, .lineweight = 35});
+        return drawing.writeTo(folder.path(), QString::fromUtf8(name));
+    }
+
+    QTemporaryDir folder;
+    QProcessEnvironment environment;
+};
+
+TEST_F(Programs, HelpAndVersionNeedNoDisplay)
+{
+    const Finished help = kest({QStringLiteral("--help")});
+    EXPECT_EQ(0, help.exitCode);
+    EXPECT_EQ(0u, help.output.find("Usage: kest "));
+    const Finished version = kest({QStringLiteral("--version")});
+    EXPECT_EQ("kest " KEST_VERSION "\n", version.output);
+    EXPECT_EQ(0, version.exitCode);
+}
+
+TEST_F(Programs, WrongUsageIsOne)
+{
+    const Finished wrong = kest({QStringLiteral("--frob")});
+    EXPECT_EQ(1, wrong.exitCode);
+    EXPECT_EQ(0u, wrong.errors.find("kest: There is no option --frob.\nUsage: kest "));
+    EXPECT_EQ("", wrong.output);
+}
+
+TEST_F(Programs, AScriptEditsADrawingWithoutAnyDisplay)
+{
+    const QString out = folder.filePath(QStringLiteral("out.dxf"));
+    const Finished done = batch("CLAYER \"Wände\"\nSAVEAS \"" + out.toUtf8() + "\"\n", house());
+    EXPECT_EQ("", done.errors);
+    EXPECT_EQ(0, done.exitCode);
+    EXPECT_EQ("CLAYER = \"Wände\"\n", batch("CLAYER\n", out).output);
+}
+
+TEST_F(Programs, ExitCodesTellTheWorst)
+{
+    EXPECT_EQ(6, batch("FROB\n").exitCode);
+    EXPECT_EQ("-:2: There is no command \"FROB\".\n", batch("\nFROB\n").errors);
+    EXPECT_EQ(3, batch("FROB\nOPEN /no/such/file.dxf\n").exitCode);
+    EXPECT_EQ(4,
+              batch("NEW\nSAVEAS /no/such/folder/a.dxf\nOPEN /no/such/file.dxf\nFROB\n").exitCode);
+    EXPECT_EQ(3, batch("FROB\n", QStringLiteral("/no/such/file.dxf")).exitCode);
+}
+
+TEST_F(Programs, ADrawingThatCannotBeReadKeepsTheScriptFromRunning)
+{
+    const Finished failed = batch("LWUNITS\n", folder.filePath(QStringLiteral("absent.dxf")));
+    EXPECT_EQ(3, failed.exitCode);
+    EXPECT_EQ("", failed.output);
+    EXPECT_EQ(0u, failed.errors.find("kest: "));
+    EXPECT_NE(std::string::npos, failed.errors.find("absent.dxf"));
+}
+
+TEST_F(Programs, UserVariablesOutliveTheProgram)
+{
+    EXPECT_EQ(0, batch("LWUNITS 0\n").exitCode);
+    EXPECT_EQ("LWUNITS = 0\n", batch("LWUNITS\n").output);
+}
+
+TEST_F(Programs, APictureOfTheWindowIsTakenWithoutADisplay)
+{
+    environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    const QString picture = folder.filePath(QStringLiteral("window.png"));
+    const Finished done = kest({QStringLiteral("--screenshot"), picture, house()});
+    EXPECT_EQ(0, done.exitCode);
+    EXPECT_NE(std::string::npos, done.output.find(" Wände "));
+    EXPECT_NE(std::string::npos, done.output.find("\n2 layers.\n"));
+    const QImage image(picture);
+    EXPECT_GT(image.width(), 600);
+    EXPECT_GT(image.height(), 400);
+    EXPECT_FALSE(image.allGray());
+}
+
+TEST_F(Programs, APictureOfADrawingThatCannotBeReadIsNotTaken)
+{
+    environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    const QString picture = folder.filePath(QStringLiteral("window.png"));
+    EXPECT_EQ(
+        3,
+        kest({QStringLiteral("--screenshot"), picture, QStringLiteral("/no/such.dxf")}).exitCode);
+    EXPECT_FALSE(QFileInfo::exists(picture));
+    EXPECT_EQ(4, kest({QStringLiteral("--screenshot"), QStringLiteral("/no/such/a.png")}).exitCode);
+}
+
+TEST_F(Programs, LayermanListsDrawingsAndTellsThoseThatItCannotRead)
+{
+    const QString absent = folder.filePath(QStringLiteral("absent.dxf"));
+    const Finished list =
+        layerman({QStringLiteral("list"), house("a.dxf"), absent, house("b.dxf")});
+    EXPECT_EQ(3, list.exitCode);
+    EXPECT_NE(std::string::npos, list.output.find("a.dxf:\n"));
+    EXPECT_NE(std::string::npos, list.output.find("b.dxf:\n"));
+    EXPECT_NE(std::string::npos, list.output.find(" 0.35 mm "));
+    EXPECT_NE(std::string::npos, list.errors.find("absent.dxf"));
+    const Finished inches = layerman({QStringLiteral("list"), QStringLiteral("--inches"), house()});
+    EXPECT_EQ(0, inches.exitCode);
+    EXPECT_NE(std::string::npos, inches.output.find(" 0.014\" "));
+}
+
+TEST_F(Programs, LayermanKnowsItsUsage)
+{
+    EXPECT_EQ("layerman " KEST_VERSION "\n", layerman({QStringLiteral("--version")}).output);
+    EXPECT_EQ(0u, layerman({QStringLiteral("--help")}).output.find("Usage: layerman list "));
+    EXPECT_EQ(1, layerman({}).exitCode);
+    EXPECT_EQ(1, layerman({QStringLiteral("list")}).exitCode);
+    EXPECT_EQ(1, layerman({QStringLiteral("frob")}).exitCode);
+    EXPECT_EQ(1, layerman({QStringLiteral("list"), QStringLiteral("--frob"), house()}).exitCode);
+}

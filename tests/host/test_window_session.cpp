@@ -1,0 +1,145 @@
+#include "host/support/WindowFixture.h"
+#include "host/window/CMainWindow.h"
+#include "host/window/WindowActions.h"
+#include "host/window/WindowSession.h"
+#include "host/window/commandline/CCommandLine.h"
+#include "host/window/views/CDrawingTabs.h"
+#include "sdk/OdEdCommandStack.h"
+#include "toolkit/CXTPDockingPaneManager.h"
+
+#include <QAction>
+#include <QFile>
+#include <QTest>
+
+namespace {
+constexpr int kLayerPane = 1000; // the pane that the layer palette's module makes
+}
+
+/// The start of the program, with the layer palette's module as it is built.
+class TestWindowSession : public WindowFixture
+{
+    Q_OBJECT
+
+private:
+    void start(const QStringList& files = {})
+    {
+        WindowSession(*core, *window).start(files);
+        settle();
+    }
+    bool paletteIsOpen() const { return !window->panes().IsPaneClosed(kLayerPane); }
+
+private slots:
+    void opensTheFilesAndThePalette();
+    void startsWithANewDrawingWithoutFiles();
+    void leavesThePaletteClosedWhenTheUserClosedIt();
+    void tellsAFileThatCannotBeOpenedAndGoesOn();
+    void tellsSettingsThatCannotBeUnderstood();
+    void opensAndClosesThePaletteByItsCommands();
+    void closesThePaletteWithTheLastDrawingAndReopensIt();
+    void keepsThePaletteStateOverAnEndOfTheProgram();
+    void endsThePaletteWithItsModule();
+};
+
+void TestWindowSession::opensTheFilesAndThePalette()
+{
+    const QString one = TestDrawing().writeTo(folder->path(), QStringLiteral("one.dxf"));
+    const QString two = TestDrawing().writeTo(folder->path(), QStringLiteral("two.dxf"));
+    start({one, two});
+    QCOMPARE(window->drawings().count(), 2);
+    QCOMPARE(current()->fileName(), two);
+    QVERIFY(paletteIsOpen());
+    QVERIFY(action(WindowAction::Layer).isEnabled());
+}
+
+void TestWindowSession::startsWithANewDrawingWithoutFiles()
+{
+    start();
+    QCOMPARE(current()->displayName(), QStringLiteral("Drawing1"));
+    QVERIFY(paletteIsOpen());
+}
+
+void TestWindowSession::leavesThePaletteClosedWhenTheUserClosedIt()
+{
+    core->sysvars().setText(QStringLiteral("LAYERMANAGERSTATE"), QStringLiteral("0"));
+    start();
+    QVERIFY(!paletteIsOpen());
+    QVERIFY(action(WindowAction::Layer).isEnabled());
+    action(WindowAction::Layer).trigger();
+    settle();
+    QVERIFY(paletteIsOpen());
+    QCOMPARE(variable("LAYERMANAGERSTATE"), QStringLiteral("1"));
+}
+
+void TestWindowSession::tellsAFileThatCannotBeOpenedAndGoesOn()
+{
+    prompts->willCloseMessage();
+    start({path("absent.dxf")});
+    QVERIFY(prompts->texts().value(0).contains(QStringLiteral("absent.dxf")));
+    QCOMPARE(current()->displayName(), QStringLiteral("Drawing1"));
+}
+
+void TestWindowSession::tellsSettingsThatCannotBeUnderstood()
+{
+    finish();
+    folder = std::make_unique<QTemporaryDir>();
+    QFile file(folder->filePath(QStringLiteral("kest.ini")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[Variables\nno value\n");
+    file.close();
+    prompts = std::make_unique<FilePrompts>();
+    frontEnd = std::make_unique<WindowFrontEnd>();
+    core = std::make_unique<HostCore>(*frontEnd, folder->path());
+    window = std::make_unique<CMainWindow>(*core);
+    frontEnd->attach(window.get());
+    core->setMainWindow(window.get());
+    prompts->willCloseMessage();
+    start();
+    QVERIFY(prompts->texts().value(0).contains(QStringLiteral("kest.ini")));
+}
+
+void TestWindowSession::opensAndClosesThePaletteByItsCommands()
+{
+    start();
+    typeLine("LAYERCLOSE");
+    QVERIFY(!paletteIsOpen());
+    QCOMPARE(variable("LAYERMANAGERSTATE"), QStringLiteral("0"));
+    typeLine("layerpalette");
+    QVERIFY(paletteIsOpen());
+    QVERIFY(!action(WindowAction::Undo).isEnabled());
+}
+
+void TestWindowSession::closesThePaletteWithTheLastDrawingAndReopensIt()
+{
+    start();
+    typeLine("CLOSE");
+    QVERIFY(!paletteIsOpen());
+    QCOMPARE(variable("LAYERMANAGERSTATE"), QStringLiteral("1"));
+    typeLine("NEW");
+    QVERIFY(paletteIsOpen());
+}
+
+void TestWindowSession::keepsThePaletteStateOverAnEndOfTheProgram()
+{
+    start();
+    window->close();
+    settle();
+    core->shutDown();
+    QCOMPARE(
+        UserSettings(folder->path()).value(QStringLiteral("Variables/LAYERMANAGERSTATE")).toInt(),
+        1);
+}
+
+void TestWindowSession::endsThePaletteWithItsModule()
+{
+    start();
+    CXTPDockingPane* pane = window->panes().FindPane(kLayerPane);
+    QVERIFY(pane->GetView());
+    core->modules().unloadAll();
+    QVERIFY(!pane->GetView());
+    QVERIFY(!odedRegCmds()->lookup(QStringLiteral("_LAYER")));
+    typeLine("NEW");
+    QVERIFY(current());
+}
+
+QTEST_MAIN(TestWindowSession)
+#include "test_window_session.moc"
