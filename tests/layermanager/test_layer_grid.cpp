@@ -28,6 +28,7 @@ private slots:
     void generatesUsageOnlyWhereItIsShown();
 
     void showsTheStatusOfEachLayer();
+    void showsANewLayerAsUnusedUntilTheNextFullRefresh();
     void showsEveryLayerAsUsedWhereUsageIsNotShown();
     void showsEveryLayerAsUsedWhereUsageCannotBeRead();
 
@@ -183,6 +184,21 @@ void TestLayerGrid::showsTheStatusOfEachLayer()
     db().setCLAYER(layer("Beams"));
     QCOMPARE(status("Beams"), LayerStatus::Current);
     QCOMPARE(status("0"), LayerStatus::InUse);
+}
+
+void TestLayerGrid::showsANewLayerAsUnusedUntilTheNextFullRefresh()
+{
+    host().ints[QStringLiteral("SHOWLAYERUSAGE")] = 1;
+    grid().Fill(&db());
+    grid().FillFromList({layer("Walls"), layer("Roof")});
+    grid().SetNewLayerFlag(true);
+    QVERIFY(grid().InsertRow(layer("Doors"), 2));
+    QCOMPARE(status("Doors"), LayerStatus::NotInUse);
+    QCOMPARE(status("Walls"), LayerStatus::InUse);
+    grid().RefreshAllRows();
+    QCOMPARE(status("Doors"), LayerStatus::InUse);
+    QVERIFY(grid().InsertRow(layer("0"), 0));
+    QCOMPARE(status("0"), LayerStatus::Current);
 }
 
 void TestLayerGrid::showsEveryLayerAsUsedWhereUsageIsNotShown()

@@ -129,6 +129,7 @@ bool CLayerListCtrl::FillFromList(const LayerListModel::Ids& layers)
 
 void CLayerListCtrl::list(LayerListModel::Ids layers)
 {
+    m_newLayerFlag = false;
     m_model.forgetNewLayers();
     m_model.reset(std::move(layers), m_sortOrder);
     m_displayedCount = m_model.rowCount();
@@ -165,6 +166,7 @@ void CLayerListCtrl::RefreshAllRows()
 {
     if (m_database)
         m_model.setContext(LayerCellContext::of(*m_database));
+    m_newLayerFlag = false;
     m_model.refreshAll();
     viewport()->update();
 }

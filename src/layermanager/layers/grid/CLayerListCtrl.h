@@ -65,7 +65,8 @@ public:
     /// While switched off the grid ignores fills, commands, clicks and notifications.
     void SwitchOff(bool off) { m_switchedOff = off; }
     bool isSwitchedOff() const { return m_switchedOff; }
-    /// Set while a layer made by the palette is fresh: its row shows the not-in-use icon.
+    /// Set while a layer made by the palette is fresh: its row shows the not-in-use icon. The next
+    /// full refresh clears it.
     void SetNewLayerFlag(bool set) { m_newLayerFlag = set; }
 
     void SysVarChanged(const OdDbDatabase* database, const QString& name);
