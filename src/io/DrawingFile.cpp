@@ -31,10 +31,16 @@ const DrawingCodec& codecFor(const FileImage& image)
     const auto found = std::find_if(codecs.begin(), codecs.end(), [&](const DrawingCodec* codec) {
         return codec->recognises(head);
     });
-    if (found == codecs.end())
+    if (found == codecs.end()) {
+        // DWG files start with the name of their version.
+        const bool isDwg =
+            head.startsWith("AC10") || head.startsWith("AC1.") || head.startsWith("AC2.");
         throw OdError_InvalidDrawing(
-            image.name(), 1,
-            tr("this is no DXF drawing; expected group 0 with SECTION, or a comment (group 999)."));
+            image.name(), isDwg ? 0 : 1,
+            isDwg ? tr("this is a DWG drawing; only DXF can be opened yet.")
+                  : tr("this is no DXF drawing; expected group 0 with SECTION, or a comment (group "
+                       "999)."));
+    }
     return **found;
 }
 
