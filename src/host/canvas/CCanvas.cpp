@@ -122,6 +122,12 @@ bool CCanvas::isDark() const
     return palette().color(QPalette::Base).lightness() < kMiddleLightness;
 }
 
+/// What lies around the picture: the desk around the paper of a sheet, else the background itself.
+QColor CCanvas::surround() const
+{
+    return palette().color(m_contents->paper().isEmpty() ? QPalette::Base : QPalette::Window);
+}
+
 std::optional<FrameRequest> CCanvas::frameRequest(const ViewTransform& view, bool isSmooth)
 {
     const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
@@ -136,9 +142,12 @@ std::optional<FrameRequest> CCanvas::frameRequest(const ViewTransform& view, boo
     request.view = toPixels.after(view.toWindow());
     request.pixels = pixels;
     request.background = palette().color(QPalette::Base).rgb();
+    request.paper = m_contents->paper();
+    request.desk = surround().rgb();
+    request.paperEdge = palette().color(QPalette::Mid).rgb();
     request.isDark = isDark();
     request.isSmooth = isSmooth;
-    request.penWidth = std::max(1.0, std::floor(devicePixelRatioF()));
+    request.penWidth = std::max(1, static_cast<int>(devicePixelRatioF()));
     return request;
 }
 
@@ -146,7 +155,7 @@ void CCanvas::paintEvent(QPaintEvent* event)
 {
     m_frames->paintAtOnce();
     QPainter painter(this);
-    painter.fillRect(event->rect(), palette().color(QPalette::Base));
+    painter.fillRect(event->rect(), surround());
     if (m_contents->isReady()) {
         paintFrame(painter);
         paintActiveViewport(painter);
@@ -208,6 +217,8 @@ void CCanvas::resizeEvent(QResizeEvent* event)
 void CCanvas::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+    const bool isLook =
+        event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange;
+    if (isLook)
         contentsChanged();
 }

@@ -74,6 +74,7 @@ private:
     bool navigateByKey(const QKeyEvent& event);
     void updatePointer();
     bool isDark() const;
+    QColor surround() const;
     std::optional<FrameRequest> frameRequest(const ViewTransform& view, bool isSmooth);
     void paintFrame(QPainter& painter) const;
     void paintActiveViewport(QPainter& painter) const;

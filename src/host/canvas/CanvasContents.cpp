@@ -5,6 +5,7 @@
 #include "host/canvas/DatabaseWatcher.h"
 #include "host/canvas/render/SceneExtents.h"
 #include "host/canvas/scene/Scene.h"
+#include "host/canvas/scene/SheetPaper.h"
 
 #include <algorithm>
 
@@ -40,6 +41,7 @@ void CanvasContents::forget()
     m_viewportLooks.clear();
     m_changedLayers.clear();
     m_space = m_shownSpace = kNoIndex;
+    m_paper = {};
     m_shaper = std::make_shared<TextShaper>();
     m_erased = std::make_shared<ErasedFilter>();
     m_database = nullptr;
@@ -121,8 +123,7 @@ void CanvasContents::followSpace()
         m_database->getTILEMODE() ? m_database->getModelSpaceId() : m_database->getPaperSpaceId();
     m_space = space.isNull() ? kNoIndex : space.slot();
     if (isReady()) {
-        m_shownSpace = m_space;
-        emit spaceShown();
+        announceSpace();
     } else if (m_builder) {
         requireSpaces();
     } else {
@@ -160,11 +161,17 @@ void CanvasContents::readingDone()
     }
     m_growing.reset();
     m_viewportLooks.clear();
-    if (isReady() && m_shownSpace != m_space) {
-        m_shownSpace = m_space;
-        emit spaceShown();
-    }
+    if (isReady() && m_shownSpace != m_space)
+        announceSpace();
     emit lookChanged();
+}
+
+void CanvasContents::announceSpace()
+{
+    m_shownSpace = m_space;
+    m_paper =
+        m_database->getTILEMODE() ? Box2() : sheetPaper(*m_database, m_database->currentLayoutId());
+    emit spaceShown();
 }
 
 quint32 CanvasContents::spaceIndex() const
@@ -241,7 +248,7 @@ std::vector<ScenePart> CanvasContents::parts()
 
 Box2 CanvasContents::extents()
 {
-    Box2 box;
+    Box2 box = paper();
     for (const ScenePart& part : parts()) {
         box.add(part.isPlaced ? part.frame
                               : SceneExtents(*m_scene, *part.looks, *m_erased).of(part.block));

@@ -37,8 +37,10 @@ public:
 
     /// The spaces that make up the picture; empty while nothing is ready.
     std::vector<ScenePart> parts();
-    /// Extents of what can be seen.
+    /// Extents of what can be seen, the paper of a sheet included.
     Box2 extents();
+    /// The paper of the current sheet; empty in model space and where none is named.
+    const Box2& paper() const { return m_paper; }
     /// Frame of the viewport worked in, on the sheet; empty in model space and on the sheet itself.
     Box2 activeViewportFrame() const;
     /// Number of entities by type that are not drawn in the current space; biggest numbers first.
@@ -61,6 +63,7 @@ signals:
 private:
     void forget();
     void followSpace();
+    void announceSpace();
     void startReading(std::shared_ptr<Scene> scene);
     void readSlice(QDeadlineTimer until);
     void readingDone();
@@ -75,6 +78,7 @@ private:
     std::unique_ptr<DatabaseWatcher> m_watcher;
     quint32 m_space = kNoIndex;
     quint32 m_shownSpace = kNoIndex;
+    Box2 m_paper;
     std::shared_ptr<Scene> m_scene; ///< ready, though it may be growing
     std::shared_ptr<Scene> m_growing; ///< being read
     std::unique_ptr<SceneBuilder> m_builder;

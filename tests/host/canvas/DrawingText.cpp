@@ -17,6 +17,9 @@ QByteArray allTags(const QByteArray& lines)
     return result;
 }
 
+const QByteArray kSpaces = DrawingText::tags("BLOCK_RECORD 5=D3 2=*Model_Space")
+    + DrawingText::tags("BLOCK_RECORD 5=D4 2=*Paper_Space 340=D2");
+
 QByteArray section(const QByteArray& name, const QByteArray& contents)
 {
     return tag("0", "SECTION") + tag("2", name) + contents + tag("0", "ENDSEC");
@@ -71,6 +74,15 @@ DrawingText& DrawingText::add(const QByteArray& entities)
     return *this;
 }
 
+DrawingText& DrawingText::paper(const char* name, const QByteArray& words)
+{
+    m_objects = tags("DICTIONARY 5=D0 330=0 100=AcDbDictionary 3=ACAD_LAYOUT 350=D1")
+        + tags(QByteArray("DICTIONARY 5=D1 330=D0 100=AcDbDictionary 3=") + name + " 350=D2")
+        + tags("LAYOUT 5=D2 330=D1 100=AcDbPlotSettings " + words + " 100=AcDbLayout 1=" + name
+               + " 70=0 71=1 330=D4");
+    return *this;
+}
+
 QByteArray DrawingText::bytes() const
 {
     const QByteArray zero = tag("0", "LAYER") + tag("2", "0") + tag("70", "0") + tag("62", "7")
@@ -78,6 +90,8 @@ QByteArray DrawingText::bytes() const
     return section("HEADER", tag("9", "$ACADVER") + tag("1", "AC1018"))
         + section("TABLES",
                   table("LAYER", m_layers.contains("\n2\n0\n") ? m_layers : zero + m_layers)
-                      + table("STYLE", m_styles))
-        + section("BLOCKS", m_blocks) + section("ENTITIES", m_entities) + tag("0", "EOF");
+                      + table("STYLE", m_styles)
+                      + (m_objects.isEmpty() ? QByteArray() : table("BLOCK_RECORD", kSpaces)))
+        + section("BLOCKS", m_blocks) + section("ENTITIES", m_entities)
+        + (m_objects.isEmpty() ? QByteArray() : section("OBJECTS", m_objects)) + tag("0", "EOF");
 }

@@ -14,6 +14,10 @@ public:
     /// A block whose base point is (`x`, `y`).
     DrawingText& block(const QByteArray& name, double x, double y, const QByteArray& entities);
     DrawingText& add(const QByteArray& entities);
+    /// A layout of that name for the sheet "*Paper_Space", with that paper: width, height, the
+    /// margins on the left, below, on the right and above in millimetres, and quarter turns of the
+    /// plot.
+    DrawingText& paper(const char* name, const QByteArray& words);
     /// One entity of those tags.
     static QByteArray tags(const QByteArray& words);
 
@@ -24,4 +28,5 @@ private:
     QByteArray m_styles;
     QByteArray m_blocks;
     QByteArray m_entities;
+    QByteArray m_objects;
 };

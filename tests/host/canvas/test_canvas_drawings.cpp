@@ -59,24 +59,46 @@ private slots:
             SharedDrawings::file(QStringLiteral("mozman+ezdxf__viewport_frozen_layers.dxf")));
         m_database->setTILEMODE(false);
         canvas().setDatabase(m_database.get());
+        // The first layer is red and frozen in the lower left viewport, the second one green and
+        // frozen in the lower right one.
+        const Box2 upperLeft{12, 115, 80, 160};
+        const Box2 lowerLeft{12, 43, 80, 87};
+        const Box2 lowerRight{120, 43, 190, 87};
         const CanvasPicture seen = picture();
-        const auto count = [&](QRgb colour) {
-            int found = 0;
-            for (int y = 0; y < seen.image().height(); ++y) {
-                for (int x = 0; x < seen.image().width(); ++x)
-                    found += seen.image().pixel(x, y) == colour ? 1 : 0;
-            }
-            return found;
-        };
-        // Three viewports: red is frozen in one, green in another, so each is seen in two of them.
-        const int red = count(qRgb(255, 0, 0));
-        const int green = count(qRgb(0, 255, 0));
-        QVERIFY(red > 50 && green > 50);
+        QVERIFY(reds(seen, upperLeft) > 20 && greens(seen, upperLeft) > 20);
+        QVERIFY(reds(seen, lowerLeft) == 0 && greens(seen, lowerLeft) > 20);
+        QVERIFY(reds(seen, lowerRight) > 20 && greens(seen, lowerRight) == 0);
+
         changeLayer("Layer1", [](auto& layer) { layer.setIsFrozen(true); });
-        QCOMPARE(CanvasPicture(canvas()).litCount() < seen.litCount(), true);
+        const CanvasPicture after = picture();
+        QCOMPARE(reds(after, upperLeft) + reds(after, lowerRight), 0);
+        QVERIFY(greens(after, upperLeft) > 20);
     }
 
 private:
+    template <class Matches>
+    int count(const CanvasPicture& seen, const Box2& box, Matches matches)
+    {
+        const QRect pixels = QRectF(canvas().view().toWindow({box.minX, box.maxY}),
+                                    canvas().view().toWindow({box.maxX, box.minY}))
+                                 .toRect()
+                                 .intersected(seen.image().rect());
+        int found = 0;
+        for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
+            for (int x = pixels.left(); x <= pixels.right(); ++x)
+                found += matches(seen.image().pixel(x, y)) ? 1 : 0;
+        }
+        return found;
+    }
+    int reds(const CanvasPicture& seen, const Box2& box)
+    {
+        return count(seen, box, [](QRgb c) { return qRed(c) > 60 && qGreen(c) == 0; });
+    }
+    int greens(const CanvasPicture& seen, const Box2& box)
+    {
+        return count(seen, box, [](QRgb c) { return qGreen(c) > 60 && qRed(c) == 0; });
+    }
+
     void paint()
     {
         canvas().completeNow();

@@ -105,6 +105,15 @@ private slots:
         QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 HATCH pattern not drawn"));
     }
 
+    void gradientsAreFilledHalfWay()
+    {
+        show(DrawingText().add(
+            "HATCH 8=0 10=0 20=0 30=0 2=SOLID 70=1 71=0 91=1 92=3 72=0 73=1 93=4 10=-40 20=-40 "
+            "10=40 20=-40 10=40 20=40 10=-40 20=40 97=0 75=0 76=1 450=1 451=0 460=0 461=0 452=0 "
+            "453=2 463=0 63=5 421=255 463=1 63=2 421=16711680 470=LINEAR"));
+        QCOMPARE(picture().colourAt({0, 0}), qRgb(127, 0, 127));
+    }
+
     void fillsLieBelowStrokes()
     {
         show(DrawingText().add(

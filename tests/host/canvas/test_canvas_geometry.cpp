@@ -4,9 +4,11 @@
 #include "host/canvas/geometry/Ocs.h"
 #include "host/canvas/render/ErasedFilter.h"
 #include "host/canvas/render/LineClip.h"
+#include "host/canvas/render/LineRaster.h"
 #include "host/canvas/render/ViewTransform.h"
 #include "host/canvas/text/PlainText.h"
 
+#include <QImage>
 #include <QRectF>
 
 #include <gtest/gtest.h>
@@ -152,6 +154,67 @@ TEST(ClipLine, RefusesLinesThatPassBy)
     Vec2 from{-5, 8};
     Vec2 to{5, 30};
     EXPECT_FALSE(clipLine({0, 0, 20, 10}, from, to));
+}
+
+namespace {
+
+QImage blackImage()
+{
+    QImage image(20, 10, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    return image;
+}
+
+int litPixels(const QImage& image)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixel(x, y) == qRgb(255, 255, 255) ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace
+
+TEST(LineRaster, SetsOnePixelPerStep)
+{
+    QImage image = blackImage();
+    LineRaster(image, 1).line(2.5, 3.5, 11.5, 6.5, qRgb(255, 255, 255));
+    EXPECT_EQ(litPixels(image), 10);
+    EXPECT_EQ(image.pixel(2, 3), qRgb(255, 255, 255));
+    EXPECT_EQ(image.pixel(11, 6), qRgb(255, 255, 255));
+}
+
+TEST(LineRaster, DrawsTheSameLineBackwards)
+{
+    QImage forwards = blackImage();
+    QImage backwards = blackImage();
+    LineRaster(forwards, 1).line(1.2, 8.9, 7.1, 0.4, qRgb(255, 255, 255));
+    LineRaster(backwards, 1).line(7.1, 0.4, 1.2, 8.9, qRgb(255, 255, 255));
+    EXPECT_EQ(forwards, backwards);
+    EXPECT_EQ(litPixels(forwards), 9);
+}
+
+TEST(LineRaster, StaysInsideItsClip)
+{
+    QImage image = blackImage();
+    LineRaster raster(image, 1);
+    raster.setClip(QRect(5, 2, 4, 3));
+    for (int i = -30; i < 50; ++i) {
+        raster.line(i, -40, 20 - i, 60, qRgb(255, 255, 255));
+        raster.line(-1e12, i, 1e12, 10 - i, qRgb(255, 255, 255));
+        raster.line(NAN, i, 5, 5, qRgb(255, 255, 255));
+    }
+    EXPECT_EQ(litPixels(image), 12);
+    EXPECT_EQ(litPixels(image.copy(5, 2, 4, 3)), 12);
+}
+
+TEST(LineRaster, WidensLinesOfMorePixels)
+{
+    QImage image = blackImage();
+    LineRaster(image, 3).line(2.5, 5.5, 11.5, 5.5, qRgb(255, 255, 255));
+    EXPECT_EQ(litPixels(image), 30);
 }
 
 TEST(ClipContour, KeepsTheCommonArea)

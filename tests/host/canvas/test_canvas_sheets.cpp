@@ -9,6 +9,7 @@ class CanvasSheets : public CanvasFixture
     Q_OBJECT
 
     using P = CanvasPicture;
+    static constexpr QRgb kBlack = 0xFF000000;
 
     /// A cross in model space; a sheet whose left viewport shows it in full size, whose right one
     /// shows it doubled with layer A frozen.
@@ -177,6 +178,40 @@ private slots:
         database().setActiveViewport(byHandle(0xC2));
         QVERIFY(picture().litCount() > thin + 100);
         QVERIFY(picture().isLit({-70.2, 0}));
+    }
+
+    void paperLiesWhereTheMarginsPutIt_data()
+    {
+        QTest::addColumn<QByteArray>("settings");
+        QTest::addColumn<double>("left");
+        QTest::addColumn<double>("bottom");
+        QTest::addColumn<double>("width");
+        const QByteArray paper = "40=1 41=2 42=3 43=4 44=60 45=80 46=0 47=0 72=1 142=1 143=1 ";
+        QTest::newRow("upright") << paper + "73=0" << -1.0 << -2.0 << 60.0;
+        QTest::newRow("a quarter turn") << paper + "73=1" << -2.0 << -3.0 << 80.0;
+        QTest::newRow("half a turn") << paper + "73=2" << -3.0 << -4.0 << 60.0;
+        QTest::newRow("inches") << QByteArray("40=25.4 41=50.8 44=762 45=1016 72=0 73=0") << -1.0
+                                << -2.0 << 30.0;
+        QTest::newRow("scaled") << QByteArray("40=1 41=2 44=30 45=40 72=1 73=0 142=1 143=2") << -2.0
+                                << -4.0 << 60.0;
+    }
+    void paperLiesWhereTheMarginsPutIt()
+    {
+        QFETCH(QByteArray, settings);
+        QFETCH(double, left);
+        QFETCH(double, bottom);
+        QFETCH(double, width);
+        showSheet(DrawingText().paper("Sheet", settings));
+        const QImage seen = picture().image();
+        const auto at = [&](double x, double y) {
+            return seen.pixel(canvas().view().toWindow({x, y}).toPoint());
+        };
+        const QRgb desk = canvas().palette().color(QPalette::Window).rgb();
+        QCOMPARE(at(left + 1, bottom + 1), kBlack);
+        QCOMPARE(at(left - 1, bottom + 1), desk);
+        QCOMPARE(at(left + 1, bottom - 1), desk);
+        QCOMPARE(at(left + width - 1, bottom + 1), kBlack);
+        QCOMPARE(at(left + width + 1, bottom + 1), desk);
     }
 
     void summaryOfASheetIncludesTheModel()

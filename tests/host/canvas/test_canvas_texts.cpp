@@ -157,6 +157,16 @@ private slots:
         QVERIFY(seen.litBox().height() <= 0.3);
     }
 
+    void blankTextsDoNotCountForExtents()
+    {
+        show(DrawingText().add("TEXT 8=0 10=5000 20=0 40=20 1=~~\n"
+                               "MTEXT 8=0 10=0 20=5000 40=20 41=0 71=1 1=\\P~\n"
+                               "LINE 8=0 10=0 20=0 11=10 21=0"));
+        canvas().zoomExtents();
+        QVERIFY(canvas().view().scale() > 10);
+        QCOMPARE(canvas().undrawnSummary(), QString());
+    }
+
     void textInvisibleByItsLayerDoesNotCountForExtents()
     {
         show(DrawingText()

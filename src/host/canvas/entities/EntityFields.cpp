@@ -14,10 +14,10 @@ constexpr int kFirstExtendedData = 1000;
 /// What becomes of a group, by its code: handles and names of no use here are not even decoded.
 Kind kindOf(int code)
 {
-    if ((code >= 10 && code < 60) || (code >= 210 && code < 240))
+    if ((code >= 10 && code < 60) || (code >= 140 && code < 150) || (code >= 210 && code < 240))
         return Kind::Real;
     if ((code >= 60 && code < 80) || (code >= 90 && code < 100) || (code >= 170 && code < 180)
-        || (code >= 270 && code < 290) || code == 420 || code == 450)
+        || (code >= 270 && code < 290) || code == 420 || code == 421 || code == 450)
     {
         return Kind::Integer;
     }

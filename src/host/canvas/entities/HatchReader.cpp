@@ -1,5 +1,8 @@
+#include "database/OdCmColor.h"
 #include "host/canvas/entities/EntityReaders.h"
 #include "host/canvas/entities/HatchPattern.h"
+
+#include <optional>
 
 namespace {
 
@@ -26,6 +29,27 @@ void outlineAll(EntityScope& scope, const HatchBoundary& boundary, const Ocs& oc
     }
 }
 
+/// Gradients are painted in the colour half-way between their two.
+std::optional<quint32> gradientColour(const EntityFields& fields)
+{
+    enum { kIsGradient = 450, kGradientColour = 421 };
+    if (fields.integer(kIsGradient) != 1)
+        return std::nullopt;
+    std::vector<quint32> colours;
+    for (const EntityFields::Group& group : fields.groups()) {
+        if (group.code == kGradientColour && group.value >= 0 && group.value <= 0xFFFFFF)
+            colours.push_back(static_cast<quint32>(group.value));
+    }
+    if (colours.empty())
+        return std::nullopt;
+    const auto middle = [&](int shift) {
+        const quint32 first = colours.front() >> shift & 0xFFu;
+        const quint32 last = colours.back() >> shift & 0xFFu;
+        return (first + last) / 2 << shift;
+    };
+    return quint32(OdCmColor::kByColor) << 24 | middle(16) | middle(8) | middle(0);
+}
+
 } // namespace
 
 bool readHatch(EntityScope& scope)
@@ -37,6 +61,8 @@ bool readHatch(EntityScope& scope)
     const double elevation = scope.fields.real(30);
     const bool isSolid = scope.fields.integer(70) == 1;
     if (isSolid) {
+        if (const auto colour = gradientColour(scope.fields))
+            scope.sink.begin({scope.sink.style().layer, *colour}, scope.slot);
         fillAll(scope, boundary, ocs, elevation);
         // Areas thinner than a pixel would vanish without their outline.
         outlineAll(scope, boundary, ocs, elevation);

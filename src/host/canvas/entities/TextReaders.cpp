@@ -43,6 +43,9 @@ Setting settingOf(int justify, int vertical)
 /// `verticalCode`: group of the vertical justification, which attributes keep elsewhere.
 bool readSingleLine(EntityScope& scope, int verticalCode, const QString& text, quint32 gate)
 {
+    // Blanks show nothing, but would count for the extents.
+    if (text.trimmed().isEmpty())
+        return true;
     const EntityFields& fields = scope.fields;
     const double height = fields.real(40);
     if (!(height > 0))
@@ -82,8 +85,9 @@ bool readSingleLine(EntityScope& scope, int verticalCode, const QString& text, q
     item.position = ocs.toWorld(at).plan();
     item.along = ocs.planVector(along);
     item.up = ocs.planVector(up);
-    item.shape = scope.texts.intern(spec);
-    scope.sink.text(item, estimatedExtent(spec));
+    const Box2 extent = estimatedExtent(spec);
+    item.shape = scope.texts.intern(spec, extent);
+    scope.sink.text(item, extent);
     return true;
 }
 
@@ -144,9 +148,12 @@ bool readMText(EntityScope& scope)
         if (part.code == 3 || part.code == 1)
             coded += part.value;
     }
+    const QString plain = plainMultiLine(coded);
+    if (plain.trimmed().isEmpty())
+        return true;
     const Setting setting = attachment(fields.integer(71, 1));
-    TextSpec spec{plainMultiLine(coded), scope.source.fontFamily(fields.text(7)),
-                  setting.horizontal, setting.vertical};
+    TextSpec spec{plain, scope.source.fontFamily(fields.text(7)), setting.horizontal,
+                  setting.vertical};
     spec.width = fields.real(41) / height;
     spec.lineStep = 5.0 / 3 * fields.real(44, 1);
 
@@ -164,7 +171,8 @@ bool readMText(EntityScope& scope)
     item.along = along * height;
     item.up = isMirrored ? -item.along.left() : item.along.left();
     item.position = fields.point(10).plan();
-    item.shape = scope.texts.intern(spec);
-    scope.sink.text(item, estimatedExtent(spec));
+    const Box2 extent = estimatedExtent(spec);
+    item.shape = scope.texts.intern(spec, extent);
+    scope.sink.text(item, extent);
     return true;
 }

@@ -3,6 +3,7 @@
 #include <QtGlobal>
 
 #include <set>
+#include <vector>
 
 /// Entities that are erased at the moment. Their geometry stays, for they may come back.
 class ErasedFilter
@@ -14,8 +15,11 @@ public:
             m_slots.insert(slot);
         else
             m_slots.erase(slot);
+        if (m_isErased.size() <= slot)
+            m_isErased.resize(slot + 1);
+        m_isErased[slot] = erased;
     }
-    bool isErased(quint32 slot) const { return m_slots.contains(slot); }
+    bool isErased(quint32 slot) const { return slot < m_isErased.size() && m_isErased[slot]; }
     /// Whether any slot of [first, last] is erased.
     bool touches(quint32 first, quint32 last) const
     {
@@ -29,5 +33,6 @@ public:
     }
 
 private:
-    std::set<quint32> m_slots;
+    std::set<quint32> m_slots; ///< for ranges
+    std::vector<bool> m_isErased; ///< for single ones
 };

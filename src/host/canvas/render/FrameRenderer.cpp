@@ -20,11 +20,28 @@ QRect pixelRect(const Box2& box)
 FrameRenderer::FrameRenderer(const FrameRequest& request)
     : m_request(request)
     , m_image(request.pixels, QImage::Format_RGB32)
-    , m_batcher(request.penWidth)
+    , m_batcher(m_image, request.penWidth, request.isSmooth)
     , m_strokes(m_batcher, *request.erased)
     , m_texts(request.scene->texts(), *request.shaper, m_batcher)
 {
     m_image.fill(request.background);
+    if (!request.paper.isEmpty())
+        paintPaper();
+}
+
+void FrameRenderer::paintPaper()
+{
+    m_image.fill(m_request.desk);
+    const Box2 image{0, 0, double(m_image.width()), double(m_image.height())};
+    const Box2 seen =
+        m_request.view.mapBox(m_request.paper).intersected(image.grown(kBeyondTheEdge));
+    if (seen.isEmpty())
+        return;
+    QPainter painter(&m_image);
+    const QRect paper = pixelRect(seen);
+    painter.fillRect(paper, QColor::fromRgb(m_request.background));
+    painter.setPen(QPen(QColor::fromRgb(m_request.paperEdge), m_request.penWidth));
+    painter.drawRect(paper);
 }
 
 bool FrameRenderer::run(QDeadlineTimer until)
@@ -56,6 +73,7 @@ void FrameRenderer::beginPart(QPainter& painter)
         m_visible = m_visible.intersected(frame);
         painter.setClipRect(pixelRect(m_visible.intersected(image)));
     }
+    m_batcher.setClip(pixelRect(m_visible.intersected(image)));
     m_styles.emplace(*part.looks, m_request.background, m_request.isDark);
     m_strokes.setVisible(m_visible);
     m_fills.setVisible(m_visible);

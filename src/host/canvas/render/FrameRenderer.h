@@ -20,10 +20,13 @@ struct FrameRequest
     std::vector<ScenePart> parts; ///< from the bottom to the top
     Affine2 view; ///< from the drawing to pixels of the image
     QSize pixels;
-    QRgb background = 0;
+    QRgb background = 0; ///< of model space, and of the paper of a sheet
+    Box2 paper; ///< of a sheet, in the drawing's coordinates; empty: the background is all there is
+    QRgb desk = 0; ///< around the paper
+    QRgb paperEdge = 0;
     bool isDark = false;
     bool isSmooth = false; ///< antialiased strokes
-    double penWidth = 1;
+    int penWidth = 1;
 };
 
 /// Paints one picture, a little at a time. Of every part fills come first, then strokes, then
@@ -54,6 +57,7 @@ private:
         quint64 cell = 0;
     };
 
+    void paintPaper();
     bool advance(QPainter& painter);
     bool nextPass(QPainter& painter);
     void beginPart(QPainter& painter);

@@ -11,9 +11,9 @@ void LineBatcher::flush()
 
 void LineBatcher::paint(Bucket& bucket)
 {
-    if (bucket.m_lines.empty())
+    if (bucket.m_waiting.empty())
         return;
     m_painter->setPen(QPen(QColor::fromRgb(bucket.m_colour), m_penWidth));
-    m_painter->drawLines(bucket.m_lines.data(), static_cast<int>(bucket.m_lines.size()));
-    bucket.m_lines.clear();
+    m_painter->drawLines(bucket.m_waiting.data(), static_cast<int>(bucket.m_waiting.size()));
+    bucket.m_waiting.clear();
 }

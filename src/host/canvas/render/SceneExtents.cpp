@@ -16,6 +16,23 @@ void SceneExtents::add(const ChunkedList<Item>& list, IsShown isShownItem, Box2&
     }
 }
 
+/// All items are of one style that shows, so whole chunks can be taken.
+template <class Item>
+void SceneExtents::addStrokes(const ChunkedList<Item>& list, Box2& box) const
+{
+    for (std::size_t chunk = 0; chunk < list.chunks().size(); ++chunk) {
+        const auto& head = list.chunks()[chunk];
+        if (!m_erased.touches(head)) {
+            box.add(head.box);
+            continue;
+        }
+        for (std::size_t i = list.chunkBegin(chunk); i < list.chunkEnd(chunk); ++i) {
+            if (!m_erased.isErased(list.owner(i)))
+                box.add(list[i].box());
+        }
+    }
+}
+
 Box2 SceneExtents::visibleBox(quint32 block, Context context)
 {
     const std::size_t key = 2 * std::size_t(block) + (context.showsLayerZero ? 1 : 0);
@@ -26,10 +43,8 @@ Box2 SceneExtents::visibleBox(quint32 block, Context context)
     for (const DisplayList::StrokeGroup& group : list.groups()) {
         if (!isShown(group.style.layer, context))
             continue;
-        add(
-            group.segments, [](const Segment&) { return true; }, box);
-        add(
-            group.arcs, [](const CurveArc&) { return true; }, box);
+        addStrokes(group.segments, box);
+        addStrokes(group.arcs, box);
     }
     add(
         list.fills(), [&](const FillItem& fill) { return isShown(fill.style.layer, context); },

@@ -33,6 +33,8 @@ private:
     bool isShown(quint32 layer, Context context) const;
     template <class Item, class IsShown>
     void add(const ChunkedList<Item>& list, IsShown isShown, Box2& box) const;
+    template <class Item>
+    void addStrokes(const ChunkedList<Item>& list, Box2& box) const;
 
     const Scene& m_scene;
     const LayerLooks& m_looks;

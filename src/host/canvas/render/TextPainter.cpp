@@ -1,7 +1,6 @@
 #include "host/canvas/render/TextPainter.h"
 
 #include "host/canvas/render/LineClip.h"
-#include "host/canvas/text/TextExtent.h"
 
 #include <QPainter>
 
@@ -23,7 +22,7 @@ void TextPainter::paint(QPainter& painter, const TextItem& text, const Affine2& 
     const bool isLegible = std::abs(along.x * up.y - along.y * up.x) >= kReadable * kReadable * 0.25
         && up.length() >= kReadable;
     if (!isLegible) {
-        const Box2 extent = estimatedExtent(m_pool[text.shape]);
+        const Box2& extent = m_pool.extent(text.shape);
         const double middle = extent.centre().y;
         Vec2 from = position + along * extent.minX + up * middle;
         Vec2 to = position + along * extent.maxX + up * middle;

@@ -7,12 +7,12 @@
 #include <vector>
 
 /// Items in chunks, each chunk with its bounding box and the range of entities it came from: what a
-/// painter needs to pass over 256 items at a glance.
+/// painter needs to pass over many items at a glance.
 template <class Item>
 class ChunkedList
 {
 public:
-    static constexpr std::size_t kChunkSize = 256;
+    static constexpr std::size_t kChunkSize = 64;
 
     struct Chunk
     {
@@ -46,6 +46,9 @@ public:
     {
         return std::min((chunk + 1) * kChunkSize, m_items.size());
     }
+    /// Brings items that are near each other into one chunk; their order is lost. For lists whose
+    /// order does not show.
+    void sortByPlace();
     void setChunkBox(std::size_t chunk, const Box2& box) { m_chunks[chunk].box = box; }
 
 private:
@@ -53,3 +56,42 @@ private:
     std::vector<quint32> m_owners;
     std::vector<Chunk> m_chunks;
 };
+
+template <class Item>
+void ChunkedList<Item>::sortByPlace()
+{
+    if (size() <= kChunkSize)
+        return;
+    Box2 all;
+    for (const Chunk& chunk : m_chunks)
+        all.add(chunk.box);
+    // About a chunk's worth of items in each cell of a grid, cells in winding rows.
+    const double cellsPerSide = std::ceil(std::sqrt(double(size()) / double(kChunkSize)));
+    const auto cellOf = [&](double at, double low, double extent) {
+        return extent > 0
+            ? std::min(std::floor((at - low) / extent * cellsPerSide), cellsPerSide - 1)
+            : 0.0;
+    };
+    const auto side = static_cast<std::size_t>(cellsPerSide);
+    std::vector<std::size_t> starts(side * side + 1, 0);
+    std::vector<std::size_t> cells(size());
+    for (std::size_t i = 0; i < size(); ++i) {
+        const Vec2 centre = m_items[i].box().centre();
+        const auto row = static_cast<std::size_t>(cellOf(centre.y, all.minY, all.height()));
+        const auto column = static_cast<std::size_t>(cellOf(centre.x, all.minX, all.width()));
+        cells[i] = row * side + (row % 2 == 0 ? column : side - 1 - column);
+        ++starts[cells[i] + 1];
+    }
+    for (std::size_t cell = 1; cell < starts.size(); ++cell)
+        starts[cell] += starts[cell - 1];
+    std::vector<std::size_t> order(size());
+    for (std::size_t i = 0; i < size(); ++i)
+        order[starts[cells[i]]++] = i;
+
+    ChunkedList sorted;
+    sorted.m_items.reserve(size());
+    sorted.m_owners.reserve(size());
+    for (const std::size_t i : order)
+        sorted.append(m_items[i], m_items[i].box(), m_owners[i]);
+    *this = std::move(sorted);
+}

@@ -23,6 +23,14 @@ DisplayList::StrokeGroup& DisplayList::group(Style style)
     return m_groups.back();
 }
 
+void DisplayList::sortStrokes()
+{
+    for (StrokeGroup& group : m_groups) {
+        group.segments.sortByPlace();
+        group.arcs.sortByPlace();
+    }
+}
+
 void DisplayList::addFill(const FillItem& fill, quint32 owner)
 {
     m_fills.append(fill, fill.bounds, owner);

@@ -41,6 +41,9 @@ public:
     void addViewport(const SheetViewport& viewport) { m_viewports.push_back(viewport); }
     void countUndrawn(const QByteArray& type, int count = 1) { m_undrawn[type] += count; }
 
+    /// Arranges strokes for painting parts of the list; to be called when all are there.
+    void sortStrokes();
+
     const std::vector<StrokeGroup>& groups() const { return m_groups; }
     const ChunkedList<FillItem>& fills() const { return m_fills; }
     quint32 contourCount() const { return static_cast<quint32>(m_contourEnds.size()); }

@@ -83,6 +83,7 @@ void SceneLinker::addUp(const BlockInstance& instance, DisplayList::Totals& sum)
 void SceneLinker::finish(quint32 block)
 {
     DisplayList& list = m_scene.block(block);
+    list.sortStrokes();
     DisplayList::Totals sum = list.ownTotals();
     ChunkedList<BlockInstance>& instances = list.instances();
     for (std::size_t chunk = 0; chunk < instances.chunks().size(); ++chunk) {

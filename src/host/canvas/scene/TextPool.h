@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/canvas/geometry/Box2.h"
+
 #include <QHash>
 #include <QString>
 
@@ -32,7 +34,8 @@ inline size_t qHash(const TextSpec& spec, size_t seed = 0)
 class TextPool
 {
 public:
-    quint32 intern(const TextSpec& spec)
+    /// `extent`: estimated, relative to the alignment point.
+    quint32 intern(const TextSpec& spec, const Box2& extent)
     {
         const auto known = m_index.constFind(spec);
         if (known != m_index.cend())
@@ -40,12 +43,15 @@ public:
         const auto index = static_cast<quint32>(m_specs.size());
         m_index.insert(spec, index);
         m_specs.push_back(spec);
+        m_extents.push_back(extent);
         return index;
     }
     const TextSpec& operator[](quint32 index) const { return m_specs[index]; }
+    const Box2& extent(quint32 index) const { return m_extents[index]; }
     std::size_t size() const { return m_specs.size(); }
 
 private:
     std::vector<TextSpec> m_specs;
+    std::vector<Box2> m_extents;
     QHash<TextSpec, quint32> m_index;
 };
