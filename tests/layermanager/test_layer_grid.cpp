@@ -3,11 +3,8 @@
 #include "layermanager/layers/grid/LayerCellDelegate.h"
 
 #include <QAbstractItemModelTester>
-#include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
-
-#include <stdexcept>
 
 using layer_drawing::write;
 using enum LayerColumn;
@@ -32,19 +29,6 @@ private slots:
     void showsEveryLayerAsUsedWhereUsageIsNotShown();
     void showsEveryLayerAsUsedWhereUsageCannotBeRead();
 
-    void keepsARecordPerColumn();
-    void refusesColumnsThatDoNotExist();
-    void hidesTheViewportColumnsInModelSpace();
-    void bringsViewportColumnsBackAtTheirWidths();
-    void keepsWidthsThroughFills();
-    void stretchesTheDescription();
-
-    void sortsByAClickedHeader();
-    void sortsByAnotherHeaderFromTheTop();
-    void keepsTheOrderThroughFills();
-    void keepsTheSelectionWhenItSorts();
-    void marksTheSortedColumn();
-
     void followsTheCurrentLayer();
     void scrollsToTheCurrentLayer_data();
     void scrollsToTheCurrentLayer();
@@ -61,13 +45,6 @@ private:
         const auto record = layer(name).openObject<OdDbLayerTableRecord>();
         return grid().layerModel().status(*record);
     }
-    int width(LayerColumn column) const { return grid().columnWidth(static_cast<int>(column)); }
-    const ListCtrlColumnData& column(LayerColumn column) const
-    {
-        return grid().columnData(static_cast<int>(column));
-    }
-    static constexpr LayerColumn kViewportColumns[] = {VpFreeze, VpColor, VpLinetype, VpLineweight,
-                                                       VpPlotStyle};
 };
 
 // Fills
@@ -214,141 +191,6 @@ void TestLayerGrid::showsEveryLayerAsUsedWhereUsageCannotBeRead()
     host().unreadable.insert(QStringLiteral("SHOWLAYERUSAGE"));
     grid().Fill(&db());
     QCOMPARE(status("Beams"), LayerStatus::InUse);
-}
-
-// Columns
-
-void TestLayerGrid::keepsARecordPerColumn()
-{
-    for (const LayerColumnInfo& info : layerColumns()) {
-        const ListCtrlColumnData& data = column(info.column);
-        QCOMPARE(data.identifier, info.identifier);
-        QCOMPARE(data.header, info.headerText());
-        QCOMPARE(data.width, info.width);
-        QCOMPARE(data.subItem, static_cast<int>(info.column));
-        QCOMPARE(data.displayOrder, info.layoutsOnly ? -1 : data.subItem);
-        QCOMPARE(data.shown, !info.layoutsOnly);
-        if (info.column != Description)
-            QCOMPARE(width(info.column), info.layoutsOnly ? 0 : info.width);
-    }
-}
-
-void TestLayerGrid::refusesColumnsThatDoNotExist()
-{
-    for (const int number : {-1, 17}) {
-        QVERIFY_EXCEPTION_THROWN(grid().columnData(number), std::invalid_argument);
-        QVERIFY_EXCEPTION_THROWN(grid().ShowColumn(number), std::invalid_argument);
-        QVERIFY_EXCEPTION_THROWN(grid().HideColumn(number), std::invalid_argument);
-        QVERIFY_EXCEPTION_THROWN(grid().OnColumnClick(number), std::invalid_argument);
-    }
-}
-
-void TestLayerGrid::hidesTheViewportColumnsInModelSpace()
-{
-    for (const LayerColumn number : kViewportColumns)
-        QCOMPARE(width(number), 0);
-    QCOMPARE(width(NewVpFreeze), 50);
-    db().setCTAB(QStringLiteral("Sheet A"));
-    for (const LayerColumn number : kViewportColumns) {
-        QCOMPARE(width(number), 50);
-        QVERIFY(column(number).shown);
-        QCOMPARE(column(number).displayOrder, static_cast<int>(number));
-    }
-    QCOMPARE(width(NewVpFreeze), 50);
-    QCOMPARE(cell("Walls", VpColor), QStringLiteral("white"));
-}
-
-void TestLayerGrid::bringsViewportColumnsBackAtTheirWidths()
-{
-    db().setTILEMODE(false);
-    grid().setColumnWidth(static_cast<int>(VpColor), 83);
-    grid().setColumnWidth(static_cast<int>(VpPlotStyle), 61);
-    db().setTILEMODE(true);
-    QCOMPARE(width(VpColor), 0);
-    QCOMPARE(column(VpColor).width, 83);
-    QCOMPARE(column(VpColor).displayOrder, -1);
-    QVERIFY(!column(VpColor).shown);
-    grid().Fill(&db());
-    QCOMPARE(width(VpColor), 0);
-    db().setTILEMODE(false);
-    QCOMPARE(width(VpColor), 83);
-    QCOMPARE(width(VpPlotStyle), 61);
-    QCOMPARE(width(VpFreeze), 50);
-}
-
-void TestLayerGrid::keepsWidthsThroughFills()
-{
-    grid().setColumnWidth(static_cast<int>(Name), 177);
-    grid().Fill(&db());
-    QCOMPARE(width(Name), 177);
-    openLayers({"Other"});
-    QCOMPARE(width(Name), 177);
-    QCOMPARE(column(Name).width, 177);
-}
-
-void TestLayerGrid::stretchesTheDescription()
-{
-    QVERIFY(width(Description) > 50);
-    QCOMPARE(grid().horizontalHeader()->length(), grid().viewport()->width());
-    const int before = width(Description);
-    grid().setColumnWidth(static_cast<int>(Name), width(Name) + 40);
-    QCOMPARE(width(Description), before - 40);
-    grid().resize(300, 300);
-    QCOMPARE(width(Description), 50);
-    QCOMPARE(column(Description).width, 50);
-}
-
-// Sorting
-
-void TestLayerGrid::sortsByAClickedHeader()
-{
-    clickHeader(Name);
-    QCOMPARE(rows(), QStringLiteral("Walls Roof Doors Beams 0"));
-    clickHeader(Name);
-    QCOMPARE(rows(), QStringLiteral("0 Beams Doors Roof Walls"));
-}
-
-void TestLayerGrid::sortsByAnotherHeaderFromTheTop()
-{
-    write(db(), "Doors")->setIsLocked(true);
-    clickHeader(Name);
-    clickHeader(Locked);
-    QCOMPARE(rows(), QStringLiteral("0 Beams Roof Walls Doors"));
-    clickHeader(Locked);
-    QCOMPARE(rows(), QStringLiteral("Doors 0 Beams Roof Walls"));
-    clickHeader(Name);
-    QCOMPARE(rows(), QStringLiteral("0 Beams Doors Roof Walls"));
-}
-
-void TestLayerGrid::keepsTheOrderThroughFills()
-{
-    clickHeader(Name);
-    grid().FillFromList({layer("Beams"), layer("Walls"), layer("Doors")});
-    QCOMPARE(rows(), QStringLiteral("Walls Doors Beams"));
-    grid().Fill(&db());
-    QCOMPARE(rows(), QStringLiteral("Walls Roof Doors Beams 0"));
-}
-
-void TestLayerGrid::keepsTheSelectionWhenItSorts()
-{
-    grid().chooseRows({row("Beams"), row("Walls")});
-    grid().focusCell(row("Beams"), 3);
-    clickHeader(Name);
-    QCOMPARE(chosen(), QStringLiteral("Walls Beams"));
-    QCOMPARE(grid().currentIndex().row(), row("Beams"));
-}
-
-void TestLayerGrid::marksTheSortedColumn()
-{
-    const QHeaderView* header = grid().horizontalHeader();
-    QVERIFY(header->isSortIndicatorShown());
-    QCOMPARE(header->sortIndicatorSection(), 1);
-    QCOMPARE(header->sortIndicatorOrder(), Qt::AscendingOrder);
-    clickHeader(Locked);
-    QCOMPARE(header->sortIndicatorSection(), 4);
-    QCOMPARE(header->sortIndicatorOrder(), Qt::AscendingOrder);
-    clickHeader(Locked);
-    QCOMPARE(header->sortIndicatorOrder(), Qt::DescendingOrder);
 }
 
 // System variables

@@ -1,5 +1,6 @@
 #include "GridFixture.h"
 #include "LayerDrawing.h"
+#include "layermanager/layers/grid/CLayerListCtrlDatabaseReactor.h"
 
 #include <QSignalSpy>
 
@@ -18,6 +19,8 @@ private slots:
     void asksForARefreshWhenAnUnlistedLayerChanges();
     void keepsTheSelectionWhenRowsGo();
     void tellsWhenTheCurrentLayerChanged();
+    void givesARowToALayerThatIsAdded();
+    void givesNoRowToAnAddedLayerWithAnAsterisk();
     void followsOneDrawingAtATime();
     void ignoresWhatHappensWhileSwitchedOff();
     void letsGoOfADrawingThatEnds();
@@ -90,6 +93,30 @@ void TestLayerGridSync::tellsWhenTheCurrentLayerChanged()
     QVERIFY(told.isEmpty());
     write(db(), "0")->setDescription(QStringLiteral("b"));
     QCOMPARE(told.size(), 1);
+}
+
+void TestLayerGridSync::givesARowToALayerThatIsAdded()
+{
+    CLayerListCtrl::CLayerListCtrlDatabaseReactor reactor(grid());
+    grid().FillFromList({layer("Walls")});
+    QSignalSpy told(&grid(), &CLayerListCtrl::listChanged);
+    const auto added = layer_drawing::read(db(), "Doors");
+    reactor.objectAppended(&db(), added.get());
+    QCOMPARE(rows(), QStringLiteral("Walls Doors"));
+    QCOMPARE(grid().displayedCount(), 2);
+    QCOMPARE(told.size(), 1);
+    reactor.objectAppended(&db(), added.get());
+    QCOMPARE(grid().displayedCount(), 2);
+    reactor.objectUnAppended(&db(), added.get());
+    QCOMPARE(rows(), QStringLiteral("Walls"));
+}
+
+void TestLayerGridSync::givesNoRowToAnAddedLayerWithAnAsterisk()
+{
+    openLayers({"*SYSTEM", "Walls"});
+    CLayerListCtrl::CLayerListCtrlDatabaseReactor reactor(grid());
+    reactor.objectAppended(&db(), layer_drawing::read(db(), "*SYSTEM").get());
+    QCOMPARE(rows(), QStringLiteral("0 Walls"));
 }
 
 void TestLayerGridSync::followsOneDrawingAtATime()
