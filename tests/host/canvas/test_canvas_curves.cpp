@@ -74,6 +74,23 @@ private slots:
         QVERIFY(!seen.isLit({0, -46}) && !seen.isLit({0, -34}));
     }
 
+    void donutIsAFilledRing()
+    {
+        show(DrawingText().add(
+            "LWPOLYLINE 8=0 90=2 70=1 43=20 10=-30 20=0 42=1 10=30 20=0 42=1"));
+        const CanvasPicture seen = picture();
+        for (int degrees = 0; degrees < 360; degrees += 5) {
+            const double angle = degrees * std::numbers::pi / 180;
+            const Vec2 out{std::cos(angle), std::sin(angle)};
+            QVERIFY(seen.isLit(out * 39.5) && seen.isLit(out * 30) && seen.isLit(out * 20.5));
+            QVERIFY(!seen.isLit(out * 41) && !seen.isLit(out * 19));
+        }
+        QVERIFY(!seen.isLit({0, 0}));
+        // Its edge is round close by, too.
+        look({40, 0}, 1e4);
+        QVERIFY(picture().isLit({40, 0.02}) && picture().isLit({40, -0.02}));
+    }
+
     void taperedSegmentIsAWedge()
     {
         show(DrawingText().add("LWPOLYLINE 8=0 90=2 70=0 10=-40 20=0 40=20 41=0 10=40 20=0"));
@@ -169,6 +186,42 @@ private slots:
         QCOMPARE(picture().mismatch(
                      P::together({P::line({-40, 5}, {40, 5}), P::line({-40, -5}, {40, -5})})),
                  QString());
+    }
+
+    void raysRunToTheEdgeAndDoNotCountForExtents()
+    {
+        show(DrawingText().add("RAY 8=0 10=0 20=10 30=0 11=1 21=0 31=0\n"
+                               "XLINE 8=0 10=-20 20=5 30=0 11=0 21=1 31=0\n"
+                               "LINE 8=0 10=0 20=0 11=10 21=0"));
+        QCOMPARE(picture().mismatch(P::together({P::line({0, 10}, {99.9, 10}),
+                                                 P::line({-20, -74.9}, {-20, 74.9}),
+                                                 P::line({0, 0}, {10, 0})})),
+                 QString());
+        canvas().zoomExtents();
+        QVERIFY(canvas().view().scale() > 50);
+        look({1e6, 10}, 100);
+        QVERIFY(picture().isLit({1e6, 10}));
+    }
+
+    void multileaderHasItsLinesLandingArrowAndText()
+    {
+        show(DrawingText().add(
+            "MULTILEADER 8=0 270=2 300=CONTEXT_DATA{ 40=1 10=20 20=30 30=0 41=10 140=6 145=2 290=1 "
+            "304=HH 11=0 21=0 31=1 12=30 22=35 32=0 13=1 23=0 33=0 42=0 43=0 171=1 "
+            "302=LEADER{ 290=1 291=1 10=20 20=30 30=0 11=1 21=0 31=0 90=0 40=8 "
+            "304=LEADER_LINE{ 10=-40 20=-30 30=0 91=0 305=} 303=} 301=} 170=1 10=99 41=77"));
+        const CanvasPicture seen = picture();
+        for (const Vec2 point : P::line({-40, -30}, {20, 30}))
+            QVERIFY(seen.isLit(point));
+        for (const Vec2 point : P::line({20, 30}, {28, 30}))
+            QVERIFY(seen.isLit(point));
+        // The arrow is six units long and two wide at its end.
+        QVERIFY(seen.coverage({-37.2, -26.6, -36.8, -26.2}) > 0.5);
+        QVERIFY(!seen.isLit({-40, -27}));
+        const double width = seen.litBox().maxX - 30;
+        QVERIFY(width > 10 && width < 40);
+        QVERIFY(std::abs(seen.litBox().maxY - 35) < 0.6);
+        QCOMPARE(canvas().undrawnSummary(), QString());
     }
 
     void invisibleEntitiesAreNotDrawnAndNotMissed()

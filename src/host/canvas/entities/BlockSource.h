@@ -15,6 +15,7 @@ public:
     /// Index of the scene's block of that name, to be read later if it was not yet; kNoIndex
     /// without one.
     virtual quint32 blockByName(const QString& name) = 0;
+    virtual quint32 blockByHandle(quint64 handle) = 0;
     /// Whether a block of the scene is an external reference whose drawing is not at hand.
     virtual bool isMissingReference(quint32 block) const = 0;
     /// Base point of a block of the scene.

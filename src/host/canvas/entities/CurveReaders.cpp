@@ -56,6 +56,18 @@ bool readPoint(EntityScope& scope)
     return true;
 }
 
+bool readRay(EntityScope& scope)
+{
+    scope.sink.ray(scope.fields.point(10).plan(), scope.fields.point(11).plan(), false);
+    return true;
+}
+
+bool readXLine(EntityScope& scope)
+{
+    scope.sink.ray(scope.fields.point(10).plan(), scope.fields.point(11).plan(), true);
+    return true;
+}
+
 bool readCircle(EntityScope& scope)
 {
     scope.sink.arc(planArc(scope.fields.ocs(), scope.fields.point(10), scope.fields.real(40)));

@@ -14,6 +14,9 @@ bool readEllipse(EntityScope& scope);
 bool readSpline(EntityScope& scope);
 bool readLeader(EntityScope& scope);
 bool readMultiLine(EntityScope& scope);
+bool readMultiLeader(EntityScope& scope);
+bool readRay(EntityScope& scope);
+bool readXLine(EntityScope& scope);
 
 bool readLwPolyline(EntityScope& scope);
 bool readPolyline(EntityScope& scope);

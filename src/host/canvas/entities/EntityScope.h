@@ -21,6 +21,7 @@ struct EntityScope
     TextPool& texts;
     BlockSource& source;
     SpaceInfo space;
+    std::size_t& patternStrokes; ///< how many the patterns of the drawing may still have
     quint32 slot = 0;
 
     /// Slot behind the last vertex, attribute or sequence end of the entity.

@@ -35,6 +35,10 @@ const EntityTessellator::Entry* EntityTessellator::find(RecordType type, const Q
         {Leader, nullptr, readLeader, false},
         {Viewport, nullptr, readViewport, false},
         {FirstOther, "MLINE", readMultiLine, false},
+        {FirstOther, "RAY", readRay, false},
+        {FirstOther, "XLINE", readXLine, false},
+        {FirstOther, "MULTILEADER", readMultiLeader, false},
+        {FirstOther, "MLEADER", readMultiLeader, false},
         {FirstOther, "ACAD_TABLE", readInsert, true},
         {FirstOther, "ARC_DIMENSION", readDimension, true},
         {FirstOther, "LARGE_RADIAL_DIMENSION", readDimension, true},
@@ -74,8 +78,16 @@ void EntityTessellator::draw(quint32 slot, DisplayList& list, const SpaceInfo& s
     }
     GeometrySink sink(list);
     sink.begin(m_services.source.styleOf(slot, m_fields), slot);
-    EntityScope scope{m_services.cursor,        m_services.store,  m_fields, sink, list,
-                      m_services.scene.texts(), m_services.source, space,    slot};
+    EntityScope scope{m_services.cursor,
+                      m_services.store,
+                      m_fields,
+                      sink,
+                      list,
+                      m_services.scene.texts(),
+                      m_services.source,
+                      space,
+                      m_patternStrokes,
+                      slot};
     if (!entry->read(scope) || sink.hasRejected())
         list.countUndrawn(m_services.store.typeName(slot));
 }

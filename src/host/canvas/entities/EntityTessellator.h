@@ -25,6 +25,8 @@ public:
     void draw(quint32 slot, DisplayList& list, const SpaceInfo& space);
 
 private:
+    /// A small file may ask for any number of strokes; these take 150 MB.
+    static constexpr std::size_t kMostPatternStrokes = 4'000'000;
     struct Entry;
 
     static const Entry* find(RecordType type, const QByteArray& name);
@@ -32,6 +34,7 @@ private:
 
     Services m_services;
     EntityFields m_fields;
+    std::size_t m_patternStrokes = kMostPatternStrokes;
     std::vector<const Entry*> m_entries; ///< by type number
     std::vector<bool> m_known;
 };

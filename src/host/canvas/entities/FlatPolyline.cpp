@@ -1,7 +1,6 @@
 #include "host/canvas/entities/FlatPolyline.h"
 
 #include "host/canvas/entities/GeometrySink.h"
-#include "host/canvas/geometry/CurveArc.h"
 
 namespace {
 
@@ -10,7 +9,7 @@ constexpr double kFlattestBulge = 1e-9;
 // Twice the length of a bevel at most: sharper corners stay open as they would stand out like
 // needles.
 constexpr double kSharpestMitre = 0.25;
-constexpr double kBandStep = kTurn / 64;
+constexpr double kBandStep = kTurn / 48;
 
 bool isArc(double bulge)
 {
@@ -100,6 +99,17 @@ Vec2 FlatPolyline::mitre(std::size_t segment, bool atEnd) const
     return spread > kSharpestMitre ? (own + other) * (1 / spread) : own;
 }
 
+void FlatPolyline::drawParallel(GeometrySink& sink, CurveArc arc, double outwards) const
+{
+    const double radius = arc.u.x + outwards;
+    if (radius <= 0)
+        return;
+    arc.centre = toPlan(arc.centre);
+    arc.u = ocs.planVector({radius, 0});
+    arc.v = ocs.planVector({0, radius});
+    sink.arc(arc);
+}
+
 void FlatPolyline::drawWide(GeometrySink& sink, std::size_t segment) const
 {
     const Vertex& from = vertices[segment];
@@ -122,7 +132,17 @@ void FlatPolyline::drawWide(GeometrySink& sink, std::size_t segment) const
         left.push_back(toPlan(at + half));
         right.push_back(toPlan(at - half));
     }
+    const bool isEven = from.startWidth == from.endWidth;
+    const Vec2 ends[] = {left.front(), right.front(), left.back(), right.back()};
     left.insert(left.end(), right.rbegin(), right.rend());
     sink.fill(left);
-    sink.polyline(left, true);
+    if (steps == 1 || !isEven) {
+        sink.polyline(left, true);
+        return;
+    }
+    // A band of one width has arcs for edges, which stay round however close one looks.
+    drawParallel(sink, arc, from.startWidth / 2);
+    drawParallel(sink, arc, -from.startWidth / 2);
+    sink.line(ends[0], ends[1]);
+    sink.line(ends[2], ends[3]);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/canvas/geometry/CurveArc.h"
 #include "host/canvas/geometry/Ocs.h"
 
 #include <vector>
@@ -35,6 +36,7 @@ private:
     Vec2 toPlan(Vec2 p) const { return ocs.plan(p, elevation); }
     void drawThin(GeometrySink& sink, std::size_t segment) const;
     void drawWide(GeometrySink& sink, std::size_t segment) const;
+    void drawParallel(GeometrySink& sink, CurveArc arc, double outwards) const;
     Vec2 tangent(std::size_t segment, bool atEnd) const;
     Vec2 mitre(std::size_t segment, bool atEnd) const;
     bool isDegenerate(std::size_t segment) const;

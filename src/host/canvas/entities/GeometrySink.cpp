@@ -48,6 +48,12 @@ void GeometrySink::arc(const CurveArc& arc)
     m_group->arcs.append(moved, moved.box(), m_owner);
 }
 
+void GeometrySink::ray(Vec2 from, Vec2 direction, bool isTwoSided)
+{
+    if (accept(isSane(from) && isSane(direction)))
+        m_list.group(m_style).rays.push_back({local(from), direction, isTwoSided, m_owner});
+}
+
 void GeometrySink::fill(std::span<const Vec2> contour)
 {
     fillContour(contour);

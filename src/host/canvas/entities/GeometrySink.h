@@ -21,6 +21,7 @@ public:
     void point(Vec2 at) { line(at, at); }
     void polyline(std::span<const Vec2> points, bool closed);
     void arc(const CurveArc& arc);
+    void ray(Vec2 from, Vec2 direction, bool isTwoSided);
     /// One filled contour.
     void fill(std::span<const Vec2> contour);
     /// A filled area of several contours, odd-even: contours, then closeFill().

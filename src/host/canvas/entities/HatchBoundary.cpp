@@ -10,13 +10,17 @@ namespace {
 enum GroupCode { kPathCount = 91, kPathFlags = 92, kCount = 93, kEdgeType = 72, kSourceCount = 97 };
 constexpr int kPolylinePath = 2;
 constexpr double kChordStep = kTurn / 96;
+// A boundary of very many arcs has small ones.
+constexpr double kCoarseStep = kTurn / 8;
+constexpr std::size_t kManyPoints = 20'000;
 constexpr double kDegree = std::numbers::pi / 180;
 
 void appendArc(const CurveArc& arc, HatchBoundary::Contour& points)
 {
     if (!arc.isSane())
         return;
-    const int steps = std::max(1, static_cast<int>(std::ceil(std::abs(arc.sweep) / kChordStep)));
+    const double chord = points.size() < kManyPoints ? kChordStep : kCoarseStep;
+    const int steps = std::max(1, static_cast<int>(std::ceil(std::abs(arc.sweep) / chord)));
     for (int step = 0; step <= steps; ++step)
         points.push_back(arc.at(arc.start + arc.sweep * step / steps));
 }

@@ -70,11 +70,12 @@ bool readHatch(EntityScope& scope)
     }
     std::vector<std::pair<Vec2, Vec2>> strokes;
     const HatchPattern pattern(scope.fields.groups());
-    if (!pattern.strokes(boundary, strokes)) {
+    if (!pattern.strokes(boundary, strokes) || strokes.size() > scope.patternStrokes) {
         outlineAll(scope, boundary, ocs, elevation);
         scope.list.countUndrawn(QByteArrayLiteral("HATCH pattern"));
         return true;
     }
+    scope.patternStrokes -= strokes.size();
     for (const auto& [from, to] : strokes)
         scope.sink.line(ocs.plan(from, elevation), ocs.plan(to, elevation));
     return true;

@@ -167,6 +167,8 @@ bool FrameRenderer::paintStrokes(Level& level)
         m_strokes.arcs(group.arcs, level.chunk++, level.context.map, *level.bucket);
         return true;
     }
+    if (level.bucket)
+        m_strokes.rays(group.rays, level.context.map, *level.bucket);
     ++level.group;
     level.chunk = 0;
     level.isArcs = false;

@@ -68,6 +68,22 @@ void StrokePainter::arcs(const ChunkedList<CurveArc>& list, std::size_t chunk, c
     }
 }
 
+void StrokePainter::rays(const std::vector<Ray>& rays, const Affine2& map, Bucket& bucket)
+{
+    for (const Ray& ray : rays) {
+        const Vec2 from = map.map(ray.from);
+        const Vec2 direction = map.mapVector(ray.direction);
+        const double length = direction.length();
+        if (m_erased.isErased(ray.owner) || !(length > 0))
+            continue;
+        // Far enough to pass all that is in sight.
+        const double reach =
+            (m_visible.centre() - from).length() + m_visible.width() + m_visible.height();
+        const Vec2 end = direction * (reach / length);
+        line(ray.isTwoSided ? from - end : from, from + end, bucket);
+    }
+}
+
 void StrokePainter::arc(const CurveArc& arc, Bucket& bucket)
 {
     // The longest half-axis of the ellipse is at most the length of both vectors together.

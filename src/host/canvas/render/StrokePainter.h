@@ -21,6 +21,7 @@ public:
                   Bucket& bucket);
     void arcs(const ChunkedList<CurveArc>& list, std::size_t chunk, const Affine2& map,
               Bucket& bucket);
+    void rays(const std::vector<Ray>& rays, const Affine2& map, Bucket& bucket);
 
 private:
     template <class Chunk>

@@ -14,6 +14,15 @@ struct Segment
     Box2 box() const { return Box2::of(from, to); }
 };
 
+/// Straight stroke without an end, on one side or on both.
+struct Ray
+{
+    Vec2 from;
+    Vec2 direction;
+    bool isTwoSided = false;
+    quint32 owner = 0;
+};
+
 /// Filled area of one or more contours, odd-even.
 struct FillItem
 {

@@ -19,7 +19,7 @@ DisplayList::StrokeGroup& DisplayList::group(Style style)
     if (known != m_groupIndex.cend())
         return m_groups[known.value()];
     m_groupIndex.insert(style.key(), static_cast<quint32>(m_groups.size()));
-    m_groups.push_back({style, {}, {}});
+    m_groups.push_back({style, {}, {}, {}});
     return m_groups.back();
 }
 
@@ -54,7 +54,7 @@ DisplayList::Totals DisplayList::ownTotals() const
     for (const StrokeGroup& group : m_groups) {
         totals.box.add(boxOf(group.segments));
         totals.box.add(boxOf(group.arcs));
-        totals.items += group.segments.size() + group.arcs.size();
+        totals.items += group.segments.size() + group.arcs.size() + group.rays.size();
     }
     totals.box.add(boxOf(m_fills));
     totals.box.add(boxOf(m_texts));

@@ -18,6 +18,7 @@ public:
         Style style;
         ChunkedList<Segment> segments;
         ChunkedList<CurveArc> arcs;
+        std::vector<Ray> rays; ///< they have no extents
     };
 
     DisplayList(quint32 slot, Vec2 basePoint)

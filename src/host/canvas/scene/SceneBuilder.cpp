@@ -68,15 +68,22 @@ quint32 SceneBuilder::blockByName(const QString& name)
     const auto known = m_blocksByName.constFind(name);
     if (known != m_blocksByName.cend())
         return known.value();
-    const OdDbObjectId id = m_database.table(OdDbTableKind::Block).getAt(name);
-    quint32 block = kNoIndex;
-    if (!id.isNull()) {
-        block = m_scene.find(id.slot());
-        if (block == kNoIndex)
-            block = enqueue(id);
-    }
+    const quint32 block = blockById(m_database.table(OdDbTableKind::Block).getAt(name));
     m_blocksByName.insert(name, block);
     return block;
+}
+
+quint32 SceneBuilder::blockByHandle(quint64 handle)
+{
+    return blockById(m_database.getOdDbObjectId(OdDbHandle(handle)));
+}
+
+quint32 SceneBuilder::blockById(OdDbObjectId id)
+{
+    if (id.isNull())
+        return kNoIndex;
+    const quint32 known = m_scene.find(id.slot());
+    return known != kNoIndex ? known : enqueue(id);
 }
 
 bool SceneBuilder::isMissingReference(quint32 block) const

@@ -32,6 +32,7 @@ public:
 
 private:
     quint32 blockByName(const QString& name) override;
+    quint32 blockByHandle(quint64 handle) override;
     bool isMissingReference(quint32 block) const override;
     Vec2 basePoint(quint32 block) const override;
     QString fontFamily(const QString& textStyle) override
@@ -40,6 +41,7 @@ private:
     }
     Style styleOf(quint32 slot, const EntityFields& fields) override;
 
+    quint32 blockById(OdDbObjectId id);
     quint32 enqueue(OdDbObjectId block);
     bool readSome();
     bool nextBlock();
