@@ -149,6 +149,29 @@ TEST_F(Programs, APictureOfADrawingThatCannotBeReadIsNotTaken)
     EXPECT_EQ(4, kest({QStringLiteral("--screenshot"), QStringLiteral("/no/such/a.png")}).exitCode);
 }
 
+TEST_F(Programs, AWindowWithoutADisplayIsASentence)
+{
+    environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    const Finished failed = kest({house()});
+    EXPECT_EQ(1, failed.exitCode);
+    EXPECT_EQ("kest: There is no display. --batch runs scripts without one, --screenshot draws a "
+              "picture.\n",
+              failed.errors);
+}
+
+TEST_F(Programs, SettingsThatCannotBeUnderstoodAreToldAndLeftAlone)
+{
+    QFile file(folder.filePath(QStringLiteral("kest.ini")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[Variables\nno value\n");
+    file.close();
+    const Finished done = batch("LWUNITS\n");
+    EXPECT_EQ(0, done.exitCode);
+    EXPECT_EQ("LWUNITS = 1\n", done.output);
+    EXPECT_NE(std::string::npos,
+              done.errors.find("kest.ini cannot be understood; defaults are used."));
+}
+
 TEST_F(Programs, LayermanListsDrawingsAndTellsThoseThatItCannotRead)
 {
     const QString absent = folder.filePath(QStringLiteral("absent.dxf"));

@@ -49,5 +49,6 @@ void HostCore::shutDown()
         m_modules.unloadAll();
     }
     storePreferences(m_settings);
-    m_settings.save();
+    if (const QString problem = m_settings.save(); !problem.isEmpty())
+        m_frontEnd.print(problem);
 }

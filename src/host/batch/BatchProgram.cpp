@@ -11,7 +11,7 @@ int runBatchProgram(const HostOptions& options)
     BatchFrontEnd frontEnd(stdout);
     HostCore core(frontEnd, options.configFolder);
     BatchSession session(core, frontEnd, stderr);
-    session.loadModules();
+    session.start();
     ExitCode result = ExitCode::Ok;
     if (!options.files.isEmpty())
         result = session.openDrawing(options.files.first());

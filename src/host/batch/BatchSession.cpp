@@ -22,8 +22,10 @@ void BatchSession::complain(const QString& place, const QString& sentence)
     std::fflush(m_errors);
 }
 
-void BatchSession::loadModules()
+void BatchSession::start()
 {
+    if (const QString problem = m_core.settings().loadProblem(); !problem.isEmpty())
+        complain(QStringLiteral("kest"), problem);
     const QString path = ModuleLoader::layerManagerPath();
     if (path.isEmpty())
         return;

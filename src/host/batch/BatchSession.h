@@ -14,8 +14,9 @@ class BatchSession
 public:
     BatchSession(HostCore& core, BatchFrontEnd& frontEnd, std::FILE* errors);
 
-    /// Loads the layer palette's module where it is there; a module that is refused is told about.
-    void loadModules();
+    /// Loads the layer palette's module where it is there. A module that is refused, and settings
+    /// that cannot be understood, are complained about.
+    void start();
     /// Opens the drawing to work on; "kest: sentence" on failure.
     ExitCode openDrawing(const QString& path);
     /// Runs the script of that file, "-" being standard input.

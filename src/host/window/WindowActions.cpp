@@ -28,7 +28,7 @@ struct Row
     const char* tip;
     const char* icon;
     QKeySequence::StandardKey key;
-    const char* shortcut; ///< where no standard key fits
+    const char* shortcut; ///< where there is no standard key
     const char* command; ///< null: the window's own
     Needs needs;
 };
@@ -47,7 +47,7 @@ const Row kRows[] = {
      "Ctrl+Shift+S", "SAVEAS", Needs::Drawing},
     {Id::Close, TEXT("&Close"), TEXT("Close the drawing"), "close", QKeySequence::Close, "",
      "CLOSE", Needs::Drawing},
-    {Id::Quit, TEXT("&Quit"), TEXT("End the program"), "quit", QKeySequence::Quit, "", "QUIT",
+    {Id::Quit, TEXT("&Quit"), TEXT("End the program"), "quit", QKeySequence::Quit, "Ctrl+Q", "QUIT",
      Needs::Nothing},
     {Id::Undo, TEXT("&Undo"), TEXT("Take the last change back"), "undo", QKeySequence::Undo, "",
      "U", Needs::Undo},
@@ -91,6 +91,15 @@ const Surface kToolBars[] = {
 
 #undef TEXT
 
+// Not every desktop has a key for each of the standard ones.
+QList<QKeySequence> shortcuts(const Row& row)
+{
+    const auto standard = QKeySequence::keyBindings(row.key);
+    if (!standard.isEmpty() || !*row.shortcut)
+        return standard;
+    return {QKeySequence(QLatin1String(row.shortcut))};
+}
+
 bool isMet(Needs needs, const HostDocument* document, const QString& undo, const QString& redo)
 {
     switch (needs) {
@@ -129,10 +138,7 @@ void WindowActions::makeActions()
         action->setStatusTip(tr(row.tip));
         if (*row.icon)
             action->setIcon(themedIcon(QLatin1String(row.icon)));
-        if (row.key != kNoKey)
-            action->setShortcuts(row.key);
-        else if (*row.shortcut)
-            action->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
+        action->setShortcuts(shortcuts(row));
         connect(action, &QAction::triggered, this, [this, &row] {
             if (row.command)
                 emit commandWanted(QLatin1String(row.command));

@@ -4,6 +4,7 @@
 #include "host/application/HostCore.h"
 #include "host/application/HostOptions.h"
 #include "host/batch/ExitCode.h"
+#include "host/text/HostText.h"
 #include "host/window/CMainWindow.h"
 #include "host/window/KestApplication.h"
 #include "host/window/WindowFrontEnd.h"
@@ -40,15 +41,17 @@ private:
     bool m_hadMessage = false;
 };
 
-/// A picture needs no display, and often is taken where there is none.
-void chooseOffscreenPlatform()
+/// False where the window system would find no display and end the program without a word of ours.
+bool hasDisplay()
 {
 #if defined(Q_OS_LINUX)
     for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) {
         if (!qEnvironmentVariableIsEmpty(variable))
-            return;
+            return true;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return false;
+#else
+    return true;
 #endif
 }
 
@@ -63,8 +66,16 @@ ExitCode takePicture(WindowSession& session, const HostOptions& options)
 
 int runWindowProgram(int argc, char** argv, const HostOptions& options)
 {
-    if (options.mode == HostOptions::Mode::Screenshot)
-        chooseOffscreenPlatform();
+    const bool isPicture = options.mode == HostOptions::Mode::Screenshot;
+    if (!hasDisplay() && !isPicture) {
+        const QString sentence = HostText::tr("There is no display. --batch runs scripts without "
+                                              "one, --screenshot draws a picture.");
+        std::fputs(QStringLiteral("kest: %1\n").arg(sentence).toUtf8().constData(), stderr);
+        return static_cast<int>(ExitCode::Usage);
+    }
+    // A picture is often taken where there is no display.
+    if (!hasDisplay())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     KestApplication application(argc, argv);
     WindowFrontEnd frontEnd;
     HostCore core(frontEnd, options.configFolder);
@@ -74,7 +85,7 @@ int runWindowProgram(int argc, char** argv, const HostOptions& options)
     WindowSession session(core, window);
     window.show();
     int result = 0;
-    if (options.mode == HostOptions::Mode::Screenshot) {
+    if (isPicture) {
         result = static_cast<int>(takePicture(session, options));
     } else {
         QTimer::singleShot(0, &window, [&] { session.start(options.files); });

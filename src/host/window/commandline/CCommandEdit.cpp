@@ -16,6 +16,7 @@ CCommandEdit::CCommandEdit(QWidget* parent)
     completer->setCaseSensitivity(Qt::CaseInsensitive);
     completer->setModelSorting(QCompleter::CaseInsensitivelySortedModel);
     completer->setMaxVisibleItems(10);
+    completer->popup()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     completer->popup()->setAccessibleName(tr("Commands"));
     setCompleter(completer);
 }
