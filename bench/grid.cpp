@@ -59,7 +59,7 @@ struct Shown
     {
         grid.resize(1200, 800);
         grid.show();
-        grid.Fill(documents.database());
+        grid.fill(documents.database());
         grid.setColumnWidth(static_cast<int>(LayerColumn::Name), 200);
         for (const LayerColumn column : {LayerColumn::Color, LayerColumn::Linetype,
                                          LayerColumn::Lineweight, LayerColumn::PlotStyle})
@@ -85,10 +85,10 @@ void firstFillAndFrame(benchmark::State& state)
         state.PauseTiming();
         const Documents fresh(drawing(state));
         state.ResumeTiming();
-        shown.grid.Fill(fresh.database());
+        shown.grid.fill(fresh.database());
         shown.grid.viewport()->repaint();
         state.PauseTiming();
-        shown.grid.Unbind();
+        shown.grid.unbind();
         state.ResumeTiming();
     }
 }
@@ -98,7 +98,7 @@ void fillAndFrame(benchmark::State& state)
 {
     Shown shown(state);
     for (auto _ : state) {
-        shown.grid.Fill(shown.documents.database());
+        shown.grid.fill(shown.documents.database());
         shown.grid.viewport()->repaint();
     }
 }
@@ -109,7 +109,7 @@ void fillFromListAndFrame(benchmark::State& state)
     Shown shown(state);
     const auto layers = shown.documents.database()->layerTable().records();
     for (auto _ : state) {
-        shown.grid.FillFromList(layers);
+        shown.grid.fillFromList(layers);
         shown.grid.viewport()->repaint();
     }
 }
@@ -119,7 +119,7 @@ void sortBy(benchmark::State& state, LayerColumn column)
 {
     Shown shown(state);
     for (auto _ : state)
-        shown.grid.OnColumnClick(static_cast<int>(column));
+        shown.grid.columnClicked(static_cast<int>(column));
 }
 BENCHMARK_CAPTURE(sortBy, name, LayerColumn::Name)->Apply(sizes);
 BENCHMARK_CAPTURE(sortBy, freeze, LayerColumn::Freeze)->Apply(sizes);
@@ -133,7 +133,7 @@ void sortAllSelected(benchmark::State& state)
     Shown shown(state);
     shown.grid.chooseRange(0, shown.grid.displayedCount() - 2);
     for (auto _ : state)
-        shown.grid.OnColumnClick(static_cast<int>(LayerColumn::Name));
+        shown.grid.columnClicked(static_cast<int>(LayerColumn::Name));
 }
 BENCHMARK(sortAllSelected)->Apply(sizes);
 

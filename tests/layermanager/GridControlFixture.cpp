@@ -44,7 +44,7 @@ void GridControlFixture::click(int row, int column, Qt::KeyboardModifiers modifi
 
 CKestListCtrl::CInPlaceEdit* GridControlFixture::edit(int row, int column)
 {
-    InPlaceEdit* editor = m_grid->OpenEditor(row, column);
+    InPlaceEdit* editor = m_grid->openInPlaceEditor(row, column);
     if (editor)
         editor->selectAll();
     return editor;

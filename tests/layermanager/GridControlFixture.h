@@ -19,12 +19,12 @@ public:
     int uncheckedColumn = -1;
 
 protected:
-    bool CellAction(int row, int column) override
+    bool cellAction(int row, int column) override
     {
         clicked.append({row, column});
         return take;
     }
-    bool PreCheck() override { return swallow; }
+    bool preCheck() override { return swallow; }
     bool checksCharacters(int column) const override { return column != uncheckedColumn; }
 };
 

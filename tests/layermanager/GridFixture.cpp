@@ -38,7 +38,7 @@ OdDbDatabase& GridFixture::openLayers(const QList<QByteArray>& names)
 OdDbDatabase& GridFixture::openDrawing(std::unique_ptr<OdDbDatabase> database)
 {
     m_database = &m_host->open(std::move(database));
-    m_grid->Fill(m_database);
+    m_grid->fill(m_database);
     m_grid->show();
     m_grid->activateWindow();
     m_grid->setFocus();
@@ -52,7 +52,7 @@ OdDbObjectId GridFixture::layer(const char* name) const
 
 int GridFixture::row(const char* name) const
 {
-    return m_grid->FindRow(layer(name));
+    return m_grid->findRow(layer(name));
 }
 
 QString GridFixture::rows() const

@@ -36,34 +36,34 @@ private slots:
 void TestGridControl::findsTheCellUnderAPoint()
 {
     for (const Cell cell : {Cell{0, 0}, Cell{3, 2}, Cell{7, 3}})
-        QVERIFY(m_grid->HitTest(center(cell.row, cell.column)) == cell);
+        QVERIFY(m_grid->hitTest(center(cell.row, cell.column)) == cell);
 }
 
 void TestGridControl::findsNoCellBesideTheCells()
 {
-    QCOMPARE(m_grid->HitTest({-1, 5}).row, -1);
-    const Cell right = m_grid->HitTest({260, 5});
+    QCOMPARE(m_grid->hitTest({-1, 5}).row, -1);
+    const Cell right = m_grid->hitTest({260, 5});
     QCOMPARE(right.row, 0);
     QCOMPARE(right.column, -1);
     QVERIFY(!right.isValid());
     m_model->setRowCount(2);
-    QCOMPARE(m_grid->HitTest({5, m_grid->viewport()->height() - 2}).row, -1);
+    QCOMPARE(m_grid->hitTest({5, m_grid->viewport()->height() - 2}).row, -1);
     m_model->setRowCount(0);
-    QVERIFY(!m_grid->HitTest({5, 5}).isValid());
+    QVERIFY(!m_grid->hitTest({5, 5}).isValid());
 }
 
 void TestGridControl::findsCellsWhenScrolled()
 {
     m_grid->verticalScrollBar()->setValue(m_grid->rowHeight(0) * 10 + 3);
-    QCOMPARE(m_grid->HitTest({70, 0}).row, 10);
-    QCOMPARE(m_grid->HitTest({70, 0}).column, 1);
+    QCOMPARE(m_grid->hitTest({70, 0}).row, 10);
+    QCOMPARE(m_grid->hitTest({70, 0}).column, 1);
     for (int column = 0; column < 4; ++column)
         m_grid->setColumnWidth(column, 150);
     QTRY_VERIFY(m_grid->horizontalScrollBar()->maximum() >= 160);
     m_grid->horizontalScrollBar()->setValue(160);
-    QCOMPARE(m_grid->HitTest({5, 0}).column, 1);
+    QCOMPARE(m_grid->hitTest({5, 0}).column, 1);
     // The row that is cut off at the bottom counts as well.
-    const Cell last = m_grid->HitTest({5, m_grid->viewport()->height() - 1});
+    const Cell last = m_grid->hitTest({5, m_grid->viewport()->height() - 1});
     QVERIFY(last.row > 10);
     QVERIFY(m_grid->visualRect(m_model->index(last.row, 1)).bottom()
             >= m_grid->viewport()->height() - 1);

@@ -31,7 +31,7 @@ private slots:
 
 void TestInPlaceEdit::opensTheEditorOverTheCell()
 {
-    InPlaceEdit* editor = m_grid->OpenEditor(3, 1);
+    InPlaceEdit* editor = m_grid->openInPlaceEditor(3, 1);
     QVERIFY(editor);
     QCOMPARE(m_grid->editor(), editor);
     QCOMPARE(controlById(m_grid, 2422), editor);
@@ -44,7 +44,7 @@ void TestInPlaceEdit::opensTheEditorOverTheCell()
 void TestInPlaceEdit::opensNoEditorWhereThereIsNoCell()
 {
     for (const Cell cell : {Cell{-1, 0}, Cell{30, 0}, Cell{0, -1}, Cell{0, 4}})
-        QVERIFY(!m_grid->OpenEditor(cell.row, cell.column));
+        QVERIFY(!m_grid->openInPlaceEditor(cell.row, cell.column));
     QVERIFY(!m_grid->editor());
 }
 
@@ -52,19 +52,19 @@ void TestInPlaceEdit::opensNoEditorInAColumnNarrowerThanFivePixels()
 {
     m_grid->horizontalHeader()->setMinimumSectionSize(1);
     m_grid->setColumnWidth(1, 4);
-    QVERIFY(!m_grid->OpenEditor(3, 1));
+    QVERIFY(!m_grid->openInPlaceEditor(3, 1));
     m_grid->setColumnWidth(1, 5);
-    QVERIFY(m_grid->OpenEditor(3, 1));
-    m_grid->CloseEditor();
+    QVERIFY(m_grid->openInPlaceEditor(3, 1));
+    m_grid->closeInPlaceEditor();
     m_grid->setColumnHidden(1, true);
-    QVERIFY(!m_grid->OpenEditor(3, 1));
+    QVERIFY(!m_grid->openInPlaceEditor(3, 1));
 }
 
 void TestInPlaceEdit::scrollsToTheCellItEdits()
 {
     for (int column = 0; column < 4; ++column)
         m_grid->setColumnWidth(column, 200);
-    InPlaceEdit* editor = m_grid->OpenEditor(25, 3);
+    InPlaceEdit* editor = m_grid->openInPlaceEditor(25, 3);
     QVERIFY(editor);
     QVERIFY(m_grid->viewport()->rect().contains(editor->geometry()));
     QCOMPARE(editor->geometry(), m_grid->visualRect(m_model->index(25, 3)));
@@ -154,12 +154,12 @@ void TestInPlaceEdit::closesAnEditorOnlyWhenItsTextIsClean()
 {
     QSignalSpy ended(m_grid, &CKestListCtrl::endLabelEdit);
     QTest::keyClicks(edit(3, 1), QStringLiteral("a?b"));
-    m_grid->CloseEditor();
+    m_grid->closeInPlaceEditor();
     QVERIFY(m_grid->editor());
     QVERIFY(ended.isEmpty());
-    QVERIFY2(!m_grid->OpenEditor(4, 1), "one editor at a time");
+    QVERIFY2(!m_grid->openInPlaceEditor(4, 1), "one editor at a time");
     m_grid->editor()->setText(QStringLiteral("ab"));
-    m_grid->CloseEditor();
+    m_grid->closeInPlaceEditor();
     QVERIFY(!m_grid->editor());
     QCOMPARE(ended.size(), 1);
     QCOMPARE(ended[0], (QVariantList{3, 1, QStringLiteral("ab")}));
@@ -171,7 +171,7 @@ void TestInPlaceEdit::reportsOnceWhenItClosesTheEditor()
     QTest::keyClicks(edit(3, 1), QStringLiteral("once"));
     click(6, 2);
     QCOMPARE(ended.size(), 1);
-    m_grid->CloseEditor();
+    m_grid->closeInPlaceEditor();
     QCOMPARE(ended.size(), 1);
 }
 

@@ -54,7 +54,7 @@ void TestLayerGrid::listsEveryLayerOfTheDrawing()
     QCOMPARE(rows(), QStringLiteral("0 Beams Doors Roof Walls"));
     QCOMPARE(cell("Walls", Name), QStringLiteral("Walls"));
     write(db(), "Roof")->erase();
-    QVERIFY(grid().Fill(&db()));
+    QVERIFY(grid().fill(&db()));
     QCOMPARE(rows(), QStringLiteral("0 Beams Doors Walls"));
     QCOMPARE(grid().selectionBehavior(), QAbstractItemView::SelectRows);
 }
@@ -63,16 +63,16 @@ void TestLayerGrid::neverListsLayersWithAnAsterisk()
 {
     openLayers({"*SYSTEM", "Walls", "Odd*One"});
     QCOMPARE(rows(), QStringLiteral("0 Walls"));
-    QVERIFY(grid().FillFromList({layer("Odd*One"), layer("Walls")}));
+    QVERIFY(grid().fillFromList({layer("Odd*One"), layer("Walls")}));
     QCOMPARE(rows(), QStringLiteral("Odd*One Walls"));
 }
 
 void TestLayerGrid::listsExactlyTheGivenLayers()
 {
-    QVERIFY(grid().FillFromList({layer("Walls"), OdDbObjectId(), layer("Beams")}));
+    QVERIFY(grid().fillFromList({layer("Walls"), OdDbObjectId(), layer("Beams")}));
     QCOMPARE(rows(), QStringLiteral("Beams Walls"));
     QCOMPARE(grid().displayedCount(), 2);
-    QVERIFY(grid().FillFromList({}));
+    QVERIFY(grid().fillFromList({}));
     QCOMPARE(rows(), QString());
     QCOMPARE(grid().displayedCount(), 0);
 }
@@ -81,7 +81,7 @@ void TestLayerGrid::listsTheLayersBeforeOneThatIsNone()
 {
     const OdDbObjectId linetype =
         db().table(OdDbTableKind::Linetype).getAt(QStringLiteral("DASHED"));
-    QVERIFY_EXCEPTION_THROWN(grid().FillFromList({layer("Walls"), linetype, layer("Roof")}),
+    QVERIFY_EXCEPTION_THROWN(grid().fillFromList({layer("Walls"), linetype, layer("Roof")}),
                              OdError_NotThatKindOfClass);
     QCOMPARE(rows(), QStringLiteral("Walls"));
     QCOMPARE(grid().displayedCount(), 1);
@@ -92,34 +92,34 @@ void TestLayerGrid::listsNothingWithoutACurrentDrawing()
     KestHost parts = host().parts();
     parts.documents = nullptr;
     ksSetHost(parts);
-    QVERIFY(!grid().FillFromList({layer("Walls")}));
+    QVERIFY(!grid().fillFromList({layer("Walls")}));
     QCOMPARE(grid().displayedCount(), 5);
-    QVERIFY(!grid().Fill(nullptr));
+    QVERIFY(!grid().fill(nullptr));
     ksSetHost(host().parts());
 }
 
 void TestLayerGrid::doesNothingWhileSwitchedOff()
 {
-    grid().SwitchOff(true);
-    QVERIFY(!grid().FillFromList({layer("Walls")}));
-    QVERIFY(!grid().Fill(&db()));
+    grid().switchOff(true);
+    QVERIFY(!grid().fillFromList({layer("Walls")}));
+    QVERIFY(!grid().fill(&db()));
     db().setCLAYER(layer("Roof"));
     click("Walls", On);
     QCOMPARE(rows(), QStringLiteral("0 Beams Doors Roof Walls"));
     QCOMPARE(chosen(), QStringLiteral("0"));
     QVERIFY(!layer_drawing::read(db(), "Walls")->isOff());
-    grid().SwitchOff(false);
-    QVERIFY(grid().Fill(&db()));
+    grid().switchOff(false);
+    QVERIFY(grid().fill(&db()));
     QCOMPARE(chosen(), QStringLiteral("Roof"));
 }
 
 void TestLayerGrid::countsWhatItLists()
 {
     QSignalSpy told(&grid(), &CLayerListCtrl::listChanged);
-    QVERIFY(grid().Fill(&db()));
+    QVERIFY(grid().fill(&db()));
     QCOMPARE(grid().displayedCount(), 5);
     QCOMPARE(told.size(), 1);
-    grid().FillFromList({layer("Walls")});
+    grid().fillFromList({layer("Walls")});
     QCOMPARE(grid().displayedCount(), 1);
     QCOMPARE(told.size(), 2);
 }
@@ -127,7 +127,7 @@ void TestLayerGrid::countsWhatItLists()
 void TestLayerGrid::startsAtTheCurrentLayersRow()
 {
     db().setCLAYER(layer("Doors"));
-    grid().Fill(&db());
+    grid().fill(&db());
     QCOMPARE(chosen(), QStringLiteral("Doors"));
     QCOMPARE(grid().currentIndex().row(), row("Doors"));
     QVERIFY(grid().currentLayer() == layer("Doors"));
@@ -137,7 +137,7 @@ void TestLayerGrid::generatesUsageOnlyWhereItIsShown()
 {
     // The last layer carries no entity.
     host().ints[QStringLiteral("SHOWLAYERUSAGE")] = 1;
-    grid().Fill(&db());
+    grid().fill(&db());
     QVERIFY(layer_drawing::read(db(), "Walls")->isInUse());
     OdDbDatabase& other = openLayers({"A", "B"});
     QVERIFY(layer_drawing::read(other, "A")->isInUse());
@@ -145,7 +145,7 @@ void TestLayerGrid::generatesUsageOnlyWhereItIsShown()
     OdDbDatabase& third = openLayers({"A", "B"});
     QVERIFY(!layer_drawing::read(third, "A")->isInUse());
     // The fill from a list does so always.
-    grid().FillFromList({layer("A")});
+    grid().fillFromList({layer("A")});
     QVERIFY(layer_drawing::read(third, "A")->isInUse());
 }
 
@@ -154,7 +154,7 @@ void TestLayerGrid::generatesUsageOnlyWhereItIsShown()
 void TestLayerGrid::showsTheStatusOfEachLayer()
 {
     host().ints[QStringLiteral("SHOWLAYERUSAGE")] = 1;
-    grid().Fill(&db());
+    grid().fill(&db());
     QCOMPARE(status("0"), LayerStatus::Current);
     QCOMPARE(status("Walls"), LayerStatus::InUse);
     QCOMPARE(status("Beams"), LayerStatus::NotInUse);
@@ -166,15 +166,15 @@ void TestLayerGrid::showsTheStatusOfEachLayer()
 void TestLayerGrid::showsANewLayerAsUnusedUntilTheNextFullRefresh()
 {
     host().ints[QStringLiteral("SHOWLAYERUSAGE")] = 1;
-    grid().Fill(&db());
-    grid().FillFromList({layer("Walls"), layer("Roof")});
-    grid().SetNewLayerFlag(true);
-    QVERIFY(grid().InsertRow(layer("Doors"), 2));
+    grid().fill(&db());
+    grid().fillFromList({layer("Walls"), layer("Roof")});
+    grid().setNewLayerFlag(true);
+    QVERIFY(grid().insertRow(layer("Doors"), 2));
     QCOMPARE(status("Doors"), LayerStatus::NotInUse);
     QCOMPARE(status("Walls"), LayerStatus::InUse);
-    grid().RefreshAllRows();
+    grid().refreshAllRows();
     QCOMPARE(status("Doors"), LayerStatus::InUse);
-    QVERIFY(grid().InsertRow(layer("0"), 0));
+    QVERIFY(grid().insertRow(layer("0"), 0));
     QCOMPARE(status("0"), LayerStatus::Current);
 }
 
@@ -189,7 +189,7 @@ void TestLayerGrid::showsEveryLayerAsUsedWhereUsageCannotBeRead()
 {
     host().ints[QStringLiteral("SHOWLAYERUSAGE")] = 1;
     host().unreadable.insert(QStringLiteral("SHOWLAYERUSAGE"));
-    grid().Fill(&db());
+    grid().fill(&db());
     QCOMPARE(status("Beams"), LayerStatus::InUse);
 }
 
@@ -243,7 +243,7 @@ void TestLayerGrid::scrollsToTheCurrentLayer()
 
 void TestLayerGrid::clearsTheSelectionWhenTheCurrentLayerIsNotListed()
 {
-    grid().FillFromList({layer("Walls"), layer("Doors")});
+    grid().fillFromList({layer("Walls"), layer("Doors")});
     grid().chooseOnly(row("Walls"));
     db().setCLAYER(layer("Roof"));
     QCOMPARE(chosen(), QString());
@@ -273,39 +273,39 @@ void TestLayerGrid::refreshesTheRowsForAnotherViewport()
 void TestLayerGrid::ignoresOtherVariablesAndOtherDrawings()
 {
     QSignalSpy refreshed(grid().model(), &QAbstractItemModel::dataChanged);
-    grid().SysVarChanged(&db(), QStringLiteral("LTSCALE"));
+    grid().sysVarChanged(&db(), QStringLiteral("LTSCALE"));
     QVERIFY(refreshed.isEmpty());
-    grid().SysVarChanged(&db(), QStringLiteral("ctab"));
+    grid().sysVarChanged(&db(), QStringLiteral("ctab"));
     QCOMPARE(refreshed.size(), 1);
     const auto other = layer_drawing::make({{"A"}});
-    grid().SysVarChanged(other.get(), QStringLiteral("CTAB"));
+    grid().sysVarChanged(other.get(), QStringLiteral("CTAB"));
     QCOMPARE(refreshed.size(), 1);
     // The grid's drawing, but not the current one.
     OdDbDatabase& before = db();
     host().open(layer_drawing::make({{"A"}}));
-    grid().SysVarChanged(&before, QStringLiteral("CTAB"));
+    grid().sysVarChanged(&before, QStringLiteral("CTAB"));
     QCOMPARE(refreshed.size(), 1);
 }
 
 void TestLayerGrid::insertsARowForALayer()
 {
-    grid().FillFromList({layer("Walls"), layer("Doors")});
-    QVERIFY(!grid().InsertRow(OdDbObjectId(), 0));
-    QVERIFY(!grid().InsertRow(layer("Roof"), 3));
-    QVERIFY(grid().InsertRow(layer("Roof"), 1));
+    grid().fillFromList({layer("Walls"), layer("Doors")});
+    QVERIFY(!grid().insertRow(OdDbObjectId(), 0));
+    QVERIFY(!grid().insertRow(layer("Roof"), 3));
+    QVERIFY(grid().insertRow(layer("Roof"), 1));
     QCOMPARE(rows(), QStringLiteral("Doors Roof Walls"));
-    QCOMPARE(grid().FindRow(layer("Roof")), 1);
-    QCOMPARE(grid().FindRow(layer("Beams")), -1);
-    QVERIFY(grid().RefreshRow(1, layer("Roof")));
-    QVERIFY(!grid().RefreshRow(7, layer("Roof")));
+    QCOMPARE(grid().findRow(layer("Roof")), 1);
+    QCOMPARE(grid().findRow(layer("Beams")), -1);
+    QVERIFY(grid().refreshRow(1, layer("Roof")));
+    QVERIFY(!grid().refreshRow(7, layer("Roof")));
 }
 
 void TestLayerGrid::isAModelWithoutFaults()
 {
     const QAbstractItemModelTester tester(grid().model(),
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
-    grid().Fill(&db());
-    grid().FillFromList({layer("Walls"), layer("Doors")});
+    grid().fill(&db());
+    grid().fillFromList({layer("Walls"), layer("Doors")});
     clickHeader(Color);
     clickHeader(Description);
     db().setTILEMODE(false);

@@ -61,9 +61,9 @@ void TestLayerGridColumns::refusesColumnsThatDoNotExist()
 {
     for (const int number : {-1, 17}) {
         QVERIFY_EXCEPTION_THROWN(grid().columnData(number), std::invalid_argument);
-        QVERIFY_EXCEPTION_THROWN(grid().ShowColumn(number), std::invalid_argument);
-        QVERIFY_EXCEPTION_THROWN(grid().HideColumn(number), std::invalid_argument);
-        QVERIFY_EXCEPTION_THROWN(grid().OnColumnClick(number), std::invalid_argument);
+        QVERIFY_EXCEPTION_THROWN(grid().showGridColumn(number), std::invalid_argument);
+        QVERIFY_EXCEPTION_THROWN(grid().hideGridColumn(number), std::invalid_argument);
+        QVERIFY_EXCEPTION_THROWN(grid().columnClicked(number), std::invalid_argument);
     }
 }
 
@@ -92,7 +92,7 @@ void TestLayerGridColumns::bringsViewportColumnsBackAtTheirWidths()
     QCOMPARE(column(VpColor).width, 83);
     QCOMPARE(column(VpColor).displayOrder, -1);
     QVERIFY(!column(VpColor).shown);
-    grid().Fill(&db());
+    grid().fill(&db());
     QCOMPARE(width(VpColor), 0);
     db().setTILEMODE(false);
     QCOMPARE(width(VpColor), 83);
@@ -103,7 +103,7 @@ void TestLayerGridColumns::bringsViewportColumnsBackAtTheirWidths()
 void TestLayerGridColumns::keepsWidthsThroughFills()
 {
     grid().setColumnWidth(static_cast<int>(Name), 177);
-    grid().Fill(&db());
+    grid().fill(&db());
     QCOMPARE(width(Name), 177);
     openLayers({"Other"});
     QCOMPARE(width(Name), 177);
@@ -184,9 +184,9 @@ void TestLayerGridColumns::sortsByAnotherHeaderFromTheTop()
 void TestLayerGridColumns::keepsTheOrderThroughFills()
 {
     clickHeader(Name);
-    grid().FillFromList({layer("Beams"), layer("Walls"), layer("Doors")});
+    grid().fillFromList({layer("Beams"), layer("Walls"), layer("Doors")});
     QCOMPARE(rows(), QStringLiteral("Walls Doors Beams"));
-    grid().Fill(&db());
+    grid().fill(&db());
     QCOMPARE(rows(), QStringLiteral("Walls Roof Doors Beams 0"));
 }
 

@@ -258,7 +258,7 @@ void TestLayerGridEdits::areUndoneAndRedoneInTheirRows()
 
 void TestLayerGridEdits::waitForAnEditorThatRefusesItsText()
 {
-    QVERIFY(grid().OpenEditor(row("Roof"), static_cast<int>(Name)));
+    QVERIFY(grid().openInPlaceEditor(row("Roof"), static_cast<int>(Name)));
     QLineEdit* editor = grid().findChild<QLineEdit*>(QStringLiteral("inPlaceEdit"));
     editor->setText(QStringLiteral("a*b"));
     click("Walls", On);

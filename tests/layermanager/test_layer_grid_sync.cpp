@@ -64,13 +64,13 @@ void TestLayerGridSync::asksForARefreshWhenAnErasedLayerComesBack()
     QVERIFY(stale.isEmpty());
     QVERIFY(flushRefresh());
     QCOMPARE(stale.size(), 1);
-    grid().Fill(&db());
+    grid().fill(&db());
     QCOMPARE(rows(), QStringLiteral("0 Beams Doors Roof Walls"));
 }
 
 void TestLayerGridSync::asksForARefreshWhenAnUnlistedLayerChanges()
 {
-    grid().FillFromList({layer("Walls")});
+    grid().fillFromList({layer("Walls")});
     QSignalSpy stale(&grid(), &CLayerListCtrl::listStale);
     write(db(), "Doors")->setIsOff(true);
     write(db(), "Roof")->setIsOff(true);
@@ -98,7 +98,7 @@ void TestLayerGridSync::tellsWhenTheCurrentLayerChanged()
 void TestLayerGridSync::givesARowToALayerThatIsAdded()
 {
     CLayerListCtrl::CLayerListCtrlDatabaseReactor reactor(grid());
-    grid().FillFromList({layer("Walls")});
+    grid().fillFromList({layer("Walls")});
     QSignalSpy told(&grid(), &CLayerListCtrl::listChanged);
     const auto added = layer_drawing::read(db(), "Doors");
     reactor.objectAppended(&db(), added.get());
@@ -135,7 +135,7 @@ void TestLayerGridSync::followsOneDrawingAtATime()
 void TestLayerGridSync::ignoresWhatHappensWhileSwitchedOff()
 {
     QSignalSpy refreshed(grid().model(), &QAbstractItemModel::dataChanged);
-    grid().SwitchOff(true);
+    grid().switchOff(true);
     write(db(), "Walls")->setIsOff(true);
     write(db(), "Doors")->erase();
     QVERIFY(refreshed.isEmpty());
@@ -162,7 +162,7 @@ void TestLayerGridSync::standsABurstOfErasures()
         layers[i].safeOpenObject<OdDbObject>(OdDb::kForWrite)->erase();
     QCOMPARE(grid().displayedCount(), 1001);
     for (std::size_t i = 0; i < layers.size(); ++i)
-        QCOMPARE(grid().FindRow(layers[i]), i % 2 == 0 ? static_cast<int>(i / 2) : -1);
+        QCOMPARE(grid().findRow(layers[i]), i % 2 == 0 ? static_cast<int>(i / 2) : -1);
 }
 
 QTEST_MAIN(TestLayerGridSync)

@@ -319,7 +319,7 @@ void TestLayerModule::selectsTheCurrentLayersRowWhenReopened()
     db().setCLAYER(layer_drawing::id(db(), "Walls"));
     grid().chooseOnly(0);
     run("_LAYER");
-    const int walls = grid().FindRow(layer_drawing::id(db(), "Walls"));
+    const int walls = grid().findRow(layer_drawing::id(db(), "Walls"));
     QCOMPARE(grid().chosenRows(), std::vector<int>{walls});
     QCOMPARE(grid().currentIndex().row(), walls);
 }
@@ -329,7 +329,7 @@ void TestLayerModule::leavesAnEditAloneWhenReopened()
     run("_LAYER");
     manager().ClosePane(pane());
     grid().chooseOnly(1);
-    QVERIFY(grid().OpenEditor(1, 1));
+    QVERIFY(grid().openInPlaceEditor(1, 1));
     run("_LAYER");
     QCOMPARE(grid().chosenRows(), std::vector<int>{1});
 }

@@ -46,7 +46,7 @@ void TestLayerPalette::tellsHowManyLayersItDisplays()
     QCOMPARE(statusText(), QStringLiteral(" All : 3 layers displayed of 3 total layers"));
     write(db(), "Doors")->erase();
     QCOMPARE(statusText(), QStringLiteral(" All : 2 layers displayed of 2 total layers"));
-    grid().FillFromList({id(db(), "Walls")});
+    grid().fillFromList({id(db(), "Walls")});
     QCOMPARE(statusText(), QStringLiteral(" All : 1 layers displayed of 2 total layers"));
 }
 
@@ -182,7 +182,7 @@ void TestLayerPalette::opensTheUndoRecordOfAnEdit()
 void TestLayerPalette::editsTheDrawingItShows()
 {
     run("_LAYER");
-    const int row = grid().FindRow(id(db(), "Walls"));
+    const int row = grid().findRow(id(db(), "Walls"));
     const QModelIndex cell = grid().model()->index(row, static_cast<int>(LayerColumn::Locked));
     grid().scrollTo(cell);
     QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, grid().visualRect(cell).center());

@@ -31,7 +31,7 @@ LayerCommand::LayerCommand(const QString& globalName, int flags)
 
 LayerCommand::~LayerCommand()
 {
-    DestroyLayerPalette();
+    destroyLayerPalette();
 }
 
 void LayerCommand::execute(OdEdCommandContext*)

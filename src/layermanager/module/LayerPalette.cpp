@@ -34,7 +34,7 @@ void createPalette(CXTPDockingPaneManager& manager)
     auto* view = new CLayerPaneView(KestSharedGlobals::GetCMainWindow());
     pane->AttachView(view);
     LayerModuleState::s_pLayerPaneView = view;
-    view->InitialUpdate();
+    view->initialUpdate();
     view->BindToCurrentDatabase();
     if (isNew)
         manager.ShowPane(pane);
@@ -43,7 +43,7 @@ void createPalette(CXTPDockingPaneManager& manager)
 void reopenPalette(CXTPDockingPaneManager& manager, CXTPDockingPane& pane)
 {
     manager.ShowPane(&pane);
-    LayerModuleState::s_pLayerPaneView->ShowCurrentLayer();
+    LayerModuleState::s_pLayerPaneView->showCurrentLayer();
     if (pane.GetPaneState() == xtpPaneHidden)
         manager.ToggleAutoHide(&pane);
 }
@@ -71,7 +71,7 @@ void CloseLayerPalette()
         manager->ClosePane(pane);
 }
 
-void DestroyLayerPalette()
+void destroyLayerPalette()
 {
     if (!LayerModuleState::s_pLayerPaneView)
         return;

@@ -11,4 +11,4 @@ void ShowLayerPalette();
 void CloseLayerPalette();
 
 /// Takes the view out of its pane and ends it. For the module's end.
-void DestroyLayerPalette();
+void destroyLayerPalette();

@@ -32,7 +32,7 @@ CLayerPaneView::~CLayerPaneView()
         documents->removeReactor(m_docReactor.get());
 }
 
-void CLayerPaneView::InitialUpdate()
+void CLayerPaneView::initialUpdate()
 {
     if (m_bInitialised)
         return;
@@ -80,7 +80,7 @@ void CLayerPaneView::BindToCurrentDatabase()
 void CLayerPaneView::refill()
 {
     if (m_pDb)
-        grid()->Fill(m_pDb);
+        grid()->fill(m_pDb);
 }
 
 void CLayerPaneView::SyncPaneVisibility(const KsApDocument* document, bool show)
@@ -108,12 +108,12 @@ void CLayerPaneView::SyncPaneVisibility(const KsApDocument* document, bool show)
         manager->ToggleAutoHide(pane);
 }
 
-void CLayerPaneView::ShowCurrentLayer()
+void CLayerPaneView::showCurrentLayer()
 {
     if (!m_pDb || grid()->editor())
         return;
-    grid()->RefreshAllRows();
-    grid()->SelectCurrentRow();
+    grid()->refreshAllRows();
+    grid()->selectCurrentRow();
     grid()->setFocus(Qt::OtherFocusReason);
 }
 

@@ -22,7 +22,7 @@ public:
     ~CLayerPaneView() override;
 
     /// Builds the contents; called once, right after the view was attached to its pane.
-    void InitialUpdate();
+    void initialUpdate();
     /// Binds the palette to the current document's drawing; nothing happens when it is that
     /// already.
     void BindToCurrentDatabase();
@@ -31,7 +31,7 @@ public:
     void SyncPaneVisibility(const KsApDocument* document, bool show);
     /// Refreshes the rows, goes to the current layer's row and takes the keyboard focus, unless
     /// the user is editing a cell.
-    void ShowCurrentLayer();
+    void showCurrentLayer();
     void UpdateStatusLine();
     /// Opens the undo record for one edit made from the palette.
     void BeginLayerUndoRecord(OdDbDatabase& database);

@@ -74,7 +74,7 @@ void CKestListCtrl::changeEvent(QEvent* event)
         updateRowHeight();
 }
 
-CKestListCtrl::Cell CKestListCtrl::HitTest(QPoint point) const
+CKestListCtrl::Cell CKestListCtrl::hitTest(QPoint point) const
 {
     if (!viewport()->rect().contains(point))
         return {};
@@ -110,12 +110,12 @@ void CKestListCtrl::showEvent(QShowEvent* event)
 
 // In-place editing
 
-CKestListCtrl::CInPlaceEdit* CKestListCtrl::OpenEditor(int row, int column)
+CKestListCtrl::CInPlaceEdit* CKestListCtrl::openInPlaceEditor(int row, int column)
 {
     const QModelIndex index = model() ? model()->index(row, column) : QModelIndex();
     if (!index.isValid() || columnWidth(column) < kMinimumEditWidth)
         return nullptr;
-    CloseEditor();
+    closeInPlaceEditor();
     if (m_editor)
         return nullptr;
     executeDelayedItemsLayout();
@@ -147,12 +147,12 @@ void CKestListCtrl::reportEdit(const CInPlaceEdit& editor)
     emit endLabelEdit(editor.cell().row, editor.cell().column, editor.reportedText());
 }
 
-void CKestListCtrl::CloseEditor()
+void CKestListCtrl::closeInPlaceEditor()
 {
     if (!m_editor || m_reporting || !mayDestroy(*m_editor))
         return;
     reportEdit(*m_editor);
-    DiscardEditor();
+    discardInPlaceEditor();
 }
 
 void CKestListCtrl::editorLostFocus(CInPlaceEdit& editor)
@@ -161,10 +161,10 @@ void CKestListCtrl::editorLostFocus(CInPlaceEdit& editor)
         return;
     reportEdit(editor);
     if (m_editor == &editor && mayDestroy(editor))
-        DiscardEditor();
+        discardInPlaceEditor();
 }
 
-void CKestListCtrl::DiscardEditor()
+void CKestListCtrl::discardInPlaceEditor()
 {
     if (!m_editor)
         return;
@@ -179,7 +179,7 @@ void CKestListCtrl::DiscardEditor()
 
 void CKestListCtrl::reset()
 {
-    DiscardEditor();
+    discardInPlaceEditor();
     m_anchorRow = -1;
     m_lastClicked = {};
     QTableView::reset();
@@ -188,23 +188,23 @@ void CKestListCtrl::reset()
 void CKestListCtrl::rowsInserted(const QModelIndex& parent, int first, int last)
 {
     if (m_editor && m_editor->cell().row >= first)
-        DiscardEditor();
+        discardInPlaceEditor();
     QTableView::rowsInserted(parent, first, last);
 }
 
 void CKestListCtrl::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
 {
     if (m_editor && m_editor->cell().row >= first)
-        DiscardEditor();
+        discardInPlaceEditor();
     QTableView::rowsAboutToBeRemoved(parent, first, last);
 }
 
-bool CKestListCtrl::CellAction(int, int)
+bool CKestListCtrl::cellAction(int, int)
 {
     return false;
 }
 
-bool CKestListCtrl::PreCheck()
+bool CKestListCtrl::preCheck()
 {
     return false;
 }

@@ -24,17 +24,17 @@ public:
     ~CKestListCtrl() override;
 
     /// The cell under a point of the viewport; -1 for each part where there is none.
-    Cell HitTest(QPoint point) const;
+    Cell hitTest(QPoint point) const;
 
     /// Opens the in-place editor over a cell and gives it the focus. Null when the row cannot be
     /// made visible, the column does not exist or is narrower than 5 pixels, or when an open editor
     /// refuses to close.
-    CInPlaceEdit* OpenEditor(int row, int column);
+    CInPlaceEdit* openInPlaceEditor(int row, int column);
     /// Ends an open edit: reports its text and destroys the editor, if the text holds no forbidden
     /// character. Otherwise the editor stays.
-    void CloseEditor();
+    void closeInPlaceEditor();
     /// Destroys an open editor without a report.
-    void DiscardEditor();
+    void discardInPlaceEditor();
     /// The open editor, or null.
     CInPlaceEdit* editor() const { return m_editor; }
 
@@ -62,9 +62,9 @@ signals:
 protected:
     /// Reaction to a click on a cell, or to Space on it. True when the click was taken: then
     /// a click without modifiers leaves the selection as the action made it.
-    virtual bool CellAction(int row, int column);
+    virtual bool cellAction(int row, int column);
     /// True swallows a click or command before the derived grid sees it.
-    virtual bool PreCheck();
+    virtual bool preCheck();
     /// Whether the text of a column's editor is held against the set of forbidden characters.
     virtual bool checksCharacters(int column) const;
     /// Ctrl and Shift as held during the click that is being handled.
@@ -79,8 +79,6 @@ protected:
     bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
-
-protected slots:
     void reset() override;
     void rowsInserted(const QModelIndex& parent, int first, int last) override;
     void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;

@@ -82,21 +82,21 @@ void CKestListCtrl::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
     if (event->button() == Qt::LeftButton && model())
-        clickCell(HitTest(event->position().toPoint()), event->modifiers());
+        clickCell(hitTest(event->position().toPoint()), event->modifiers());
 }
 
 void CKestListCtrl::clickCell(Cell cell, Qt::KeyboardModifiers modifiers)
 {
     m_clickModifiers = modifiers & kSelecting;
     if (!cell.isValid()) {
-        CloseEditor();
+        closeInPlaceEditor();
         if (!m_clickModifiers)
             selectionModel()->clearSelection();
         return;
     }
-    if (PreCheck())
+    if (preCheck())
         return;
-    const bool taken = CellAction(cell.row, cell.column);
+    const bool taken = cellAction(cell.row, cell.column);
     if (cell.row >= model()->rowCount())
         return; // the action took the row away
     m_lastClicked = cell;

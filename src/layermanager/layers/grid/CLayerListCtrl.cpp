@@ -49,7 +49,7 @@ CLayerListCtrl::CLayerListCtrl(QWidget* parent)
     setAccessibleName(tr("Layers"));
     setModel(&m_model);
     setItemDelegate(new LayerCellDelegate(m_model, this));
-    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &CLayerListCtrl::OnColumnClick);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &CLayerListCtrl::columnClicked);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int section, int, int width) { sectionResized(section, width); });
     m_refreshTimer.setSingleShot(true);
@@ -79,7 +79,7 @@ void CLayerListCtrl::attach(OdDbDatabase* database)
 
 // Rows
 
-bool CLayerListCtrl::Fill(OdDbDatabase* database)
+bool CLayerListCtrl::fill(OdDbDatabase* database)
 {
     if (m_switchedOff || !database)
         return false;
@@ -94,12 +94,12 @@ bool CLayerListCtrl::Fill(OdDbDatabase* database)
         database->layerTable().generateUsageData();
     m_model.setContext(LayerCellContext::of(*database));
     list(shownLayers(*database));
-    SelectCurrentRow();
+    selectCurrentRow();
     setSpace();
     return true;
 }
 
-bool CLayerListCtrl::FillFromList(const LayerListModel::Ids& layers)
+bool CLayerListCtrl::fillFromList(const LayerListModel::Ids& layers)
 {
     OdDbDatabase* database = activeDatabase();
     if (m_switchedOff || !database)
@@ -136,14 +136,14 @@ void CLayerListCtrl::list(LayerListModel::Ids layers)
     emit listChanged();
 }
 
-void CLayerListCtrl::Unbind()
+void CLayerListCtrl::unbind()
 {
     attach(nullptr);
     m_model.setContext({});
     list({});
 }
 
-bool CLayerListCtrl::InsertRow(OdDbObjectId layer, int row)
+bool CLayerListCtrl::insertRow(OdDbObjectId layer, int row)
 {
     if (layer.isNull() || row < 0 || row > m_model.rowCount())
         return false;
@@ -153,7 +153,7 @@ bool CLayerListCtrl::InsertRow(OdDbObjectId layer, int row)
     return true;
 }
 
-bool CLayerListCtrl::RefreshRow(int row, OdDbObjectId layer)
+bool CLayerListCtrl::refreshRow(int row, OdDbObjectId layer)
 {
     if (!m_model.refreshRow(row, layer))
         return false;
@@ -162,7 +162,7 @@ bool CLayerListCtrl::RefreshRow(int row, OdDbObjectId layer)
     return true;
 }
 
-void CLayerListCtrl::RefreshAllRows()
+void CLayerListCtrl::refreshAllRows()
 {
     if (m_database)
         m_model.setContext(LayerCellContext::of(*m_database));
@@ -171,9 +171,9 @@ void CLayerListCtrl::RefreshAllRows()
     viewport()->update();
 }
 
-void CLayerListCtrl::SelectCurrentRow()
+void CLayerListCtrl::selectCurrentRow()
 {
-    const int row = FindRow(currentLayer());
+    const int row = findRow(currentLayer());
     if (row < 0) {
         clearSelection();
         return;
@@ -187,7 +187,7 @@ void CLayerListCtrl::SelectCurrentRow()
 
 // What the drawing tells
 
-void CLayerListCtrl::SysVarChanged(const OdDbDatabase* database, const QString& name)
+void CLayerListCtrl::sysVarChanged(const OdDbDatabase* database, const QString& name)
 {
     if (m_switchedOff || database != m_database || database != activeDatabase())
         return;
@@ -198,9 +198,9 @@ void CLayerListCtrl::SysVarChanged(const OdDbDatabase* database, const QString& 
         currentLayerMoved();
     } else if (is(QLatin1String("TILEMODE"))) {
         setSpace();
-        RefreshAllRows();
+        refreshAllRows();
     } else if (is(QLatin1String("CTAB")) || is(QLatin1String("CVPORT"))) {
-        RefreshAllRows();
+        refreshAllRows();
     }
 }
 
@@ -213,38 +213,38 @@ void CLayerListCtrl::currentLayerMoved()
         return;
     m_model.setContext(context);
     for (const OdDbObjectId layer : {before, context.currentLayer})
-        m_model.refreshRow(FindRow(layer), layer);
-    SelectCurrentRow();
+        m_model.refreshRow(findRow(layer), layer);
+    selectCurrentRow();
     emit currentLayerChanged();
 }
 
 void CLayerListCtrl::layerAppended(OdDbObjectId layer)
 {
     const auto record = layer.openObject<OdDbLayerTableRecord>();
-    if (!record || FindRow(layer) >= 0 || record->getName().contains(QLatin1Char(kHiddenMark)))
+    if (!record || findRow(layer) >= 0 || record->getName().contains(QLatin1Char(kHiddenMark)))
         return;
-    InsertRow(layer, m_model.rowCount());
+    insertRow(layer, m_model.rowCount());
     m_displayedCount = m_model.rowCount();
     emit listChanged();
 }
 
 void CLayerListCtrl::layerModified(OdDbObjectId layer)
 {
-    const int row = FindRow(layer);
+    const int row = findRow(layer);
     if (row < 0) {
         requestRefresh();
         return;
     }
-    RefreshRow(row, layer);
+    refreshRow(row, layer);
     m_refreshTimer.start();
 }
 
 void CLayerListCtrl::layerErased(OdDbObjectId layer)
 {
-    const int row = FindRow(layer);
+    const int row = findRow(layer);
     if (row < 0)
         return;
-    DiscardEditor();
+    discardInPlaceEditor();
     m_model.removeLayer(row);
     m_displayedCount = m_model.rowCount();
     emit listChanged();

@@ -29,22 +29,22 @@ public:
 
     /// Lists all layers of the drawing and follows it from now on. False while the grid is switched
     /// off or without a drawing.
-    bool Fill(OdDbDatabase* database);
+    bool fill(OdDbDatabase* database);
     /// Lists exactly these layers, null ids left out. False without a current drawing; raises
     /// OdError_NotThatKindOfClass at an id that is no layer, with the rows before it listed.
-    bool FillFromList(const LayerListModel::Ids& layers);
+    bool fillFromList(const LayerListModel::Ids& layers);
     /// Lists nothing and follows no drawing.
-    void Unbind();
+    void unbind();
     /// The drawing that the grid follows, or null.
     OdDbDatabase* database() const { return m_database; }
 
-    bool InsertRow(OdDbObjectId layer, int row);
-    bool RefreshRow(int row, OdDbObjectId layer);
-    void RefreshAllRows();
+    bool insertRow(OdDbObjectId layer, int row);
+    bool refreshRow(int row, OdDbObjectId layer);
+    void refreshAllRows();
     /// The row of a layer, or -1.
-    int FindRow(OdDbObjectId layer) const { return m_model.rowOf(layer); }
+    int findRow(OdDbObjectId layer) const { return m_model.rowOf(layer); }
     /// Selects and focuses the current layer's row and scrolls it into view.
-    void SelectCurrentRow();
+    void selectCurrentRow();
 
     int displayedCount() const { return m_displayedCount; }
     OdDbObjectId currentLayer() const { return m_model.context().currentLayer; }
@@ -54,22 +54,22 @@ public:
 
     /// Record of a column; raises std::invalid_argument for a number that is none.
     const ListCtrlColumnData& columnData(int column) const;
-    void ShowColumn(int column);
-    void HideColumn(int column);
+    void showGridColumn(int column);
+    void hideGridColumn(int column);
     /// A click on a column's header: sorts by it, or turns the direction.
-    void OnColumnClick(int subItem);
+    void columnClicked(int subItem);
     LayerSortOrder sortOrder() const { return m_sortOrder; }
 
     // State
 
     /// While switched off the grid ignores fills, commands, clicks and notifications.
-    void SwitchOff(bool off) { m_switchedOff = off; }
+    void switchOff(bool off) { m_switchedOff = off; }
     bool isSwitchedOff() const { return m_switchedOff; }
     /// Set while a layer made by the palette is fresh: its row shows the not-in-use icon. The next
     /// full refresh clears it.
-    void SetNewLayerFlag(bool set) { m_newLayerFlag = set; }
+    void setNewLayerFlag(bool set) { m_newLayerFlag = set; }
 
-    void SysVarChanged(const OdDbDatabase* database, const QString& name);
+    void sysVarChanged(const OdDbDatabase* database, const QString& name);
 
 signals:
     /// The number of listed layers may have changed.
@@ -84,8 +84,8 @@ signals:
     void databaseGone();
 
 protected:
-    bool CellAction(int row, int column) override;
-    bool PreCheck() override;
+    bool cellAction(int row, int column) override;
+    bool preCheck() override;
     bool checksCharacters(int column) const override;
     void resizeEvent(QResizeEvent* event) override;
 

@@ -47,7 +47,7 @@ const ListCtrlColumnData& CLayerListCtrl::columnData(int column) const
     return m_columns[static_cast<std::size_t>(column)];
 }
 
-void CLayerListCtrl::HideColumn(int column)
+void CLayerListCtrl::hideGridColumn(int column)
 {
     ListCtrlColumnData& kept = record(column);
     const UpdatesOff still(*this);
@@ -60,7 +60,7 @@ void CLayerListCtrl::HideColumn(int column)
     stretchDescription();
 }
 
-void CLayerListCtrl::ShowColumn(int column)
+void CLayerListCtrl::showGridColumn(int column)
 {
     ListCtrlColumnData& kept = record(column);
     const UpdatesOff still(*this);
@@ -80,9 +80,9 @@ void CLayerListCtrl::setSpace()
         if (!info.layoutsOnly)
             continue;
         if (m_inLayout)
-            ShowColumn(static_cast<int>(info.column));
+            showGridColumn(static_cast<int>(info.column));
         else
-            HideColumn(static_cast<int>(info.column));
+            hideGridColumn(static_cast<int>(info.column));
     }
 }
 
@@ -113,13 +113,13 @@ void CLayerListCtrl::resizeEvent(QResizeEvent* event)
     stretchDescription();
 }
 
-void CLayerListCtrl::OnColumnClick(int subItem)
+void CLayerListCtrl::columnClicked(int subItem)
 {
     const auto clicked = static_cast<LayerColumn>(columnData(subItem).subItem);
     m_sortOrder.ascending = clicked != m_sortOrder.column || !m_sortOrder.ascending;
     m_sortOrder.column = clicked;
-    CloseEditor();
-    DiscardEditor(); // one that refuses to close would stay over another row
+    closeInPlaceEditor();
+    discardInPlaceEditor(); // one that refuses to close would stay over another row
     m_model.reorder(m_sortOrder);
     horizontalHeader()->setSortIndicator(
         subItem, m_sortOrder.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);

@@ -26,7 +26,7 @@ void CLayerListCtrl::CLayerListCtrlDatabaseReactor::objectReAppended(const OdDbD
                                                                      const OdDbObject* object)
 {
     const OdDbObjectId layer = layerOf(object);
-    if (!layer.isNull() && m_grid.FindRow(layer) < 0)
+    if (!layer.isNull() && m_grid.findRow(layer) < 0)
         m_grid.requestRefresh();
 }
 
@@ -53,12 +53,12 @@ void CLayerListCtrl::CLayerListCtrlDatabaseReactor::objectErased(const OdDbDatab
 void CLayerListCtrl::CLayerListCtrlDatabaseReactor::headerSysVarChanged(
     const OdDbDatabase* database, const QString& name)
 {
-    m_grid.SysVarChanged(database, name);
+    m_grid.sysVarChanged(database, name);
 }
 
 void CLayerListCtrl::CLayerListCtrlDatabaseReactor::goodbye(const OdDbDatabase*)
 {
     m_grid.m_database = nullptr; // it takes its listeners with it
     emit m_grid.databaseGone();
-    m_grid.Unbind();
+    m_grid.unbind();
 }

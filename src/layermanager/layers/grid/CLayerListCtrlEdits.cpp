@@ -34,7 +34,7 @@ TaskQuestion turnOffQuestion()
 
 } // namespace
 
-bool CLayerListCtrl::PreCheck()
+bool CLayerListCtrl::preCheck()
 {
     if (m_switchedOff)
         return true;
@@ -54,9 +54,9 @@ bool CLayerListCtrl::checksCharacters(int column) const
     return column != static_cast<int>(LayerColumn::Description);
 }
 
-bool CLayerListCtrl::CellAction(int row, int column)
+bool CLayerListCtrl::cellAction(int row, int column)
 {
-    CloseEditor();
+    closeInPlaceEditor();
     if (editor())
         return true; // its text is refused and wants correcting first
     setFocus(Qt::MouseFocusReason);
