@@ -109,6 +109,16 @@ private slots:
         QCOMPARE(picture().mismatch(tick({0, 0}, {1, 0}, {0, 1})), QString());
     }
 
+    void tableShowsItsCellsAlongItsDirection()
+    {
+        // Codes 41 and 44 are not scales here.
+        show(DrawingText()
+                 .block("*T1", 0, 0, kTick)
+                 .add("ACAD_TABLE 8=0 2=*T1 10=20 20=5 11=0 21=1 31=0 91=1 92=1 41=7 70=9 71=9 "
+                      "44=3"));
+        QCOMPARE(picture().mismatch(tick({20, 5}, {0, 1}, {-1, 0})), QString());
+    }
+
     void referenceWithoutABlockIsCounted()
     {
         show(DrawingText().add("INSERT 8=0 2=Nowhere 10=0 20=0"));

@@ -76,8 +76,7 @@ private slots:
 
     void donutIsAFilledRing()
     {
-        show(DrawingText().add(
-            "LWPOLYLINE 8=0 90=2 70=1 43=20 10=-30 20=0 42=1 10=30 20=0 42=1"));
+        show(DrawingText().add("LWPOLYLINE 8=0 90=2 70=1 43=20 10=-30 20=0 42=1 10=30 20=0 42=1"));
         const CanvasPicture seen = picture();
         for (int degrees = 0; degrees < 360; degrees += 5) {
             const double angle = degrees * std::numbers::pi / 180;
@@ -193,9 +192,9 @@ private slots:
         show(DrawingText().add("RAY 8=0 10=0 20=10 30=0 11=1 21=0 31=0\n"
                                "XLINE 8=0 10=-20 20=5 30=0 11=0 21=1 31=0\n"
                                "LINE 8=0 10=0 20=0 11=10 21=0"));
-        QCOMPARE(picture().mismatch(P::together({P::line({0, 10}, {99.9, 10}),
-                                                 P::line({-20, -74.9}, {-20, 74.9}),
-                                                 P::line({0, 0}, {10, 0})})),
+        QCOMPARE(picture().mismatch(
+                     P::together({P::line({0, 10}, {99.9, 10}), P::line({-20, -74.9}, {-20, 74.9}),
+                                  P::line({0, 0}, {10, 0})})),
                  QString());
         canvas().zoomExtents();
         QVERIFY(canvas().view().scale() > 50);

@@ -157,6 +157,16 @@ private slots:
         QVERIFY(seen.litBox().height() <= 0.3);
     }
 
+    void linesTooSmallToReadAreStrokesOneBelowTheOther()
+    {
+        show(DrawingText().add(
+            "MTEXT 8=0 10=0 20=0 40=0.4 41=0 71=1 44=3 1=HHHHHHHHHH\\PHHHHHHHHHH\\PHHHHHHHHHH"));
+        const CanvasPicture seen = picture();
+        for (const double y : {-0.2, -2.2, -4.2})
+            QVERIFY(seen.isLit({2, y}));
+        QVERIFY(!seen.isLit({2, -1.2}) && !seen.isLit({2, -3.2}) && !seen.isLit({2, -5.5}));
+    }
+
     void blankTextsDoNotCountForExtents()
     {
         show(DrawingText().add("TEXT 8=0 10=5000 20=0 40=20 1=~~\n"

@@ -32,6 +32,7 @@ bool readAttributeDefinition(EntityScope& scope);
 void readAttributes(EntityScope& scope, Style insertStyle);
 
 bool readInsert(EntityScope& scope);
+bool readTable(EntityScope& scope);
 bool readDimension(EntityScope& scope);
 bool readViewport(EntityScope& scope);
 

@@ -39,7 +39,7 @@ const EntityTessellator::Entry* EntityTessellator::find(RecordType type, const Q
         {FirstOther, "XLINE", readXLine, false},
         {FirstOther, "MULTILEADER", readMultiLeader, false},
         {FirstOther, "MLEADER", readMultiLeader, false},
-        {FirstOther, "ACAD_TABLE", readInsert, true},
+        {FirstOther, "ACAD_TABLE", readTable, true},
         {FirstOther, "ARC_DIMENSION", readDimension, true},
         {FirstOther, "LARGE_RADIAL_DIMENSION", readDimension, true},
     };

@@ -38,6 +38,23 @@ bool readInsert(EntityScope& scope)
     return isSane;
 }
 
+bool readTable(EntityScope& scope)
+{
+    // Cells are a block, as in a reference; scales and angles mean other things here.
+    const EntityFields& fields = scope.fields;
+    BlockInstance instance;
+    instance.block = scope.source.blockByName(fields.text(2));
+    if (instance.block == kNoIndex)
+        return false;
+    const Vec2 direction = fields.has(11) ? fields.point(11).plan() : Vec2{1, 0};
+    const double length = direction.length();
+    instance.placement.ax = length > 0 ? direction * (1 / length) : Vec2{1, 0};
+    instance.placement.ay = instance.placement.ax.left();
+    instance.placement.t = fields.point(10).plan();
+    scope.sink.instance(instance);
+    return true;
+}
+
 bool readDimension(EntityScope& scope)
 {
     // The picture of a dimension is a block that stands in world coordinates already.

@@ -1,11 +1,13 @@
 #include "host/canvas/render/TextPainter.h"
 
 #include "host/canvas/render/LineClip.h"
+#include "host/canvas/text/TextExtent.h"
 
 #include <QPainter>
 
 namespace {
 
+constexpr double kApart = 2.0; ///< pixels between strokes that stand for lines
 constexpr double kReadable = 2.0; ///< height of a capital letter in pixels
 constexpr double kLargest = 20000;
 
@@ -22,12 +24,7 @@ void TextPainter::paint(QPainter& painter, const TextItem& text, const Affine2& 
     const bool isLegible = std::abs(along.x * up.y - along.y * up.x) >= kReadable * kReadable * 0.25
         && up.length() >= kReadable;
     if (!isLegible) {
-        const Box2& extent = m_pool.extent(text.shape);
-        const double middle = extent.centre().y;
-        Vec2 from = position + along * extent.minX + up * middle;
-        Vec2 to = position + along * extent.maxX + up * middle;
-        if (clipLine(m_visible, from, to))
-            m_batcher.add(m_batcher.bucket(colour), from.x, from.y, to.x, to.y);
+        paintLines(text, {along, up, position, {}}, m_batcher.bucket(colour));
         return;
     }
     // Letters much larger than any window show nothing but an edge somewhere, at great cost.
@@ -36,4 +33,22 @@ void TextPainter::paint(QPainter& painter, const TextItem& text, const Affine2& 
     painter.setTransform(QTransform(along.x, along.y, up.x, up.y, position.x, position.y));
     painter.fillPath(m_shaper.outline(m_pool, text.shape), QColor::fromRgb(colour));
     painter.resetTransform();
+}
+
+/// A stroke in place of every line of the text, or of as many as can be told apart.
+void TextPainter::paintLines(const TextItem& text, const Affine2& place,
+                             LineBatcher::Bucket& bucket)
+{
+    const Box2& extent = m_pool.extent(text.shape);
+    const double step = m_pool[text.shape].lineStep;
+    const int lines = step > 0 ? linesIn(extent, step) : 1;
+    const double apart = place.ay.length() * std::max(step, 0.0);
+    const int stride = apart > 0 ? static_cast<int>(std::ceil(std::min(kApart / apart, 1e6))) : 1;
+    for (int line = 0; line < lines; line += stride) {
+        const double y = middleOfLine(extent, step, line);
+        Vec2 from = place.map({extent.minX, y});
+        Vec2 to = place.map({extent.maxX, y});
+        if (clipLine(m_visible, from, to))
+            m_batcher.add(bucket, from.x, from.y, to.x, to.y);
+    }
 }

@@ -18,6 +18,8 @@ public:
     void paint(QPainter& painter, const TextItem& text, const Affine2& map, QRgb colour);
 
 private:
+    void paintLines(const TextItem& text, const Affine2& place, LineBatcher::Bucket& bucket);
+
     const TextPool& m_pool;
     TextShaper& m_shaper;
     LineBatcher& m_batcher;

@@ -60,6 +60,17 @@ Vec2 blockStart(const TextSpec& spec, double width, int lines)
     return start;
 }
 
+int linesIn(const Box2& extent, double lineStep)
+{
+    return 1 + static_cast<int>(std::lround((extent.height() - kAscent - kDescent) / lineStep));
+}
+
+double middleOfLine(const Box2& extent, double lineStep, int line)
+{
+    constexpr double kMiddle = 0.4;
+    return extent.maxY - kAscent + kMiddle - line * lineStep;
+}
+
 Box2 estimatedExtent(const TextSpec& spec)
 {
     double widest = 0;
