@@ -145,7 +145,7 @@ void toggleAllLayers(benchmark::State& state)
     }
 }
 
-}
+} // namespace
 
 // By size first, so that each drawing is read once.
 BENCHMARK(readGeometry)->Apply(sizes);
