@@ -25,12 +25,12 @@ void writeFlag(Record& layer, OdDbObjectId, const LayerValue& value)
 }
 
 constexpr LayerProperty kProperties[] = {
-    {On, readFlag<&Record::isOff>, writeFlag<&Record::setIsOff>, LayerSpread::Differing},
-    {Freeze, readFlag<&Record::isFrozen>, writeFlag<&Record::setIsFrozen>, LayerSpread::Differing},
-    {Locked, readFlag<&Record::isLocked>, writeFlag<&Record::setIsLocked>, LayerSpread::Differing},
-    {Plot, readFlag<&Record::isPlottable>, writeFlag<&Record::setIsPlottable>,
-     LayerSpread::OwnValue},
-    {NewVpFreeze, readFlag<&Record::VPDFLT>, writeFlag<&Record::setVPDFLT>, LayerSpread::Differing},
+    {On, LayerSpread::Differing, readFlag<&Record::isOff>, writeFlag<&Record::setIsOff>},
+    {Freeze, LayerSpread::Differing, readFlag<&Record::isFrozen>, writeFlag<&Record::setIsFrozen>},
+    {Locked, LayerSpread::Differing, readFlag<&Record::isLocked>, writeFlag<&Record::setIsLocked>},
+    {Plot, LayerSpread::OwnValue, readFlag<&Record::isPlottable>,
+     writeFlag<&Record::setIsPlottable>},
+    {NewVpFreeze, LayerSpread::Differing, readFlag<&Record::VPDFLT>, writeFlag<&Record::setVPDFLT>},
 };
 
 bool isRenamable(const Record& layer)

@@ -24,9 +24,9 @@ enum class LayerSpread {
 struct LayerProperty
 {
     LayerColumn column;
+    LayerSpread spread;
     LayerValue (*read)(const OdDbLayerTableRecord& layer, OdDbObjectId viewport);
     void (*write)(OdDbLayerTableRecord& layer, OdDbObjectId viewport, const LayerValue& value);
-    LayerSpread spread;
 };
 
 /// The property of a column, or null where a click changes none.

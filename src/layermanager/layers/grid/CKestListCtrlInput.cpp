@@ -8,12 +8,34 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
 constexpr Qt::KeyboardModifiers kSelecting = Qt::ControlModifier | Qt::ShiftModifier;
 
+/// Where a key leads to, possibly beyond the ends; nothing for keys that do not move.
+std::optional<int> targetRow(int key, int from, int last, int page)
+{
+    switch (key) {
+    case Qt::Key_Up:
+        return from - 1;
+    case Qt::Key_Down:
+        return from + 1;
+    case Qt::Key_PageUp:
+        return from - page;
+    case Qt::Key_PageDown:
+        return from + page;
+    case Qt::Key_Home:
+        return 0;
+    case Qt::Key_End:
+        return last;
+    default:
+        return std::nullopt;
+    }
 }
+
+} // namespace
 
 // Selection
 
@@ -159,30 +181,10 @@ bool CKestListCtrl::moveRow(int key, Qt::KeyboardModifiers modifiers)
 {
     const int last = model()->rowCount() - 1;
     const int from = currentIndex().row();
-    int to = from;
-    switch (key) {
-    case Qt::Key_Up:
-        to = from - 1;
-        break;
-    case Qt::Key_Down:
-        to = from + 1;
-        break;
-    case Qt::Key_PageUp:
-        to = from - rowsPerPage();
-        break;
-    case Qt::Key_PageDown:
-        to = from + rowsPerPage();
-        break;
-    case Qt::Key_Home:
-        to = 0;
-        break;
-    case Qt::Key_End:
-        to = last;
-        break;
-    default:
+    const std::optional<int> target = targetRow(key, from, last, rowsPerPage());
+    if (!target)
         return false;
-    }
-    to = std::clamp(to, 0, last);
+    const int to = std::clamp(*target, 0, last);
     focusCell(to, std::max(0, currentIndex().column()));
     if (modifiers & Qt::ShiftModifier) {
         if (m_anchorRow < 0)
