@@ -14,11 +14,15 @@ bool isAscii(QByteArrayView bytes)
     return std::none_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) != 0; });
 }
 
+constexpr qsizetype kChunk = 8;
+/// Names that agree for longer than any sensible name are compared as a whole.
+constexpr qsizetype kLongestChunked = 1024;
+
 /// Up to eight bytes from `offset` on, as a number that orders like the bytes.
 quint64 chunk(QByteArrayView key, qsizetype offset)
 {
     quint64 value = 0;
-    for (qsizetype i = 0; i < 8; ++i) {
+    for (qsizetype i = 0; i < kChunk; ++i) {
         const qsizetype at = offset + i;
         value = (value << 8) | (at < key.size() ? static_cast<quint8>(key[at]) : 0u);
     }
@@ -155,28 +159,49 @@ QByteArrayView NameIndex::key(quint32 position) const
 
 std::vector<quint32> NameIndex::ranks() const
 {
-    struct Item
-    {
-        quint64 head;
-        quint32 position;
-    };
     const quint32 count = size();
     qsizetype prefix = count > 0 ? key(0).size() : 0;
     for (quint32 i = 1; i < count; ++i)
         prefix = commonPrefix(key(0), key(i), prefix);
 
-    std::vector<Item> items(count);
+    std::vector<Ranked> items(count);
     for (quint32 i = 0; i < count; ++i)
-        items[i] = {chunk(key(i), prefix), i};
-    std::sort(items.begin(), items.end(), [&](const Item& a, const Item& b) {
-        if (a.head != b.head)
-            return a.head < b.head;
-        const int order = key(a.position).compare(key(b.position));
-        return order != 0 ? order < 0 : a.position < b.position;
-    });
+        items[i] = {0, i};
+    sortFrom(items.begin(), items.end(), prefix);
 
     std::vector<quint32> ranks(count);
     for (quint32 i = 0; i < count; ++i)
         ranks[items[i].position] = i;
     return ranks;
+}
+
+void NameIndex::sortFrom(std::vector<Ranked>::iterator begin, std::vector<Ranked>::iterator end,
+                         qsizetype offset) const
+{
+    if (offset > kLongestChunked) {
+        std::sort(begin, end, [this](const Ranked& a, const Ranked& b) {
+            const int order = key(a.position).compare(key(b.position));
+            return order != 0 ? order < 0 : a.position < b.position;
+        });
+        return;
+    }
+    bool ended = true; // every key of the range is shorter than the chunk reaches
+    for (auto it = begin; it != end; ++it) {
+        const QByteArrayView name = key(it->position);
+        it->head = chunk(name, offset);
+        ended = ended && name.size() <= offset + kChunk;
+    }
+    std::sort(begin, end, [](const Ranked& a, const Ranked& b) {
+        return a.head != b.head ? a.head < b.head : a.position < b.position;
+    });
+    if (ended)
+        return;
+    // Names that agree so far are sorted among themselves by what follows.
+    for (auto run = begin; run != end;) {
+        const auto next =
+            std::find_if(run, end, [&](const Ranked& r) { return r.head != run->head; });
+        if (next - run > 1)
+            sortFrom(run, next, offset + kChunk);
+        run = next;
+    }
 }

@@ -40,6 +40,13 @@ private:
         quint32 length : 31;
         quint32 active : 1;
     };
+    struct Ranked
+    {
+        quint64 head; ///< the bytes that the running comparison looks at
+        quint32 position;
+    };
+    void sortFrom(std::vector<Ranked>::iterator begin, std::vector<Ranked>::iterator end,
+                  qsizetype offset) const;
     static quint64 hash(QByteArrayView bytes);
     quint32 store(QByteArrayView folded);
     void insertCell(quint32 position);

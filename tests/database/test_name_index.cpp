@@ -2,7 +2,9 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <numeric>
 
 namespace {
 
@@ -71,6 +73,27 @@ TEST(NameIndex, RanksFollowTheOrderOfKeysAndEqualKeysThePosition)
         names.append(name);
     EXPECT_EQ(names.ranks(), (std::vector<quint32>{5, 1, 0, 2, 4, 3}));
     EXPECT_TRUE(NameIndex().ranks().empty());
+}
+
+TEST(NameIndex, RanksAgreeWithAPlainSortForNamesOfAnyLength)
+{
+    NameIndex names;
+    std::vector<QByteArray> keys;
+    for (int i = 0; i < 3000; ++i) {
+        // Runs of equal heads, names that end where others go on, equal names, very long ones.
+        QByteArray key = QByteArray(i % 7, 'a') + QByteArray(i % 5 == 0 ? 1200 : 0, 'b');
+        key += QByteArray::number(i % 400 * 7919);
+        keys.push_back(key);
+        names.append(key);
+    }
+    std::vector<quint32> order(keys.size());
+    std::iota(order.begin(), order.end(), 0u);
+    std::stable_sort(order.begin(), order.end(),
+                     [&](quint32 a, quint32 b) { return keys[a] < keys[b]; });
+    std::vector<quint32> expected(keys.size());
+    for (quint32 rank = 0; rank < order.size(); ++rank)
+        expected[order[rank]] = rank;
+    EXPECT_EQ(names.ranks(), expected);
 }
 
 } // namespace
