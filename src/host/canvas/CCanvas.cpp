@@ -63,6 +63,7 @@ void CCanvas::zoomExtents()
     view.setSize(size());
     view.fit(m_contents->extents());
     applyView(view);
+    m_isFitted = true;
 }
 
 QString CCanvas::undrawnSummary() const
@@ -80,6 +81,7 @@ void CCanvas::setView(const ViewTransform& view)
 void CCanvas::applyView(const ViewTransform& view)
 {
     m_view = view;
+    m_isFitted = false;
     m_frames->setView(view);
     update();
 }
@@ -207,10 +209,10 @@ void CCanvas::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     ViewTransform view = m_view;
     view.setSize(size());
-    // The first true size of the window comes after the database, often.
-    const bool isFirst = m_view.size().width() <= 1;
+    // Everything stays in sight until the user looks at something in particular.
+    const bool wasFitted = m_isFitted;
     applyView(view);
-    if (isFirst && m_contents->isReady())
+    if (wasFitted)
         zoomExtents();
 }
 

@@ -87,6 +87,7 @@ private:
     QHash<quint32, ViewTransform> m_viewsBySpace;
     quint32 m_shownSpace = 0xFFFFFFFFu;
     bool m_fitWhenReady = false;
+    bool m_isFitted = false; ///< the view is that of zoomExtents()
     bool m_isSpaceHeld = false;
     Qt::MouseButton m_panButton = Qt::NoButton;
     QPointF m_panFrom;

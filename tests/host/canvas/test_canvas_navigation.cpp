@@ -131,6 +131,17 @@ private slots:
         QVERIFY(picture().isLit({0, 80.0 / 11}));
     }
 
+    void resizingKeepsEverythingInSightUntilTheViewIsMoved()
+    {
+        canvas().zoomExtents();
+        canvas().resize(400, 300);
+        QVERIFY(picture().isLit({-50, -20}) && picture().isLit({60, 40}));
+        QTest::keyClick(&canvas(), Qt::Key_Right);
+        const double scale = canvas().view().scale();
+        canvas().resize(800, 600);
+        QCOMPARE(canvas().view().scale(), scale);
+    }
+
     void oldPicturesStandInWhileTheViewMoves()
     {
         picture();
