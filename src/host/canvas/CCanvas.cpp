@@ -180,8 +180,14 @@ void CCanvas::paintFrame(QPainter& painter) const
     const double stretch = m_view.scale() / frame->view.scale();
     if (stretch > kLargestStretch || stretch < 1 / kLargestStretch)
         return;
+    // Only what is in sight is handed over: the painter does not bear pictures that are far away.
     const QPointF corner = m_view.toWindow(frame->view.toWorld(QPointF(0, 0)));
-    painter.drawImage(QRectF(corner, frame->view.size() * stretch), frame->image);
+    const QRectF target = QRectF(corner, frame->view.size() * stretch).intersected(rect());
+    if (target.isEmpty())
+        return;
+    const double pixels = frame->image.width() / frame->view.size().width() / stretch;
+    painter.drawImage(target, frame->image,
+                      QRectF((target.topLeft() - corner) * pixels, target.size() * pixels));
 }
 
 void CCanvas::paintActiveViewport(QPainter& painter) const

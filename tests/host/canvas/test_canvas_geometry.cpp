@@ -257,6 +257,17 @@ TEST(ViewTransform, FitsABoxWithAMargin)
     EXPECT_GT(seen.width(), 180);
 }
 
+TEST(ViewTransform, DoesNotFitWhatIsNoBox)
+{
+    for (const Box2& box : {Box2{}, Box2{NAN, 0, 1, 1}, Box2{-INFINITY, 0, INFINITY, 1}}) {
+        ViewTransform view;
+        view.setSize(QSizeF(200, 100));
+        view.fit(box);
+        EXPECT_TRUE(isSane(view.centre()));
+        EXPECT_GT(view.scale(), 1);
+    }
+}
+
 TEST(ViewTransform, KeepsItsPrecisionFarFromZero)
 {
     ViewTransform view;

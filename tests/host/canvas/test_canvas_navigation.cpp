@@ -152,6 +152,15 @@ private slots:
         QVERIFY(picture().isLit({60, 40}));
     }
 
+    void aJumpFarAwayLeavesTheOldPictureBehind()
+    {
+        picture();
+        look({1e14, -1e14}, 4);
+        canvas().grab();
+        look({0, 0}, 4);
+        QVERIFY(picture().isLit({60, 40}));
+    }
+
     void smoothPicturesHaveShades()
     {
         canvas().completeNow(false);

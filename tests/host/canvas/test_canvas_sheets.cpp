@@ -154,6 +154,17 @@ private slots:
         QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 VIEWPORT not drawn"));
     }
 
+    void viewportsOfNoSizeAreCountedAsNotDrawn()
+    {
+        showSheet(twoViewports().add(
+            "VIEWPORT 67=1 8=0 10=0 20=-60 40=inf 41=20 68=4 69=4 12=0 22=0 36=1 45=20 90=0\n"
+            "VIEWPORT 67=1 8=0 10=1e300 20=0 40=9 41=9 68=5 69=5 12=0 22=0 36=1 45=9 90=0\n"
+            "VIEWPORT 67=1 8=0 10=0 20=0 40=9 41=9 68=6 69=6 12=0 22=0 36=1 45=nan 90=0"));
+        canvas().zoomExtents();
+        QVERIFY(picture().isLit({-50, 0}));
+        QCOMPARE(canvas().undrawnSummary(), QStringLiteral("3 VIEWPORT not drawn"));
+    }
+
     void eachSpaceKeepsItsView()
     {
         showSheet(twoViewports());

@@ -77,8 +77,10 @@ bool readViewport(EntityScope& scope)
     viewport.viewCentre = view.target.plan() + turned(view.centre, -viewport.twist);
     viewport.isPlan = looksStraightDown(view.direction);
     const bool isSheet = scope.slot == scope.space.overallViewport;
-    if (isSheet || !viewport.isUsable())
+    if (isSheet)
         return true;
+    if (!viewport.isUsable())
+        return false;
     scope.list.addViewport(viewport);
     const Box2 frame = viewport.frame();
     const std::array<Vec2, 4> corners{Vec2{frame.minX, frame.minY}, Vec2{frame.maxX, frame.minY},

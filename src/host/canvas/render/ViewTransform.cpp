@@ -28,7 +28,9 @@ void ViewTransform::zoomAbout(QPointF point, double factor)
 
 void ViewTransform::fit(const Box2& box)
 {
-    const Box2 shown = box.isEmpty() ? Box2{0, 0, 1, 1} : box;
+    const bool isSound =
+        !box.isEmpty() && isSane({box.minX, box.minY}) && isSane({box.maxX, box.maxY});
+    const Box2 shown = isSound ? box : Box2{0, 0, 1, 1};
     m_centre = shown.centre();
     // A lone point has no extent: a unit around it will do.
     const bool isPoint = shown.width() <= 0 && shown.height() <= 0;

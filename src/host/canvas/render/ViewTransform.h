@@ -22,7 +22,8 @@ public:
     void pan(QPointF by);
     /// Scales about a point of the window; stops where numbers would lose their meaning.
     void zoomAbout(QPointF point, double factor);
-    /// Shows a box with a margin around it. An empty box shows the unit square.
+    /// Shows a box with a margin around it. An empty box shows the unit square, and so does
+    /// one that no drawing can have.
     void fit(const Box2& box);
 
     Affine2 toWindow() const;

@@ -84,7 +84,11 @@ struct SheetViewport
     double viewHeight = 0;
     double twist = 0; ///< radians, counter-clockwise turn of the picture
 
-    bool isUsable() const { return width > 0 && height > 0 && viewHeight > 0; }
+    bool isUsable() const
+    {
+        return width > 0 && height > 0 && viewHeight > 0 && isSane(centre) && isSane(viewCentre)
+            && isSane({width, height}) && viewHeight <= kLargestCoordinate && std::isfinite(twist);
+    }
     Box2 frame() const
     {
         const Vec2 half{width / 2, height / 2};
