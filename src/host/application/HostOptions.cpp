@@ -6,20 +6,20 @@ namespace {
 struct Option
 {
     const char* name;
-    HostOptions::Mode mode;
     QString HostOptions::*value; ///< null when the option takes none
+    HostOptions::Mode mode;
     bool choosesMode;
 };
 
 using Mode = HostOptions::Mode;
 
 const Option kOptions[] = {
-    {"--batch", Mode::Batch, &HostOptions::script, true},
-    {"--screenshot", Mode::Screenshot, &HostOptions::picture, true},
-    {"--config", Mode::Window, &HostOptions::configFolder, false},
-    {"--help", Mode::Help, nullptr, true},
-    {"-h", Mode::Help, nullptr, true},
-    {"--version", Mode::Version, nullptr, true},
+    {"--batch", &HostOptions::script, Mode::Batch, true},
+    {"--screenshot", &HostOptions::picture, Mode::Screenshot, true},
+    {"--config", &HostOptions::configFolder, Mode::Window, false},
+    {"--help", nullptr, Mode::Help, true},
+    {"-h", nullptr, Mode::Help, true},
+    {"--version", nullptr, Mode::Version, true},
 };
 
 HostOptions failed(const QString& sentence)

@@ -1,8 +1,5 @@
 #include "host/batch/ExitCode.h"
 
-#include <algorithm>
-#include <iterator>
-
 ExitCode exitCodeOf(const CommandOutcome& outcome)
 {
     switch (outcome.kind) {
@@ -21,8 +18,11 @@ ExitCode exitCodeOf(const CommandOutcome& outcome)
 
 ExitCode worse(ExitCode a, ExitCode b)
 {
-    constexpr ExitCode kWorstFirst[] = {ExitCode::Usage, ExitCode::CannotWrite, ExitCode::BadInput,
-                                        ExitCode::CommandFailed, ExitCode::Ok};
-    return *std::find_if(std::begin(kWorstFirst), std::end(kWorstFirst),
-                         [&](ExitCode code) { return code == a || code == b; });
+    for (const ExitCode code :
+         {ExitCode::Usage, ExitCode::CannotWrite, ExitCode::BadInput, ExitCode::CommandFailed})
+    {
+        if (code == a || code == b)
+            return code;
+    }
+    return ExitCode::Ok;
 }

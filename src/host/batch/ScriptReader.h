@@ -7,7 +7,7 @@
 class ScriptReader
 {
 public:
-    static constexpr qint64 kMaxLineBytes = 64 * 1024;
+    static constexpr qint64 kMaxLineBytes = 65'536;
 
     explicit ScriptReader(QIODevice& device)
         : m_device(device)

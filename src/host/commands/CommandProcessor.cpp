@@ -159,7 +159,7 @@ std::optional<QString> CommandProcessor::nextAnswer(const QString& prompt)
 std::optional<QString> CommandProcessor::answerFromUser(const QString& prompt)
 {
     while (m_frontEnd) {
-        const std::optional<QString> answer = m_frontEnd->ask(prompt);
+        std::optional<QString> answer = m_frontEnd->ask(prompt);
         if (!answer || !callsTransparentCommand(*answer))
             return answer;
         if (const CommandOutcome outcome = run(*answer); !outcome.isDone())

@@ -37,23 +37,16 @@ void HostDocManager::addReactor(KsApDocManagerReactor* reactor)
 
 void HostDocManager::removeReactor(KsApDocManagerReactor* reactor)
 {
-    // A reactor may leave while it is being told; its place is cleared and swept later.
-    std::replace(m_reactors.begin(), m_reactors.end(), reactor,
-                 static_cast<KsApDocManagerReactor*>(nullptr));
-    if (m_notifyDepth == 0)
-        std::erase(m_reactors, nullptr);
+    std::erase(m_reactors, reactor);
 }
 
 void HostDocManager::notify(const std::function<void(KsApDocManagerReactor&)>& call)
 {
-    ++m_notifyDepth;
-    const auto sweep = qScopeGuard([this] {
-        if (--m_notifyDepth == 0)
-            std::erase(m_reactors, nullptr);
-    });
-    for (std::size_t i = 0; i < m_reactors.size(); ++i) {
-        if (m_reactors[i])
-            call(*m_reactors[i]);
+    // Reactors may come and go while they are told; those that left are told no more.
+    const std::vector<KsApDocManagerReactor*> told = m_reactors;
+    for (KsApDocManagerReactor* reactor : told) {
+        if (std::find(m_reactors.begin(), m_reactors.end(), reactor) != m_reactors.end())
+            call(*reactor);
     }
 }
 

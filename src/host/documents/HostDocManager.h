@@ -63,6 +63,5 @@ private:
     std::vector<std::unique_ptr<HostDocument>> m_documents;
     HostDocument* m_current = nullptr;
     std::vector<KsApDocManagerReactor*> m_reactors;
-    int m_notifyDepth = 0;
     int m_busy = 0;
 };

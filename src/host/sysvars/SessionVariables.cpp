@@ -7,8 +7,10 @@
 #include <QFileInfo>
 
 namespace {
-enum Active { kCommand = 1, kTransparent = 2, kScript = 4 };
-enum UndoControl { kUndoOn = 1, kGrouped = 4, kGroupOpen = 8 };
+/// Bits of CMDACTIVE.
+enum Active { Command = 1, Transparent = 2, Script = 4 };
+/// Bits of UNDOCTL.
+enum UndoControl { UndoOn = 1, Grouped = 4, GroupOpen = 8 };
 } // namespace
 
 namespace session_variables {
@@ -17,8 +19,8 @@ SysvarValue cmdactive(const SysvarContext& context)
 {
     if (!context.commands || !context.commands->isActive())
         return 0;
-    return kCommand | (context.commands->names().size() > 1 ? kTransparent : 0)
-        | (context.commands->isScript() ? kScript : 0);
+    return Command | (context.commands->names().size() > 1 ? Transparent : 0)
+        | (context.commands->isScript() ? Script : 0);
 }
 
 SysvarValue cmdnames(const SysvarContext& context)
@@ -29,7 +31,7 @@ SysvarValue cmdnames(const SysvarContext& context)
 SysvarValue undoctl(const SysvarContext& context)
 {
     const bool group = context.document && context.document->isUndoGroupOpen();
-    return kUndoOn | kGrouped | (group ? kGroupOpen : 0);
+    return UndoOn | Grouped | (group ? GroupOpen : 0);
 }
 
 SysvarValue dbmod(const SysvarContext& context)

@@ -35,6 +35,8 @@ CMainWindow::CMainWindow(HostCore& core)
     : m_core(core)
     , m_recent(core.settings())
     , m_panes(std::make_unique<CXTPDockingPaneManager>(*this))
+    , m_actions(new WindowActions(*this, m_recent))
+    , m_status(new StatusFields(*statusBar()))
 {
     setObjectName(QStringLiteral("mainWindow"));
     setAttribute(Qt::WA_DeleteOnClose, false);
@@ -42,8 +44,6 @@ CMainWindow::CMainWindow(HostCore& core)
     // The command line runs the window's whole width; palettes stand above it.
     setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
-    m_actions = new WindowActions(*this, m_recent);
-    m_status = new StatusFields(*statusBar());
     makeCentralArea();
     makeCommandLine();
     connectParts();
@@ -147,7 +147,7 @@ CommandOutcome CMainWindow::runAndReport(const QString& line)
         return {};
     }
     m_commandLine->printInput(tr("Command: %1").arg(line));
-    const CommandOutcome outcome = m_core.commands().run(line);
+    CommandOutcome outcome = m_core.commands().run(line);
     report(outcome);
     drainQueue();
     showCurrentDrawing();

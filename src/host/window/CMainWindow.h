@@ -61,8 +61,8 @@ private:
     HostCore& m_core;
     RecentFiles m_recent;
     std::unique_ptr<CXTPDockingPaneManager> m_panes;
-    WindowActions* m_actions = nullptr;
-    StatusFields* m_status = nullptr;
+    WindowActions* m_actions;
+    StatusFields* m_status;
     QStackedWidget* m_center = nullptr;
     CDrawingTabs* m_drawings = nullptr;
     CCommandLine* m_commandLine = nullptr;

@@ -23,13 +23,13 @@ enum class Needs { Nothing, Drawing, Undo, Redo, LayerCommand };
 
 struct Row
 {
-    Id id;
     const char* text;
     const char* tip;
     const char* icon;
-    QKeySequence::StandardKey key;
     const char* shortcut; ///< where there is no standard key
     const char* command; ///< null: the window's own
+    Id id;
+    QKeySequence::StandardKey key;
     Needs needs;
 };
 
@@ -37,32 +37,32 @@ constexpr auto kNoKey = QKeySequence::UnknownKey;
 #define TEXT(text) QT_TRANSLATE_NOOP("WindowActions", text)
 
 const Row kRows[] = {
-    {Id::New, TEXT("&New"), TEXT("Start a new drawing"), "new", QKeySequence::New, "", "NEW",
+    {TEXT("&New"), TEXT("Start a new drawing"), "new", "", "NEW", Id::New, QKeySequence::New,
      Needs::Nothing},
-    {Id::Open, TEXT("&Open..."), TEXT("Open a drawing"), "open", QKeySequence::Open, "", "OPEN",
+    {TEXT("&Open..."), TEXT("Open a drawing"), "open", "", "OPEN", Id::Open, QKeySequence::Open,
      Needs::Nothing},
-    {Id::Save, TEXT("&Save"), TEXT("Save the drawing"), "save", QKeySequence::Save, "", "SAVE",
+    {TEXT("&Save"), TEXT("Save the drawing"), "save", "", "SAVE", Id::Save, QKeySequence::Save,
      Needs::Drawing},
-    {Id::SaveAs, TEXT("Save &As..."), TEXT("Save the drawing to another file"), "", kNoKey,
-     "Ctrl+Shift+S", "SAVEAS", Needs::Drawing},
-    {Id::Close, TEXT("&Close"), TEXT("Close the drawing"), "close", QKeySequence::Close, "",
-     "CLOSE", Needs::Drawing},
-    {Id::Quit, TEXT("&Quit"), TEXT("End the program"), "quit", QKeySequence::Quit, "Ctrl+Q", "QUIT",
+    {TEXT("Save &As..."), TEXT("Save the drawing to another file"), "", "Ctrl+Shift+S", "SAVEAS",
+     Id::SaveAs, kNoKey, Needs::Drawing},
+    {TEXT("&Close"), TEXT("Close the drawing"), "close", "", "CLOSE", Id::Close,
+     QKeySequence::Close, Needs::Drawing},
+    {TEXT("&Quit"), TEXT("End the program"), "quit", "Ctrl+Q", "QUIT", Id::Quit, QKeySequence::Quit,
      Needs::Nothing},
-    {Id::Undo, TEXT("&Undo"), TEXT("Take the last change back"), "undo", QKeySequence::Undo, "",
-     "U", Needs::Undo},
-    {Id::Redo, TEXT("&Redo"), TEXT("Bring back what was undone"), "redo", QKeySequence::Redo, "",
-     "REDO", Needs::Redo},
-    {Id::ZoomExtents, TEXT("Zoom &Extents"), TEXT("Show everything"), "zoom-extents", kNoKey,
-     "Ctrl+0", "ZOOM E", Needs::Drawing},
-    {Id::Regen, TEXT("Re&generate"), TEXT("Draw the view again from the drawing"), "regen",
-     QKeySequence::Refresh, "", "REGEN", Needs::Drawing},
-    {Id::LayerPalette, TEXT("&Layer Properties Manager"), TEXT("Show the layer palette"), "layers",
-     kNoKey, "", "_LAYERPALETTE", Needs::LayerCommand},
-    {Id::Layer, TEXT("&Layer..."), TEXT("Show the layer palette"), "layers", kNoKey, "Ctrl+L",
-     "_LAYER", Needs::LayerCommand},
-    {Id::About, TEXT("&About kest"), TEXT("Version and purpose of the program"), "about", kNoKey,
-     "", nullptr, Needs::Nothing},
+    {TEXT("&Undo"), TEXT("Take the last change back"), "undo", "", "U", Id::Undo,
+     QKeySequence::Undo, Needs::Undo},
+    {TEXT("&Redo"), TEXT("Bring back what was undone"), "redo", "", "REDO", Id::Redo,
+     QKeySequence::Redo, Needs::Redo},
+    {TEXT("Zoom &Extents"), TEXT("Show everything"), "zoom-extents", "Ctrl+0", "ZOOM E",
+     Id::ZoomExtents, kNoKey, Needs::Drawing},
+    {TEXT("Re&generate"), TEXT("Draw the view again from the drawing"), "regen", "F5", "REGEN",
+     Id::Regen, QKeySequence::Refresh, Needs::Drawing},
+    {TEXT("&Layer Properties Manager"), TEXT("Show the layer palette"), "layers", "",
+     "_LAYERPALETTE", Id::LayerPalette, kNoKey, Needs::LayerCommand},
+    {TEXT("&Layer..."), TEXT("Show the layer palette"), "layers", "Ctrl+L", "_LAYER", Id::Layer,
+     kNoKey, Needs::LayerCommand},
+    {TEXT("&About kest"), TEXT("Version and purpose of the program"), "about", "", nullptr,
+     Id::About, kNoKey, Needs::Nothing},
 };
 
 struct Surface
@@ -94,7 +94,7 @@ const Surface kToolBars[] = {
 // Not every desktop has a key for each of the standard ones.
 QList<QKeySequence> shortcuts(const Row& row)
 {
-    const auto standard = QKeySequence::keyBindings(row.key);
+    QList<QKeySequence> standard = QKeySequence::keyBindings(row.key);
     if (!standard.isEmpty() || !*row.shortcut)
         return standard;
     return {QKeySequence(QLatin1String(row.shortcut))};
@@ -212,7 +212,7 @@ void WindowActions::fillRecentMenu()
     });
 }
 
-void WindowActions::refresh(HostDocument* document)
+void WindowActions::refresh(HostDocument* document) const
 {
     const QString undo = document ? document->undoNames().undoName() : QString();
     const QString redo = document ? document->undoNames().redoName() : QString();

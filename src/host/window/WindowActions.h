@@ -38,7 +38,7 @@ public:
     QAction* action(WindowAction id) const { return m_actions.value(id); }
     QMenu* recentMenu() const { return m_recentMenu; }
     /// Enables and names the actions for that document, or for none.
-    void refresh(HostDocument* document);
+    void refresh(HostDocument* document) const;
 
 signals:
     /// An action that stands for a command line was triggered.

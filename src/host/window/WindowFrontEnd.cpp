@@ -17,7 +17,8 @@
 #include <cstdio>
 
 namespace {
-enum SaveLink { kSave = 101, kDiscard = 102 };
+constexpr int kSave = 101;
+constexpr int kDiscard = 102;
 
 QString drawingFilter()
 {

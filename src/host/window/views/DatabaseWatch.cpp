@@ -24,11 +24,18 @@ void DatabaseWatch::setDatabase(OdDbDatabase* database)
     m_database = database;
     if (m_database)
         m_database->addReactor(this);
-    m_later.start();
+    noteChange();
 }
 
 void DatabaseWatch::goodbye(const OdDbDatabase*)
 {
     m_database = nullptr;
-    m_later.start();
+    noteChange();
+}
+
+void DatabaseWatch::noteChange()
+{
+    // Started once for a burst: restarting a timer for each of many thousand changes is felt.
+    if (!m_later.isActive())
+        m_later.start();
 }

@@ -24,13 +24,15 @@ signals:
     void changed();
 
 private:
-    void objectAppended(const OdDbDatabase*, const OdDbObject*) override { m_later.start(); }
-    void objectUnAppended(const OdDbDatabase*, const OdDbObject*) override { m_later.start(); }
-    void objectReAppended(const OdDbDatabase*, const OdDbObject*) override { m_later.start(); }
-    void objectModified(const OdDbDatabase*, const OdDbObject*) override { m_later.start(); }
-    void objectErased(const OdDbDatabase*, const OdDbObject*, bool) override { m_later.start(); }
-    void headerSysVarChanged(const OdDbDatabase*, const QString&) override { m_later.start(); }
+    void objectAppended(const OdDbDatabase*, const OdDbObject*) override { noteChange(); }
+    void objectUnAppended(const OdDbDatabase*, const OdDbObject*) override { noteChange(); }
+    void objectReAppended(const OdDbDatabase*, const OdDbObject*) override { noteChange(); }
+    void objectModified(const OdDbDatabase*, const OdDbObject*) override { noteChange(); }
+    void objectErased(const OdDbDatabase*, const OdDbObject*, bool) override { noteChange(); }
+    void headerSysVarChanged(const OdDbDatabase*, const QString&) override { noteChange(); }
     void goodbye(const OdDbDatabase*) override;
+
+    void noteChange();
 
     OdDbDatabase* m_database = nullptr;
     QTimer m_later;
