@@ -10,8 +10,11 @@ constexpr int kStepsBetweenLooksAtTheClock = 16;
 constexpr double kBeyondTheEdge = 2; ///< pixels
 constexpr double kDot = 1.0;
 
+/// A box that is empty may have any numbers, which pixels have not.
 QRect pixelRect(const Box2& box)
 {
+    if (box.isEmpty())
+        return {};
     return QRectF(QPointF(box.minX, box.minY), QPointF(box.maxX, box.maxY)).toAlignedRect();
 }
 
