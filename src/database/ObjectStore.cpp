@@ -8,13 +8,13 @@ namespace {
 
 /// Names of the fixed record types, in the order of RecordType.
 constexpr const char* kTypeNames[] = {
-    "",         "SECTION", "ENDSEC",     "TABLE",    "ENDTAB",       "BLOCK",     "ENDBLK",
-    "EOF",      "SEQEND",  "LAYER",      "LTYPE",    "BLOCK_RECORD", "STYLE",     "DIMSTYLE",
-    "VIEW",     "VPORT",   "APPID",      "UCS",      "DICTIONARY",   "XRECORD",   "LAYOUT",
-    "VIEWPORT", "LINE",    "LWPOLYLINE", "POLYLINE", "VERTEX",       "CIRCLE",    "ARC",
-    "ELLIPSE",  "POINT",   "TEXT",       "MTEXT",    "INSERT",       "ATTRIB",    "ATTDEF",
-    "SPLINE",   "SOLID",   "TRACE",      "3DFACE",   "HATCH",        "DIMENSION", "LEADER",
-    "WIPEOUT",
+    "",         "SECTION",       "ENDSEC",     "TABLE",    "ENDTAB",       "BLOCK",     "ENDBLK",
+    "EOF",      "SEQEND",        "LAYER",      "LTYPE",    "BLOCK_RECORD", "STYLE",     "DIMSTYLE",
+    "VIEW",     "VPORT",         "APPID",      "UCS",      "DICTIONARY",   "XRECORD",   "LAYOUT",
+    "VIEWPORT", "LINE",          "LWPOLYLINE", "POLYLINE", "VERTEX",       "CIRCLE",    "ARC",
+    "ELLIPSE",  "POINT",         "TEXT",       "MTEXT",    "INSERT",       "ATTRIB",    "ATTDEF",
+    "SPLINE",   "SOLID",         "TRACE",      "3DFACE",   "HATCH",        "DIMENSION", "LEADER",
+    "WIPEOUT",  "DICTIONARYVAR",
 };
 static_assert(std::size(kTypeNames) == static_cast<std::size_t>(RecordType::FirstOther));
 
@@ -120,6 +120,22 @@ void ObjectStore::addHandle(quint64 handle, quint32 slot)
         m_dense[handle] = slot;
     else
         m_sparse[handle] = slot;
+}
+
+void ObjectStore::setHandleSeed(quint64 seed)
+{
+    m_fileHasHandles = m_maxHandle > 0;
+    // After the very last handle there are only gaps left.
+    m_firstNewHandle = m_maxHandle == ~quint64(0) ? m_maxHandle : std::max(seed, m_maxHandle + 1);
+    m_nextHandle = m_maxHandle == ~quint64(0) ? 1 : m_firstNewHandle;
+}
+
+quint64 ObjectStore::takeHandle()
+{
+    // A drawing may have given out the very last handle.
+    while (m_nextHandle == 0 || find(m_nextHandle) != kNone)
+        ++m_nextHandle;
+    return m_nextHandle++;
 }
 
 OdDbObject* ObjectStore::object(quint32 slot) const

@@ -57,6 +57,7 @@ enum class RecordType : quint16 {
     Dimension,
     Leader,
     Wipeout,
+    DictionaryVar,
     FirstOther,
 };
 
@@ -71,7 +72,6 @@ public:
         kSubEntity = 4, ///< vertex, attribute or sequence end: belongs to the entity before it
         kSynthetic = 8, ///< not in the file
         kTouched = 16, ///< changed at least once since it was loaded
-        kInUse = 32, ///< a layer that entities lie on, by the last usage pass
     };
     static constexpr quint32 kNone = 0xFFFFFFFFu;
 
@@ -130,6 +130,14 @@ public:
     std::vector<quint32> indexHandles();
     void addHandle(quint64 handle, quint32 slot);
     quint64 maxHandle() const { return m_maxHandle; }
+    /// False for a file without handles; those its records have then are of this session only.
+    bool fileHasHandles() const { return m_fileHasHandles; }
+    /// Ends the loading of handles: `seed` is the next free one by the file, 0 where it tells none.
+    void setHandleSeed(quint64 seed);
+    /// Whether a handle was given out after loading: the file does not have it.
+    bool isNewHandle(quint64 handle) const { return handle >= m_firstNewHandle; }
+    /// A handle that no record has and no record had.
+    quint64 takeHandle();
 
     OdDbObject* object(quint32 slot) const;
     OdDbObject* adopt(quint32 slot, std::unique_ptr<OdDbObject> object);
@@ -149,6 +157,9 @@ private:
     quint64 m_imageEnd = 0;
     quint32 m_fileRecords = 0;
     quint64 m_maxHandle = 0;
+    quint64 m_nextHandle = 1;
+    quint64 m_firstNewHandle = 1;
+    bool m_fileHasHandles = false;
 
     std::vector<quint32> m_dense; ///< slot by handle, for handles below its size
     std::unordered_map<quint64, quint32> m_sparse;

@@ -12,6 +12,7 @@ struct BlockState
     double basePoint[3] = {0, 0, 0};
     int flags = 0; ///< 1 anonymous, 2 attributes, 4 xref, 8 overlay, 16 dependent, 32 resolved
     QString path; ///< of the external reference
+    bool unloaded = false;
 };
 
 /// Entities of a block: consecutive slots [first, end). Other records may stand between them.
@@ -32,6 +33,13 @@ public:
     QString getName() const override { return m_state.name; }
     bool isDependent() const override { return (m_state.flags & 16) != 0; }
     bool isFromExternalReference() const { return (m_state.flags & 4) != 0; }
+    /// An overlay does not show in drawings that refer to this one.
+    bool isFromOverlayReference() const { return (m_state.flags & 12) == 12; }
+    /// False where the file of the reference was not found when the drawing was written.
+    bool isResolved() const { return (m_state.flags & 32) != 0; }
+    bool isUnloaded() const { return m_state.unloaded; }
+    /// Path of the external reference as the drawing has it; nothing is read from there.
+    const QString& pathName() const { return m_state.path; }
     bool isLayout() const { return !m_state.layout.isNull(); }
     OdDbObjectId getLayoutId() const { return m_state.layout; }
     const double* origin() const { return m_state.basePoint; }

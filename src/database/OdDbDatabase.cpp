@@ -5,6 +5,7 @@
 #include "database/ObjectStore.h"
 #include "database/OdDbBlockTableRecord.h"
 #include "database/OdDbDictionary.h"
+#include "database/OdDbDictionaryVar.h"
 #include "database/OdDbEntity.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
@@ -51,6 +52,11 @@ OdDbObjectId OdDbDatabase::getLayerZeroId() const
     return layerTable().getAt(QStringLiteral("0"));
 }
 
+OdDbObjectId OdDbDatabase::getLinetypeContinuousId() const
+{
+    return table(OdDbTableKind::Linetype).getAt(QStringLiteral("Continuous"));
+}
+
 OdDbObjectId OdDbDatabase::getNamedObjectsDictionaryId() const
 {
     return m_namedObjects;
@@ -88,7 +94,11 @@ std::unique_ptr<GroupCursor> OdDbDatabase::makeCursor() const
 
 OdDbObjectId OdDbDatabase::extensionDictionary(OdDbObjectId object) const
 {
-    if (object.isNull() || !m_source || object.slot() >= m_store->fileRecords())
+    if (object.isNull())
+        return {};
+    if (const auto it = m_extensions.find(object.slot()); it != m_extensions.end())
+        return idOfSlot(it->second);
+    if (!m_source || object.slot() >= m_store->fileRecords())
         return {};
     return idOfSlot(m_source->extensionDictionary(object.slot()));
 }
@@ -115,6 +125,8 @@ std::unique_ptr<OdDbObject> OdDbDatabase::makeObject(quint32 slot) const
         return std::make_unique<OdDbDictionary>();
     case RecordType::Xrecord:
         return std::make_unique<OdDbXrecord>();
+    case RecordType::DictionaryVar:
+        return std::make_unique<OdDbDictionaryVar>();
     case RecordType::Layout:
         return std::make_unique<OdDbLayout>();
     case RecordType::Viewport:
@@ -164,6 +176,8 @@ void OdDbDatabase::setErased(quint32 slot, bool erased)
 {
     m_store->setFlag(slot, ObjectStore::kErased, erased);
     m_store->setFlag(slot, ObjectStore::kTouched, true);
+    if (m_store->has(slot, ObjectStore::kEntity))
+        layerTable().useChanged(m_store->layer(slot), erased ? -1 : 1);
     const quint32 owner = m_store->owner(slot);
     if (owner == ObjectStore::kNone)
         return;

@@ -10,6 +10,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 class GroupCursor;
@@ -18,6 +19,7 @@ class ObjectStore;
 class OdDbLayerTable;
 class OdDbObjectSource;
 class UndoJournal;
+enum class RecordType : quint16;
 
 /// Header state that the database interprets itself.
 struct CurrentSettings
@@ -42,6 +44,7 @@ public:
     OdDbObjectId getLayerTableId() const { return tableId(OdDbTableKind::Layer); }
     OdDbObjectId getLinetypeTableId() const { return tableId(OdDbTableKind::Linetype); }
     OdDbObjectId getBlockTableId() const { return tableId(OdDbTableKind::Block); }
+    OdDbObjectId getLinetypeContinuousId() const;
     OdDbObjectId tableId(OdDbTableKind kind) const;
     OdDbLayerTable& layerTable() const;
     OdDbSymbolTable& table(OdDbTableKind kind) const;
@@ -53,6 +56,8 @@ public:
     OdDbObjectId getOdDbObjectId(OdDbHandle handle) const;
     /// The dictionary of records that hang on an object, or a null id.
     OdDbObjectId extensionDictionary(OdDbObjectId object) const;
+    /// The object of that key, going down from the named-object dictionary, or a null id.
+    OdDbObjectId namedObject(std::initializer_list<QString> path) const;
     OdDbObjectId idOfSlot(quint32 slot) const
     {
         return OdDbObjectId(const_cast<OdDbDatabase*>(this), slot);
@@ -82,6 +87,25 @@ public:
     /// Any other header variable ("$LWDISPLAY"), with its group code; undoable.
     void setHeaderVariable(const QString& name, int code, const QString& value);
     HeaderVariables& header() const { return *m_header; }
+
+    /// A variable of the drawing's variable dictionary ("LAYEREVAL"), empty where it has none.
+    QString dictionaryVariable(const QString& name) const;
+    /// Undoable; notifies like a header variable.
+    void setDictionaryVariable(const QString& name, const QString& value);
+
+    // Making and erasing objects; undoable. Handles are given out here and never a second time.
+    OdDbObjectId addObject(std::unique_ptr<OdDbObject> object, RecordType type, OdDbObjectId owner);
+    /// The object's extension dictionary, made where it has none.
+    OdDbObjectId createExtensionDictionary(OdDbObjectId object);
+    /// Put under the key of a dictionary, which owns them; a present object of that kind is
+    /// returned as it is.
+    OdDbObjectId createDictionary(OdDbObjectId dictionary, const QString& key);
+    OdDbObjectId createXrecord(OdDbObjectId dictionary, const QString& key);
+    /// Erases the object, its extension dictionary and, of a dictionary, all that it owns. Entries
+    /// of other dictionaries are not looked at.
+    void eraseTree(OdDbObjectId object);
+    /// Moves an entity to another layer.
+    void setEntityLayer(OdDbObjectId entity, OdDbObjectId layer);
 
     // Undo
     /// Starts a new undo record; changes up to the next call belong to it.
@@ -138,6 +162,11 @@ private:
     void exchangeCurrent(CurrentSettings& other) { std::swap(m_current, other); }
     /// Tells which of the variables differ from those before.
     void announceCurrent(const CurrentSettings& before);
+    quint32 exchangeExtension(quint32 slot, quint32 dictionary);
+    quint32 exchangeEntityLayer(quint32 slot, quint32 layer);
+    OdDbObjectId createInDictionary(OdDbObjectId dictionary, const QString& key,
+                                    std::unique_ptr<OdDbObject> object, RecordType type);
+    OdDbObjectId requireNamedObjectsDictionary();
     void exchangeHeader(const QString& name, int code, QString& value, bool& exists);
     std::unique_ptr<OdDbObject> makeObject(quint32 slot) const;
 
@@ -147,6 +176,7 @@ private:
     std::unique_ptr<OdDbObjectSource> m_source;
     std::array<quint32, kOdDbTableKindCount> m_tables;
     OdDbObjectId m_namedObjects;
+    std::unordered_map<quint32, quint32> m_extensions; ///< those that differ from the file
     CurrentSettings m_current;
     CurrentSettings m_loadedCurrent;
     std::vector<OdDbDatabaseReactor*> m_reactors;

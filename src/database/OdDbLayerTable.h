@@ -2,6 +2,9 @@
 
 #include "database/OdDbSymbolTable.h"
 
+#include <optional>
+#include <unordered_map>
+
 /// The layer table.
 class OdDbLayerTable : public OdDbSymbolTable
 {
@@ -15,9 +18,23 @@ public:
 
     OdDbObjectKind kind() const override { return OdDbObjectKind::LayerTable; }
 
-    /// Finds, for every layer, whether an entity of any block lies on it; isInUse() answers from
-    /// the last pass. One pass over the entity index.
+    /// Adds a layer with the properties of a new one: on, thawed, colour 7, Continuous, default
+    /// lineweight, the plot style of layer 0. Undoable. Raises OdError with InvalidKey (empty
+    /// name) or DuplicateKey.
+    OdDbObjectId add(const QString& name);
+
+    /// Counts, for every layer, the entities of all blocks, their vertices and attributes and the
+    /// block frames that lie on it. The first call makes one pass over the record index; edits,
+    /// undo and redo keep the counts right from then on.
     void generateUsageData() const;
+    /// Number of references to a layer; 0 before the first generateUsageData().
+    quint32 useCount(quint32 layerSlot) const;
+    void useChanged(quint32 layerSlot, int by);
+
+    /// Whether any layer has a stored reconciled flag: without one there is no baseline that a
+    /// layer could be new against. The first call reads all layers.
+    bool hasReconciledBaseline() const;
+    void reconciledRecordsChanged(int by);
 
     /// Position of each record in the case-insensitive order of names, by slotsInOrder() position.
     /// Computed when first asked for and after names changed.
@@ -28,6 +45,9 @@ protected:
 
 private:
     mutable std::vector<quint32> m_ranks;
+    mutable std::unordered_map<quint32, quint32> m_uses; ///< by layer slot; layers in use only
+    mutable bool m_usesKnown = false;
+    mutable std::optional<int> m_reconciledRecords;
 };
 
 using OdDbLayerTablePtr = OdSmartPtr<OdDbLayerTable>;

@@ -46,7 +46,8 @@ struct LayerState
     bool operator==(const LayerState&) const = default;
 };
 
-/// A layer. Getters answer from the record, setters need it open for write.
+/// A layer. Getters answer from the record, setters need it open for write. With a viewport id,
+/// getters give the override there, else the layer's own value, and setters write the override.
 class OdDbLayerTableRecord : public OdDbStateful<OdDbSymbolTableRecord, LayerState>
 {
 public:
@@ -72,29 +73,63 @@ public:
     void setIsPlottable(bool plottable) { assign(&LayerState::plottable, plottable); }
     void setVPDFLT(bool frozen) { assign(&LayerState::frozenInNewViewports, frozen); }
 
-    /// With a viewport id: the override there, else the layer's own value.
     OdCmColor color(OdDbObjectId viewport = {}) const;
     OdDbObjectId linetypeObjectId(OdDbObjectId viewport = {}) const;
     qint16 lineWeight(OdDbObjectId viewport = {}) const;
     /// "Color_n" in colour-dependent drawings, the style's name in named ones, empty where there is
     /// none.
     QString plotStyleName(OdDbObjectId viewport = {}) const;
-    void setColor(const OdCmColor& color) { assign(&LayerState::color, color); }
-    void setLinetypeObjectId(OdDbObjectId linetype) { assign(&LayerState::linetype, linetype); }
-    void setLineWeight(qint16 weight) { assign(&LayerState::lineWeight, weight); }
+    /// 0, or 0x02000000 + alpha (255 opaque); see transparencyPercent().
+    quint32 transparency(OdDbObjectId viewport = {}) const;
+    void setColor(const OdCmColor& color, OdDbObjectId viewport = {});
+    void setLinetypeObjectId(OdDbObjectId linetype, OdDbObjectId viewport = {});
+    void setLineWeight(qint16 weight, OdDbObjectId viewport = {});
+    /// Raises OdError with NotApplicable in colour-dependent drawings, KeyNotFound for a style
+    /// that the drawing has not.
+    void setPlotStyleName(const QString& name, OdDbObjectId viewport = {});
+    void setTransparency(quint32 transparency, OdDbObjectId viewport = {});
+
+    /// Conversions of stored transparencies; percent is 0 (opaque) to 90.
+    static int transparencyPercent(quint32 stored);
+    static quint32 transparencyFromPercent(int percent);
 
     const QString& description() const { return m_state.description; }
     void setDescription(const QString& text) { assign(&LayerState::description, text); }
 
-    /// Whether entities lie on the layer, by the last generateUsageData() of the table.
+    /// False for a layer that came after the layers were last reviewed. Raises OdError with
+    /// WasErased.
+    bool isReconciled() const;
+    void setIsReconciled(bool reconciled = true);
+
+    /// Whether anything lies on the layer; counted by the table's generateUsageData().
     bool isInUse() const;
-    bool hasOverrides(OdDbObjectId viewport) const;
+    /// The block of the external reference that the layer comes from, or a null id.
+    OdDbObjectId externalReference() const;
+
+    bool hasOverrides(OdDbObjectId viewport) const { return overrideIn(viewport) != nullptr; }
+    bool hasAnyOverrides() const { return !m_state.overrides.empty(); }
+    /// The override in that viewport, or null.
+    const LayerOverride* overrideIn(OdDbObjectId viewport) const;
+    void removeColorOverride(OdDbObjectId viewport);
+    void removeLinetypeOverride(OdDbObjectId viewport);
+    void removeLineWeightOverride(OdDbObjectId viewport);
+    void removePlotStyleOverride(OdDbObjectId viewport);
+    void removeTransparencyOverride(OdDbObjectId viewport);
+    void removeViewportOverrides(OdDbObjectId viewport);
+    void removeAllOverrides();
 
 protected:
+    void swapImage(OdDbObjectImage& image) override;
     void imageSwapped() override;
 
 private:
-    const LayerOverride* overrideIn(OdDbObjectId viewport) const;
+    template <class Value>
+    Value overridden(std::optional<Value> LayerOverride::*member, const Value& own,
+                     OdDbObjectId viewport) const;
+    template <class Value>
+    void assignOverride(std::optional<Value> LayerOverride::*member,
+                        const std::optional<Value>& value, OdDbObjectId viewport);
+    void requireViewport(OdDbObjectId viewport) const;
 };
 
 using OdDbLayerTableRecordPtr = OdSmartPtr<OdDbLayerTableRecord>;

@@ -21,6 +21,7 @@ enum class OdDbObjectKind : quint8 {
     Dictionary,
     Xrecord,
     Layout,
+    DictionaryVar,
 };
 
 /// Base of everything that lives in a drawing. Objects are owned by their database and reached

@@ -3,7 +3,6 @@
 #include "database/NameIndex.h"
 #include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
 
 #include <algorithm>
 
@@ -75,23 +74,4 @@ void OdDbSymbolTable::recordErased(quint32 slot, bool erased)
         return;
     m_names->setActive(static_cast<quint32>(position), !erased);
     m_erasedCount += erased ? 1 : -1;
-}
-
-void OdDbLayerTable::generateUsageData() const
-{
-    ObjectStore& store = database()->store();
-    for (const quint32 slot : slotsInOrder())
-        store.setFlag(slot, ObjectStore::kInUse, false);
-    const std::vector<quint32>& layers = store.layers();
-    for (quint32 slot = 0; slot < layers.size(); ++slot) {
-        if (layers[slot] != ObjectStore::kNone && !store.has(slot, ObjectStore::kErased))
-            store.setFlag(layers[slot], ObjectStore::kInUse, true);
-    }
-}
-
-const std::vector<quint32>& OdDbLayerTable::nameRanks() const
-{
-    if (m_ranks.size() != slotsInOrder().size())
-        m_ranks = names().ranks();
-    return m_ranks;
 }

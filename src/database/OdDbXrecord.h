@@ -1,23 +1,13 @@
 #pragma once
 
+#include "database/GroupList.h"
 #include "database/OdDbObject.h"
-
-#include <QByteArray>
-
-#include <vector>
-
-/// One tagged group as the drawing stores it. Values are text in the drawing's encoding; handles
-/// stay hexadecimal text.
-struct TaggedGroup
-{
-    int code = 0;
-    QByteArray value;
-    bool operator==(const TaggedGroup&) const = default;
-};
 
 struct XrecordState
 {
-    std::vector<TaggedGroup> groups; ///< the data groups, without the record's own head
+    GroupList groups; ///< the data groups, without the record's own head
+    GroupList xData; ///< extended data, group 1001 and on
+    bool operator==(const XrecordState&) const = default;
 };
 
 /// A record of free groups.
@@ -28,7 +18,10 @@ public:
     static bool isKind(OdDbObjectKind kind) { return kind == OdDbObjectKind::Xrecord; }
 
     OdDbObjectKind kind() const override { return OdDbObjectKind::Xrecord; }
-    const std::vector<TaggedGroup>& groups() const { return m_state.groups; }
+    const GroupList& groups() const { return m_state.groups; }
+    const GroupList& xData() const { return m_state.xData; }
+    void setGroups(const GroupList& groups) { assign(&XrecordState::groups, groups); }
+    void setXData(const GroupList& xData) { assign(&XrecordState::xData, xData); }
 };
 
 using OdDbXrecordPtr = OdSmartPtr<OdDbXrecord>;

@@ -4,7 +4,6 @@
 #include "database/OdDbDatabase.h"
 #include "database/OdDbDictionary.h"
 #include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbObjectSource.h"
 #include "database/OdDbXrecord.h"
 
 #include <set>
@@ -50,10 +49,9 @@ private:
     OdLyLayerFilterPtr made(const OdDbXrecord& record)
     {
         const auto value = [&](int code) {
-            for (const TaggedGroup& group : record.groups()) {
+            for (const GroupList::Group& group : record.groups()) {
                 if (group.code == code)
-                    return m_database.source() ? m_database.source()->decode(group.value)
-                                               : QString();
+                    return QString::fromUtf8(group.value);
             }
             return QString();
         };
@@ -74,7 +72,7 @@ private:
 
     void addMembers(const OdDbXrecord& record, OdLyLayerGroup& group) const
     {
-        for (const TaggedGroup& member : record.groups()) {
+        for (const GroupList::Group& member : record.groups()) {
             if (member.code != kMember)
                 continue;
             const OdDbObjectId layer = m_database.getOdDbObjectId(

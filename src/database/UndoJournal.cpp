@@ -78,6 +78,16 @@ void UndoJournal::keepHeader(const QString& name, int code, const QString& befor
     writable().changes.emplace_back(HeaderChange{name, code, before, existed});
 }
 
+void UndoJournal::keepExtension(quint32 slot, quint32 before)
+{
+    writable().changes.emplace_back(ExtensionChange{slot, before});
+}
+
+void UndoJournal::keepEntityLayer(quint32 slot, quint32 before)
+{
+    writable().changes.emplace_back(EntityLayerChange{slot, before});
+}
+
 bool UndoJournal::undo()
 {
     if (!m_undo.empty() && m_undo.back()->changes.empty())
@@ -140,6 +150,12 @@ void UndoJournal::exchange(Change& change)
             },
             [&](CurrentSettings& c) { m_database.exchangeCurrent(c); },
             [&](HeaderChange& c) { m_database.exchangeHeader(c.name, c.code, c.value, c.exists); },
+            [&](ExtensionChange& c) {
+                c.dictionary = m_database.exchangeExtension(c.slot, c.dictionary);
+            },
+            [&](EntityLayerChange& c) {
+                c.layer = m_database.exchangeEntityLayer(c.slot, c.layer);
+            },
         },
         change);
 }
@@ -168,6 +184,12 @@ void UndoJournal::announce(const Change& change)
             },
             [&](const CurrentSettings& c) { db.announceCurrent(c); },
             [&](const HeaderChange& c) { db.notifyHeader(c.name.mid(1)); },
+            [&](const ExtensionChange&) {},
+            [&](const EntityLayerChange& c) {
+                const auto entity = db.idOfSlot(c.slot).openObject(OdDb::kForRead);
+                if (entity)
+                    db.notify([&](OdDbDatabaseReactor& r) { r.objectModified(&db, entity.get()); });
+            },
         },
         change);
 }

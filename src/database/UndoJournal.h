@@ -37,6 +37,8 @@ public:
     void appended(quint32 slot);
     void keepCurrent(const CurrentSettings& before);
     void keepHeader(const QString& name, int code, const QString& before, bool existed);
+    void keepExtension(quint32 slot, quint32 before);
+    void keepEntityLayer(quint32 slot, quint32 before);
 
 private:
     struct StateChange
@@ -57,7 +59,18 @@ private:
         QString value;
         bool exists;
     };
-    using Change = std::variant<StateChange, ExistenceChange, CurrentSettings, HeaderChange>;
+    struct ExtensionChange
+    {
+        quint32 slot;
+        quint32 dictionary;
+    };
+    struct EntityLayerChange
+    {
+        quint32 slot;
+        quint32 layer;
+    };
+    using Change = std::variant<StateChange, ExistenceChange, CurrentSettings, HeaderChange,
+                                ExtensionChange, EntityLayerChange>;
     struct Record
     {
         quint64 serial;

@@ -1,5 +1,6 @@
 #include "io/dxf/DxfAssembler.h"
 
+#include "base/NumberText.h"
 #include "database/GroupCursor.h"
 #include "database/HeaderVariables.h"
 #include "database/NameIndex.h"
@@ -60,6 +61,9 @@ void readDefinition(GroupCursor& groups, BlockState& state)
         case 70:
             state.flags = static_cast<int>(groups.integer());
             break;
+        case 71: // written only where the reference is unloaded
+            state.unloaded = groups.integer() != 0;
+            break;
         case 1:
             state.path = groups.text();
             break;
@@ -93,6 +97,7 @@ void DxfAssembler::run()
         && m_store.type(m_index.firstObject) == RecordType::Dictionary)
         m_database.setRoots(m_database.idOfSlot(m_index.firstObject));
     checkOwnerCycles();
+    sessionHandles();
     currentSettings();
 }
 
@@ -215,6 +220,21 @@ void DxfAssembler::handles()
              tr("handle %1 is used a second time, by a %2.")
                  .arg(QString::number(m_store.handle(slot), 16).toUpper(),
                       QString::fromLatin1(m_store.typeName(slot))));
+    const QString seed = m_database.header().value(QStringLiteral("$HANDSEED"));
+    m_store.setHandleSeed(NumberText::handle(seed.toLatin1()).value_or(0));
+}
+
+void DxfAssembler::sessionHandles()
+{
+    // Filters, states and overrides refer to these by handle.
+    constexpr RecordType kReferred[] = {RecordType::Layer, RecordType::Ltype, RecordType::Table,
+                                        RecordType::BlockRecord, RecordType::Viewport};
+    for (quint32 slot = 0; slot < m_store.size(); ++slot) {
+        if (m_store.handle(slot) == 0
+            && std::find(std::begin(kReferred), std::end(kReferred), m_store.type(slot))
+                != std::end(kReferred))
+            m_store.addHandle(m_store.takeHandle(), slot);
+    }
 }
 
 void DxfAssembler::owners()

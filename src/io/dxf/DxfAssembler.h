@@ -24,6 +24,7 @@ private:
     void addRecord(OdDbTableKind kind, quint32 slot, QByteArrayView name);
     quint32 makeRecord(OdDbTableKind kind, const QString& name);
     void handles();
+    void sessionHandles();
     void owners();
     void checkOwnerCycles();
     void missingLayers();

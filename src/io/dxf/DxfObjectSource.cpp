@@ -4,13 +4,18 @@
 #include "database/OdDbBlockTableRecord.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbDictionary.h"
+#include "database/OdDbDictionaryVar.h"
 #include "database/OdDbEntity.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdDbLayout.h"
 #include "database/OdDbLinetypeTableRecord.h"
 #include "database/OdDbNamedRecord.h"
 #include "database/OdDbXrecord.h"
+#include "io/dxf/DictionaryGroups.h"
+#include "io/dxf/GroupCode.h"
 #include "io/dxf/LayerGroups.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -73,6 +78,9 @@ void DxfObjectSource::read(OdDbObject& object) const
         break;
     case OdDbObjectKind::Xrecord:
         static_cast<OdDbXrecord&>(object).stateForLoading() = readXrecord(slot);
+        break;
+    case OdDbObjectKind::DictionaryVar:
+        static_cast<OdDbDictionaryVar&>(object).stateForLoading() = readDictionaryVar(slot);
         break;
     case OdDbObjectKind::Layout:
         static_cast<OdDbLayout&>(object).stateForLoading() = readLayout(slot);
@@ -180,13 +188,14 @@ DictionaryState DxfObjectSource::readDictionary(quint32 slot) const
     QString key;
     bool hasKey = false;
     for (DxfCursor groups = cursor(slot); groups.next();) {
-        if (groups.code() == 3) {
+        if (groups.code() >= 1000) {
+            appendCanonical(groups, state.xData);
+        } else if (groups.code() == 3) {
             key = groups.text();
             hasKey = true;
         } else if (groups.code() == 280) {
             state.treatElementsAsHard = groups.integer() == 1;
-        } else if (hasKey && (groups.code() == 350 || groups.code() == 360 || groups.code() == 340))
-        {
+        } else if (hasKey && DictionaryGroups::isValue(groups.code())) {
             state.entries.push_back({key, id(groups.handle())});
             hasKey = false;
         }
@@ -198,16 +207,39 @@ XrecordState DxfObjectSource::readXrecord(quint32 slot) const
 {
     XrecordState state;
     bool inData = false;
+    bool atStart = true; // the cloning flag belongs to the record, not to its data
     for (DxfCursor groups = cursor(slot); groups.next();) {
-        if (inData)
-            state.groups.push_back({groups.code(), groups.bytes().toByteArray()});
-        else if (groups.code() == 100)
+        if (groups.code() >= 1000)
+            appendCanonical(groups, state.xData);
+        else if (inData && !(std::exchange(atStart, false) && groups.code() == 280))
+            appendCanonical(groups, state.groups);
+        else if (!inData && groups.code() == 100)
             inData = groups.bytes().trimmed() == "AcDbXrecord";
     }
-    // The cloning flag belongs to the record, not to its data.
-    if (!state.groups.empty() && state.groups.front().code == 280)
-        state.groups.erase(state.groups.begin());
     return state;
+}
+
+DictionaryVarState DxfObjectSource::readDictionaryVar(quint32 slot) const
+{
+    DictionaryVarState state;
+    for (DxfCursor groups = cursor(slot); groups.next();) {
+        if (groups.code() == 1)
+            state.value = groups.text();
+    }
+    return state;
+}
+
+void DxfObjectSource::appendCanonical(const DxfCursor& group, GroupList& groups) const
+{
+    const QByteArrayView bytes = group.bytes();
+    if (groupKind(group.code()) != GroupKind::Text)
+        return groups.append(group.code(), bytes.trimmed());
+    const bool plain = std::all_of(bytes.begin(), bytes.end(),
+                                   [](char c) { return c > 0 && c != '\\' && c != '^'; });
+    if (plain)
+        groups.append(group.code(), bytes);
+    else
+        groups.append(group.code(), group.text().toUtf8());
 }
 
 LayoutState DxfObjectSource::readLayout(quint32 slot) const

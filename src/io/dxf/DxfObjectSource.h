@@ -4,9 +4,11 @@
 #include "io/dxf/DxfCursor.h"
 #include "io/dxf/DxfText.h"
 
+class GroupList;
 class OdDbDatabase;
 struct BlockState;
 struct DictionaryState;
+struct DictionaryVarState;
 struct LayerState;
 struct LayoutState;
 struct LinetypeState;
@@ -28,8 +30,14 @@ public:
     quint64 footprint() const override { return m_image->size(); }
 
     DxfCursor cursor(quint32 slot) const;
-    /// The layer as the file has it, whatever the record says now.
+    // Records as the file has them, whatever the objects say now.
     LayerState readLayer(quint32 slot) const;
+    DictionaryState readDictionary(quint32 slot) const;
+    DictionaryVarState readDictionaryVar(quint32 slot) const;
+    XrecordState readXrecord(quint32 slot) const;
+    ViewportState readViewport(quint32 slot) const;
+    /// The group's value in the form that GroupList keeps.
+    void appendCanonical(const DxfCursor& group, GroupList& groups) const;
     const FileImage& image() const { return *m_image; }
     const DxfText& text() const { return m_text; }
 
@@ -37,10 +45,7 @@ private:
     OdDbObjectId id(quint64 handle) const;
     BlockState readBlock(quint32 slot) const;
     LinetypeState readLinetype(quint32 slot) const;
-    DictionaryState readDictionary(quint32 slot) const;
-    XrecordState readXrecord(quint32 slot) const;
     LayoutState readLayout(quint32 slot) const;
-    ViewportState readViewport(quint32 slot) const;
     void readLayerExtras(quint32 dictionarySlot, LayerState& layer) const;
 
     std::shared_ptr<const FileImage> m_image;

@@ -26,22 +26,22 @@ struct OverrideForm
 {
     const char* key;
     int valueCode;
-    void (*set)(const OdDbDatabase&, const TaggedGroup&, LayerOverride&);
+    void (*set)(const OdDbDatabase&, const GroupList::Group&, LayerOverride&);
 };
 
-qint64 number(const TaggedGroup& group)
+qint64 number(const GroupList::Group& group)
 {
     return NumberText::integer(group.value).value_or(0);
 }
 
-OdDbObjectId reference(const OdDbDatabase& database, const TaggedGroup& group)
+OdDbObjectId reference(const OdDbDatabase& database, const GroupList::Group& group)
 {
     return database.getOdDbObjectId(OdDbHandle(NumberText::handle(group.value).value_or(0)));
 }
 
 constexpr std::array<OverrideForm, 4> kOverrideForms = {{
     {"ADSK_XREC_LAYER_COLOR_OVR", 420,
-     [](const OdDbDatabase&, const TaggedGroup& group, LayerOverride& there) {
+     [](const OdDbDatabase&, const GroupList::Group& group, LayerOverride& there) {
          // Written as a signed or as an unsigned number.
          const auto colour =
              OdCmColor::fromPacked(static_cast<quint32>(number(group) & 0xFFFFFFFF));
@@ -49,16 +49,16 @@ constexpr std::array<OverrideForm, 4> kOverrideForms = {{
              there.color = colour;
      }},
     {"ADSK_XREC_LAYER_LINETYPE_OVR", 343,
-     [](const OdDbDatabase& database, const TaggedGroup& group, LayerOverride& there) {
+     [](const OdDbDatabase& database, const GroupList::Group& group, LayerOverride& there) {
          if (const OdDbObjectId linetype = reference(database, group); !linetype.isNull())
              there.linetype = linetype;
      }},
     {"ADSK_XREC_LAYER_LINEWT_OVR", 91,
-     [](const OdDbDatabase&, const TaggedGroup& group, LayerOverride& there) {
+     [](const OdDbDatabase&, const GroupList::Group& group, LayerOverride& there) {
          there.lineWeight = static_cast<qint16>(number(group));
      }},
     {"ADSK_XREC_LAYER_ALPHA_OVR", 440,
-     [](const OdDbDatabase&, const TaggedGroup& group, LayerOverride& there) {
+     [](const OdDbDatabase&, const GroupList::Group& group, LayerOverride& there) {
          there.transparency = static_cast<quint32>(number(group));
      }},
 }};
@@ -132,10 +132,10 @@ void LayerGroups::Reader::takeExtendedData(const GroupCursor& group)
 }
 
 void LayerGroups::readExtra(const OdDbDatabase& database, const QString& key,
-                            const std::vector<TaggedGroup>& groups, LayerState& layer)
+                            const GroupList& groups, LayerState& layer)
 {
     if (key.compare(QLatin1String("ADSK_XREC_LAYER_RECONCILED"), Qt::CaseInsensitive) == 0) {
-        for (const TaggedGroup& group : groups) {
+        for (const GroupList::Group& group : groups) {
             if (group.code == 290)
                 layer.reconciled = number(group) != 0;
         }
@@ -145,7 +145,7 @@ void LayerGroups::readExtra(const OdDbDatabase& database, const QString& key,
         if (key.compare(QLatin1String(form.key), Qt::CaseInsensitive) != 0)
             continue;
         quint32 viewport = OdDbObjectId::kNoSlot;
-        for (const TaggedGroup& group : groups) {
+        for (const GroupList::Group& group : groups) {
             if (group.code == 335)
                 viewport = reference(database, group).slot(); // none: the viewport was erased
             else if (group.code == form.valueCode && viewport != OdDbObjectId::kNoSlot)

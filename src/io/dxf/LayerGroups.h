@@ -1,7 +1,7 @@
 #pragma once
 
+#include "database/GroupList.h"
 #include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbXrecord.h"
 
 #include <QByteArray>
 
@@ -34,8 +34,8 @@ private:
 };
 
 /// Takes one record of a layer's extension dictionary: viewport overrides, the reconciled flag.
-void readExtra(const OdDbDatabase& database, const QString& key,
-               const std::vector<TaggedGroup>& groups, LayerState& layer);
+void readExtra(const OdDbDatabase& database, const QString& key, const GroupList& groups,
+               LayerState& layer);
 
 /// One replaced byte range of the file image.
 struct Patch

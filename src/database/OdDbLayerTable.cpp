@@ -1,0 +1,83 @@
+#include "database/OdDbLayerTable.h"
+
+#include "database/NameIndex.h"
+#include "database/ObjectStore.h"
+#include "database/OdDbDatabase.h"
+#include "database/OdDbLayerTableRecord.h"
+
+OdDbObjectId OdDbLayerTable::add(const QString& name)
+{
+    OdDbDatabase& drawing = *database();
+    if (name.isEmpty())
+        throw OdError(OdResult::InvalidKey, QStringLiteral("A layer needs a name."));
+    if (has(name))
+        throw OdError(OdResult::DuplicateKey,
+                      QStringLiteral("There is a layer \"%1\" already.").arg(name));
+    auto layer = std::make_unique<OdDbLayerTableRecord>();
+    LayerState& state = layer->stateForLoading();
+    state.name = name;
+    state.linetype = drawing.getLinetypeContinuousId();
+    if (const auto zero = drawing.getLayerZeroId().openObject<OdDbLayerTableRecord>())
+        state.plotStyle = zero->state().plotStyle;
+    const QByteArray folded = NameIndex::fold(name);
+    // The table has the record before the listeners hear of it.
+    const quint32 slot = drawing.store().size();
+    appendRecord(slot, folded);
+    return drawing.addObject(std::move(layer), RecordType::Layer, objectId());
+}
+
+void OdDbLayerTable::generateUsageData() const
+{
+    if (std::exchange(m_usesKnown, true))
+        return;
+    const ObjectStore& store = database()->store();
+    const std::vector<quint32>& layers = store.layers();
+    std::vector<quint32> counts(store.size(), 0);
+    for (quint32 slot = 0; slot < layers.size(); ++slot) {
+        if (layers[slot] < counts.size() && !store.has(slot, ObjectStore::kErased))
+            ++counts[layers[slot]];
+    }
+    for (const quint32 layer : slotsInOrder()) {
+        if (counts[layer] > 0)
+            m_uses.emplace(layer, counts[layer]);
+    }
+}
+
+quint32 OdDbLayerTable::useCount(quint32 layerSlot) const
+{
+    const auto it = m_uses.find(layerSlot);
+    return it == m_uses.end() ? 0 : it->second;
+}
+
+void OdDbLayerTable::useChanged(quint32 layerSlot, int by)
+{
+    if (m_usesKnown)
+        m_uses[layerSlot] += static_cast<quint32>(by);
+}
+
+bool OdDbLayerTable::hasReconciledBaseline() const
+{
+    if (!m_reconciledRecords) {
+        int found = 0;
+        for (const quint32 slot : slotsInOrder()) {
+            const auto layer = database()->idOfSlot(slot).openObject<OdDbLayerTableRecord>();
+            if (layer && layer->state().reconciled)
+                ++found;
+        }
+        m_reconciledRecords = found;
+    }
+    return *m_reconciledRecords > 0;
+}
+
+void OdDbLayerTable::reconciledRecordsChanged(int by)
+{
+    if (m_reconciledRecords)
+        *m_reconciledRecords += by;
+}
+
+const std::vector<quint32>& OdDbLayerTable::nameRanks() const
+{
+    if (m_ranks.size() != slotsInOrder().size())
+        m_ranks = names().ranks();
+    return m_ranks;
+}
