@@ -1,5 +1,11 @@
 #include "database/HeaderVariables.h"
 
+const HeaderVariables::Variable* HeaderVariables::find(const QString& name) const
+{
+    const auto it = m_index.constFind(name);
+    return it == m_index.constEnd() ? nullptr : &m_variables[static_cast<std::size_t>(*it)];
+}
+
 QString HeaderVariables::value(const QString& name, const QString& fallback) const
 {
     const auto it = m_index.constFind(name);

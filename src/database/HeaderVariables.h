@@ -22,6 +22,8 @@ public:
         QString loadedValue;
     };
 
+    /// The variable, or null; valid until one is added.
+    const Variable* find(const QString& name) const;
     bool contains(const QString& name) const { return m_index.contains(name); }
     QString value(const QString& name, const QString& fallback = {}) const;
     int intValue(const QString& name, int fallback) const;

@@ -36,6 +36,13 @@ public:
     /// 0xffRRGGBB to paint with; index 7 is the opposite of the background.
     OdRgb rgb(bool darkBackground) const;
     const QString& bookName() const { return m_bookName; }
+    /// The same colour under a name of a colour book ("BOOK$COLOUR").
+    OdCmColor withBookName(const QString& name) const
+    {
+        OdCmColor named = *this;
+        named.m_bookName = name;
+        return named;
+    }
 
     /// "red" ... "white" for indices 1 to 7, the number for other indices, "255,127,0" for RGB,
     /// the colour's name for a book colour, "ByLayer", "ByBlock".

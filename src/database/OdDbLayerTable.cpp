@@ -7,23 +7,13 @@
 
 OdDbObjectId OdDbLayerTable::add(const QString& name)
 {
-    OdDbDatabase& drawing = *database();
-    if (name.isEmpty())
-        throw OdError(OdResult::InvalidKey, QStringLiteral("A layer needs a name."));
-    if (has(name))
-        throw OdError(OdResult::DuplicateKey,
-                      QStringLiteral("There is a layer \"%1\" already.").arg(name));
     auto layer = std::make_unique<OdDbLayerTableRecord>();
     LayerState& state = layer->stateForLoading();
     state.name = name;
-    state.linetype = drawing.getLinetypeContinuousId();
-    if (const auto zero = drawing.getLayerZeroId().openObject<OdDbLayerTableRecord>())
+    state.linetype = database()->getLinetypeContinuousId();
+    if (const auto zero = database()->getLayerZeroId().openObject<OdDbLayerTableRecord>())
         state.plotStyle = zero->state().plotStyle;
-    const QByteArray folded = NameIndex::fold(name);
-    // The table has the record before the listeners hear of it.
-    const quint32 slot = drawing.store().size();
-    appendRecord(slot, folded);
-    return drawing.addObject(std::move(layer), RecordType::Layer, objectId());
+    return addRecord(std::move(layer));
 }
 
 void OdDbLayerTable::generateUsageData() const

@@ -57,6 +57,26 @@ void OdDbSymbolTable::appendRecord(quint32 slot, QByteArrayView foldedName)
     namesChanged();
 }
 
+OdDbObjectId OdDbSymbolTable::addRecord(std::unique_ptr<OdDbSymbolTableRecord> record)
+{
+    const QString name = record->getName();
+    if (name.isEmpty())
+        throw OdError(OdResult::InvalidKey, QStringLiteral("A record of a table needs a name."));
+    if (has(name))
+        throw OdError(OdResult::DuplicateKey,
+                      QStringLiteral("There is a \"%1\" already.").arg(name));
+    const RecordType type = record->kind() == OdDbObjectKind::Layer ? RecordType::Layer
+        : record->kind() == OdDbObjectKind::Linetype                ? RecordType::Ltype
+                                                                    : RecordType::None;
+    if (type == RecordType::None)
+        throw OdError(
+            OdResult::NotApplicable,
+            QStringLiteral("Records can be added to the layer and linetype tables only."));
+    // The table has the record before the listeners hear of it.
+    appendRecord(database()->store().size(), NameIndex::fold(name));
+    return database()->addObject(std::move(record), type, objectId());
+}
+
 void OdDbSymbolTable::recordRenamed(quint32 slot, const QString& name)
 {
     const int position = positionOf(slot);

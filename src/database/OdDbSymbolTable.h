@@ -72,6 +72,10 @@ public:
     int positionOf(quint32 slot) const;
     void reserve(std::size_t records);
 
+    /// Adds a record under its name. Undoable. Raises OdError with InvalidKey (empty name) or
+    /// DuplicateKey.
+    OdDbObjectId addRecord(std::unique_ptr<OdDbSymbolTableRecord> record);
+
     // For codecs and the records themselves
     void appendRecord(quint32 slot, QByteArrayView foldedName);
     void recordRenamed(quint32 slot, const QString& name);

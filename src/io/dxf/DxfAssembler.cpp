@@ -10,6 +10,7 @@
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdDbLinetypeTableRecord.h"
 #include "database/OdDbNamedRecord.h"
+#include "io/dxf/DxfObjectSource.h"
 
 #include <QCoreApplication>
 
@@ -76,12 +77,13 @@ void readDefinition(GroupCursor& groups, BlockState& state)
 } // namespace
 
 DxfAssembler::DxfAssembler(const FileImage& image, OdDbDatabase& database, const DxfIndex& index,
-                           const DxfText& text)
+                           DxfObjectSource& source)
     : m_image(image)
     , m_database(database)
     , m_store(database.store())
     , m_index(index)
-    , m_text(text)
+    , m_source(source)
+    , m_text(source.text())
 { }
 
 void DxfAssembler::run()
@@ -283,6 +285,7 @@ void DxfAssembler::missingLayers()
         }
         const QString text = m_text.decode(name);
         resolved.push_back(makeRecord(OdDbTableKind::Layer, text));
+        m_source.addMissingLayer(resolved.back(), text);
         note(static_cast<quint64>(name.data() - m_image.begin()),
              tr("layer \"%1\" is used and missing from the layer table.").arg(text));
     }

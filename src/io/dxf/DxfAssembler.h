@@ -5,6 +5,7 @@
 
 #include <QHash>
 
+class DxfObjectSource;
 class OdDbDatabase;
 
 /// Turns the record index of a DXF text into a database: tables and their names, blocks, owners,
@@ -13,7 +14,7 @@ class DxfAssembler
 {
 public:
     DxfAssembler(const FileImage& image, OdDbDatabase& database, const DxfIndex& index,
-                 const DxfText& text);
+                 DxfObjectSource& source);
     void run();
 
 private:
@@ -39,6 +40,7 @@ private:
     OdDbDatabase& m_database;
     ObjectStore& m_store;
     const DxfIndex& m_index;
+    DxfObjectSource& m_source;
     const DxfText& m_text;
     int m_notes = 0;
 };

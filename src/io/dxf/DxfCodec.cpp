@@ -47,8 +47,11 @@ std::unique_ptr<OdDbDatabase> DxfCodec::read(std::shared_ptr<const FileImage> im
     auto database = std::make_unique<OdDbDatabase>();
     const DxfIndex index = DxfIndexer(*image, database->store(), progress).run();
     image->waitFor(image->size());
-    const DxfText text(headerValue(index, "$ACADVER"), headerValue(index, "$DWGCODEPAGE"));
-    database->setSource(std::make_unique<DxfObjectSource>(image, *database, text));
-    DxfAssembler(*image, *database, index, text).run();
+    const QByteArrayView version = headerValue(index, "$ACADVER");
+    const DxfText text(version, headerValue(index, "$DWGCODEPAGE"));
+    auto source = std::make_unique<DxfObjectSource>(image, *database, text, dxfVersion(version));
+    DxfObjectSource& reader = *source;
+    database->setSource(std::move(source));
+    DxfAssembler(*image, *database, index, reader).run();
     return database;
 }

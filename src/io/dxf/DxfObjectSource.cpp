@@ -1,6 +1,6 @@
 #include "io/dxf/DxfObjectSource.h"
 
-#include "base/NumberText.h"
+#include "database/ObjectStore.h"
 #include "database/OdDbBlockTableRecord.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbDictionary.h"
@@ -13,6 +13,7 @@
 #include "database/OdDbXrecord.h"
 #include "io/dxf/DictionaryGroups.h"
 #include "io/dxf/GroupCode.h"
+#include "io/dxf/LayerExtras.h"
 #include "io/dxf/LayerGroups.h"
 
 #include <algorithm>
@@ -37,10 +38,11 @@ void readMviewLayer(const DxfCursor& cursor, int& braces, const OdDbSymbolTable&
 } // namespace
 
 DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
-                                 const DxfText& text)
+                                 const DxfText& text, DxfVersion version)
     : m_image(std::move(image))
     , m_database(database)
     , m_text(text)
+    , m_version(version)
 { }
 
 std::unique_ptr<GroupCursor> DxfObjectSource::makeCursor() const
@@ -137,12 +139,12 @@ LayerState DxfObjectSource::readLayer(quint32 slot) const
 
 void DxfObjectSource::readLayerExtras(quint32 dictionarySlot, LayerState& layer) const
 {
-    const auto dictionary = m_database.idOfSlot(dictionarySlot).openObject<OdDbDictionary>();
-    if (!dictionary)
+    const ObjectStore& store = m_database.store();
+    if (store.type(dictionarySlot) != RecordType::Dictionary)
         return;
-    for (const DictionaryEntry& entry : dictionary->entries()) {
-        if (const auto record = entry.value.openObject<OdDbXrecord>())
-            LayerGroups::readExtra(m_database, entry.key, record->groups(), layer);
+    for (const DictionaryEntry& entry : readDictionary(dictionarySlot).entries) {
+        if (!entry.value.isNull() && store.type(entry.value.slot()) == RecordType::Xrecord)
+            LayerExtras::read(m_database, entry.key, readXrecord(entry.value.slot()).groups, layer);
     }
 }
 

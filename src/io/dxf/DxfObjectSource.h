@@ -3,6 +3,12 @@
 #include "io/DrawingCodec.h"
 #include "io/dxf/DxfCursor.h"
 #include "io/dxf/DxfText.h"
+#include "io/dxf/DxfVersion.h"
+#include "io/dxf/GroupSpelling.h"
+
+#include <QHash>
+
+#include <utility>
 
 class GroupList;
 class OdDbDatabase;
@@ -15,12 +21,13 @@ struct LinetypeState;
 struct ViewportState;
 struct XrecordState;
 
-/// Reads objects out of the image of an ASCII DXF file when somebody opens them.
+/// Reads objects out of the image of a DXF file when somebody opens them, and writes the drawing
+/// back over it.
 class DxfObjectSource final : public DrawingSource
 {
 public:
     DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
-                    const DxfText& text);
+                    const DxfText& text, DxfVersion version);
 
     void read(OdDbObject& object) const override;
     std::unique_ptr<GroupCursor> makeCursor() const override;
@@ -36,10 +43,35 @@ public:
     DictionaryVarState readDictionaryVar(quint32 slot) const;
     XrecordState readXrecord(quint32 slot) const;
     ViewportState readViewport(quint32 slot) const;
-    /// The group's value in the form that GroupList keeps.
-    void appendCanonical(const DxfCursor& group, GroupList& groups) const;
+
     const FileImage& image() const { return *m_image; }
     const DxfText& text() const { return m_text; }
+    DxfVersion version() const { return m_version; }
+    OdDbDatabase& database() const { return m_database; }
+
+    /// How a record of the file spells its groups; without a record, as layer 0 does.
+    GroupSpelling spelling(quint32 slot) const;
+    GroupSpelling spelling() const;
+    /// The canonical value (text as UTF-8) encoded for this file.
+    QByteArray fileValue(int code, QByteArrayView canonical) const;
+    /// A name encoded for this file. Raises OdError with InvalidKey for a name that the file's
+    /// encoding cannot hold.
+    QByteArray encodedName(const QString& name) const;
+    /// Groups that a new layer takes over from layer 0: material and visual style.
+    std::vector<std::pair<int, QByteArray>> layerZeroExtras() const;
+    bool isBinary() const { return false; }
+    /// The layer that a name of the file means, whatever the layers are called now.
+    OdDbObjectId layerOfFile(QByteArrayView name) const;
+    /// Records of the file that name layers in extended data.
+    std::vector<quint32> layerNameUsers() const;
+    /// A layer that was made because the file uses it and its table lacks it: as it was then; an
+    /// empty state for any other.
+    LayerState missingLayer(quint32 slot) const;
+    QString missingName(quint32 slot) const { return m_missingLayers.value(slot); }
+    void addMissingLayer(quint32 slot, const QString& name) { m_missingLayers.insert(slot, name); }
+    /// The handle of a record that is made when the drawing is written: the same at every save.
+    /// `purpose` tells records that hang on one object apart.
+    quint64 handleOfMade(quint32 slot, const QString& purpose) const;
 
 private:
     OdDbObjectId id(quint64 handle) const;
@@ -47,8 +79,14 @@ private:
     LinetypeState readLinetype(quint32 slot) const;
     LayoutState readLayout(quint32 slot) const;
     void readLayerExtras(quint32 dictionarySlot, LayerState& layer) const;
+    /// The group's value in the form that GroupList keeps.
+    void appendCanonical(const DxfCursor& group, GroupList& groups) const;
 
     std::shared_ptr<const FileImage> m_image;
     OdDbDatabase& m_database;
     DxfText m_text;
+    DxfVersion m_version;
+    QHash<quint32, QString> m_missingLayers;
+    mutable QHash<QByteArray, quint32> m_layersOfFile; ///< slot by folded name; made on demand
+    mutable QHash<std::pair<quint32, QString>, quint64> m_madeHandles;
 };

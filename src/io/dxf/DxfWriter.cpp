@@ -1,10 +1,18 @@
 #include "io/dxf/DxfWriter.h"
 
-#include "database/HeaderVariables.h"
+#include "database/NameIndex.h"
 #include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
+#include "database/OdDbDictionaryVar.h"
+#include "database/OdDbEntity.h"
+#include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
+#include "io/dxf/DictionaryGroups.h"
 #include "io/dxf/DxfObjectSource.h"
+#include "io/dxf/LayerExtras.h"
+#include "io/dxf/LayerGroups.h"
+#include "io/dxf/RecordPatcher.h"
+#include "io/dxf/ViewportGroups.h"
 
 #include <QCoreApplication>
 
@@ -17,100 +25,300 @@ QString tr(const char* text)
     return QCoreApplication::translate("DxfWriter", text);
 }
 
+constexpr int kLayerName = 8;
+constexpr int kExtensionEntry = 360;
+
 } // namespace
 
 DxfWriter::DxfWriter(const DxfObjectSource& source, const OdDbDatabase& database)
     : m_source(source)
     , m_database(database)
+    , m_store(database.store())
+    , m_newRecords(source)
 { }
 
 DrawingPieces DxfWriter::run()
 {
-    const ObjectStore& store = m_database.store();
-    for (const quint32 slot : store.touched()) {
-        refuseUnsavable(slot);
-        if (store.type(slot) == RecordType::Layer && slot < store.fileRecords())
-            patchLayer(slot);
-    }
+    collectLayers();
+    cleanReferences();
+    for (const quint32 slot : m_store.touched())
+        editTouched(slot);
+    renameReferences();
+    for (const auto& [slot, edit] : m_dictionaryEdits)
+        editDictionary(slot, edit);
     patchHeader();
-    std::stable_sort(m_patches.begin(), m_patches.end(),
-                     [](const auto& a, const auto& b) { return a.begin < b.begin; });
-
-    DrawingPieces pieces;
-    quint64 copied = 0;
-    for (LayerGroups::Patch& patch : m_patches) {
-        if (patch.begin > copied)
-            pieces.parts.push_back(m_source.image().view(copied, patch.begin));
-        if (!patch.bytes.isEmpty()) {
-            pieces.owned.push_back(std::move(patch.bytes));
-            pieces.parts.push_back(pieces.owned.back());
-        }
-        copied = patch.end;
-    }
-    pieces.parts.push_back(m_source.image().view(copied, m_source.image().size()));
-    m_report.recordsIdentical = store.fileRecords() - m_report.recordsChanged;
-    pieces.report = m_report;
+    placeNewRecords();
+    DrawingPieces pieces = m_patches.assemble(m_source.image());
+    report(pieces);
     return pieces;
 }
 
-void DxfWriter::refuseUnsavable(quint32 slot) const
+bool DxfWriter::isInFile(quint32 slot) const
 {
-    const ObjectStore& store = m_database.store();
-    const bool inFile = slot < store.fileRecords();
-    const bool erased = store.has(slot, ObjectStore::kErased);
-    if (inFile == erased)
-        throw OdError(OdResult::NotImplementedYet,
-                      erased ? tr("Erased objects cannot be saved yet (%1).")
-                                   .arg(QString::fromLatin1(store.typeName(slot)))
-                             : tr("The drawing lacks a record for \"%1\" that was changed; it "
-                                  "cannot be saved yet.")
-                                   .arg(QString::fromLatin1(store.typeName(slot))));
+    return slot < m_store.fileRecords();
 }
 
-void DxfWriter::patchLayer(quint32 slot)
+bool DxfWriter::isLive(quint32 slot) const
 {
-    const auto* layer = static_cast<const OdDbLayerTableRecord*>(m_database.store().object(slot));
+    constexpr int kDeepest = 1000;
+    for (int depth = 0; slot != ObjectStore::kNone && depth < kDeepest; ++depth) {
+        if (m_store.has(slot, ObjectStore::kErased))
+            return false;
+        slot = m_store.owner(slot);
+    }
+    return true;
+}
+
+quint64 DxfWriter::used(quint64 handle)
+{
+    if (m_store.isNewHandle(handle))
+        m_highestNew = std::max(m_highestNew, handle);
+    return handle;
+}
+
+void DxfWriter::editTouched(quint32 slot)
+{
+    if (!isInFile(slot)) {
+        if (isLive(slot))
+            addRecord(slot);
+        return;
+    }
+    if (m_store.has(slot, ObjectStore::kErased))
+        return removeRecord(slot);
+    if (m_store.has(slot, ObjectStore::kEntity))
+        editEntity(slot);
+    switch (m_store.type(slot)) {
+    case RecordType::Layer:
+        editLayer(slot);
+        break;
+    case RecordType::Viewport:
+        editViewport(slot);
+        break;
+    case RecordType::Dictionary:
+        m_dictionaryEdits.try_emplace(slot);
+        break;
+    case RecordType::Xrecord:
+        editXrecord(slot);
+        break;
+    case RecordType::DictionaryVar:
+        editDictionaryVar(slot);
+        break;
+    default:
+        break;
+    }
+    const quint32 file = m_source.extensionDictionary(slot);
+    const quint64 was = file == ObjectStore::kNone ? 0 : m_store.handle(file);
+    const quint64 now = extensionOf(slot);
+    if (now != was && !m_madeDictionaries.contains(slot))
+        editExtension(slot, now);
+}
+
+quint64 DxfWriter::extensionOf(quint32 slot) const
+{
+    const OdDbObjectId dictionary = m_database.extensionDictionary(m_database.idOfSlot(slot));
+    return dictionary.isNull() || dictionary.isErased() ? 0 : dictionary.getHandle().value();
+}
+
+void DxfWriter::editLayer(quint32 slot)
+{
+    const auto layer = m_database.idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>();
     const LayerState before = m_source.readLayer(slot);
     if (before == layer->state())
         return;
     const std::size_t patches = m_patches.size();
-    DxfCursor record = m_source.cursor(slot);
-    LayerGroups::patch(record, before, layer->state(), m_source.text(), m_patches);
+    RecordPatcher record(m_source, slot, m_patches);
+    LayerGroups::patch(record, m_source, before, layer->state(), m_notKept);
+    requireApplications(LayerGroups::applications(before, layer->state()));
+    editExtras(slot, before, layer->state());
     if (m_patches.size() > patches)
-        ++m_report.recordsChanged;
+        m_changed.push_back(slot);
 }
 
-void DxfWriter::patchHeader()
+void DxfWriter::editExtras(quint32 slot, const LayerState& before, const LayerState& after)
 {
-    const HeaderVariables& header = m_database.header();
-    for (const HeaderVariables::Variable& variable : header.all()) {
-        if (variable.value != variable.loadedValue && header.contains(variable.name))
-            patchVariable(variable.name, m_source.text().encode(variable.value));
+    const OdDbObjectId layer = m_database.idOfSlot(slot);
+    const std::vector<LayerExtras::Change> changes =
+        LayerExtras::changes(m_source, layer, before, after);
+    if (changes.empty() || !canHoldObjects())
+        return;
+    const OdDbObjectId present = m_database.extensionDictionary(layer);
+    const bool hasDictionary = !present.isNull() && isLive(present.slot());
+    const quint64 dictionary = hasDictionary
+        ? present.getHandle().value()
+        : used(m_source.handleOfMade(slot, QStringLiteral("dictionary")));
+    for (const LayerExtras::Change& change : changes) {
+        if (change.slot != ObjectStore::kNone && !change.after.isEmpty()) {
+            m_cleaned[change.slot] = {change.after, m_source.readXrecord(change.slot).xData};
+            editXrecord(change.slot);
+        } else if (change.slot != ObjectStore::kNone) {
+            removeRecord(change.slot);
+            m_dictionaryEdits[present.slot()].removed.insert(change.key.toCaseFolded());
+        } else if (!change.after.isEmpty()) {
+            const quint64 handle = used(m_source.handleOfMade(slot, change.key));
+            addMade(m_newRecords.xrecord({handle, dictionary, 0, true}, {change.after, {}}),
+                    handle);
+            if (hasDictionary)
+                m_dictionaryEdits[present.slot()].added.push_back({change.key, handle});
+            else
+                m_madeDictionaries[slot].push_back({change.key, handle});
+        }
     }
-    const CurrentSettings& loaded = m_database.loadedCurrent();
-    const CurrentSettings& current = m_database.current();
-    if (current.layer != loaded.layer) {
-        const auto layer = m_database.getCLAYER().safeOpenObject<OdDbLayerTableRecord>();
-        patchVariable(QStringLiteral("$CLAYER"), m_source.text().encode(layer->getName()));
-    }
-    if (current.modelSpace != loaded.modelSpace)
-        patchVariable(QStringLiteral("$TILEMODE"), current.modelSpace ? "1" : "0");
+    const auto made = m_madeDictionaries.find(slot);
+    if (made == m_madeDictionaries.end())
+        return;
+    const quint64 owner = m_store.handle(slot);
+    addMade(m_newRecords.dictionary({dictionary, owner, 0, false}, true, made->second, {}),
+            dictionary);
+    if (isInFile(slot))
+        editExtension(slot, dictionary);
 }
 
-void DxfWriter::patchVariable(const QString& name, const QByteArray& value)
+void DxfWriter::editViewport(quint32 slot)
 {
-    const auto& all = m_database.header().all();
-    const auto it =
-        std::find_if(all.begin(), all.end(), [&](const auto& v) { return v.name == name; });
-    if (it == all.end() || it->valueEnd == 0)
-        throw OdError(OdResult::NotImplementedYet,
-                      tr("The drawing has no header variable %1 to keep the change in; it cannot "
-                         "be saved yet.")
-                          .arg(name));
-    const QByteArrayView old = m_source.image().view(it->valueBegin, it->valueEnd);
-    m_patches.push_back({it->valueBegin, it->valueEnd,
-                         old.startsWith(' ') ? value.rightJustified(old.size()) : value});
-    ++m_report.recordsChanged;
+    const auto viewport = m_database.idOfSlot(slot).safeOpenObject<OdDbViewport>();
+    OdDbObjectIdArray after = viewport->frozenLayers();
+    std::erase_if(after, [](OdDbObjectId layer) { return layer.isErased(); });
+    const OdDbObjectIdArray before = m_source.readViewport(slot).frozenLayers;
+    if (before == after)
+        return;
+    RecordPatcher record(m_source, slot, m_patches);
+    if (ViewportGroups::patch(record, m_source, before, after))
+        m_changed.push_back(slot);
+    else
+        m_notKept.append(
+            tr("The drawing's version cannot hold the layers frozen in viewport %1.")
+                .arg(QString::fromLatin1(NewRecords::handleText(m_store.handle(slot)))));
+    for (const OdDbObjectId layer : after)
+        used(layer.getHandle().value());
+}
+
+void DxfWriter::editXrecord(quint32 slot)
+{
+    const XrecordState before = m_source.readXrecord(slot);
+    const auto cleanedState = m_cleaned.find(slot);
+    const auto object = m_database.idOfSlot(slot).safeOpenObject<OdDbXrecord>();
+    const XrecordState& after =
+        cleanedState == m_cleaned.end() ? object->state() : cleanedState->second;
+    if (before == after)
+        return;
+    RecordPatcher record(m_source, slot, m_patches);
+    const auto& spans = record.spans();
+    const auto mark =
+        std::find_if(spans.begin(), spans.end(), [](const auto& span) { return span.code == 100; });
+    std::size_t first = static_cast<std::size_t>(mark - spans.begin());
+    if (mark != spans.end())
+        ++first;
+    if (first < spans.size() && spans[first].code == 280) // the cloning flag
+        ++first;
+    if (!(before.groups == after.groups))
+        record.replaceGroups(first, before.groups, after.groups);
+    if (!(before.xData == after.xData))
+        record.replaceGroups(first + static_cast<std::size_t>(before.groups.size()), before.xData,
+                             after.xData);
+    m_changed.push_back(slot);
+}
+
+void DxfWriter::editDictionaryVar(quint32 slot)
+{
+    const auto variable = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionaryVar>();
+    if (m_source.readDictionaryVar(slot) == variable->state())
+        return;
+    RecordPatcher record(m_source, slot, m_patches);
+    const QByteArray value = m_source.text().encode(variable->value());
+    record.want(1, &value, {280, 1});
+    m_changed.push_back(slot);
+}
+
+void DxfWriter::editEntity(quint32 slot)
+{
+    const auto layer = m_database.idOfSlot(m_store.layer(slot)).openObject<OdDbLayerTableRecord>();
+    if (!layer)
+        return;
+    RecordPatcher record(m_source, slot, m_patches);
+    const RecordPatcher::Span* span = record.find(kLayerName);
+    const QString old = span ? m_source.text().decode(record.bytes(*span)) : QStringLiteral("0");
+    const auto isNamed = [&](const QString& name) {
+        return NameIndex::fold(name) == NameIndex::fold(old);
+    };
+    // One whose layer was renamed is looked at with all the others.
+    const OdDbObjectId id = layer->objectId();
+    if (isNamed(isInFile(id.slot()) ? m_source.readLayer(id.slot()).name : layer->getName()))
+        return;
+    const QByteArray name = m_source.encodedName(layer->getName());
+    record.want(kLayerName, &name, {});
+    m_moved.insert(slot);
+    m_changed.push_back(slot);
+}
+
+void DxfWriter::editExtension(quint32 slot, quint64 handle)
+{
+    RecordPatcher record(m_source, slot, m_patches);
+    const auto& spans = record.spans();
+    const auto isStart = [&](const RecordPatcher::Span& span) {
+        return span.code == 102 && record.bytes(span).trimmed() == "{ACAD_XDICTIONARY";
+    };
+    const auto start = std::find_if(spans.begin(), spans.end(), isStart);
+    m_changed.push_back(slot);
+    if (start != spans.end()) {
+        const auto entry = std::find_if(start, spans.end(), [](const auto& span) {
+            return span.code == kExtensionEntry || span.code == 350;
+        });
+        const auto close =
+            std::find_if(start + 1, spans.end(), [](const auto& span) { return span.code == 102; });
+        if (handle != 0 && entry != spans.end())
+            record.setValue(*entry, NewRecords::handleText(used(handle)));
+        else if (close != spans.end())
+            m_patches.remove(start->begin, close->end);
+        return;
+    }
+    if (handle == 0)
+        return;
+    quint64 at = record.begin();
+    for (const RecordPatcher::Span& span : spans) {
+        if (span.own && (span.code == 5 || span.code == 105 || span.code == 2)) {
+            // In a TABLE record the name stands before the handle.
+            if (span.code != 2 || m_store.type(slot) == RecordType::Table)
+                at = span.end;
+        } else {
+            break;
+        }
+    }
+    QByteArray groups;
+    m_newRecords.appendExtension(groups, used(handle));
+    record.insert(at, groups);
+}
+
+void DxfWriter::removeRecord(quint32 slot)
+{
+    if (!m_removed.insert(slot).second)
+        return;
+    m_patches.remove(m_store.begin(slot), m_store.end(slot));
+    if (m_store.type(slot) == RecordType::Layer)
+        --m_countChanges[OdDbTableKind::Layer];
+    const quint32 extension = m_source.extensionDictionary(slot);
+    if (extension != ObjectStore::kNone)
+        removeOwned(extension);
+}
+
+void DxfWriter::removeOwned(quint32 slot)
+{
+    std::vector<quint32> waiting = {slot};
+    while (!waiting.empty()) {
+        const quint32 at = waiting.back();
+        waiting.pop_back();
+        if (!m_removed.insert(at).second)
+            continue;
+        m_patches.remove(m_store.begin(at), m_store.end(at));
+        const quint32 extension = m_source.extensionDictionary(at);
+        if (extension != ObjectStore::kNone)
+            waiting.push_back(extension);
+        if (m_store.type(at) != RecordType::Dictionary)
+            continue;
+        for (const DictionaryEntry& entry : m_source.readDictionary(at).entries) {
+            if (!entry.value.isNull() && m_store.owner(entry.value.slot()) == at)
+                waiting.push_back(entry.value.slot());
+        }
+    }
 }
 
 DrawingPieces DxfObjectSource::write(const OdDbDatabase& database) const

@@ -1,15 +1,13 @@
 #pragma once
 
-#include "database/GroupList.h"
 #include "database/OdDbLayerTableRecord.h"
 
 #include <QByteArray>
+#include <QStringList>
 
-#include <vector>
-
-class DxfCursor;
-class DxfText;
+class DxfObjectSource;
 class GroupCursor;
+class RecordPatcher;
 
 /// LAYER records as groups: which attribute of a layer stands under which group code.
 namespace LayerGroups {
@@ -25,29 +23,29 @@ public:
     void take(const GroupCursor& group);
 
 private:
+    enum class Application { Other, Description, Transparency };
     void takeExtendedData(const GroupCursor& group);
 
     const OdDbDatabase& m_database;
     LayerState& m_layer;
-    QByteArray m_application; ///< whose extended data follows, upper case
+    Application m_application = Application::Other; ///< whose extended data follows
     int m_strings = 0;
 };
 
-/// Takes one record of a layer's extension dictionary: viewport overrides, the reconciled flag.
-void readExtra(const OdDbDatabase& database, const QString& key, const GroupList& groups,
-               LayerState& layer);
+/// Applications in whose extended data a layer's description and transparency stand.
+inline constexpr const char* kDescriptionApplication = "AcAecLayerStandard";
+inline constexpr const char* kTransparencyApplication = "AcCmTransparency";
 
-/// One replaced byte range of the file image.
-struct Patch
-{
-    quint64 begin = 0;
-    quint64 end = 0;
-    QByteArray bytes;
-};
+/// Turns the record of the file from `before` into `after`, as far as the record itself holds it
+/// (overrides and the reconciled flag stand in other records). What the drawing's version cannot
+/// hold is added to `notKept` in words.
+void patch(RecordPatcher& record, const DxfObjectSource& source, const LayerState& before,
+           const LayerState& after, QStringList& notKept);
 
-/// Appends the patches that turn the record in the image from `before` into `after`. Raises OdError
-/// with NotImplementedYet for a difference that has no form in this file.
-void patch(DxfCursor& record, const LayerState& before, const LayerState& after,
-           const DxfText& text, std::vector<Patch>& patches);
+/// The groups of a new record behind its subclass marks, as the file spells them.
+QByteArray spelled(const DxfObjectSource& source, const LayerState& layer, QStringList& notKept);
+
+/// Applications whose extended data comes or changes between the states.
+QList<QByteArray> applications(const LayerState& before, const LayerState& after);
 
 } // namespace LayerGroups

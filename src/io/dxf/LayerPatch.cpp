@@ -1,8 +1,10 @@
 #include "base/NumberText.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLinetypeTableRecord.h"
-#include "io/dxf/DxfCursor.h"
+#include "io/dxf/DxfObjectSource.h"
+#include "io/dxf/DxfVersion.h"
 #include "io/dxf/LayerGroups.h"
+#include "io/dxf/RecordPatcher.h"
 
 #include <QCoreApplication>
 
@@ -12,75 +14,112 @@
 namespace {
 
 /// Order in which other CAD programs write the groups of a layer.
-constexpr int kOrder[] = {2, 70, 62, 420, 430, 6, 290, 370, 390, 347, 348};
-
-struct Span
+const std::vector<int>& groupOrder()
 {
-    int code;
-    quint64 begin;
-    quint64 valueBegin;
-    quint64 valueEnd;
-    quint64 end;
-    QByteArray value;
-};
+    static const std::vector<int> order = {2, 70, 62, 420, 430, 6, 290, 370, 390, 347, 348};
+    return order;
+}
 
-/// A group to be there with that value, or not at all.
+enum LayerFlag : int { kFrozen = 1, kFrozenInNewViewports = 2, kLocked = 4, kDependent = 16 };
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("LayerPatch", text);
+}
+
+/// A group to be there with that value (encoded for the file), or not at all.
 struct Wanted
 {
     int code;
     std::optional<QByteArray> value;
-    int width = 0; ///< columns of a padded number; 0 for text
+};
+using Wish = std::vector<Wanted>;
+
+/// One property: which groups it becomes and since which version there are such.
+struct Property
+{
+    const char* name; ///< in sentences, with its article
+    DxfVersion since;
+    bool (*differs)(const LayerState&, const LayerState&);
+    void (*want)(const DxfObjectSource&, const LayerState& layer, Wish&);
 };
 
-std::size_t rankOf(int code)
+QByteArray flagsOf(const LayerState& layer, qint64 old)
 {
-    return static_cast<std::size_t>(std::find(std::begin(kOrder), std::end(kOrder), code)
-                                    - std::begin(kOrder));
+    const auto put = [&](int bit, bool on) { old = on ? old | bit : old & ~qint64(bit); };
+    put(kFrozen, layer.frozen);
+    put(kFrozenInNewViewports, layer.frozenInNewViewports);
+    put(kLocked, layer.locked);
+    return QByteArray::number(old);
 }
 
-/// The record's own groups, without those of applications and extended data.
-std::vector<Span> spansOf(DxfCursor& record)
+QByteArray colourOf(const LayerState& layer, int index)
 {
-    std::vector<Span> spans;
-    bool inGroup = false;
-    while (record.next() && record.code() < 1000) {
-        if (record.code() == 102)
-            inGroup = record.bytes().trimmed().startsWith('{');
-        else if (!inGroup)
-            spans.push_back({record.code(), record.groupBegin(), record.valueBegin(),
-                             record.valueEnd(), record.groupEnd(), record.bytes().toByteArray()});
-    }
-    return spans;
+    return QByteArray::number(layer.off ? -index : index);
 }
 
-void requireSame(bool same, const QString& what, const QString& layer)
+QByteArray handleOf(OdDbObjectId id)
 {
-    if (!same)
-        throw OdError(
-            OdResult::NotImplementedYet,
-            QCoreApplication::translate("LayerPatch", "The %1 of layer \"%2\" cannot be saved yet.")
-                .arg(what, layer));
+    return id.getHandle().ascii().toLatin1();
 }
 
-QByteArray flagsText(const QByteArray& old, const LayerState& after)
+void wantTrueColour(const DxfObjectSource& source, const LayerState& layer, Wish& wish)
 {
-    auto flags = NumberText::integer(old).value_or(0);
-    const auto put = [&](int bit, bool on) { flags = on ? flags | bit : flags & ~qint64(bit); };
-    put(1, after.frozen);
-    put(2, after.frozenInNewViewports);
-    put(4, after.locked);
-    return QByteArray::number(flags);
+    const bool isTrue = layer.color.colorMethod() == OdCmColor::kByColor;
+    wish.push_back({420,
+                    isTrue ? std::optional(QByteArray::number(layer.color.color() & 0xFFFFFFu))
+                           : std::nullopt});
+    wish.push_back({430,
+                    layer.color.bookName().isEmpty()
+                        ? std::nullopt
+                        : std::optional(source.text().encode(layer.color.bookName()))});
 }
 
-QByteArray valueOf(const std::vector<Span>& spans, int code)
+bool isTrueOrBook(const OdCmColor& colour)
 {
-    const auto it =
-        std::find_if(spans.begin(), spans.end(), [&](const Span& s) { return s.code == code; });
-    return it == spans.end() ? QByteArray() : it->value;
+    return colour.colorMethod() == OdCmColor::kByColor || !colour.bookName().isEmpty();
 }
 
-void wantColour(const LayerState& before, const LayerState& after, const std::vector<Span>& spans,
-                std::vector<Wanted>& wanted)
+constexpr Property kProperties[] = {
+    {QT_TRANSLATE_NOOP("LayerPatch", "the true color"), DxfVersion::V2004,
+     [](const LayerState& a, const LayerState& b) {
+         return a.color != b.color && (isTrueOrBook(a.color) || isTrueOrBook(b.color));
+     },
+     wantTrueColour},
+    {QT_TRANSLATE_NOOP("LayerPatch", "the linetype"), DxfVersion::R12,
+     [](const LayerState& a, const LayerState& b) { return a.linetype != b.linetype; },
+     [](const DxfObjectSource& source, const LayerState& layer, Wish& wish) {
+         const auto linetype = layer.linetype.openObject<OdDbLinetypeTableRecord>();
+         wish.push_back(
+             {6, linetype ? source.text().encode(linetype->getName()) : QByteArray("CONTINUOUS")});
+     }},
+    {QT_TRANSLATE_NOOP("LayerPatch", "the plot switch"), DxfVersion::V2000,
+     [](const LayerState& a, const LayerState& b) { return a.plottable != b.plottable; },
+     [](const DxfObjectSource&, const LayerState& layer, Wish& wish) {
+         wish.push_back({290, QByteArray(layer.plottable ? "1" : "0")});
+     }},
+    {QT_TRANSLATE_NOOP("LayerPatch", "the lineweight"), DxfVersion::V2000,
+     [](const LayerState& a, const LayerState& b) { return a.lineWeight != b.lineWeight; },
+     [](const DxfObjectSource&, const LayerState& layer, Wish& wish) {
+         wish.push_back({370, QByteArray::number(layer.lineWeight)});
+     }},
+    {QT_TRANSLATE_NOOP("LayerPatch", "the plot style"), DxfVersion::V2000,
+     [](const LayerState& a, const LayerState& b) { return a.plotStyle != b.plotStyle; },
+     [](const DxfObjectSource&, const LayerState& layer, Wish& wish) {
+         wish.push_back(
+             {390,
+              layer.plotStyle.isNull() ? std::nullopt : std::optional(handleOf(layer.plotStyle))});
+     }},
+};
+
+void tellNotKept(const Property& property, const LayerState& layer, QStringList& notKept)
+{
+    notKept.append(tr("The drawing's version cannot hold %1 of layer \"%2\".")
+                       .arg(tr(property.name), layer.name));
+}
+
+void wantColour(const LayerState& before, const LayerState& after, const QByteArrayView old,
+                Wish& wish)
 {
     const bool recoloured = before.color != after.color;
     if (!recoloured && before.off == after.off)
@@ -88,110 +127,149 @@ void wantColour(const LayerState& before, const LayerState& after, const std::ve
     // An unchanged colour keeps the index as written, which need not be the nearest one.
     qint64 index = after.color.colorIndex();
     if (!recoloured)
-        index = std::abs(NumberText::integer(valueOf(spans, 62)).value_or(index));
-    wanted.push_back({62, QByteArray::number(after.off ? -index : index), 6});
-    if (!recoloured)
-        return;
-    const bool isTrue = after.color.colorMethod() == OdCmColor::kByColor;
-    wanted.push_back(
-        {420,
-         isTrue ? std::optional(QByteArray::number(after.color.color() & 0xFFFFFFu)) : std::nullopt,
-         9});
-    if (before.color.bookName() != after.color.bookName())
-        wanted.push_back({430,
-                          after.color.bookName().isEmpty()
-                              ? std::nullopt
-                              : std::optional(after.color.bookName().toUtf8())});
+        index = std::abs(NumberText::integer(old).value_or(index));
+    wish.push_back({62, colourOf(after, static_cast<int>(index))});
 }
 
-std::vector<Wanted> differences(const LayerState& before, const LayerState& after,
-                                const std::vector<Span>& spans, const DxfText& text)
+Wish differences(const RecordPatcher& record, const DxfObjectSource& source,
+                 const LayerState& before, const LayerState& after, QStringList& notKept)
 {
-    std::vector<Wanted> wanted;
+    const auto old = [&](int code) {
+        const RecordPatcher::Span* span = record.find(code);
+        return span ? record.bytes(*span) : QByteArrayView();
+    };
+    Wish wish;
+    if (before.name != after.name)
+        wish.push_back({2, source.encodedName(after.name)});
     if (before.frozen != after.frozen || before.locked != after.locked
         || before.frozenInNewViewports != after.frozenInNewViewports)
-        wanted.push_back({70, flagsText(valueOf(spans, 70), after), 6});
-    wantColour(before, after, spans, wanted);
-    if (before.linetype != after.linetype) {
-        const auto linetype = after.linetype.safeOpenObject<OdDbLinetypeTableRecord>();
-        wanted.push_back({6, text.encode(linetype->getName())});
+        wish.push_back({70, flagsOf(after, NumberText::integer(old(70)).value_or(0))});
+    wantColour(before, after, old(62), wish);
+    for (const Property& property : kProperties) {
+        if (!property.differs(before, after))
+            continue;
+        if (source.version() >= property.since)
+            property.want(source, after, wish);
+        else
+            tellNotKept(property, after, notKept);
     }
-    if (before.plottable != after.plottable)
-        wanted.push_back({290, QByteArray(after.plottable ? "1" : "0"), 6});
-    if (before.lineWeight != after.lineWeight)
-        wanted.push_back({370, QByteArray::number(after.lineWeight), 6});
-    return wanted;
+    return wish;
 }
 
-/// How the record spells groups: width of codes, padding of numbers, line ends.
-struct Spelling
-{
-    qsizetype codeWidth = 3;
-    bool padsNumbers = true;
-    QByteArray lineEnd = "\n";
+// Extended data
 
-    explicit Spelling(const std::vector<Span>& spans, const FileImage& image)
-    {
-        const auto sample = std::find_if(
-            spans.begin(), spans.end(), [](const Span& s) { return s.code == 62 || s.code == 70; });
-        if (sample == spans.end())
-            return;
-        const QByteArrayView code = image.view(sample->begin, sample->valueBegin);
-        lineEnd = code.endsWith("\r\n") ? "\r\n" : "\n";
-        codeWidth = code.size() - lineEnd.size();
-        padsNumbers = sample->value.startsWith(' ');
-    }
-    QByteArray group(const Wanted& wanted) const
-    {
-        const QByteArray value =
-            padsNumbers ? wanted.value->rightJustified(wanted.width) : *wanted.value;
-        return QByteArray::number(wanted.code).rightJustified(codeWidth) + lineEnd + value
-            + lineEnd;
-    }
+struct Application
+{
+    const char* name;
+    bool (*differs)(const LayerState&, const LayerState&);
+    bool (*isNeeded)(const LayerState&);
+    int valueCode;
+    int valueNumber; ///< the first, second, ... group of that code holds the value
+    QByteArray (*value)(const DxfObjectSource&, const LayerState&);
 };
 
-LayerGroups::Patch patchFor(const Wanted& wanted, const std::vector<Span>& spans,
-                            const Spelling& spelling)
+constexpr Application kApplications[] = {
+    {LayerGroups::kDescriptionApplication,
+     [](const LayerState& a, const LayerState& b) { return a.description != b.description; },
+     [](const LayerState& layer) { return !layer.description.isEmpty(); }, 1000, 2,
+     [](const DxfObjectSource& source, const LayerState& layer) {
+         return source.text().encode(layer.description);
+     }},
+    {LayerGroups::kTransparencyApplication,
+     [](const LayerState& a, const LayerState& b) { return a.transparency != b.transparency; },
+     [](const LayerState& layer) { return layer.transparency != 0; }, 1071, 1,
+     [](const DxfObjectSource&, const LayerState& layer) {
+         return QByteArray::number(layer.transparency);
+     }},
+};
+
+void appendApplication(const Application& application, const DxfObjectSource& source,
+                       const LayerState& layer, const GroupSpelling& spelling, QByteArray& out)
 {
-    const auto there = std::find_if(spans.begin(), spans.end(),
-                                    [&](const Span& s) { return s.code == wanted.code; });
-    if (there != spans.end() && wanted.value) {
-        const bool padded = there->value.startsWith(' ');
-        return {there->valueBegin, there->valueEnd,
-                padded ? wanted.value->rightJustified(there->value.size()) : *wanted.value};
+    spelling.append(out, 1001, application.name);
+    for (int i = 1; i < application.valueNumber; ++i)
+        spelling.append(out, application.valueCode, "");
+    spelling.append(out, application.valueCode, application.value(source, layer));
+}
+
+void patchApplication(RecordPatcher& record, const Application& application,
+                      const DxfObjectSource& source, const LayerState& after)
+{
+    bool inside = false;
+    bool found = false;
+    int values = 0;
+    quint64 end = 0;
+    for (const RecordPatcher::Span& span : record.spans()) {
+        if (span.code == 1001) {
+            inside = !found
+                && record.bytes(span).trimmed().compare(application.name, Qt::CaseInsensitive) == 0;
+            found = found || inside;
+        }
+        if (!inside)
+            continue;
+        end = span.end;
+        if (span.code == application.valueCode && ++values == application.valueNumber)
+            return record.setValue(span, application.value(source, after));
     }
-    if (there != spans.end())
-        return {there->begin, there->end, {}};
-    if (!wanted.value || spans.empty())
-        return {};
-    const Span* before = &spans.front();
-    for (const Span& span : spans) {
-        if (rankOf(span.code) < rankOf(wanted.code) || span.code == 100)
-            before = &span;
-    }
-    return {before->end, before->end, spelling.group(wanted)};
+    QByteArray groups;
+    if (!found)
+        appendApplication(application, source, after, record.spelling(), groups);
+    for (; found && values < application.valueNumber; ++values)
+        record.spelling().append(groups, application.valueCode,
+                                 values + 1 == application.valueNumber
+                                     ? application.value(source, after)
+                                     : QByteArray());
+    record.insert(found ? end : record.end(), groups);
 }
 
 } // namespace
 
-void LayerGroups::patch(DxfCursor& record, const LayerState& before, const LayerState& after,
-                        const DxfText& text, std::vector<Patch>& patches)
+void LayerGroups::patch(RecordPatcher& record, const DxfObjectSource& source,
+                        const LayerState& before, const LayerState& after, QStringList& notKept)
 {
-    requireSame(before.name == after.name, QStringLiteral("name"), before.name);
-    requireSame(before.description == after.description, QStringLiteral("description"),
-                before.name);
-    requireSame(before.transparency == after.transparency, QStringLiteral("transparency"),
-                before.name);
-    requireSame(before.plotStyle == after.plotStyle, QStringLiteral("plot style"), before.name);
-    requireSame(before.reconciled == after.reconciled, QStringLiteral("reconciled flag"),
-                before.name);
-    requireSame(before.overrides == after.overrides, QStringLiteral("viewport overrides"),
-                before.name);
-    const std::vector<Span> spans = spansOf(record);
-    const Spelling spelling(spans, record.image());
-    for (const Wanted& wanted : differences(before, after, spans, text)) {
-        Patch made = patchFor(wanted, spans, spelling);
-        if (made.end > made.begin || !made.bytes.isEmpty())
-            patches.push_back(std::move(made));
+    for (const Wanted& wanted : differences(record, source, before, after, notKept))
+        record.want(wanted.code, wanted.value ? &*wanted.value : nullptr, groupOrder());
+    for (const Application& application : kApplications) {
+        if (application.differs(before, after))
+            patchApplication(record, application, source, after);
     }
+}
+
+QByteArray LayerGroups::spelled(const DxfObjectSource& source, const LayerState& layer,
+                                QStringList& notKept)
+{
+    const GroupSpelling spelling = source.spelling();
+    Wish wish = {{2, source.encodedName(layer.name)},
+                 {70, flagsOf(layer, 0)},
+                 {62, colourOf(layer, layer.color.colorIndex())}};
+    const LayerState plain;
+    for (const Property& property : kProperties) {
+        if (source.version() >= property.since)
+            property.want(source, layer, wish);
+        else if (property.differs(plain, layer))
+            tellNotKept(property, layer, notKept);
+    }
+    for (const auto& [code, value] : source.layerZeroExtras())
+        wish.push_back({code, value});
+    QByteArray groups;
+    for (const Wanted& wanted : wish) {
+        const bool isDefault = wanted.code == 290 && layer.plottable;
+        if (wanted.value && !isDefault)
+            spelling.append(groups, wanted.code, *wanted.value);
+    }
+    for (const Application& application : kApplications) {
+        if (application.isNeeded(layer))
+            appendApplication(application, source, layer, spelling, groups);
+    }
+    return groups;
+}
+
+QList<QByteArray> LayerGroups::applications(const LayerState& before, const LayerState& after)
+{
+    QList<QByteArray> names;
+    for (const Application& application : kApplications) {
+        if (application.differs(before, after) && application.isNeeded(after))
+            names.append(application.name);
+    }
+    return names;
 }

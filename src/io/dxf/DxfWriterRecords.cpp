@@ -1,0 +1,353 @@
+#include "base/NumberText.h"
+#include "database/HeaderVariables.h"
+#include "database/ObjectStore.h"
+#include "database/OdDbDatabase.h"
+#include "database/OdDbDictionaryVar.h"
+#include "database/OdDbLayerTable.h"
+#include "database/OdDbLayerTableRecord.h"
+#include "database/OdDbLinetypeTableRecord.h"
+#include "io/dxf/DictionaryGroups.h"
+#include "io/dxf/DxfObjectSource.h"
+#include "io/dxf/DxfStructure.h"
+#include "io/dxf/DxfWriter.h"
+#include "io/dxf/GroupCode.h"
+#include "io/dxf/LayerGroups.h"
+#include "io/dxf/RecordPatcher.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("DxfWriter", text);
+}
+
+} // namespace
+
+bool DxfWriter::canHoldObjects()
+{
+    if (m_source.version() >= DxfVersion::R13)
+        return true;
+    if (!std::exchange(m_toldNoObjects, true))
+        m_notKept.append(
+            tr("The drawing's version cannot hold layer filters, layer states, viewport "
+               "overrides and reviewed layers."));
+    return false;
+}
+
+// New records
+
+NewRecords::Head DxfWriter::headOf(quint32 slot) const
+{
+    NewRecords::Head head;
+    if (m_store.fileHasHandles())
+        head.handle = m_store.handle(slot);
+    const quint32 owner = m_store.owner(slot);
+    if (owner != ObjectStore::kNone) {
+        const bool ownerInFile = !isInFile(owner) || !m_store.isNewHandle(m_store.handle(owner));
+        head.owner = ownerInFile ? m_store.handle(owner) : 0;
+        head.ownerReacts = m_store.type(owner) == RecordType::Dictionary;
+    }
+    head.extensionDictionary = extensionOf(slot);
+    return head;
+}
+
+void DxfWriter::addRecord(quint32 slot)
+{
+    const RecordType type = m_store.type(slot);
+    const OdDbObjectId id = m_database.idOfSlot(slot);
+    NewRecords::Head head = headOf(slot);
+    const auto add = [&](NewRun& run, const QByteArray& bytes) {
+        used(head.handle);
+        run.starts.emplace_back(slot, run.bytes.size());
+        run.bytes += bytes;
+        ++run.count;
+    };
+    if (type == RecordType::Layer) {
+        const auto layer = id.safeOpenObject<OdDbLayerTableRecord>();
+        const LayerState made = m_source.missingLayer(slot);
+        if (layer->state() == made)
+            return;
+        LayerState plain;
+        editExtras(slot, plain, layer->state());
+        if (m_madeDictionaries.contains(slot))
+            head.extensionDictionary = m_source.handleOfMade(slot, QStringLiteral("dictionary"));
+        requireApplications(LayerGroups::applications(plain, layer->state()));
+        add(m_tableRuns[OdDbTableKind::Layer], m_newRecords.layer(head, layer->state(), m_notKept));
+    } else if (type == RecordType::Ltype) {
+        const auto linetype = id.safeOpenObject<OdDbLinetypeTableRecord>();
+        add(m_tableRuns[OdDbTableKind::Linetype], m_newRecords.linetype(head, linetype->state()));
+    } else if (!canHoldObjects()) {
+        return;
+    } else if (type == RecordType::Dictionary) {
+        const auto dictionary = id.safeOpenObject<OdDbDictionary>();
+        std::vector<NewRecords::Entry> entries;
+        for (const DictionaryEntry& entry : dictionary->entries()) {
+            if (!entry.value.isNull() && isLive(entry.value.slot()))
+                entries.push_back({entry.key, entry.value.getHandle().value()});
+        }
+        if (const auto edit = m_dictionaryEdits.find(slot); edit != m_dictionaryEdits.end())
+            entries.insert(entries.end(), edit->second.added.begin(), edit->second.added.end());
+        add(m_objects,
+            m_newRecords.dictionary(head, dictionary->state().treatElementsAsHard, entries,
+                                    dictionary->xData()));
+    } else if (type == RecordType::Xrecord) {
+        const auto cleanedState = m_cleaned.find(slot);
+        add(m_objects,
+            m_newRecords.xrecord(head,
+                                 cleanedState == m_cleaned.end()
+                                     ? id.safeOpenObject<OdDbXrecord>()->state()
+                                     : cleanedState->second));
+    } else if (type == RecordType::DictionaryVar) {
+        m_needsVariableClass = true;
+        add(m_objects,
+            m_newRecords.dictionaryVar(head, id.safeOpenObject<OdDbDictionaryVar>()->state()));
+    }
+}
+
+void DxfWriter::addMade(const QByteArray& record, quint64 handle)
+{
+    used(handle);
+    m_objects.bytes += record;
+    ++m_objects.count;
+}
+
+void DxfWriter::requireApplications(const QList<QByteArray>& names)
+{
+    for (const QByteArray& name : names) {
+        if (!m_database.table(OdDbTableKind::RegApp).has(QString::fromLatin1(name)))
+            m_applications.insert(name);
+    }
+}
+
+// Dictionaries
+
+void DxfWriter::editDictionary(quint32 slot, const DictionaryEdit& edit)
+{
+    if (!isInFile(slot) || !isLive(slot))
+        return;
+    const DictionaryState before = m_source.readDictionary(slot);
+    const auto object = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
+    QHash<QString, quint64> wanted;
+    for (const DictionaryEntry& entry : object->entries()) {
+        const bool gone = !entry.value.isNull() && !isLive(entry.value.slot());
+        const QString key = entry.key.toCaseFolded();
+        if (!gone && !edit.removed.contains(key))
+            wanted.insert(key, entry.value.isNull() ? 0 : entry.value.getHandle().value());
+    }
+    RecordPatcher record(m_source, slot, m_patches);
+    const std::size_t patches = m_patches.size();
+    int valueCode = before.treatElementsAsHard ? 360 : 350;
+    const RecordPatcher::Span* key = nullptr;
+    quint64 at = 0;
+    for (const RecordPatcher::Span& span : record.spans()) {
+        if (!span.own)
+            continue;
+        if (span.code == 3)
+            key = &span;
+        if (!key || !DictionaryGroups::isValue(span.code)) {
+            at = span.end;
+            continue;
+        }
+        const QString name = m_source.text().decode(record.bytes(*key)).toCaseFolded();
+        const auto found = wanted.constFind(name);
+        const quint64 old = NumberText::handle(record.bytes(span)).value_or(0);
+        if (found == wanted.constEnd())
+            m_patches.remove(key->begin, span.end);
+        else if (*found != 0 && *found != old)
+            record.setValue(span, NewRecords::handleText(used(*found)));
+        wanted.remove(name);
+        valueCode = span.code;
+        at = span.end;
+        key = nullptr;
+    }
+    QByteArray groups;
+    for (const DictionaryEntry& entry : object->entries()) {
+        const auto found = wanted.constFind(entry.key.toCaseFolded());
+        if (found != wanted.constEnd() && *found != 0)
+            m_newRecords.appendEntry(groups, {entry.key, used(*found)}, valueCode);
+    }
+    for (const NewRecords::Entry& entry : edit.added)
+        m_newRecords.appendEntry(groups, {entry.key, used(entry.handle)}, valueCode);
+    if (!groups.isEmpty())
+        record.insert(at, groups);
+    if (!(before.xData == object->xData())) {
+        const auto& spans = record.spans();
+        const auto first = std::find_if(spans.begin(), spans.end(),
+                                        [](const auto& span) { return span.code >= 1000; });
+        record.replaceGroups(static_cast<std::size_t>(first - spans.begin()), before.xData,
+                             object->xData());
+    }
+    if (m_patches.size() > patches)
+        m_changed.push_back(slot);
+}
+
+// Places of new records
+
+void DxfWriter::placeNewRecords()
+{
+    for (const QByteArray& name : m_applications) {
+        NewRun& run = m_tableRuns[OdDbTableKind::RegApp];
+        NewRecords::Head head;
+        const OdDbObjectId table = m_database.tableId(OdDbTableKind::RegApp);
+        if (m_store.fileHasHandles()) {
+            head.handle = used(m_source.handleOfMade(table.slot(), QString::fromLatin1(name)));
+            head.owner = table.getHandle().value();
+        }
+        run.bytes += m_newRecords.application(head, name);
+        ++run.count;
+    }
+    constexpr std::pair<OdDbTableKind, const char*> kTables[] = {
+        {OdDbTableKind::Linetype, "LTYPE"},
+        {OdDbTableKind::Layer, "LAYER"},
+        {OdDbTableKind::RegApp, "APPID"},
+    };
+    for (const auto& [kind, name] : kTables) {
+        const auto run = m_tableRuns.find(kind);
+        if (run != m_tableRuns.end() && run->second.count > 0)
+            placeTableRecords(kind, name, run->second);
+        else if (m_countChanges[kind] != 0)
+            patchCount(kind);
+    }
+    placeObjects();
+    placeClasses();
+    patchHandleSeed();
+}
+
+void DxfWriter::placeTableRecords(OdDbTableKind kind, const char* name, NewRun& run)
+{
+    const DxfStructure structure(m_source);
+    const quint32 table = m_database.tableId(kind).slot();
+    if (isInFile(table)) {
+        if (const auto end = structure.tableEnd(table)) {
+            m_patches.insert(*end, run.bytes);
+            m_countChanges[kind] += run.count;
+            return patchCount(kind);
+        }
+    }
+    // The file has no such table.
+    const quint64 handle = m_store.fileHasHandles() ? used(m_store.handle(table)) : 0;
+    const QByteArray whole =
+        m_newRecords.tableStart(name, handle, run.count) + run.bytes + m_newRecords.tableEnd();
+    if (const auto end = structure.sectionEnd("TABLES")) {
+        m_patches.insert(*end, whole);
+        return;
+    }
+    const auto behindHeader = structure.behindSection("HEADER");
+    m_tablesSection += whole;
+    m_tablesSectionAt = behindHeader.value_or(m_store.begin(0));
+}
+
+void DxfWriter::patchCount(OdDbTableKind kind)
+{
+    const quint32 table = m_database.tableId(kind).slot();
+    RecordPatcher record(m_source, table, m_patches);
+    const RecordPatcher::Span* count = record.find(70);
+    const auto before = count ? NumberText::integer(record.bytes(*count)) : std::nullopt;
+    if (!before)
+        return;
+    record.setValue(*count,
+                    QByteArray::number(std::max<qint64>(0, *before + m_countChanges[kind])));
+    m_changed.push_back(table);
+}
+
+void DxfWriter::placeObjects()
+{
+    const DxfStructure structure(m_source);
+    if (!m_tablesSection.isEmpty())
+        m_patches.insert(m_tablesSectionAt,
+                         m_newRecords.sectionStart("TABLES") + m_tablesSection
+                             + m_newRecords.sectionEnd());
+    if (m_objects.bytes.isEmpty())
+        return;
+    if (const auto end = structure.sectionEnd("OBJECTS"))
+        m_patches.insert(*end, m_objects.bytes);
+    else
+        m_patches.insert(structure.endOfFile(),
+                         m_newRecords.sectionStart("OBJECTS") + m_objects.bytes
+                             + m_newRecords.sectionEnd());
+}
+
+void DxfWriter::placeClasses()
+{
+    // A class that the file has objects of, or has declared, needs no second entry.
+    if (!m_needsVariableClass)
+        return;
+    const DxfStructure structure(m_source);
+    const auto end = structure.sectionEnd("CLASSES");
+    if (end && !structure.hasClass("DICTIONARYVAR"))
+        m_patches.insert(*end, m_newRecords.classRecord("DICTIONARYVAR", "AcDbDictionaryVar"));
+}
+
+// Header
+
+void DxfWriter::patchHeader()
+{
+    const HeaderVariables& header = m_database.header();
+    for (const HeaderVariables::Variable& variable : header.all()) {
+        if (variable.value != variable.loadedValue && header.find(variable.name) == &variable)
+            patchVariable(variable.name, variable.code, m_source.text().encode(variable.value));
+    }
+    const CurrentSettings& loaded = m_database.loadedCurrent();
+    const CurrentSettings& current = m_database.current();
+    if (current.layer != loaded.layer || m_renamed.contains(current.layer.slot())) {
+        const auto layer = m_database.getCLAYER().safeOpenObject<OdDbLayerTableRecord>();
+        patchVariable(QStringLiteral("$CLAYER"), 8, m_source.encodedName(layer->getName()));
+    }
+    if (current.modelSpace != loaded.modelSpace)
+        patchVariable(QStringLiteral("$TILEMODE"), 70, current.modelSpace ? "1" : "0");
+}
+
+void DxfWriter::patchVariable(const QString& name, int code, const QByteArray& value)
+{
+    const HeaderVariables::Variable* variable = m_database.header().find(name);
+    if (variable && variable->valueEnd != 0) {
+        const GroupSpelling spelling = m_source.spelling();
+        QByteArray bytes = value;
+        const GroupKind kind = groupKind(variable->code);
+        if (spelling.isBinary() && kind != GroupKind::Text && kind != GroupKind::Handle)
+            bytes = spelling.value(variable->code, value);
+        else if (!spelling.isBinary()
+                 && m_source.image().view(variable->valueBegin, variable->valueEnd).startsWith(' '))
+            bytes = value.rightJustified(
+                static_cast<qsizetype>(variable->valueEnd - variable->valueBegin));
+        m_patches.replace(variable->valueBegin, variable->valueEnd, bytes);
+        ++m_headerChanges;
+        return;
+    }
+    const GroupSpelling spelling = m_source.spelling();
+    QByteArray groups;
+    spelling.append(groups, 9, name.toLatin1());
+    spelling.append(groups, code, value);
+    ++m_headerChanges;
+    const DxfStructure structure(m_source);
+    if (const auto end = structure.sectionEnd("HEADER"))
+        m_patches.insert(*end, groups);
+    else
+        m_patches.insert(m_store.begin(0),
+                         m_newRecords.sectionStart("HEADER") + groups + m_newRecords.sectionEnd());
+}
+
+void DxfWriter::patchHandleSeed()
+{
+    if (m_highestNew == 0 || !m_store.fileHasHandles())
+        return;
+    const QString name = QStringLiteral("$HANDSEED");
+    const HeaderVariables::Variable* seed = m_database.header().find(name);
+    const quint64 before = seed ? NumberText::handle(seed->value.toLatin1()).value_or(0) : 0;
+    if (before <= m_highestNew)
+        patchVariable(name, 5, NewRecords::handleText(m_highestNew + 1));
+}
+
+void DxfWriter::report(DrawingPieces& pieces) const
+{
+    std::vector<quint32> changed = m_changed;
+    changed.insert(changed.end(), m_removed.begin(), m_removed.end());
+    std::sort(changed.begin(), changed.end());
+    changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
+    pieces.report.recordsChanged = changed.size() + m_headerChanges;
+    pieces.report.recordsIdentical = m_store.fileRecords() - changed.size();
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "io/DrawingCodec.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+/// Replaced byte ranges of a file image. Ranges do not overlap; what is inserted at one place keeps
+/// the order in which it came.
+class PatchList
+{
+public:
+    void replace(quint64 begin, quint64 end, const QByteArray& bytes)
+    {
+        m_patches.push_back({begin, end, bytes});
+    }
+    void insert(quint64 at, const QByteArray& bytes) { replace(at, at, bytes); }
+    void remove(quint64 begin, quint64 end) { replace(begin, end, {}); }
+    bool isEmpty() const { return m_patches.empty(); }
+    std::size_t size() const { return m_patches.size(); }
+
+    /// The image with the patches in it. To be called once, before newOffset().
+    DrawingPieces assemble(const FileImage& image);
+
+    /// Where the byte at `offset` of the image stands in the patched file: behind everything that
+    /// was inserted there. `offset` must not lie inside a replaced range.
+    quint64 newOffset(quint64 offset) const;
+    /// As above, before everything that was inserted there.
+    quint64 newOffsetBefore(quint64 offset) const;
+
+private:
+    struct Patch
+    {
+        quint64 begin;
+        quint64 end;
+        QByteArray bytes;
+    };
+    void dropRangesInside();
+
+    std::vector<Patch> m_patches;
+    std::vector<qint64> m_shift; ///< of the bytes behind the patch of the same position
+};
