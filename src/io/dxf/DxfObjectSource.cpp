@@ -37,20 +37,21 @@ void readMviewLayer(const DxfCursor& cursor, int& braces, const OdDbSymbolTable&
 } // namespace
 
 DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
-                                 const DxfText& text)
+                                 const DxfText& text, DxfLandmarks landmarks)
     : m_image(std::move(image))
     , m_database(database)
     , m_text(text)
+    , m_landmarks(std::move(landmarks))
 { }
 
 std::unique_ptr<GroupCursor> DxfObjectSource::makeCursor() const
 {
-    return std::make_unique<DxfCursor>(m_image, m_database.store(), m_text);
+    return std::make_unique<DxfCursor>(m_image, m_database.store(), m_text, m_landmarks.codeBytes);
 }
 
 DxfCursor DxfObjectSource::cursor(quint32 slot) const
 {
-    DxfCursor cursor(m_image, m_database.store(), m_text);
+    DxfCursor cursor(m_image, m_database.store(), m_text, m_landmarks.codeBytes);
     cursor.open(slot);
     return cursor;
 }

@@ -2,6 +2,7 @@
 
 #include "io/DrawingCodec.h"
 #include "io/dxf/DxfCursor.h"
+#include "io/dxf/DxfLandmarks.h"
 #include "io/dxf/DxfText.h"
 
 class GroupList;
@@ -15,12 +16,12 @@ struct LinetypeState;
 struct ViewportState;
 struct XrecordState;
 
-/// Reads objects out of the image of an ASCII DXF file when somebody opens them.
+/// Reads objects out of the image of a DXF file when somebody opens them.
 class DxfObjectSource final : public DrawingSource
 {
 public:
     DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
-                    const DxfText& text);
+                    const DxfText& text, DxfLandmarks landmarks);
 
     void read(OdDbObject& object) const override;
     std::unique_ptr<GroupCursor> makeCursor() const override;
@@ -40,6 +41,7 @@ public:
     void appendCanonical(const DxfCursor& group, GroupList& groups) const;
     const FileImage& image() const { return *m_image; }
     const DxfText& text() const { return m_text; }
+    const DxfLandmarks& landmarks() const { return m_landmarks; }
 
 private:
     OdDbObjectId id(quint64 handle) const;
@@ -51,4 +53,5 @@ private:
     std::shared_ptr<const FileImage> m_image;
     OdDbDatabase& m_database;
     DxfText m_text;
+    DxfLandmarks m_landmarks;
 };
