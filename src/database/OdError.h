@@ -82,7 +82,8 @@ public:
     { }
 };
 
-/// A drawing whose contents break its format. The description names file, line and expectation.
+/// A drawing whose contents break its format. The description names file, line (in a binary file the
+/// byte, from 0) and expectation.
 class OdError_InvalidDrawing : public OdError
 {
 public:
@@ -92,6 +93,11 @@ public:
                            : QStringLiteral("%1: %2").arg(file, found))
         , m_line(line)
     { }
+    static OdError_InvalidDrawing atByte(const QString& file, quint64 byte, const QString& found)
+    {
+        return {QStringLiteral("%1, byte %2").arg(file).arg(byte), 0, found};
+    }
+    /// 0 where the error has none.
     qint64 line() const { return m_line; }
 
 private:

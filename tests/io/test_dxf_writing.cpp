@@ -125,19 +125,6 @@ TEST_F(DxfWriting, CurrentLayerAndTabGoToTheHeader)
               (QStringList{QStringLiteral("0 -> Walls"), QStringLiteral("     1 ->      0")}));
 }
 
-TEST_F(DxfWriting, WhatCannotBeSavedYetIsRefusedInWords)
-{
-    read(DrawingText::withLayers({{"Walls"}}));
-    write("Walls")->setDescription(QStringLiteral("load bearing"));
-    try {
-        drawingBytes(*m_database);
-        FAIL() << "saved without the description";
-    } catch (const OdError& error) {
-        EXPECT_EQ(error.description(),
-                  QStringLiteral("The description of layer \"Walls\" cannot be saved yet."));
-    }
-}
-
 TEST_F(DxfWriting, ASaveReplacesTheFileAndReportsTheRecords)
 {
     read(DrawingText::withLayers({{"Walls"}, {"Doors"}}));

@@ -17,10 +17,8 @@ QByteArray contents(const QString& path)
 }
 
 /// Why a drawing cannot be opened; empty for those that must open.
-QString expectedRefusal(const QString& path, const QByteArray& bytes)
+QString expectedRefusal(const QString& path)
 {
-    if (bytes.startsWith("\x41\x75\x74\x6F"))
-        return QStringLiteral("this is a binary DXF drawing");
     if (QFileInfo(path).fileName().endsWith(QLatin1String("recover01.dxf")))
         return QStringLiteral("the drawing breaks off here; expected its end mark");
     return {};
@@ -33,11 +31,11 @@ TEST(SharedDrawingFiles, OpenAndSaveUneditedByteForByteOrAreRefusedForTheRightRe
     for (const QString& path : SharedDrawings::files()) {
         SCOPED_TRACE(path.toStdString());
         const QByteArray bytes = contents(path);
-        const QString refusal = expectedRefusal(path, bytes);
+        const QString refusal = expectedRefusal(path);
         try {
             const auto database = readDrawing(path);
             ++opened;
-            EXPECT_EQ(refusal, QString());
+            EXPECT_TRUE(refusal.isEmpty());
             EXPECT_EQ(database->audit(), QStringList());
             EXPECT_TRUE(drawingBytes(*database) == bytes);
         } catch (const OdError& error) {
@@ -45,7 +43,7 @@ TEST(SharedDrawingFiles, OpenAndSaveUneditedByteForByteOrAreRefusedForTheRightRe
             EXPECT_TRUE(error.description().contains(refusal)) << error.what();
         }
     }
-    EXPECT_GE(opened, 15);
+    EXPECT_GE(opened, 20);
 }
 
 TEST(SharedDrawingFiles, FreezingEverySecondLayerChangesNothingElse)
@@ -54,7 +52,7 @@ TEST(SharedDrawingFiles, FreezingEverySecondLayerChangesNothingElse)
     for (const QString& path : SharedDrawings::files()) {
         SCOPED_TRACE(path.toStdString());
         const QByteArray before = contents(path);
-        if (!expectedRefusal(path, before).isEmpty())
+        if (!expectedRefusal(path).isEmpty() || before.startsWith("\x41\x75\x74\x6F"))
             continue;
         const auto database = readDrawing(path);
         int frozen = 0;

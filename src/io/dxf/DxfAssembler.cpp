@@ -10,6 +10,7 @@
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdDbLinetypeTableRecord.h"
 #include "database/OdDbNamedRecord.h"
+#include "io/dxf/BinaryValue.h"
 #include "io/dxf/DxfObjectSource.h"
 
 #include <QCoreApplication>
@@ -107,9 +108,11 @@ void DxfAssembler::note(quint64 offset, const QString& sentence)
 {
     if (++m_notes > kMostNotes)
         return;
-    m_database.loadNotes().append(
-        m_notes == kMostNotes ? tr("There are more faults of this kind.")
-                              : tr("Line %1: %2").arg(m_image.lineAt(offset)).arg(sentence));
+    const QString place = m_index.landmarks.codeBytes > 0
+        ? tr("Byte %1: %2").arg(offset)
+        : tr("Line %1: %2").arg(m_image.lineAt(offset));
+    m_database.loadNotes().append(m_notes == kMostNotes ? tr("There are more faults of this kind.")
+                                                        : place.arg(sentence));
 }
 
 QByteArray DxfAssembler::folded(QByteArrayView name) const
@@ -126,11 +129,15 @@ QByteArray DxfAssembler::folded(QByteArrayView name) const
 
 void DxfAssembler::header()
 {
+    const bool binary = m_index.landmarks.codeBytes > 0;
+    BinaryValue::Scratch scratch;
     for (const DxfIndex::HeaderVariable& found : m_index.header) {
         HeaderVariables::Variable variable;
         variable.name = QString::fromLatin1(found.name);
         variable.code = found.code;
-        variable.value = variable.loadedValue = m_text.decode(found.value).trimmed();
+        const QByteArrayView value =
+            binary ? BinaryValue::text(found.code, found.value, scratch) : found.value;
+        variable.value = variable.loadedValue = m_text.decode(value).trimmed();
         variable.valueBegin = static_cast<quint64>(found.value.data() - m_image.begin());
         variable.valueEnd = variable.valueBegin + static_cast<quint64>(found.value.size());
         if (!m_database.header().contains(variable.name))

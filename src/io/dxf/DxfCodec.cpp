@@ -5,15 +5,19 @@
 #include "io/dxf/DxfIndexer.h"
 #include "io/dxf/DxfObjectSource.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 
 namespace {
 
-/// First bytes of the binary form, the closing zero left out.
+/// First bytes of the binary form; the closing zero counts in.
 constexpr char kBinarySentinel[] =
     "\x41\x75\x74\x6F\x43\x41\x44\x20\x42\x69\x6E\x61\x72\x79\x20\x44\x58\x46\r\n\x1A";
+
+bool isBinary(QByteArrayView bytes)
+{
+    static_assert(sizeof kBinarySentinel == BinaryScanner::kHeadSize);
+    return bytes.startsWith(QByteArrayView(kBinarySentinel, sizeof kBinarySentinel));
+}
 
 QByteArrayView headerValue(const DxfIndex& index, QByteArrayView name)
 {
@@ -26,7 +30,7 @@ QByteArrayView headerValue(const DxfIndex& index, QByteArrayView name)
 
 bool DxfCodec::recognises(QByteArrayView head) const
 {
-    if (head.startsWith(kBinarySentinel))
+    if (isBinary(head))
         return true;
     const QByteArrayView start = head.trimmed();
     // Enough to tell a text from other formats; the indexer says what is wrong with a broken one.
@@ -37,19 +41,16 @@ bool DxfCodec::recognises(QByteArrayView head) const
 std::unique_ptr<OdDbDatabase> DxfCodec::read(std::shared_ptr<const FileImage> image,
                                              const IoProgress& progress) const
 {
-    if (image->view(0, std::min<quint64>(image->size(), sizeof kBinarySentinel))
-            .startsWith(kBinarySentinel))
-        throw OdError_InvalidDrawing(
-            image->name(), 0,
-            QCoreApplication::translate(
-                "DxfCodec",
-                "this is a binary DXF drawing; only text (ASCII) DXF can be opened yet."));
+    const bool binary = isBinary(image->view());
     auto database = std::make_unique<OdDbDatabase>();
-    const DxfIndex index = DxfIndexer(*image, database->store(), progress).run();
+    ObjectStore& store = database->store();
+    const DxfIndex index = binary ? DxfIndexer<BinaryScanner>(*image, store, progress).run()
+                                  : DxfIndexer<PairScanner>(*image, store, progress).run();
     image->waitFor(image->size());
     const QByteArrayView version = headerValue(index, "$ACADVER");
     const DxfText text(version, headerValue(index, "$DWGCODEPAGE"));
-    auto source = std::make_unique<DxfObjectSource>(image, *database, text, dxfVersion(version));
+    auto source = std::make_unique<DxfObjectSource>(image, *database, text, dxfVersion(version),
+                                                    index.landmarks);
     DxfObjectSource& reader = *source;
     database->setSource(std::move(source));
     DxfAssembler(*image, *database, index, reader).run();

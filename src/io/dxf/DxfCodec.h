@@ -2,7 +2,7 @@
 
 #include "io/DrawingCodec.h"
 
-/// ASCII DXF, R12 to 2018.
+/// DXF, R12 to 2018, text (ASCII) and binary.
 class DxfCodec final : public DrawingCodec
 {
 public:

@@ -5,26 +5,42 @@
 void DxfCursor::open(quint32 slot)
 {
     m_code = -1;
-    if (slot >= m_store.fileRecords()) {
-        m_scan = PairScanner(m_image->end(), m_image->end());
-        return;
+    m_slot = slot;
+    const bool inFile = slot < m_store.fileRecords();
+    const char* begin = inFile ? m_image->begin() + m_store.begin(slot) : m_image->end();
+    const char* end = inFile ? m_image->begin() + m_store.end(slot) : m_image->end();
+    // The first group is the type name.
+    if (isBinary()) {
+        m_binary = BinaryScanner(begin, end, m_codeBytes);
+        m_binary.next();
+    } else {
+        m_lines = PairScanner(begin, end);
+        m_lines.next();
     }
-    m_scan =
-        PairScanner(m_image->begin() + m_store.begin(slot), m_image->begin() + m_store.end(slot));
-    m_scan.next(); // the type name
 }
 
 double DxfCursor::real() const
 {
-    return NumberText::real(m_scan.value()).value_or(0.0);
+    return isBinary() ? BinaryValue::real(m_code, m_binary.value())
+                      : NumberText::real(m_lines.value()).value_or(0.0);
 }
 
 qint64 DxfCursor::integer() const
 {
-    return NumberText::integer(m_scan.value()).value_or(0);
+    return isBinary() ? BinaryValue::integer(m_code, m_binary.value())
+                      : NumberText::integer(m_lines.value()).value_or(0);
 }
 
 quint64 DxfCursor::handle() const
 {
-    return NumberText::handle(m_scan.value()).value_or(0);
+    return NumberText::handle(bytes()).value_or(0);
+}
+
+GroupSpelling DxfCursor::spelling() const
+{
+    if (isBinary())
+        return GroupSpelling::binary(m_codeBytes);
+    return m_slot < m_store.fileRecords()
+        ? GroupSpelling::sample(m_image->view(m_store.begin(m_slot), m_store.end(m_slot)))
+        : GroupSpelling::sample({});
 }

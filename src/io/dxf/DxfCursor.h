@@ -3,48 +3,79 @@
 #include "database/GroupCursor.h"
 #include "database/ObjectStore.h"
 #include "io/FileImage.h"
+#include "io/dxf/BinaryScanner.h"
+#include "io/dxf/BinaryValue.h"
 #include "io/dxf/DxfText.h"
+#include "io/dxf/GroupSpelling.h"
 #include "io/dxf/PairScanner.h"
 
-/// Groups of a record of an ASCII DXF text.
+/// Groups of a record of a DXF file, text or binary.
 class DxfCursor final : public GroupCursor
 {
 public:
-    DxfCursor(std::shared_ptr<const FileImage> image, const ObjectStore& store, const DxfText& text)
+    /// `codeBytes`: of a group code in a binary file; 0 for a text.
+    DxfCursor(std::shared_ptr<const FileImage> image, const ObjectStore& store, const DxfText& text,
+              int codeBytes = 0)
         : m_image(std::move(image))
         , m_store(store)
         , m_text(text)
-        , m_scan(m_image->begin(), m_image->begin())
+        , m_codeBytes(codeBytes)
+        , m_lines(m_image->begin(), m_image->begin())
     { }
 
     void open(quint32 slot) override;
-    bool next() override
-    {
-        if (!m_scan.next() || m_scan.code() < PairScanner::kLowestCode)
-            return false;
-        m_code = m_scan.code();
-        return true;
-    }
+    bool next() override { return isBinary() ? step(m_binary) : step(m_lines); }
 
     double real() const override;
     qint64 integer() const override;
     quint64 handle() const override;
-    QString text() const override { return m_text.decode(m_scan.value()); }
-    QByteArrayView bytes() const override { return m_scan.value(); }
+    QString text() const override { return m_text.decode(bytes()); }
+    /// Numbers and chunks of a binary file as a text would spell them.
+    QByteArrayView bytes() const override
+    {
+        return isBinary() ? BinaryValue::text(m_code, m_binary.value(), m_scratch)
+                          : m_lines.value();
+    }
 
     const FileImage& image() const { return *m_image; }
+    bool isBinary() const { return m_codeBytes > 0; }
+    /// How the open record spells its groups.
+    GroupSpelling spelling() const;
+
     /// Byte ranges in the file image, for editing.
-    quint64 groupBegin() const { return offsetOf(m_scan.begin()); }
-    quint64 groupEnd() const { return offsetOf(m_scan.nextBegin()); }
-    quint64 valueBegin() const { return offsetOf(m_scan.valueBegin()); }
-    /// End of the value's text, before its line end.
-    quint64 valueEnd() const { return valueBegin() + static_cast<quint64>(m_scan.value().size()); }
+    quint64 groupBegin() const { return offsetOf(isBinary() ? m_binary.begin() : m_lines.begin()); }
+    quint64 groupEnd() const
+    {
+        return offsetOf(isBinary() ? m_binary.nextBegin() : m_lines.nextBegin());
+    }
+    quint64 valueBegin() const
+    {
+        return offsetOf(isBinary() ? m_binary.valueBegin() : m_lines.valueBegin());
+    }
+    /// End of the value, before its line end or its closing zero.
+    quint64 valueEnd() const
+    {
+        return isBinary() ? offsetOf(m_binary.valueEnd())
+                          : valueBegin() + static_cast<quint64>(m_lines.value().size());
+    }
 
 private:
+    template <class Scanner>
+    bool step(Scanner& scan)
+    {
+        if (!scan.next() || scan.code() < Scanner::kLowestCode)
+            return false;
+        m_code = scan.code();
+        return true;
+    }
     quint64 offsetOf(const char* at) const { return static_cast<quint64>(at - m_image->begin()); }
 
     std::shared_ptr<const FileImage> m_image;
     const ObjectStore& m_store;
     DxfText m_text;
-    PairScanner m_scan;
+    int m_codeBytes;
+    quint32 m_slot = ObjectStore::kNone;
+    PairScanner m_lines;
+    BinaryScanner m_binary;
+    mutable BinaryValue::Scratch m_scratch;
 };

@@ -22,12 +22,16 @@ QString tr(const char* text)
 
 GroupSpelling DxfObjectSource::spelling(quint32 slot) const
 {
+    if (isBinary())
+        return GroupSpelling::binary(m_landmarks.codeBytes);
     const ObjectStore& store = m_database.store();
     return GroupSpelling::sample(m_image->view(store.begin(slot), store.end(slot)));
 }
 
 GroupSpelling DxfObjectSource::spelling() const
 {
+    if (isBinary())
+        return GroupSpelling::binary(m_landmarks.codeBytes);
     const ObjectStore& store = m_database.store();
     const OdDbObjectId zero = m_database.getLayerZeroId();
     const bool inFile = !zero.isNull() && zero.slot() < store.fileRecords();
@@ -96,19 +100,4 @@ LayerState DxfObjectSource::missingLayer(quint32 slot) const
     if (!state.name.isEmpty())
         state.linetype = m_database.getLinetypeContinuousId();
     return state;
-}
-
-std::vector<quint32> DxfObjectSource::layerNameUsers() const
-{
-    constexpr int kLayerReference = 1003;
-    std::vector<quint32> users;
-    for (quint32 slot = 0; slot < m_database.store().fileRecords(); ++slot) {
-        for (DxfCursor groups = cursor(slot); groups.next();) {
-            if (groups.code() != kLayerReference)
-                continue;
-            users.push_back(slot);
-            break;
-        }
-    }
-    return users;
 }

@@ -9,8 +9,6 @@
 namespace {
 
 constexpr quint64 kReportStep = quint64(8) << 20;
-/// A record takes some 150 to 250 bytes; reserved memory that is never written costs nothing.
-constexpr quint64 kBytesPerRecord = 120;
 
 QString tr(const char* text)
 {
@@ -32,51 +30,82 @@ QString shown(QByteArrayView bytes)
 
 } // namespace
 
-DxfIndexer::DxfIndexer(const FileImage& image, ObjectStore& store, const IoProgress& progress)
+template <class Scanner>
+DxfIndexer<Scanner>::DxfIndexer(const FileImage& image, ObjectStore& store,
+                                const IoProgress& progress)
     : m_image(image)
     , m_store(store)
     , m_progress(progress)
-    , m_scan((image.waitFor(PairScanner::kReach), image.begin()), image.end())
+    , m_scan((image.waitFor(Scanner::kReach), Scanner::ofFile(image.begin(), image.end())))
     , m_ready(image.begin())
 {
-    m_store.reserve(image.size() / kBytesPerRecord + 64);
+    m_index.landmarks.codeBytes = m_scan.codeBytes();
+    m_store.reserve(image.size() / Scanner::kBytesPerRecord + 64);
 }
 
-void DxfIndexer::fail(const char* at, const QString& found) const
+template <class Scanner>
+void DxfIndexer<Scanner>::fail(const char* at, const QString& found) const
 {
-    throw OdError_InvalidDrawing(m_image.name(),
-                                 m_image.lineAt(static_cast<quint64>(at - m_image.begin())), found);
+    const auto offset = static_cast<quint64>(at - m_image.begin());
+    if constexpr (Scanner::kBinary)
+        throw OdError_InvalidDrawing::atByte(m_image.name(), offset, found);
+    else
+        throw OdError_InvalidDrawing(m_image.name(), m_image.lineAt(offset), found);
 }
 
-void DxfIndexer::failAtEnd() const
+template <class Scanner>
+void DxfIndexer<Scanner>::failAtEnd() const
 {
     fail(m_image.end(), tr("the drawing breaks off here; expected its end mark (group 0, EOF)."));
 }
 
-void DxfIndexer::checkCode() const
+template <class Scanner>
+void DxfIndexer<Scanner>::failAtCode() const
 {
-    const QByteArrayView line(m_scan.begin(), std::max(m_scan.begin(), m_scan.valueBegin() - 1));
-    if (m_scan.code() == PairScanner::kLongLine)
-        fail(m_scan.begin(),
-             tr("a line is longer than %1 MB.").arg(PairScanner::kLongestLine >> 20));
-    if (m_scan.code() == PairScanner::kNoValue)
+    if (m_scan.code() == Scanner::kNoValue)
         failAtEnd();
-    fail(m_scan.begin(),
-         tr("expected a group code (a number from %1 to %2), found \"%3\".")
-             .arg(PairScanner::kLowestCode)
-             .arg(PairScanner::kHighestCode)
-             .arg(shown(line)));
+    if (m_scan.code() == Scanner::kLongValue)
+        fail(m_scan.begin(),
+             (Scanner::kBinary ? tr("a text is longer than %1 MB.")
+                               : tr("a line is longer than %1 MB."))
+                 .arg(Scanner::kLongestValue >> 20));
+    if constexpr (Scanner::kBinary) {
+        fail(m_scan.begin(),
+             tr("expected a group code of binary drawings, found %1.").arg(m_scan.foundCode()));
+    } else {
+        const QByteArrayView line(m_scan.begin(),
+                                  std::max(m_scan.begin(), m_scan.valueBegin() - 1));
+        fail(m_scan.begin(),
+             tr("expected a group code (a number from %1 to %2), found \"%3\".")
+                 .arg(Scanner::kLowestCode)
+                 .arg(Scanner::kHighestCode)
+                 .arg(shown(line)));
+    }
 }
 
-void DxfIndexer::awaitBytes()
+template <class Scanner>
+void DxfIndexer<Scanner>::takeRareCode()
+{
+    if (m_scan.code() < Scanner::kLowestCode)
+        failAtCode();
+    if (m_scan.code() != kLayerName || m_store.size() == 0)
+        return;
+    std::vector<quint32>& users = m_index.landmarks.layerNameUsers;
+    const quint32 slot = m_store.size() - 1;
+    if (users.empty() || users.back() != slot)
+        users.push_back(slot);
+}
+
+template <class Scanner>
+void DxfIndexer<Scanner>::awaitBytes()
 {
     const auto at = static_cast<quint64>(m_scan.nextBegin() - m_image.begin());
-    const quint64 loaded = m_image.waitFor(at + PairScanner::kReach);
-    m_ready =
-        loaded >= m_image.size() ? m_image.end() : m_image.begin() + loaded - PairScanner::kReach;
+    const quint64 loaded = m_image.waitFor(at + Scanner::kReach);
+    m_ready = loaded >= m_image.size() ? m_image.end() : m_image.begin() + loaded - Scanner::kReach;
 }
 
-void DxfIndexer::skipRecord()
+template <class Scanner>
+void DxfIndexer<Scanner>::skipRecord()
 {
     while (nextGroup()) {
         if (m_scan.code() == 0)
@@ -84,7 +113,8 @@ void DxfIndexer::skipRecord()
     }
 }
 
-void DxfIndexer::reportProgress()
+template <class Scanner>
+void DxfIndexer<Scanner>::reportProgress()
 {
     const auto done = static_cast<quint64>(m_scan.begin() - m_image.begin());
     if (done < m_nextReport)
@@ -94,7 +124,8 @@ void DxfIndexer::reportProgress()
         throw OdError(OdResult::Cancelled, tr("Opening %1 was cancelled.").arg(m_image.name()));
 }
 
-RecordType DxfIndexer::typeOf(QByteArrayView name)
+template <class Scanner>
+RecordType DxfIndexer<Scanner>::typeOf(QByteArrayView name)
 {
     if (name.isEmpty())
         return m_store.typeByName(name);
@@ -107,14 +138,16 @@ RecordType DxfIndexer::typeOf(QByteArrayView name)
     return cached.type;
 }
 
-quint32 DxfIndexer::beginRecord(RecordType type, quint8 flags)
+template <class Scanner>
+quint32 DxfIndexer<Scanner>::beginRecord(RecordType type, quint8 flags)
 {
     return m_store.append(type, static_cast<quint64>(m_scan.begin() - m_image.begin()), flags);
 }
 
-void DxfIndexer::startText()
+template <class Scanner>
+void DxfIndexer<Scanner>::startText()
 {
-    while (nextGroup() && m_scan.code() == 999) {
+    while (nextGroup() && m_scan.code() == kComment) {
     }
     if (m_ended)
         failAtEnd();
@@ -125,7 +158,8 @@ void DxfIndexer::startText()
                  .arg(shown(m_scan.value())));
 }
 
-DxfIndex DxfIndexer::run()
+template <class Scanner>
+DxfIndex DxfIndexer<Scanner>::run()
 {
     startText();
     for (;;) {
@@ -144,18 +178,15 @@ DxfIndex DxfIndexer::run()
     return std::move(m_index);
 }
 
-void DxfIndexer::dispatch(RecordType type)
+template <class Scanner>
+void DxfIndexer<Scanner>::dispatch(RecordType type)
 {
     if (type == RecordType::Section)
         return section();
     if (type == RecordType::EndSec) {
         if (m_inBlock)
             fail(m_scan.begin(), tr("a section ends inside a block; expected ENDBLK first."));
-        if (m_section == Section::Entities)
-            m_index.endEntity = m_store.size();
-        m_section = Section::None;
-        m_inBlock = m_inTable = false;
-        beginRecord(type, 0);
+        endSection(beginRecord(type, 0));
         return skipRecord();
     }
     switch (m_section) {
@@ -175,14 +206,34 @@ void DxfIndexer::dispatch(RecordType type)
     }
 }
 
-void DxfIndexer::section()
+template <class Scanner>
+void DxfIndexer<Scanner>::endSection(quint32 slot)
+{
+    DxfLandmarks& landmarks = m_index.landmarks;
+    quint32* mark = m_section == Section::Header ? &landmarks.headerEnd
+        : m_section == Section::Tables           ? &landmarks.tablesEnd
+        : m_section == Section::Blocks           ? &landmarks.blocksEnd
+        : m_section == Section::Objects          ? &landmarks.objectsEnd
+                                                 : nullptr;
+    if (mark && *mark == ObjectStore::kNone)
+        *mark = slot;
+    if (m_section == Section::Entities)
+        m_index.endEntity = slot;
+    m_section = Section::None;
+    m_inBlock = m_inTable = false;
+}
+
+template <class Scanner>
+void DxfIndexer<Scanner>::section()
 {
     if (m_section != Section::None)
         fail(m_scan.begin(), tr("a section begins inside another; expected ENDSEC first."));
     const char* at = m_scan.begin();
     beginRecord(RecordType::Section, 0);
-    if (!nextGroup())
-        failAtEnd();
+    do {
+        if (!nextGroup())
+            failAtEnd();
+    } while (m_scan.code() == kComment);
     if (m_scan.code() != 2)
         fail(at, tr("expected the section's name (group 2), found group %1.").arg(m_scan.code()));
     const QByteArrayView name = m_scan.value().trimmed();
@@ -200,22 +251,25 @@ void DxfIndexer::section()
         skipRecord();
 }
 
-void DxfIndexer::headerVariables()
+template <class Scanner>
+void DxfIndexer<Scanner>::headerVariables()
 {
     QByteArrayView name;
     while (nextGroup() && m_scan.code() != 0) {
         if (m_scan.code() == 9)
             name = m_scan.value().trimmed();
-        else if (!name.isEmpty())
+        else if (!name.isEmpty() && m_scan.code() != kComment)
             m_index.header.push_back({std::exchange(name, {}), m_scan.code(), m_scan.value()});
     }
 }
 
-void DxfIndexer::table(RecordType type)
+template <class Scanner>
+void DxfIndexer<Scanner>::table(RecordType type)
 {
     if (type == RecordType::EndTab) {
-        m_inTable = false;
-        beginRecord(type, 0);
+        const quint32 slot = beginRecord(type, 0);
+        if (std::exchange(m_inTable, false))
+            m_index.landmarks.tables.back().end = slot;
         return skipRecord();
     }
     if (type != RecordType::Table)
@@ -227,7 +281,8 @@ void DxfIndexer::table(RecordType type)
     tableRecord(type);
 }
 
-void DxfIndexer::tableRecord(RecordType type)
+template <class Scanner>
+void DxfIndexer<Scanner>::tableRecord(RecordType type)
 {
     const quint32 slot = beginRecord(type, 0);
     QByteArrayView name("");
@@ -263,6 +318,7 @@ void DxfIndexer::tableRecord(RecordType type)
     if (type == RecordType::Table) {
         m_index.tables.back().slot = slot;
         m_index.tables.back().name = name.trimmed();
+        m_index.landmarks.tables.push_back({name.trimmed(), slot, ObjectStore::kNone});
         return;
     }
     if (m_index.tables.empty())
@@ -273,30 +329,36 @@ void DxfIndexer::tableRecord(RecordType type)
         m_layers.insert(name, slot);
 }
 
-void DxfIndexer::block()
+template <class Scanner>
+void DxfIndexer<Scanner>::block()
 {
     const RecordType type = typeOf(m_scan.value().trimmed());
     const quint32 slot = beginRecord(type, 0);
-    if (type == RecordType::EndBlk) {
-        if (m_inBlock)
-            m_index.blocks.back().endEntity = slot;
-        m_inBlock = false;
-        return skipRecord();
-    }
-    if (m_inBlock)
+    const bool begins = type == RecordType::Block;
+    if (begins && m_inBlock)
         fail(m_scan.begin(), tr("a block begins inside another; expected ENDBLK first."));
-    m_inBlock = true;
-    m_index.blocks.push_back({slot, {}, slot + 1, slot + 1});
+    if (begins)
+        m_index.blocks.push_back({slot, {}, slot + 1, slot + 1});
+    else if (m_inBlock)
+        m_index.blocks.back().endEntity = slot;
+    m_inBlock = begins;
     bool named = false;
+    bool hasLayer = false;
     while (nextGroup() && m_scan.code() != 0) {
         if (m_scan.code() == 5 && m_store.handle(slot) == 0)
             m_store.setHandle(slot, handleValue());
-        else if (m_scan.code() == 2 && !std::exchange(named, true))
+        else if (m_scan.code() == 8 && !std::exchange(hasLayer, true))
+            setLayer(slot, m_scan.value());
+        else if (m_scan.code() == 2 && begins && !std::exchange(named, true))
             m_index.blocks.back().name = m_scan.value();
     }
+    // The frame of a block lies on a layer, too.
+    if (!hasLayer)
+        setLayer(slot, "0");
 }
 
-void DxfIndexer::entity(RecordType type)
+template <class Scanner>
+void DxfIndexer<Scanner>::entity(RecordType type)
 {
     if (m_section == Section::Blocks && !m_inBlock)
         fail(m_scan.begin(), tr("expected a block, found \"%1\".").arg(shown(m_scan.value())));
@@ -320,7 +382,7 @@ void DxfIndexer::entity(RecordType type)
                 setLayer(slot, m_scan.value());
             break;
         case 67:
-            if (m_section == Section::Entities && m_scan.value().trimmed() == "1")
+            if (m_section == Section::Entities && m_scan.isOne())
                 m_index.paperEntities.push_back(slot);
             break;
         case 100:
@@ -339,7 +401,8 @@ void DxfIndexer::entity(RecordType type)
     }
 }
 
-void DxfIndexer::object(RecordType type)
+template <class Scanner>
+void DxfIndexer<Scanner>::object(RecordType type)
 {
     const quint32 slot = beginRecord(type, 0);
     if (m_index.firstObject == ObjectStore::kNone)
@@ -368,7 +431,8 @@ void DxfIndexer::object(RecordType type)
     }
 }
 
-quint64 DxfIndexer::handleValue() const
+template <class Scanner>
+quint64 DxfIndexer<Scanner>::handleValue() const
 {
     const auto handle = NumberText::handle(m_scan.value());
     if (!handle)
@@ -378,7 +442,8 @@ quint64 DxfIndexer::handleValue() const
     return *handle;
 }
 
-void DxfIndexer::setLayer(quint32 slot, QByteArrayView name)
+template <class Scanner>
+void DxfIndexer<Scanner>::setLayer(quint32 slot, QByteArrayView name)
 {
     const quint64 hash = RawNameIndex::hash(name);
     m_layers.fetchCell(hash);
@@ -387,7 +452,8 @@ void DxfIndexer::setLayer(quint32 slot, QByteArrayView name)
         resolveLayers();
 }
 
-void DxfIndexer::resolveLayers()
+template <class Scanner>
+void DxfIndexer<Scanner>::resolveLayers()
 {
     for (std::size_t i = 0; i < m_pendingCount; ++i)
         m_layers.fetchName(m_pending[i].hash);
@@ -396,7 +462,8 @@ void DxfIndexer::resolveLayers()
     m_pendingCount = 0;
 }
 
-quint32 DxfIndexer::layerOf(QByteArrayView name, quint64 hash)
+template <class Scanner>
+quint32 DxfIndexer<Scanner>::layerOf(QByteArrayView name, quint64 hash)
 {
     const quint32 known = m_layers.find(name, hash);
     if (known != RawNameIndex::kNotFound)
@@ -409,3 +476,6 @@ quint32 DxfIndexer::layerOf(QByteArrayView name, quint64 hash)
     m_layers.insert(name, layer);
     return layer;
 }
+
+template class DxfIndexer<PairScanner>;
+template class DxfIndexer<BinaryScanner>;

@@ -2,63 +2,18 @@
 
 #include "database/ObjectStore.h"
 #include "io/FileImage.h"
-#include "io/dxf/DxfText.h"
+#include "io/dxf/BinaryScanner.h"
+#include "io/dxf/DxfIndex.h"
 #include "io/dxf/PairScanner.h"
 #include "io/dxf/RawNameIndex.h"
 
 #include <array>
 #include <vector>
 
-/// What one pass over an ASCII DXF text found, beyond the records in the store.
-struct DxfIndex
-{
-    struct HeaderVariable
-    {
-        QByteArrayView name;
-        int code;
-        QByteArrayView value;
-    };
-    struct TableRecord
-    {
-        quint32 slot;
-        QByteArrayView name;
-    };
-    struct Table
-    {
-        quint32 slot;
-        QByteArrayView name;
-        std::vector<TableRecord> records;
-    };
-    struct Block
-    {
-        quint32 slot;
-        QByteArrayView name;
-        quint32 firstEntity;
-        quint32 endEntity;
-    };
-    struct Owner
-    {
-        quint32 slot;
-        quint64 handle;
-    };
-
-    std::vector<HeaderVariable> header;
-    std::vector<Table> tables;
-    std::vector<Block> blocks;
-    std::vector<Owner> owners; ///< of table records and objects
-    std::vector<QByteArrayView> missingLayers; ///< entities refer to number n as kMissingLayer + n
-    std::vector<quint32> paperEntities; ///< slots in the ENTITIES section that carry 67 = 1
-    quint32 firstEntity = 0;
-    quint32 endEntity = 0;
-    quint32 firstObject = ObjectStore::kNone;
-
-    static constexpr quint32 kMissingLayer = 0xF0000000u;
-    static constexpr quint32 kMostMissingLayers = 0x0FFFFFF0u;
-};
-
-/// Builds the record index of an ASCII DXF text in one pass. Values are looked at only where the
-/// index needs them; every group code is checked.
-class DxfIndexer
+/// Builds the record index of a DXF file in one pass. Values are looked at only where the index
+/// needs them; every group code is checked. `Scanner` is PairScanner or BinaryScanner.
+template <class Scanner>
+class Q_DECL_HIDDEN DxfIndexer
 {
 public:
     DxfIndexer(const FileImage& image, ObjectStore& store, const IoProgress& progress);
@@ -76,7 +31,7 @@ private:
 
     [[noreturn]] void fail(const char* at, const QString& found) const;
     [[noreturn]] void failAtEnd() const;
-    void checkCode() const;
+    [[noreturn]] void failAtCode() const;
     bool nextGroup()
     {
         if (m_scan.nextBegin() > m_ready) [[unlikely]]
@@ -85,10 +40,13 @@ private:
             m_ended = true;
             return false;
         }
-        if (m_scan.code() < PairScanner::kLowestCode) [[unlikely]]
-            checkCode();
+        // One comparison finds faults, which are below, and names of layers among the rare codes.
+        if (static_cast<unsigned>(m_scan.code() - Scanner::kLowestCode)
+            >= static_cast<unsigned>(kLayerName - Scanner::kLowestCode)) [[unlikely]]
+            takeRareCode();
         return true;
     }
+    void takeRareCode();
     void awaitBytes();
     void skipRecord();
     void reportProgress();
@@ -108,12 +66,15 @@ private:
     void setLayer(quint32 slot, QByteArrayView name);
     void resolveLayers();
     quint32 layerOf(QByteArrayView name, quint64 hash);
-    bool atRecord() const { return !m_ended && m_scan.code() == 0; }
+    void endSection(quint32 slot);
+
+    static constexpr int kLayerName = 1003; ///< in extended data
+    static constexpr int kComment = 999;
 
     const FileImage& m_image;
     ObjectStore& m_store;
     const IoProgress& m_progress;
-    PairScanner m_scan;
+    Scanner m_scan;
     const char* m_ready; ///< a step from here or before reads loaded bytes only
     DxfIndex m_index;
     RawNameIndex m_layers;
@@ -132,3 +93,6 @@ private:
     bool m_ended = false;
     quint64 m_nextReport = 0;
 };
+
+extern template class DxfIndexer<PairScanner>;
+extern template class DxfIndexer<BinaryScanner>;

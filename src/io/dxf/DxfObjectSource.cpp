@@ -24,13 +24,13 @@ constexpr int kDependentFlag = 16;
 
 /// In drawings up to R14 the layers frozen in a viewport are names in its extended data, inside the
 /// second pair of braces.
-void readMviewLayer(const DxfCursor& cursor, int& braces, const OdDbSymbolTable& layers,
+void readMviewLayer(const DxfCursor& cursor, int& braces, const DxfObjectSource& source,
                     ViewportState& state)
 {
     if (cursor.code() == 1002)
         braces += cursor.bytes().trimmed() == "{" ? 1 : -1;
     else if (cursor.code() == 1003 && braces == 2) {
-        if (const OdDbObjectId layer = layers.getAt(cursor.text()); !layer.isNull())
+        if (const OdDbObjectId layer = source.layerOfFile(cursor.bytes()); !layer.isNull())
             state.frozenLayers.push_back(layer);
     }
 }
@@ -38,21 +38,22 @@ void readMviewLayer(const DxfCursor& cursor, int& braces, const OdDbSymbolTable&
 } // namespace
 
 DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
-                                 const DxfText& text, DxfVersion version)
+                                 const DxfText& text, DxfVersion version, DxfLandmarks landmarks)
     : m_image(std::move(image))
     , m_database(database)
     , m_text(text)
     , m_version(version)
+    , m_landmarks(std::move(landmarks))
 { }
 
 std::unique_ptr<GroupCursor> DxfObjectSource::makeCursor() const
 {
-    return std::make_unique<DxfCursor>(m_image, m_database.store(), m_text);
+    return std::make_unique<DxfCursor>(m_image, m_database.store(), m_text, m_landmarks.codeBytes);
 }
 
 DxfCursor DxfObjectSource::cursor(quint32 slot) const
 {
-    DxfCursor cursor(m_image, m_database.store(), m_text);
+    DxfCursor cursor(m_image, m_database.store(), m_text, m_landmarks.codeBytes);
     cursor.open(slot);
     return cursor;
 }
@@ -292,7 +293,7 @@ ViewportState DxfObjectSource::readViewport(quint32 slot) const
             break;
         default:
             if (groups.code() >= 1000)
-                readMviewLayer(groups, braces, m_database.table(OdDbTableKind::Layer), state);
+                readMviewLayer(groups, braces, *this, state);
             break;
         }
     }

@@ -2,6 +2,7 @@
 
 #include "io/DrawingCodec.h"
 #include "io/dxf/DxfCursor.h"
+#include "io/dxf/DxfLandmarks.h"
 #include "io/dxf/DxfText.h"
 #include "io/dxf/DxfVersion.h"
 #include "io/dxf/GroupSpelling.h"
@@ -27,7 +28,7 @@ class DxfObjectSource final : public DrawingSource
 {
 public:
     DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
-                    const DxfText& text, DxfVersion version);
+                    const DxfText& text, DxfVersion version, DxfLandmarks landmarks);
 
     void read(OdDbObject& object) const override;
     std::unique_ptr<GroupCursor> makeCursor() const override;
@@ -59,11 +60,11 @@ public:
     QByteArray encodedName(const QString& name) const;
     /// Groups that a new layer takes over from layer 0: material and visual style.
     std::vector<std::pair<int, QByteArray>> layerZeroExtras() const;
-    bool isBinary() const { return false; }
+    bool isBinary() const { return m_landmarks.codeBytes > 0; }
     /// The layer that a name of the file means, whatever the layers are called now.
     OdDbObjectId layerOfFile(QByteArrayView name) const;
     /// Records of the file that name layers in extended data.
-    std::vector<quint32> layerNameUsers() const;
+    const std::vector<quint32>& layerNameUsers() const { return m_landmarks.layerNameUsers; }
     /// A layer that was made because the file uses it and its table lacks it: as it was then; an
     /// empty state for any other.
     LayerState missingLayer(quint32 slot) const;
@@ -72,6 +73,7 @@ public:
     /// The handle of a record that is made when the drawing is written: the same at every save.
     /// `purpose` tells records that hang on one object apart.
     quint64 handleOfMade(quint32 slot, const QString& purpose) const;
+    const DxfLandmarks& landmarks() const { return m_landmarks; }
 
 private:
     OdDbObjectId id(quint64 handle) const;
@@ -86,6 +88,7 @@ private:
     OdDbDatabase& m_database;
     DxfText m_text;
     DxfVersion m_version;
+    DxfLandmarks m_landmarks;
     QHash<quint32, QString> m_missingLayers;
     mutable QHash<QByteArray, quint32> m_layersOfFile; ///< slot by folded name; made on demand
     mutable QHash<std::pair<quint32, QString>, quint64> m_madeHandles;

@@ -9,40 +9,54 @@ DxfStructure::DxfStructure(const DxfObjectSource& source)
     , m_store(source.database().store())
 { }
 
-std::optional<quint32> DxfStructure::sectionEndSlot(QByteArrayView name) const
+std::optional<quint64> DxfStructure::beginOf(quint32 slot) const
+{
+    return slot == ObjectStore::kNone ? std::nullopt : std::optional(m_store.begin(slot));
+}
+
+std::optional<quint64> DxfStructure::headerEnd() const
+{
+    return beginOf(m_source.landmarks().headerEnd);
+}
+
+std::optional<quint64> DxfStructure::tablesEnd() const
+{
+    return beginOf(m_source.landmarks().tablesEnd);
+}
+
+std::optional<quint64> DxfStructure::objectsEnd() const
+{
+    return beginOf(m_source.landmarks().objectsEnd);
+}
+
+quint64 DxfStructure::behindHeader() const
+{
+    const quint32 end = m_source.landmarks().headerEnd;
+    return end == ObjectStore::kNone ? m_store.begin(0) : m_store.end(end);
+}
+
+std::optional<quint64> DxfStructure::tableEnd(QByteArrayView name) const
+{
+    const DxfLandmarks::Table* table = m_source.landmarks().table(name);
+    return table ? beginOf(table->end) : std::nullopt;
+}
+
+quint64 DxfStructure::endOfFile() const
+{
+    return m_store.begin(m_store.fileRecords() - 1);
+}
+
+std::optional<quint64> DxfStructure::classesEnd() const
 {
     bool inside = false;
     for (quint32 slot = 0; slot < m_store.fileRecords(); ++slot) {
         const RecordType type = m_store.type(slot);
         if (type == RecordType::Section) {
             DxfCursor groups = m_source.cursor(slot);
-            inside = groups.next() && groups.bytes().trimmed() == name;
+            inside = groups.next() && groups.bytes().trimmed() == "CLASSES";
         } else if (type == RecordType::EndSec && inside) {
-            return slot;
+            return m_store.begin(slot);
         }
-    }
-    return std::nullopt;
-}
-
-std::optional<quint64> DxfStructure::sectionEnd(QByteArrayView name) const
-{
-    const auto slot = sectionEndSlot(name);
-    return slot ? std::optional(m_store.begin(*slot)) : std::nullopt;
-}
-
-std::optional<quint64> DxfStructure::behindSection(QByteArrayView name) const
-{
-    const auto slot = sectionEndSlot(name);
-    return slot ? std::optional(m_store.end(*slot)) : std::nullopt;
-}
-
-std::optional<quint64> DxfStructure::tableEnd(quint32 slot) const
-{
-    for (quint32 at = slot; at < m_store.fileRecords(); ++at) {
-        if (m_store.type(at) == RecordType::EndTab)
-            return m_store.begin(at);
-        if (m_store.type(at) == RecordType::EndSec)
-            return std::nullopt;
     }
     return std::nullopt;
 }
@@ -59,9 +73,4 @@ bool DxfStructure::hasClass(QByteArrayView dxfName) const
         }
     }
     return false;
-}
-
-quint64 DxfStructure::endOfFile() const
-{
-    return m_store.begin(m_store.fileRecords() - 1);
 }

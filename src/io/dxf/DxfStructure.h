@@ -7,25 +7,28 @@
 class DxfObjectSource;
 class ObjectStore;
 
-/// Where the sections and tables of a file end: places for new records.
+/// Places for new records in a file. Nothing where the file has no such section or table.
 class DxfStructure
 {
 public:
     explicit DxfStructure(const DxfObjectSource& source);
 
-    /// Offset of the ENDSEC record of a section, or nothing where the file has no such section.
-    std::optional<quint64> sectionEnd(QByteArrayView name) const;
-    /// Offset behind the ENDSEC record of a section.
-    std::optional<quint64> behindSection(QByteArrayView name) const;
-    /// Offset of the ENDTAB record of the table that the TABLE record in `slot` opens.
-    std::optional<quint64> tableEnd(quint32 slot) const;
-    /// Whether the CLASSES section declares a class by its DXF name.
-    bool hasClass(QByteArrayView dxfName) const;
+    /// Offsets before the section's ENDSEC.
+    std::optional<quint64> headerEnd() const;
+    std::optional<quint64> tablesEnd() const;
+    std::optional<quint64> objectsEnd() const;
+    std::optional<quint64> classesEnd() const;
+    /// Offset of what follows the HEADER section; of the file's first record where there is none.
+    quint64 behindHeader() const;
+    /// Offset before the ENDTAB of a table.
+    std::optional<quint64> tableEnd(QByteArrayView name) const;
     /// Offset of the EOF record.
     quint64 endOfFile() const;
+    /// Whether the CLASSES section declares a class by its DXF name.
+    bool hasClass(QByteArrayView dxfName) const;
 
 private:
-    std::optional<quint32> sectionEndSlot(QByteArrayView name) const;
+    std::optional<quint64> beginOf(quint32 slot) const;
 
     const DxfObjectSource& m_source;
     const ObjectStore& m_store;

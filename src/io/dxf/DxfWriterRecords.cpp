@@ -222,7 +222,7 @@ void DxfWriter::placeTableRecords(OdDbTableKind kind, const char* name, NewRun& 
     const DxfStructure structure(m_source);
     const quint32 table = m_database.tableId(kind).slot();
     if (isInFile(table)) {
-        if (const auto end = structure.tableEnd(table)) {
+        if (const auto end = structure.tableEnd(name)) {
             m_patches.insert(*end, run.bytes);
             m_countChanges[kind] += run.count;
             return patchCount(kind);
@@ -232,13 +232,12 @@ void DxfWriter::placeTableRecords(OdDbTableKind kind, const char* name, NewRun& 
     const quint64 handle = m_store.fileHasHandles() ? used(m_store.handle(table)) : 0;
     const QByteArray whole =
         m_newRecords.tableStart(name, handle, run.count) + run.bytes + m_newRecords.tableEnd();
-    if (const auto end = structure.sectionEnd("TABLES")) {
+    if (const auto end = structure.tablesEnd()) {
         m_patches.insert(*end, whole);
         return;
     }
-    const auto behindHeader = structure.behindSection("HEADER");
     m_tablesSection += whole;
-    m_tablesSectionAt = behindHeader.value_or(m_store.begin(0));
+    m_tablesSectionAt = structure.behindHeader();
 }
 
 void DxfWriter::patchCount(OdDbTableKind kind)
@@ -263,7 +262,7 @@ void DxfWriter::placeObjects()
                              + m_newRecords.sectionEnd());
     if (m_objects.bytes.isEmpty())
         return;
-    if (const auto end = structure.sectionEnd("OBJECTS"))
+    if (const auto end = structure.objectsEnd())
         m_patches.insert(*end, m_objects.bytes);
     else
         m_patches.insert(structure.endOfFile(),
@@ -277,7 +276,7 @@ void DxfWriter::placeClasses()
     if (!m_needsVariableClass)
         return;
     const DxfStructure structure(m_source);
-    const auto end = structure.sectionEnd("CLASSES");
+    const auto end = structure.classesEnd();
     if (end && !structure.hasClass("DICTIONARYVAR"))
         m_patches.insert(*end, m_newRecords.classRecord("DICTIONARYVAR", "AcDbDictionaryVar"));
 }
@@ -324,7 +323,7 @@ void DxfWriter::patchVariable(const QString& name, int code, const QByteArray& v
     spelling.append(groups, code, value);
     ++m_headerChanges;
     const DxfStructure structure(m_source);
-    if (const auto end = structure.sectionEnd("HEADER"))
+    if (const auto end = structure.headerEnd())
         m_patches.insert(*end, groups);
     else
         m_patches.insert(m_store.begin(0),

@@ -14,14 +14,17 @@
 class PairScanner
 {
 public:
+    static constexpr bool kBinary = false;
     static constexpr int kBadCode = -1000; ///< the code line holds no group code
     static constexpr int kNoValue = -1001; ///< the text ends after the code line
-    static constexpr int kLongLine = -1002; ///< a line exceeds kLongestLine
+    static constexpr int kLongValue = -1002; ///< a line exceeds kLongestValue
     static constexpr int kLowestCode = -5;
     static constexpr int kHighestCode = 1071;
-    static constexpr qsizetype kLongestLine = qsizetype(4) << 20;
-    /// A step reads no more than this beyond nextBegin(), unless it ends in kLongLine.
-    static constexpr qsizetype kReach = 2 * kLongestLine + 256;
+    static constexpr qsizetype kLongestValue = qsizetype(4) << 20;
+    /// A step reads no more than this beyond nextBegin(), unless it ends in kLongValue.
+    static constexpr qsizetype kReach = 2 * kLongestValue + 256;
+    /// A record takes some 150 to 250 bytes; reserved memory that is never written costs nothing.
+    static constexpr quint64 kBytesPerRecord = 120;
 
     PairScanner(const char* begin, const char* end)
         : m_block(begin)
@@ -29,6 +32,7 @@ public:
         , m_end(end)
         , m_mask(begin < end ? newlines(begin) : 0)
     { }
+    static PairScanner ofFile(const char* begin, const char* end) { return {begin, end}; }
 
     /// Goes to the next group; false at the end of the text. Check code() for the faults above.
     bool next()
@@ -47,12 +51,13 @@ public:
             return true;
         }
         m_valueEnd = nextNewline(m_value);
-        if (m_valueEnd - m_value > kLongestLine || codeEnd - m_begin > kLongestLine)
-            m_code = kLongLine;
+        if (m_valueEnd - m_value > kLongestValue || codeEnd - m_begin > kLongestValue)
+            m_code = kLongValue;
         m_line = m_valueEnd + 1;
         return true;
     }
 
+    static int codeBytes() { return 0; } ///< codes are text
     int code() const { return m_code; }
     const char* begin() const { return m_begin; } ///< start of the code line
     const char* valueBegin() const { return m_value; }
@@ -66,6 +71,8 @@ public:
             --end;
         return {m_value, end - m_value};
     }
+    /// Whether the value is the number 1.
+    bool isOne() const { return value().trimmed() == "1"; }
 
 private:
     static quint64 newlines(const char* block)
@@ -93,7 +100,7 @@ private:
             m_block += 64;
             if (m_block >= m_end)
                 return m_end;
-            if (m_block - from > kLongestLine + 128) [[unlikely]]
+            if (m_block - from > kLongestValue + 128) [[unlikely]]
                 return m_block;
             m_mask = newlines(m_block);
         }
