@@ -3,6 +3,7 @@
 #include "database/OdDbDatabaseReactor.h"
 #include "database/OdDbObject.h"
 #include "database/OdDbSymbolTable.h"
+#include "database/OdLyLayerFilter.h"
 
 #include <QByteArray>
 #include <QStringList>
@@ -107,6 +108,13 @@ public:
     /// Moves an entity to another layer.
     void setEntityLayer(OdDbObjectId entity, OdDbObjectId layer);
 
+    /// Layer filters that programs made for this session; the drawing does not keep them.
+    const std::vector<OdLyLayerFilterPtr>& sessionFilters() const { return m_sessionFilters; }
+    void setSessionFilters(const std::vector<OdLyLayerFilterPtr>& filters)
+    {
+        m_sessionFilters = filters;
+    }
+
     // Undo
     /// Starts a new undo record; changes up to the next call belong to it.
     void startUndoRecord();
@@ -182,6 +190,7 @@ private:
     std::vector<OdDbDatabaseReactor*> m_reactors;
     int m_notifyDepth = 0;
     QStringList m_loadNotes;
+    std::vector<OdLyLayerFilterPtr> m_sessionFilters;
 };
 
 template <class T>

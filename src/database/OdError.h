@@ -82,8 +82,8 @@ public:
     { }
 };
 
-/// A drawing whose contents break its format. The description names file, line (in a binary file the
-/// byte, from 0) and expectation.
+/// A drawing whose contents break its format. The description names file, line (in a binary file
+/// the byte, from 0) and expectation.
 class OdError_InvalidDrawing : public OdError
 {
 public:

@@ -1,10 +1,10 @@
 #include "database/OdLyLayerFilterManager.h"
 
-#include "base/NumberText.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbDictionary.h"
-#include "database/OdDbLayerTableRecord.h"
 #include "database/OdDbXrecord.h"
+#include "database/filters/FilterRecords.h"
+#include "database/filters/FilterTreeWriter.h"
 
 #include <set>
 
@@ -12,9 +12,6 @@ namespace {
 
 /// Deeper than any drawing nests its filters; cuts dictionaries that contain themselves.
 constexpr int kDeepest = 64;
-
-/// Group codes of a filter record.
-enum FilterGroup { kClass = 1, kCurrent = 290, kName = 300, kExpression = 301, kMember = 330 };
 
 class Reader
 {
@@ -29,70 +26,82 @@ public:
     {
         if (depth > kDeepest || !m_seen.insert(owner.slot()).second)
             return;
-        const auto extension = m_database.extensionDictionary(owner).openObject<OdDbDictionary>();
-        const auto filters = extension
-            ? extension->getAt(QStringLiteral("ACLYDICTIONARY")).openObject<OdDbDictionary>()
-            : nullptr;
+        const auto filters =
+            FilterRecords::dictionaryOf(m_database, owner, FilterRecords::kDictionary)
+                .openObject<OdDbDictionary>();
         if (!filters)
             return;
         for (const DictionaryEntry& entry : filters->entries()) {
-            const auto record = entry.value.openObject<OdDbXrecord>();
-            const OdLyLayerFilterPtr filter = record ? made(*record) : nullptr;
-            if (!filter)
+            const OdLyLayerFilterPtr filter = FilterRecords::read(m_database, entry.value);
+            if (!filter || !parent.allowNested(*filter))
                 continue;
             parent.addNested(filter);
+            if (FilterRecords::isMarkedCurrent(entry.value.openObject<OdDbXrecord>()->groups()))
+                m_current = filter;
             nested(entry.value, *filter, depth + 1);
         }
     }
 
+    /// Filters of the old form count where the drawing has none of the new one.
+    void legacy(OdLyLayerFilter& root) const
+    {
+        const auto filters = FilterRecords::dictionaryOf(m_database, m_database.getLayerTableId(),
+                                                         FilterRecords::kLegacyDictionary)
+                                 .openObject<OdDbDictionary>();
+        if (!filters)
+            return;
+        for (const DictionaryEntry& entry : filters->entries()) {
+            if (const auto filter = FilterRecords::readLegacy(m_database, entry.value))
+                root.addNested(filter);
+        }
+    }
+
 private:
-    OdLyLayerFilterPtr made(const OdDbXrecord& record)
-    {
-        const auto value = [&](int code) {
-            for (const GroupList::Group& group : record.groups()) {
-                if (group.code == code)
-                    return QString::fromUtf8(group.value);
-            }
-            return QString();
-        };
-        const QString kind = value(kClass);
-        OdLyLayerFilterPtr filter;
-        if (kind == QLatin1String("AcLyLayerGroup")) {
-            const auto group = odrxCreate<OdLyLayerGroup>(value(kName));
-            addMembers(record, *group);
-            filter = group;
-        } else if (kind == QLatin1String("AcLyLayerFilter")) {
-            filter = odrxCreate<OdLyLayerFilter>(value(kName));
-            filter->setFilterExpression(value(kExpression));
-        }
-        if (filter && value(kCurrent).trimmed() == QLatin1String("1"))
-            m_current = filter;
-        return filter;
-    }
-
-    void addMembers(const OdDbXrecord& record, OdLyLayerGroup& group) const
-    {
-        for (const GroupList::Group& member : record.groups()) {
-            if (member.code != kMember)
-                continue;
-            const OdDbObjectId layer = m_database.getOdDbObjectId(
-                OdDbHandle(NumberText::handle(member.value).value_or(0)));
-            if (layer.openObject<OdDbLayerTableRecord>())
-                group.addLayerId(layer);
-        }
-    }
-
     OdDbDatabase& m_database;
     OdLyLayerFilterPtr& m_current;
     std::set<quint32> m_seen;
 };
 
+OdLyLayerFilterPtr fixedFilter(const QString& name)
+{
+    const auto filter = odrxCreate<OdLyLayerFilter>(name);
+    filter->setOrigin({{}, {}, true, true}, {});
+    filter->setDynamicallyGenerated(true);
+    return filter;
+}
+
 } // namespace
 
 void OdLyLayerFilterManager::getFilters(OdLyLayerFilterPtr& root, OdLyLayerFilterPtr& current) const
 {
-    root = current = odrxCreate<OdLyLayerFilter>(QStringLiteral("All"));
-    Reader(m_database, current).nested(m_database.getLayerTableId(), *root, 0);
+    root = current = odrxCreate<OdLyLayerFilter>(FilterRecords::kAll);
+    const OdLyLayerFilterPtr used = fixedFilter(FilterRecords::kAllUsed);
+    root->addNested(used);
+    const OdDbObjectId table = m_database.getLayerTableId();
+    const OdDbObjectId dictionary =
+        FilterRecords::dictionaryOf(m_database, table, FilterRecords::kDictionary);
+    Reader reader(m_database, current);
+    reader.nested(table, *root, 0);
+    if (dictionary.isNull())
+        reader.legacy(*root);
+    for (const OdLyLayerFilterPtr& filter : m_database.sessionFilters())
+        root->addNested(FilterTreeWriter::copyOf(*filter));
+
+    const auto top = dictionary.openObject<OdDbDictionary>();
+    const QString mark = top ? FilterRecords::currentMark(top->xData()) : QString();
+    if (mark == QLatin1String("<AllUsed"))
+        current = used;
+    else if (mark == QLatin1String("<AllUnreconciled"))
+        current = FilterTreeWriter::sessionFilter(*root).value_or(root);
+}
+
+void OdLyLayerFilterManager::setFilters(const OdLyLayerFilterPtr& root,
+                                        const OdLyLayerFilterPtr& current)
+{
+    OdLyLayerFilterPtr presentRoot;
+    OdLyLayerFilterPtr presentCurrent;
+    getFilters(presentRoot, presentCurrent);
+    FilterTreeWriter(m_database).write({presentRoot, presentCurrent}, {root, current});
 }
 
 OdLyLayerFilterManagerPtr odlyGetLayerFilterManager(OdDbDatabase* database)

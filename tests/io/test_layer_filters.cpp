@@ -65,22 +65,22 @@ TEST(LayerFilters, ComeUpWithNamesNestingExpressionsAndMembers)
     OdLyLayerFilterPtr root;
     OdLyLayerFilterPtr current;
     odlyGetLayerFilterManager(database.get())->getFilters(root, current);
-    EXPECT_EQ(shown(*root), QStringLiteral("All(Shell(Inner) Red)"));
+    EXPECT_EQ(shown(*root), QStringLiteral("All(All used layers Shell(Inner) Red)"));
     EXPECT_EQ(current->name(), QStringLiteral("Red"));
     EXPECT_EQ(current->filterExpression(), QStringLiteral("COLOR==\"1\""));
-    const auto& shell = static_cast<const OdLyLayerGroup&>(*root->getNestedFilters().front());
+    const auto& shell = static_cast<const OdLyLayerGroup&>(*root->getNestedFilters()[1]);
     ASSERT_EQ(shell.layerIds().size(), 1u) << "a layer that is gone is left out";
     EXPECT_EQ(shell.layerIds().front(), database->layerTable().getAt(QStringLiteral("Walls")));
 }
 
-TEST(LayerFilters, ADrawingWithoutAnyHasTheRootAlone)
+TEST(LayerFilters, ADrawingWithoutAnyHasTheFixedOnes)
 {
     const auto database =
         readDrawing(DrawingText::withLayers({{"Walls"}}), QStringLiteral("none.dxf"));
     OdLyLayerFilterPtr root;
     OdLyLayerFilterPtr current;
     odlyGetLayerFilterManager(database.get())->getFilters(root, current);
-    EXPECT_EQ(shown(*root), QStringLiteral("All"));
+    EXPECT_EQ(shown(*root), QStringLiteral("All(All used layers)"));
     EXPECT_EQ(current, root);
     EXPECT_FALSE(odlyGetLayerFilterManager(nullptr));
 }
@@ -95,7 +95,7 @@ TEST(LayerFilters, DictionariesThatContainThemselvesEnd)
     OdLyLayerFilterPtr root;
     OdLyLayerFilterPtr current;
     odlyGetLayerFilterManager(database.get())->getFilters(root, current);
-    EXPECT_EQ(shown(*root), QStringLiteral("All(Ouroboros(Ouroboros))"));
+    EXPECT_EQ(shown(*root), QStringLiteral("All(All used layers Ouroboros(Ouroboros))"));
 }
 
 TEST(LayerFilters, OfRealDrawingsNestAsDeepAsTheyWereSaved)
