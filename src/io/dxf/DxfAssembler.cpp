@@ -196,6 +196,7 @@ quint32 DxfAssembler::makeRecord(OdDbTableKind kind, const QString& name)
     const OdDbObjectId id = m_database.idOfSlot(slot);
     if (kind == OdDbTableKind::Layer) {
         const auto layer = id.openObject<OdDbLayerTableRecord>();
+        m_source.addMissingLayer(slot, name);
         layer->stateForLoading().name = name;
         layer->stateForLoading().linetype =
             m_database.table(OdDbTableKind::Linetype).getAt(QStringLiteral("Continuous"));
@@ -292,7 +293,6 @@ void DxfAssembler::missingLayers()
         }
         const QString text = m_text.decode(name);
         resolved.push_back(makeRecord(OdDbTableKind::Layer, text));
-        m_source.addMissingLayer(resolved.back(), text);
         note(static_cast<quint64>(name.data() - m_image.begin()),
              tr("layer \"%1\" is used and missing from the layer table.").arg(text));
     }

@@ -7,7 +7,6 @@
 #include "database/OdDbEntity.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
-#include "io/dxf/DictionaryGroups.h"
 #include "io/dxf/DxfObjectSource.h"
 #include "io/dxf/LayerExtras.h"
 #include "io/dxf/LayerGroups.h"

@@ -6,7 +6,7 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdDbLinetypeTableRecord.h"
-#include "io/dxf/DictionaryGroups.h"
+#include "io/dxf/DictionaryPatch.h"
 #include "io/dxf/DxfObjectSource.h"
 #include "io/dxf/DxfStructure.h"
 #include "io/dxf/DxfWriter.h"
@@ -131,49 +131,24 @@ void DxfWriter::editDictionary(quint32 slot, const DictionaryEdit& edit)
         return;
     const DictionaryState before = m_source.readDictionary(slot);
     const auto object = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
-    QHash<QString, quint64> wanted;
+    if (before == object->state() && edit.added.empty() && edit.removed.isEmpty()
+        && std::all_of(before.entries.begin(), before.entries.end(), [&](const auto& entry) {
+               return entry.value.isNull() || isLive(entry.value.slot());
+           }))
+        return;
+    std::vector<NewRecords::Entry> wanted;
     for (const DictionaryEntry& entry : object->entries()) {
         const bool gone = !entry.value.isNull() && !isLive(entry.value.slot());
-        const QString key = entry.key.toCaseFolded();
-        if (!gone && !edit.removed.contains(key))
-            wanted.insert(key, entry.value.isNull() ? 0 : entry.value.getHandle().value());
-    }
-    RecordPatcher record(m_source, slot, m_patches);
-    const std::size_t patches = m_patches.size();
-    int valueCode = before.treatElementsAsHard ? 360 : 350;
-    const RecordPatcher::Span* key = nullptr;
-    quint64 at = 0;
-    for (const RecordPatcher::Span& span : record.spans()) {
-        if (!span.own)
-            continue;
-        if (span.code == 3)
-            key = &span;
-        if (!key || !DictionaryGroups::isValue(span.code)) {
-            at = span.end;
-            continue;
-        }
-        const QString name = m_source.text().decode(record.bytes(*key)).toCaseFolded();
-        const auto found = wanted.constFind(name);
-        const quint64 old = NumberText::handle(record.bytes(span)).value_or(0);
-        if (found == wanted.constEnd())
-            m_patches.remove(key->begin, span.end);
-        else if (*found != 0 && *found != old)
-            record.setValue(span, NewRecords::handleText(used(*found)));
-        wanted.remove(name);
-        valueCode = span.code;
-        at = span.end;
-        key = nullptr;
-    }
-    QByteArray groups;
-    for (const DictionaryEntry& entry : object->entries()) {
-        const auto found = wanted.constFind(entry.key.toCaseFolded());
-        if (found != wanted.constEnd() && *found != 0)
-            m_newRecords.appendEntry(groups, {entry.key, used(*found)}, valueCode);
+        if (!gone && !edit.removed.contains(entry.key.toCaseFolded()))
+            wanted.push_back(
+                {entry.key, entry.value.isNull() ? 0 : used(entry.value.getHandle().value())});
     }
     for (const NewRecords::Entry& entry : edit.added)
-        m_newRecords.appendEntry(groups, {entry.key, used(entry.handle)}, valueCode);
-    if (!groups.isEmpty())
-        record.insert(at, groups);
+        wanted.push_back({entry.key, used(entry.handle)});
+    RecordPatcher record(m_source, slot, m_patches);
+    const std::size_t patches = m_patches.size();
+    DictionaryPatch(m_source, record)
+        .turnInto(std::move(wanted), m_newRecords, before.treatElementsAsHard);
     if (!(before.xData == object->xData())) {
         const auto& spans = record.spans();
         const auto first = std::find_if(spans.begin(), spans.end(),

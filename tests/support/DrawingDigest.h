@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QStringList>
+
+class OdDbDatabase;
+
+/// What a drawing says about layers, in lines that do not depend on where it stands in the file:
+/// layers with every property and override, frozen lists, filters, variables, uses. Two drawings
+/// with equal digests hold the same.
+QStringList drawingDigest(const OdDbDatabase& database);
