@@ -51,8 +51,8 @@ void SavingFixture::start(QProcess& process, const char* mode, const QString& dr
     ASSERT_TRUE(process.waitForStarted());
 }
 
-std::unique_ptr<SavingFixture::Outcome>
-SavingFixture::runWithMounts(const char* script, const QStringList& arguments)
+std::unique_ptr<SavingFixture::Outcome> SavingFixture::runWithMounts(const char* script,
+                                                                     const QStringList& arguments)
 {
     constexpr int kNotPermitted = 77;
     QProcess process;

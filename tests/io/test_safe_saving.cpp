@@ -1,4 +1,7 @@
 #include "SavingFixture.h"
+#include "database/GroupCursor.h"
+#include "database/OdDbLayerTable.h"
+#include "database/OdDbLayerTableRecord.h"
 #include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
 #include "io/files/AtomicFile.h"
@@ -61,11 +64,16 @@ TEST_F(SafeSaving, NothingIsSeenOfAFileUntilItIsCommitted)
 TEST_F(SafeSaving, AReportTellsWhatTheFileOnTheDiskIs)
 {
     const auto database = edited(generated(50, 5000));
+    const auto before = readDrawing(generated(50, 5000), {});
+    quint64 unlocked = 0;
+    for (const OdDbObjectId id : before->layerTable().records())
+        unlocked += !id.safeOpenObject<OdDbLayerTableRecord>()->isLocked();
     const SaveReport report = writeDrawing(*database, path("plan.dxf"));
     EXPECT_EQ(contents(path("plan.dxf")), drawingBytes(*database));
     EXPECT_EQ(report.file.identity, FileIdentity::of(path("plan.dxf")));
     EXPECT_EQ(report.file.hash, ContentHash::of(contents(path("plan.dxf"))));
-    EXPECT_EQ(report.layerRecordsChanged, 50u);
+    EXPECT_GT(unlocked, 40u);
+    EXPECT_EQ(report.layerRecordsChanged, unlocked);
 }
 
 TEST_F(SafeSaving, EveryRunOfTheImageStandsInTheFileWhereTheReportSays)
@@ -74,7 +82,7 @@ TEST_F(SafeSaving, EveryRunOfTheImageStandsInTheFileWhereTheReportSays)
     const SaveReport report = writeDrawing(*database, path("plan.dxf"));
     const QByteArray file = contents(path("plan.dxf"));
     const FileImage& image = DrawingSource::of(*database).image();
-    ASSERT_GT(report.file.runs.size(), 50u);
+    ASSERT_GT(report.file.runs.size(), 40u);
     for (const ImageRun& run : report.file.runs) {
         const QByteArrayView inImage = image.view(run.imageBegin, run.imageBegin + run.size);
         const QByteArrayView inFile = QByteArrayView(file).sliced(
@@ -145,14 +153,13 @@ TEST_F(SafeSaving, LinksInACircleAreRefused)
     ASSERT_TRUE(QFile::link(path("b.dxf"), path("a.dxf")));
     ASSERT_TRUE(QFile::link(path("a.dxf"), path("b.dxf")));
     EXPECT_EQ(failure(path("a.dxf")),
-              path("a.dxf").toStdString()
-                  + " cannot be written: its links lead in a circle.");
+              path("a.dxf").toStdString() + " cannot be written: its links lead in a circle.");
 }
 
 TEST_F(SafeSaving, ANameMayBeAsLongAsNamesCanBe)
 {
-    const QString target = folder() + QLatin1Char('/') + QString(251, QLatin1Char('n'))
-        + QStringLiteral(".dxf");
+    const QString target =
+        folder() + QLatin1Char('/') + QString(251, QLatin1Char('n')) + QStringLiteral(".dxf");
     put(target, "old");
     const SaveReport report = writeDrawing(*edited(drawing()), target, {}, {true});
     EXPECT_EQ(contents(target), drawingBytes(*edited(drawing())));
@@ -172,7 +179,7 @@ TEST_F(SafeSaving, LongPathsWorkAndTooLongOnesAreToldAsSuch)
     ASSERT_TRUE(QDir().mkpath(deep));
     EXPECT_EQ(failure(deep + QStringLiteral("/plan.dxf")), "");
     EXPECT_EQ(contents(deep + QStringLiteral("/plan.dxf")), drawingBytes(*edited(drawing())));
-    const std::string sentence = failure(deep + part + part + QStringLiteral("/plan.dxf"));
+    const std::string sentence = failure(deep + part + part + part + QStringLiteral("/plan.dxf"));
     EXPECT_NE(sentence.find("cannot be written: File name too long."), std::string::npos)
         << sentence;
 }
@@ -263,8 +270,12 @@ TEST_F(SafeSaving, WrittenBytesAreReadInAnyOrderAndSize)
     put(path("written"), bytes);
     const WrittenBytes written(path("written"));
     EXPECT_EQ(written.size(), static_cast<quint64>(bytes.size()));
-    const std::pair<int, int> ranges[] = {{0, 10},          {5, 2000000},    {1 << 20, 1 << 20},
-                                          {100, 200},       {2000000, 3 << 20}, {0, 3 << 20},
+    const std::pair<int, int> ranges[] = {{0, 10},
+                                          {5, 2000000},
+                                          {1 << 20, 1 << 20},
+                                          {100, 200},
+                                          {2000000, 3 << 20},
+                                          {0, 3 << 20},
                                           {(3 << 20) - 1, 3 << 20}};
     for (const auto& [begin, end] : ranges) {
         EXPECT_TRUE(written.view(static_cast<quint64>(begin), static_cast<quint64>(end))
@@ -280,7 +291,8 @@ TEST_F(SafeSaving, WrittenBytesAreReadInAnyOrderAndSize)
 
 mode_t modeOf(const QString& path)
 {
-    struct stat status{};
+    struct stat status
+    { };
     EXPECT_EQ(stat(QFile::encodeName(path).constData(), &status), 0);
     return status.st_mode & 07777;
 }
@@ -321,7 +333,7 @@ TEST_F(SafeSaving, AFileThatMayNotBeWrittenIsNotReplaced)
     ASSERT_TRUE(QFile::setPermissions(path("plan.dxf"), QFile::ReadOwner));
     EXPECT_EQ(failure(path("plan.dxf")),
               path("plan.dxf").toStdString()
-                  + " cannot be written: its permissions forbid it. The file is as it was.");
+                  + " cannot be written: Permission denied. The file is as it was.");
     EXPECT_EQ(contents(path("plan.dxf")), "old");
 }
 

@@ -51,8 +51,8 @@ AtomicFile::AtomicFile(const QString& path)
     if (target.exists() && !target.isFile())
         throw OdError_FileAccess(OdResult::CantWriteFile,
                                  tr("%1 is not a regular file; it is not replaced.").arg(path));
-    if (target.exists() && !target.isWritable())
-        fail(tr("its permissions forbid it"));
+    if (target.exists() && !disk_calls::mayWrite(m_target))
+        fail(disk_calls::lastError());
     removeLeftovers();
     createTemporary();
 }

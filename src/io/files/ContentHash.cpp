@@ -13,7 +13,10 @@ constexpr quint64 kLast = 0xAF251AF3B0F025B5u;
 
 quint64 stirred(quint64 lane, quint64 word)
 {
-    return std::rotl((lane ^ word) * kFactor, 29);
+    lane ^= word;
+    // Multiplying carries upwards only: without this the highest bit would stay alone.
+    lane ^= lane >> 32;
+    return std::rotl(lane * kFactor, 29);
 }
 } // namespace
 

@@ -41,6 +41,12 @@ bool replace(const QString& from, const QString& to)
         != 0;
 }
 
+bool mayWrite(const QString& file)
+{
+    SetLastError(ERROR_ACCESS_DENIED);
+    return QFileInfo(file).isWritable();
+}
+
 bool link(const QString& file, const QString& name)
 {
     return CreateHardLinkW(wide(name), wide(file), nullptr) != 0;
@@ -91,6 +97,11 @@ void syncFolder(const QString& folder)
 bool replace(const QString& from, const QString& to)
 {
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+bool mayWrite(const QString& file)
+{
+    return access(QFile::encodeName(file).constData(), W_OK) == 0;
 }
 
 bool link(const QString& file, const QString& name)

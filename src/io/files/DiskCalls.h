@@ -15,6 +15,8 @@ bool sync(QFile& file);
 void syncFolder(const QString& folder);
 /// Gives a file another name in one step, over a file that has that name already.
 bool replace(const QString& from, const QString& to);
+/// Whether this user may change what a file holds.
+bool mayWrite(const QString& file);
 /// A second name for a file.
 bool link(const QString& file, const QString& name);
 /// Gives an open file the owner (where that is permitted) and the permissions of another.

@@ -48,9 +48,14 @@ bool PieceWriter::flush()
 
 bool PieceWriter::put(QByteArrayView bytes)
 {
-    if (m_file.write(bytes.data(), bytes.size()) != bytes.size())
-        return false;
-    m_done += static_cast<quint64>(bytes.size());
+    // A disk that is nearly full takes a part, and says so only when it is given the rest.
+    while (!bytes.isEmpty()) {
+        const qint64 taken = m_file.write(bytes.data(), bytes.size());
+        if (taken <= 0)
+            return false;
+        m_done += static_cast<quint64>(taken);
+        bytes = bytes.sliced(taken);
+    }
     m_written(m_done);
     return true;
 }

@@ -31,14 +31,12 @@ void say(const QByteArray& line)
 void saveForever(const QString& path)
 {
     const auto drawing = readDrawing(path);
-    // The file may hold either state; a layer that is locked already makes no edit.
     say("ready");
     const SaveOptions options{true};
     for (;;) {
         lockLayers(*drawing);
         writeDrawing(*drawing, path, {}, options);
-        for (const OdDbObjectId id : drawing->layerTable().records())
-            id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setIsLocked(false);
+        drawing->undo();
         writeDrawing(*drawing, path, {}, options);
     }
 }
