@@ -20,24 +20,24 @@ QString changedPart(quint64 layers, quint64 others)
                            : HostText::tr("%1 records changed").arg(number(others));
     if (others == 0)
         return HostText::tr("%1 changed").arg(layerPart);
+    if (others == 1)
+        return HostText::tr("%1 and 1 of another kind changed").arg(layerPart);
     return HostText::tr("%1 and %2 of other kinds changed").arg(layerPart, number(others));
 }
 
-QString identicalPart(quint64 count)
-{
-    if (count == 0)
-        return HostText::tr("no other record is in the drawing");
-    return count == 1 ? HostText::tr("the other record identical")
-                      : HostText::tr("all other %1 records identical").arg(number(count));
-}
 } // namespace
 
 QString recordsSentence(const SaveReport& report)
 {
-    if (report.layerRecordsChanged + report.otherRecordsChanged == 0)
-        return HostText::tr("No records changed, all %1 identical.")
-            .arg(number(report.recordsIdentical));
-    return HostText::tr("%1, %2.").arg(
-        changedPart(report.layerRecordsChanged, report.otherRecordsChanged),
-        identicalPart(report.recordsIdentical));
+    const quint64 layers = report.layerRecordsChanged;
+    const quint64 others = report.otherRecordsChanged;
+    const quint64 identical = report.recordsIdentical;
+    if (layers + others == 0)
+        return HostText::tr("No records changed, all %1 identical.").arg(number(identical));
+    const QString changed = changedPart(layers, others);
+    if (identical == 0)
+        return HostText::tr("%1; there are no others.").arg(changed);
+    if (identical == 1)
+        return HostText::tr("%1, the other record identical.").arg(changed);
+    return HostText::tr("%1, all other %2 records identical.").arg(changed, number(identical));
 }

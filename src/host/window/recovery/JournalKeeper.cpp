@@ -76,6 +76,9 @@ void JournalKeeper::documentToBeDestroyed(KsApDocument* document)
 
 void JournalKeeper::edited()
 {
+    if (std::none_of(m_entries.begin(), m_entries.end(),
+                     [](const Entry& entry) { return entry.document->isModified(); }))
+        return;
     if (!m_settled.isActive())
         m_firstEdit.start();
     if (!m_settled.isActive() || m_firstEdit.elapsed() < kLongestWait)
