@@ -17,10 +17,11 @@ using IoProgress = std::function<bool(quint64 doneBytes, quint64 totalBytes)>;
 struct SaveReport
 {
     quint64 bytes = 0;
-    quint64 recordsChanged = 0; ///< layers and others
+    quint64 recordsChanged = 0; ///< layers, others and settings
     quint64 recordsIdentical = 0;
     quint64 layerRecordsChanged = 0;
     quint64 otherRecordsChanged = 0;
+    quint64 settingsChanged = 0; ///< header variables
     QStringList notKept; ///< what the version of the file cannot hold, in sentences
     QStringList warnings; ///< what failed although the drawing is saved, in sentences
     FileLayout file; ///< the file as it is on the disk

@@ -113,8 +113,9 @@ TEST_F(DocumentSafety, ASaveTellsWhatChangedOnTheLineAndInTheStatusBar)
         << frontEnd.status.toStdString();
     EXPECT_TRUE(frontEnd.printed.contains(frontEnd.status));
     EXPECT_EQ("", run("SAVE"));
-    EXPECT_TRUE(frontEnd.status.startsWith(QStringLiteral("1 layer record changed")))
-        << "The counts are against the file that was opened.";
+    EXPECT_TRUE(frontEnd.status.startsWith(
+        QStringLiteral("1 layer record changed since the drawing was opened, ")))
+        << frontEnd.status.toStdString();
 }
 
 TEST_F(DocumentSafety, ScriptsAreToldOfWhatWentWrongOnly)

@@ -69,6 +69,8 @@ private slots:
     void discardsWhatTheUserDoesNotWant();
     void asksLaterWhenTheUserSaysSo();
     void leavesTheJournalsOfLivingProcessesAlone();
+    void offersAJournalInOneProcessAtATime();
+    void keepsTheJournalWhenTheProgramEndsUnasked();
     void keepsAJournalAsideWhoseDrawingChanged();
     void keepsAJournalAsideWhoseDrawingIsGone();
     void keepsADamagedJournalAside();
@@ -252,6 +254,31 @@ void TestRecovery::leavesTheJournalsOfLivingProcessesAlone()
     QVERIFY(otherProcess.abandoned().empty());
     offer();
     QCOMPARE(files("*.journal").size(), 1);
+}
+
+void TestRecovery::offersAJournalInOneProcessAtATime()
+{
+    editPlan();
+    const QString journal = loseTheDrawing();
+    const RecoveryFolder otherProcess(folder->path());
+    {
+        const auto offered = otherProcess.abandoned();
+        QCOMPARE(offered.size(), std::size_t(1));
+        QCOMPARE(offered.front().path, journal);
+        offer();
+        QVERIFY(prompts->asked().isEmpty());
+    }
+    prompts->willChoose(kLater);
+    offer();
+}
+
+void TestRecovery::keepsTheJournalWhenTheProgramEndsUnasked()
+{
+    editPlan();
+    const QString journal = keeper->journalOf(*current());
+    keeper.reset();
+    core->shutDown();
+    QVERIFY(QFile::exists(journal));
 }
 
 void TestRecovery::keepsAJournalAsideWhoseDrawingChanged()

@@ -47,7 +47,32 @@ TEST_F(SaveSentences, SayWhenNothingOrEverythingChanged)
 {
     EXPECT_EQ(sentence(0, 0, 48225), "No records changed, all 48,225 identical.");
     EXPECT_EQ(sentence(5, 0, 1), "5 layer records changed, the other record identical.");
-    EXPECT_EQ(sentence(5, 0, 0), "5 layer records changed; there are no others.");
+    EXPECT_EQ(sentence(5, 0, 0), "5 layer records changed, there are no others.");
+}
+
+TEST_F(SaveSentences, CountSettingsOfTheDrawingAtTheEnd)
+{
+    SaveReport report;
+    report.recordsIdentical = 20;
+    report.settingsChanged = 1;
+    EXPECT_EQ(recordsSentence(report).toStdString(),
+              "No records changed, all 20 identical; 1 setting of the drawing changed.");
+    report.settingsChanged = 2;
+    report.layerRecordsChanged = 3;
+    EXPECT_EQ(recordsSentence(report).toStdString(),
+              "3 layer records changed, all other 20 records identical; 2 settings of the drawing "
+              "changed.");
+}
+
+TEST_F(SaveSentences, SayOfALaterSaveThatTheOpenedFileIsComparedWith)
+{
+    SaveReport report;
+    report.recordsIdentical = 20;
+    EXPECT_EQ(recordsSentence(report, true).toStdString(), "No records changed, all 20 identical.");
+    report.layerRecordsChanged = 3;
+    EXPECT_EQ(recordsSentence(report, true).toStdString(),
+              "3 layer records changed since the drawing was opened, all other 20 records "
+              "identical.");
 }
 
 TEST_F(SaveSentences, GroupNumbersAsTheLocaleDoes)

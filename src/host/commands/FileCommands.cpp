@@ -50,7 +50,7 @@ void createNew(const HostCommandRun& run)
 
 void tellSaved(const HostCommandRun& run, const SaveReport& report)
 {
-    const QString records = recordsSentence(report);
+    const QString records = recordsSentence(report, run.document().file().saves > 1);
     run.tell(HostText::tr("Saved %1: %2 bytes.")
                  .arg(run.document().fileName(), QLocale().toString(report.bytes)));
     run.tell(records);

@@ -13,6 +13,7 @@ struct DocumentFileState
     bool isReadOnly = false;
     bool ignoresLock = false; ///< the user edits although another process does
     bool hasBackup = false; ///< the file as it was before this session is kept, or there was none
+    int saves = 0; ///< of this session, to whatever file
     FileIdentity identity; ///< when it was read or written
     std::optional<FileIdentity> noticed; ///< the change that the user was told of last
     std::optional<FileLayout> layout; ///< when it was written; unknown until somebody asks

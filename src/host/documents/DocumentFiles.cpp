@@ -238,6 +238,7 @@ SaveReport DocumentFiles::write(HostDocument& document, const QString& path)
     state.hasBackup = true;
     state.identity = report.file.identity;
     state.noticed.reset();
+    ++state.saves;
     state.layout = report.file;
     document.saved(path);
     m_frontEnd->fileUsed(path);

@@ -5,4 +5,6 @@
 struct SaveReport;
 
 /// What a save changed, counted: "14 layer records changed, all other 48,211 records identical."
-QString recordsSentence(const SaveReport& report);
+/// `isLaterSave`: the file was saved before, and the counts are still against the file as it was
+/// opened.
+QString recordsSentence(const SaveReport& report, bool isLaterSave = false);

@@ -97,6 +97,9 @@ int runWindowProgram(int argc, char** argv, const HostOptions& options)
         session.setJournals(*keeper);
         QTimer::singleShot(0, &window, [&] { session.start(options.files); });
         result = QApplication::exec();
+        // Drawings with unsaved changes are left only where nobody could be asked.
+        keeper->flush();
+        keeper.reset();
     }
     window.hide();
     core.shutDown();

@@ -353,6 +353,6 @@ void DxfWriter::report(DrawingPieces& pieces) const
         static_cast<quint64>(std::count_if(changed.begin(), changed.end(), [this](quint32 slot) {
             return m_store.type(slot) == RecordType::Layer;
         }));
-    pieces.report.otherRecordsChanged =
-        pieces.report.recordsChanged - pieces.report.layerRecordsChanged;
+    pieces.report.otherRecordsChanged = changed.size() - pieces.report.layerRecordsChanged;
+    pieces.report.settingsChanged = m_headerChanges;
 }

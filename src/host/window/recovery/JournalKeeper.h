@@ -17,7 +17,8 @@ class HostFrontEnd;
 class RecoveryFolder;
 
 /// Keeps a journal of each drawing's unsaved edits, written when the edits have settled, and taken
-/// away as soon as there is nothing to lose: saved, undone, or closed.
+/// away as soon as there is nothing to lose: saved, undone, or closed. What is left when this ends
+/// before the documents do stays for the next start.
 class JournalKeeper : public QObject, private KsApDocManagerReactor
 {
     Q_OBJECT
