@@ -9,12 +9,24 @@
 #include <memory>
 #include <vector>
 
+class WrittenBytes;
+
 /// A drawing file as a sequence of byte runs: long stretches of the image it was read from, with
 /// new bytes between. The views stay valid as long as this object and the image live.
 struct DrawingPieces
 {
+    /// A record that was edited: where it stands in the new file, or begin == end when it was
+    /// erased.
+    struct ChangedRecord
+    {
+        quint32 slot;
+        quint64 begin;
+        quint64 end;
+    };
+
     std::vector<QByteArrayView> parts;
     std::deque<QByteArray> owned;
+    std::vector<ChangedRecord> changed;
     SaveReport report;
 
     quint64 size() const;
@@ -26,6 +38,17 @@ class DrawingSource : public OdDbObjectSource
 public:
     /// The drawing as it is now. Raises OdError for what the format cannot hold.
     virtual DrawingPieces write(const OdDbDatabase& database) const = 0;
+    /// Compares the records that changed with what was read back from the disk, before the new file
+    /// takes the place of the old. Raises OdError_FileAccess for one that does not say what the
+    /// drawing says.
+    virtual void verify(const OdDbDatabase& /*database*/, const DrawingPieces& /*pieces*/,
+                        const WrittenBytes& /*written*/) const
+    { }
+    /// The bytes that the drawing was read from; DrawingPieces are views into them.
+    virtual const FileImage& image() const = 0;
+
+    /// The source of that drawing; raises OdError_FileAccess when it has none that can write.
+    static const DrawingSource& of(const OdDbDatabase& database);
 };
 
 /// A file format.

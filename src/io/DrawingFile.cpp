@@ -2,19 +2,16 @@
 
 #include "io/DrawingCodec.h"
 #include "io/dxf/DxfCodec.h"
+#include "io/files/AtomicFile.h"
+#include "io/files/WrittenBytes.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <array>
 #include <new>
 
 namespace {
-
-constexpr qsizetype kWriteStep = qsizetype(4) << 20;
-constexpr quint64 kReportStep = quint64(16) << 20;
 
 QString tr(const char* text)
 {
@@ -51,74 +48,16 @@ std::unique_ptr<OdDbDatabase> readImage(std::shared_ptr<const FileImage> image,
     return codec.read(std::move(image), progress);
 }
 
-DrawingPieces piecesOf(const OdDbDatabase& database)
+} // namespace
+
+const DrawingSource& DrawingSource::of(const OdDbDatabase& database)
 {
     const auto* source = dynamic_cast<const DrawingSource*>(database.source());
     if (!source)
         throw OdError_FileAccess(OdResult::CantWriteFile,
                                  tr("The drawing was made without a file format to write."));
-    return source->write(database);
+    return *source;
 }
-
-/// Collects small pieces into large writes; hands large ones through.
-class PieceWriter
-{
-public:
-    PieceWriter(QSaveFile& file, const QString& path, quint64 total, const IoProgress& progress)
-        : m_file(file)
-        , m_path(path)
-        , m_total(total)
-        , m_progress(progress)
-    {
-        m_buffer.reserve(kWriteStep);
-    }
-
-    void add(QByteArrayView piece)
-    {
-        while (!piece.isEmpty()) {
-            const qsizetype step = std::min(piece.size(), kWriteStep);
-            if (m_buffer.size() + step > kWriteStep)
-                flush();
-            if (m_buffer.isEmpty() && step >= kWriteStep / 4)
-                put(piece.first(step));
-            else
-                m_buffer.append(piece.data(), step);
-            piece = piece.sliced(step);
-        }
-    }
-    void flush()
-    {
-        if (!m_buffer.isEmpty())
-            put(m_buffer);
-        m_buffer.resize(0);
-    }
-
-private:
-    void put(QByteArrayView bytes)
-    {
-        if (m_file.write(bytes.data(), bytes.size()) != bytes.size())
-            throw OdError_FileAccess(OdResult::CantWriteFile,
-                                     tr("%1 cannot be written: %2. The file is as it was.")
-                                         .arg(m_path, m_file.errorString()));
-        m_done += static_cast<quint64>(bytes.size());
-        if (m_done < m_nextReport)
-            return;
-        m_nextReport = m_done + kReportStep;
-        if (m_progress && !m_progress(m_done, m_total))
-            throw OdError(OdResult::Cancelled,
-                          tr("Saving %1 was cancelled. The file is as it was.").arg(m_path));
-    }
-
-    QSaveFile& m_file;
-    const QString& m_path;
-    quint64 m_total;
-    const IoProgress& m_progress;
-    QByteArray m_buffer;
-    quint64 m_done = 0;
-    quint64 m_nextReport = 0;
-};
-
-} // namespace
 
 quint64 DrawingPieces::size() const
 {
@@ -144,32 +83,26 @@ std::unique_ptr<OdDbDatabase> readDrawing(const QByteArray& bytes, const QString
 }
 
 SaveReport writeDrawing(const OdDbDatabase& database, const QString& path,
-                        const IoProgress& progress)
+                        const IoProgress& progress, const SaveOptions& options)
 {
-    if (QFileInfo(path).isDir())
-        throw OdError_FileAccess(OdResult::CantWriteFile,
-                                 tr("%1 is a folder; expected a file name.").arg(path));
-    DrawingPieces pieces = piecesOf(database);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw OdError_FileAccess(
-            OdResult::CantWriteFile,
-            tr("%1 cannot be written: %2. The file is as it was.").arg(path, file.errorString()));
-    PieceWriter writer(file, path, pieces.size(), progress);
-    for (const QByteArrayView part : pieces.parts)
-        writer.add(part);
-    writer.flush();
-    if (!file.commit())
-        throw OdError_FileAccess(
-            OdResult::CantWriteFile,
-            tr("%1 cannot be written: %2. The file is as it was.").arg(path, file.errorString()));
-    pieces.report.bytes = pieces.size();
-    return pieces.report;
+    const DrawingSource& source = DrawingSource::of(database);
+    AtomicFile file(path);
+    DrawingPieces pieces = source.write(database);
+    file.write(pieces.parts, progress);
+    source.verify(database, pieces, WrittenBytes(file.temporaryPath()));
+    SaveReport report = std::move(pieces.report);
+    if (const QString problem = options.keepBackup ? file.keepBackup() : QString();
+        !problem.isEmpty())
+        report.warnings << problem;
+    file.commit();
+    report.bytes = pieces.size();
+    report.file = {file.identity(), file.contentHash(), FileLayout::runsOf(pieces, source.image())};
+    return report;
 }
 
 QByteArray drawingBytes(const OdDbDatabase& database)
 {
-    const DrawingPieces pieces = piecesOf(database);
+    const DrawingPieces pieces = DrawingSource::of(database).write(database);
     QByteArray bytes;
     bytes.reserve(static_cast<qsizetype>(pieces.size()));
     for (const QByteArrayView part : pieces.parts)

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "database/OdDbDatabase.h"
+#include "io/files/FileLayout.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -15,8 +17,20 @@ using IoProgress = std::function<bool(quint64 doneBytes, quint64 totalBytes)>;
 struct SaveReport
 {
     quint64 bytes = 0;
-    quint64 recordsChanged = 0;
+    quint64 recordsChanged = 0; ///< layers, others and settings
     quint64 recordsIdentical = 0;
+    quint64 layerRecordsChanged = 0;
+    quint64 otherRecordsChanged = 0;
+    quint64 settingsChanged = 0; ///< header variables
+    QStringList notKept; ///< what the version of the file cannot hold, in sentences
+    QStringList warnings; ///< what failed although the drawing is saved, in sentences
+    FileLayout file; ///< the file as it is on the disk
+};
+
+struct SaveOptions
+{
+    /// Keeps the old file under its name with "~" added.
+    bool keepBackup = false;
 };
 
 /// Reads a drawing with the codec that recognises its first bytes. Raises OdError_FileAccess
@@ -24,10 +38,10 @@ struct SaveReport
 /// line and expectation).
 std::unique_ptr<OdDbDatabase> readDrawing(const QString& path, const IoProgress& progress = {});
 
-/// Writes atomically: a temporary file in the same folder, synced, then renamed over `path`. On any
-/// failure the file at `path` is as it was. Raises OdError_FileAccess.
+/// Writes atomically: a temporary file in the same folder, synced, read back and compared, then
+/// renamed over `path`. On any failure the file at `path` is as it was. Raises OdError_FileAccess.
 SaveReport writeDrawing(const OdDbDatabase& database, const QString& path,
-                        const IoProgress& progress = {});
+                        const IoProgress& progress = {}, const SaveOptions& options = {});
 
 /// Reads a drawing from memory; `name` stands for the file in error sentences.
 std::unique_ptr<OdDbDatabase> readDrawing(const QByteArray& bytes, const QString& name);

@@ -5,6 +5,7 @@
 #include <QByteArrayView>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <thread>
 
@@ -34,6 +35,12 @@ public:
     QByteArrayView view(quint64 from, quint64 to) const
     {
         return {m_bytes + from, static_cast<qsizetype>(to - from)};
+    }
+    /// Whether a view is one into this image.
+    bool holds(QByteArrayView part) const
+    {
+        return !std::less<>()(part.data(), begin())
+            && !std::less<>()(end(), part.data() + part.size());
     }
     /// Waits until the bytes before `offset` (at most size()) are there and returns how many are.
     /// Raises OdError_FileAccess when the file cannot be read so far.

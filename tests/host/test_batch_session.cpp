@@ -5,6 +5,7 @@
 #include "host/support/TestDrawing.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -109,6 +110,33 @@ TEST_F(BatchRun, AScriptEditsAndSavesADrawing)
     EXPECT_EQ(ExitCode::Ok, session.openDrawing(plan));
     EXPECT_EQ(ExitCode::Ok, run("CLAYER\n"));
     EXPECT_EQ("CLAYER = \"Wände außen\"\n", output.text());
+}
+
+TEST_F(BatchRun, UnsavedEditsOfAnEarlierRunAreTold)
+{
+    const QString journal = folder.filePath(QStringLiteral("recovery/gone-1.journal"));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("recovery")));
+    QFile file(journal);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    session.start();
+    EXPECT_EQ("kest: The recovery file " + journal.toStdString()
+                  + " holds edits that were not saved; start kest with a window to recover "
+                    "them.\n",
+              errors.text());
+    EXPECT_TRUE(QFile::exists(journal));
+}
+
+TEST_F(BatchRun, AScriptThatMayNotSaveSaysWhere)
+{
+    const QString plan = TestDrawing().writeTo(folder.path(), QStringLiteral("plan.dxf"));
+    EXPECT_EQ(ExitCode::Ok, session.openDrawing(plan));
+    TestDrawing().add({.name = "Theirs"}).writeTo(folder.path(), QStringLiteral("plan.dxf"));
+    EXPECT_EQ(ExitCode::CannotWrite, run("SAVE\n"));
+    EXPECT_EQ("night.scr:1: " + plan.toStdString()
+                  + " was changed by another program since it was opened. SAVE Overwrite replaces "
+                    "it, SAVEAS writes to another file.\n",
+              errors.text());
+    EXPECT_EQ(ExitCode::Ok, run("SAVE Overwrite\n"));
 }
 
 TEST_F(BatchRun, AScriptOrDrawingThatIsNotThereIsBadInput)

@@ -14,7 +14,8 @@ HostCore::HostCore(HostFrontEnd& frontEnd, const QString& configFolder)
     , m_io(m_commands)
     , m_services(m_sysvars)
     , m_undoHistory(m_documents)
-    , m_files(m_documents)
+    , m_files(m_documents, m_sysvars)
+    , m_recovery(configFolder)
 {
     m_commands.setFrontEnd(frontEnd);
     m_io.setFrontEnd(frontEnd);

@@ -10,6 +10,7 @@
 #include "host/documents/HostDocManager.h"
 #include "host/documents/HostUndoHistory.h"
 #include "host/modules/ModuleLoader.h"
+#include "host/recovery/RecoveryFolder.h"
 #include "host/sysvars/HostSysvarManager.h"
 #include "host/sysvars/UserSettings.h"
 
@@ -38,6 +39,7 @@ public:
     CommandQueue& queue() { return m_queue; }
     CommandProcessor& commands() { return m_commands; }
     DocumentFiles& files() { return m_files; }
+    RecoveryFolder& recovery() { return m_recovery; }
     ModuleLoader& modules() { return m_modules; }
     HostFrontEnd& frontEnd() { return m_frontEnd; }
 
@@ -53,6 +55,7 @@ private:
     HostServices m_services;
     HostUndoHistory m_undoHistory;
     DocumentFiles m_files;
+    RecoveryFolder m_recovery;
     ModuleLoader m_modules;
     bool m_isDown = false;
 };

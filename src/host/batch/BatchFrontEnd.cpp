@@ -14,7 +14,8 @@ std::unique_ptr<OdDbDatabase> BatchFrontEnd::readDrawingFile(const QString& path
     return readDrawing(path);
 }
 
-SaveReport BatchFrontEnd::writeDrawingFile(const OdDbDatabase& drawing, const QString& path)
+SaveReport BatchFrontEnd::writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
+                                           const SaveOptions& options)
 {
-    return writeDrawing(drawing, path);
+    return writeDrawing(drawing, path, {}, options);
 }

@@ -16,10 +16,20 @@ public:
     std::optional<QString> ask(const QString&) override { return std::nullopt; }
     bool isInteractive() const override { return false; }
     std::unique_ptr<OdDbDatabase> readDrawingFile(const QString& path) override;
-    SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path) override;
+    SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
+                                const SaveOptions& options) override;
     QString chooseFileToOpen() override { return {}; }
     QString chooseFileToSave(const QString&) override { return {}; }
     CloseAnswer askToSave(const HostDocument&) override { return CloseAnswer::Cancel; }
+    LockAnswer askAboutLock(const QString&, const QString&) override { return LockAnswer::Cancel; }
+    ChangeAnswer askAboutChange(const HostDocument&) override { return ChangeAnswer::Cancel; }
+    bool askToReload(const HostDocument&) override { return false; }
+    RecoveryAnswer askToRecover(const QString&, const QDateTime&) override
+    {
+        return RecoveryAnswer::Later;
+    }
+    void notify(const QString& sentence) override { print(sentence); }
+    void showStatus(const QString&) override { }
     void fileUsed(const QString&) override { }
     void regen(bool) override { }
     void zoomExtents() override { }

@@ -26,6 +26,7 @@ void BatchSession::start()
 {
     if (const QString problem = m_core.settings().loadProblem(); !problem.isEmpty())
         complain(QStringLiteral("kest"), problem);
+    tellUnsavedEdits();
     const QString path = ModuleLoader::layerManagerPath();
     if (path.isEmpty())
         return;
@@ -33,6 +34,16 @@ void BatchSession::start()
         m_core.modules().load(path);
     } catch (const OdError& error) {
         complain(QStringLiteral("kest"), error.description());
+    }
+}
+
+void BatchSession::tellUnsavedEdits()
+{
+    for (const RecoveryFolder::Abandoned& journal : m_core.recovery().abandoned()) {
+        complain(QStringLiteral("kest"),
+                 HostText::tr("The recovery file %1 holds edits that were not saved; start kest "
+                              "with a window to recover them.")
+                     .arg(journal.path));
     }
 }
 

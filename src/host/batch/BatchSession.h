@@ -26,6 +26,7 @@ public:
     ExitCode run(QIODevice& script, const QString& name);
 
 private:
+    void tellUnsavedEdits();
     ExitCode runLine(const QString& line, const QString& place);
     void complain(const QString& place, const QString& sentence);
 

@@ -139,6 +139,15 @@ bool CommandProcessor::hasAnswer() const
     return (isRunning() && !m_frames.back().answers.isEmpty()) || !m_queue.isEmpty();
 }
 
+bool CommandProcessor::takeWord(const QString& word)
+{
+    if (!isRunning() || m_frames.back().answers.isEmpty()
+        || m_frames.back().answers.first().compare(word, Qt::CaseInsensitive) != 0)
+        return false;
+    m_frames.back().answers.removeFirst();
+    return true;
+}
+
 std::optional<QString> CommandProcessor::nextAnswer(const QString& prompt)
 {
     if (isRunning() && !m_frames.back().answers.isEmpty())

@@ -32,6 +32,9 @@ public:
     std::optional<QString> nextAnswer(const QString& prompt);
     /// True when the rest of the line, or the queue, holds an answer.
     bool hasAnswer() const;
+    /// Takes the next answer of the running command's own line if it is that word, whatever its
+    /// case.
+    bool takeWord(const QString& word);
     /// Makes the running command one that failed, for callers that cannot raise an error.
     void noteFailure(const QString& sentence);
 

@@ -1,6 +1,7 @@
 #include "database/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/commands/HostCommand.h"
+#include "host/documents/SaveSentences.h"
 #include "host/text/HostText.h"
 #include "io/DrawingFile.h"
 
@@ -49,9 +50,14 @@ void createNew(const HostCommandRun& run)
 
 void tellSaved(const HostCommandRun& run, const SaveReport& report)
 {
-    run.tell(HostText::tr("Saved %1: %2 bytes, %3 records changed.")
-                 .arg(run.document().fileName(), QLocale().toString(report.bytes),
-                      QLocale().toString(report.recordsChanged)));
+    const QString records = recordsSentence(report, run.document().file().saves > 1);
+    run.tell(HostText::tr("Saved %1: %2 bytes.")
+                 .arg(run.document().fileName(), QLocale().toString(report.bytes)));
+    run.tell(records);
+    run.core().frontEnd().showStatus(records);
+    // Losses are told in scripts too.
+    for (const QString& sentence : report.notKept + report.warnings)
+        run.print(sentence);
 }
 
 void saveAs(const HostCommandRun& run)
@@ -75,7 +81,19 @@ void save(const HostCommandRun& run)
         saveAs(run);
         return;
     }
-    tellSaved(run, run.core().files().save(document));
+    bool overwrites = run.takeWord(QStringLiteral("Overwrite"));
+    const bool isChanged = DocumentFiles::changeOf(document) == DocumentFiles::Change::Changed;
+    if (isChanged && !overwrites && !document.isReadOnly() && run.isInteractive()) {
+        const auto answer = run.core().frontEnd().askAboutChange(document);
+        if (answer == HostFrontEnd::ChangeAnswer::Cancel)
+            cancel();
+        if (answer == HostFrontEnd::ChangeAnswer::SaveAs) {
+            saveAs(run);
+            return;
+        }
+        overwrites = true;
+    }
+    tellSaved(run, run.core().files().save(document, overwrites));
 }
 
 CloseAnswer closeAnswer(const HostCommandRun& run, const HostDocument& document)

@@ -36,6 +36,11 @@ bool HostCommandRun::hasAnswer() const
     return m_core.commands().hasAnswer();
 }
 
+bool HostCommandRun::takeWord(const QString& word) const
+{
+    return m_core.commands().takeWord(word);
+}
+
 bool HostCommandRun::isInteractive() const
 {
     return m_core.frontEnd().isInteractive();

@@ -24,6 +24,8 @@ public:
     /// The next answer; the fallback when it is empty, or when nobody can answer.
     QString answerOr(const QString& prompt, const QString& fallback) const;
     bool hasAnswer() const;
+    /// Takes the next word of the line if it is that one.
+    bool takeWord(const QString& word) const;
     bool isInteractive() const;
     void print(const QString& text) const;
     /// Prints where a person reads along; scripts stay silent about what went well.

@@ -3,8 +3,12 @@
 #include "database/OdDbDatabase.h"
 #include "host/documents/HostDocManager.h"
 #include "host/resources/HostResources.h"
+#include "host/sysvars/HostSysvarManager.h"
 #include "host/text/HostText.h"
 #include "io/DrawingFile.h"
+#include "io/FileImage.h"
+#include "io/files/AtomicFile.h"
+#include "io/files/RecoveryJournal.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -18,6 +22,18 @@ QString absolutePath(const QString& path)
     }
     return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
 }
+
+[[noreturn]] void refuseToWrite(const QString& sentence)
+{
+    throw OdError_FileAccess(OdResult::CantWriteFile, sentence);
+}
+
+QString editedElsewhere(const QString& path, const QString& holder)
+{
+    return holder.isEmpty()
+        ? HostText::tr("%1 is being edited in another program; it is not overwritten.").arg(path)
+        : HostText::tr("%1 is being edited by %2; it is not overwritten.").arg(path, holder);
+}
 } // namespace
 
 bool DocumentFiles::isPristine(const HostDocument& document)
@@ -27,6 +43,50 @@ bool DocumentFiles::isPristine(const HostDocument& document)
         && !drawing.hasRedo();
 }
 
+DocumentFiles::Change DocumentFiles::changeOf(const HostDocument& document)
+{
+    if (!document.hasFile())
+        return Change::None;
+    const FileIdentity now = FileIdentity::of(document.fileName());
+    if (!now.exists)
+        return Change::Gone;
+    return now == document.file().identity ? Change::None : Change::Changed;
+}
+
+DocumentFileState DocumentFiles::claim(const QString& path)
+{
+    DocumentFileState state;
+    // Taken before the file is read: a change during that counts as one.
+    state.identity = FileIdentity::of(path);
+    if (!m_locks || !QFileInfo(path).isFile())
+        return state;
+    state.lock = std::make_unique<DrawingLock>(path);
+    if (state.lock->state() != DrawingLock::State::Elsewhere || !m_frontEnd->isInteractive())
+        return state;
+    switch (m_frontEnd->askAboutLock(path, state.lock->holder())) {
+    case HostFrontEnd::LockAnswer::ReadOnly:
+        state.isReadOnly = true;
+        state.lock.reset();
+        break;
+    case HostFrontEnd::LockAnswer::OpenAnyway:
+        state.ignoresLock = true;
+        break;
+    case HostFrontEnd::LockAnswer::Cancel:
+        throw OdError(OdResult::Cancelled, HostText::tr("*Cancel*"));
+    }
+    return state;
+}
+
+HostDocument& DocumentFiles::add(std::unique_ptr<OdDbDatabase> drawing, const QString& path,
+                                 DocumentFileState state)
+{
+    const auto before = m_documents.documents();
+    HostDocument& document = m_documents.add(std::move(drawing), path, true, std::move(state));
+    if (before.size() == 1 && isPristine(*before.front()))
+        m_documents.close(*before.front());
+    return document;
+}
+
 HostDocument& DocumentFiles::open(const QString& path)
 {
     const QString file = absolutePath(path);
@@ -34,17 +94,71 @@ HostDocument& DocumentFiles::open(const QString& path)
         m_documents.setCurrent(*open);
         return *open;
     }
+    DocumentFileState state = claim(file);
     std::unique_ptr<OdDbDatabase> drawing;
     {
         const HostDocManager::BusyScope busy(m_documents);
         drawing = m_frontEnd->readDrawingFile(file);
     }
-    const auto before = m_documents.documents();
-    HostDocument& document = m_documents.add(std::move(drawing), file, true);
-    if (before.size() == 1 && isPristine(*before.front()))
-        m_documents.close(*before.front());
+    HostDocument& document = add(std::move(drawing), file, std::move(state));
     m_frontEnd->fileUsed(file);
     return document;
+}
+
+HostDocument& DocumentFiles::openRecovered(const RecoveryJournal& journal)
+{
+    if (journal.path.isEmpty()) {
+        auto drawing = readDrawing(journal.applyTo({}), journal.title);
+        HostDocument& document = m_documents.add(std::move(drawing), journal.title, false);
+        document.file().layout = FileLayout{};
+        document.markModified();
+        return document;
+    }
+    if (m_documents.findByFile(journal.path)) {
+        throw OdError_FileAccess(
+            OdResult::CantOpenFile,
+            HostText::tr("%1 is open already; close it to recover its edits.").arg(journal.path));
+    }
+    DocumentFileState state = claim(journal.path);
+    std::unique_ptr<OdDbDatabase> drawing;
+    {
+        const HostDocManager::BusyScope busy(m_documents);
+        const auto original = FileImage::load(journal.path);
+        original->waitFor(original->size());
+        if (!journal.fits(original->view())) {
+            throw OdError_FileAccess(
+                OdResult::CantOpenFile,
+                HostText::tr("%1 is not the file any more that was edited; the unsaved edits do "
+                             "not fit it.")
+                    .arg(journal.path));
+        }
+        drawing =
+            readDrawing(journal.applyTo(original->view()), QFileInfo(journal.path).fileName());
+    }
+    state.layout = FileLayout{state.identity, journal.fileHash, journal.runs()};
+    HostDocument& document = add(std::move(drawing), journal.path, std::move(state));
+    document.markModified();
+    m_frontEnd->fileUsed(journal.path);
+    return document;
+}
+
+HostDocument& DocumentFiles::reload(HostDocument& document)
+{
+    const QString path = document.fileName();
+    const FileIdentity identity = FileIdentity::of(path);
+    std::unique_ptr<OdDbDatabase> drawing;
+    {
+        const HostDocManager::BusyScope busy(m_documents);
+        drawing = m_frontEnd->readDrawingFile(path);
+    }
+    DocumentFileState state = std::move(document.file());
+    state.identity = identity;
+    state.noticed.reset();
+    state.layout.reset();
+    // First the new one: palettes stay open while there is a drawing.
+    HostDocument& fresh = m_documents.add(std::move(drawing), path, true, std::move(state));
+    m_documents.close(document);
+    return fresh;
 }
 
 HostDocument& DocumentFiles::createNew()
@@ -54,9 +168,26 @@ HostDocument& DocumentFiles::createNew()
     return m_documents.add(std::move(drawing), name, false);
 }
 
-SaveReport DocumentFiles::save(HostDocument& document)
+SaveReport DocumentFiles::save(HostDocument& document, bool overwrites)
 {
-    return saveAs(document, document.fileName());
+    if (document.isReadOnly()) {
+        refuseToWrite(HostText::tr("%1 is open read-only. SAVEAS writes the drawing to another "
+                                   "file.")
+                          .arg(document.fileName()));
+    }
+    const Change change = changeOf(document);
+    if (change == Change::Changed && !overwrites) {
+        refuseToWrite(HostText::tr("%1 was changed by another program since it was opened. SAVE "
+                                   "Overwrite replaces it, SAVEAS writes to another file.")
+                          .arg(document.fileName()));
+    }
+    SaveReport report = write(document, document.fileName());
+    if (change == Change::Gone) {
+        report.warnings.prepend(HostText::tr("%1 was deleted or moved meanwhile; it is written "
+                                             "anew.")
+                                    .arg(document.fileName()));
+    }
+    return report;
 }
 
 SaveReport DocumentFiles::saveAs(HostDocument& document, const QString& path)
@@ -65,17 +196,51 @@ SaveReport DocumentFiles::saveAs(HostDocument& document, const QString& path)
     if (QFileInfo(file).suffix().isEmpty())
         file += QStringLiteral(".dxf");
     const HostDocument* other = m_documents.findByFile(file);
-    if (other && other != &document) {
-        throw OdError_FileAccess(
-            OdResult::CantWriteFile,
+    if (other && other != &document)
+        refuseToWrite(
             HostText::tr("%1 is open as another drawing; close that one first.").arg(file));
-    }
+    return write(document, file);
+}
+
+/// The lock to hold from now on; null when the document's own stays.
+std::unique_ptr<DrawingLock> DocumentFiles::lockForSaving(HostDocument& document,
+                                                          const QString& path) const
+{
+    DocumentFileState& state = document.file();
+    const bool isOwn = document.hasFile()
+        && AtomicFile::resolved(path) == AtomicFile::resolved(document.fileName());
+    if (!m_locks || (isOwn && state.lock && state.lock->state() == DrawingLock::State::Held))
+        return nullptr;
+    auto lock = std::make_unique<DrawingLock>(path);
+    if (lock->state() == DrawingLock::State::Elsewhere && !(isOwn && state.ignoresLock))
+        refuseToWrite(editedElsewhere(path, lock->holder()));
+    return lock;
+}
+
+SaveReport DocumentFiles::write(HostDocument& document, const QString& path)
+{
+    std::unique_ptr<DrawingLock> lock = lockForSaving(document, path);
+    DocumentFileState& state = document.file();
+    const bool isOwn = document.hasFile() && path == document.fileName();
+    int keepsBackups = 1;
+    m_sysvars.getInt(QStringLiteral("ISAVEBAK"), keepsBackups);
+    SaveOptions options;
+    options.keepBackup = keepsBackups != 0 && !(isOwn && state.hasBackup);
     SaveReport report;
     {
         const HostDocManager::BusyScope busy(m_documents);
-        report = m_frontEnd->writeDrawingFile(*document.database(), file);
+        report = m_frontEnd->writeDrawingFile(*document.database(), path, options);
     }
-    document.saved(file);
-    m_frontEnd->fileUsed(file);
+    if (lock)
+        state.lock = std::move(lock);
+    state.isReadOnly = false;
+    state.ignoresLock = state.ignoresLock && isOwn;
+    state.hasBackup = true;
+    state.identity = report.file.identity;
+    state.noticed.reset();
+    ++state.saves;
+    state.layout = report.file;
+    document.saved(path);
+    m_frontEnd->fileUsed(path);
     return report;
 }

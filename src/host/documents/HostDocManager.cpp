@@ -51,9 +51,10 @@ void HostDocManager::notify(const std::function<void(KsApDocManagerReactor&)>& c
 }
 
 HostDocument& HostDocManager::add(std::unique_ptr<OdDbDatabase> database, const QString& fileName,
-                                  bool hasFile)
+                                  bool hasFile, DocumentFileState file)
 {
-    m_documents.push_back(std::make_unique<HostDocument>(std::move(database), fileName, hasFile));
+    m_documents.push_back(
+        std::make_unique<HostDocument>(std::move(database), fileName, hasFile, std::move(file)));
     HostDocument& document = *m_documents.back();
     notify([&](KsApDocManagerReactor& r) { r.documentCreateStarted(&document); });
     notify([&](KsApDocManagerReactor& r) { r.documentCreated(&document); });

@@ -25,8 +25,8 @@ public:
     void removeReactor(KsApDocManagerReactor* reactor) override;
 
     /// Takes a drawing in, tells the reactors, makes it current.
-    HostDocument& add(std::unique_ptr<OdDbDatabase> database, const QString& fileName,
-                      bool hasFile);
+    HostDocument& add(std::unique_ptr<OdDbDatabase> database, const QString& fileName, bool hasFile,
+                      DocumentFileState file = {});
     void setCurrent(HostDocument& document);
     /// Closes without asking. The drawing to its right becomes current, else the one to its left.
     void close(HostDocument& document);

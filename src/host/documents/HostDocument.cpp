@@ -1,15 +1,17 @@
 #include "host/documents/HostDocument.h"
 
 #include "database/OdDbDatabase.h"
+#include "io/DrawingCodec.h"
 
 #include <QFileInfo>
 
 HostDocument::HostDocument(std::unique_ptr<OdDbDatabase> database, const QString& fileName,
-                           bool hasFile)
+                           bool hasFile, DocumentFileState file)
     : m_database(std::move(database))
     , m_fileName(fileName)
     , m_hasFile(hasFile)
     , m_savedStamp(m_database->editStamp())
+    , m_file(std::move(file))
     , m_undoNames(*m_database)
 { }
 
@@ -31,6 +33,22 @@ void HostDocument::saved(const QString& path)
     m_hasFile = true;
     m_savedStamp = m_database->editStamp();
     emit fileStateChanged();
+}
+
+void HostDocument::markModified()
+{
+    m_savedStamp.reset();
+    emit fileStateChanged();
+}
+
+const FileLayout& HostDocument::fileLayout()
+{
+    if (!m_file.layout) {
+        m_file.layout = m_hasFile
+            ? FileLayout::of(DrawingSource::of(*m_database).image(), m_file.identity)
+            : FileLayout{};
+    }
+    return *m_file.layout;
 }
 
 void HostDocument::startUndoRecord(const QString& globalName)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/documents/DocumentFileState.h"
 #include "host/documents/UndoNames.h"
 #include "sdk/KsApDocManager.h"
 
@@ -7,6 +8,7 @@
 #include <QSet>
 
 #include <memory>
+#include <optional>
 
 /// An open drawing: its database, its file, its undo history with command names.
 class HostDocument : public QObject, public KsApDocument
@@ -15,7 +17,8 @@ class HostDocument : public QObject, public KsApDocument
 public:
     /// `fileName` is the full path of the drawing's file, or the name of a drawing that has none
     /// yet.
-    HostDocument(std::unique_ptr<OdDbDatabase> database, const QString& fileName, bool hasFile);
+    HostDocument(std::unique_ptr<OdDbDatabase> database, const QString& fileName, bool hasFile,
+                 DocumentFileState file = {});
     ~HostDocument() override;
 
     OdDbDatabase* database() const override { return m_database.get(); }
@@ -30,6 +33,13 @@ public:
     bool isModified() const;
     /// Notes that the drawing as it is now was written to a file.
     void saved(const QString& path);
+    /// Makes the drawing one that differs from its file until it is saved, whatever is undone.
+    void markModified();
+    bool isReadOnly() const { return m_file.isReadOnly; }
+    DocumentFileState& file() { return m_file; }
+    const DocumentFileState& file() const { return m_file; }
+    /// How the file on the disk relates to the drawing in memory.
+    const FileLayout& fileLayout();
 
     /// Starts an undo record under a command's name, unless a group is open.
     void startUndoRecord(const QString& globalName);
@@ -53,7 +63,8 @@ private:
     QString m_fileName;
     bool m_hasFile;
     bool m_groupOpen = false;
-    quint64 m_savedStamp;
+    std::optional<quint64> m_savedStamp; ///< of the edits that the file holds; null: of none
+    DocumentFileState m_file;
     QSet<QString> m_marks;
     UndoNames m_undoNames;
 };

@@ -30,6 +30,8 @@ const SysvarDefinition kTable[] = {
      QT_TRANSLATE_NOOP("Host", "Folder of the drawing")},
     {"FILEDIA", Place::User, kInteger, 0, 1, 1, nullptr, nullptr,
      QT_TRANSLATE_NOOP("Host", "1 to ask for files in dialogs, 0 on the command line")},
+    {"ISAVEBAK", Place::User, kInteger, 0, 1, 1, nullptr, nullptr,
+     QT_TRANSLATE_NOOP("Host", "1 to keep the file as it was before its first save, as NAME~")},
     {"LAYERDLGMODE", Place::User, kInteger, 0, 1, 1, nullptr, nullptr,
      QT_TRANSLATE_NOOP("Host", "1 when the layer command opens the palette")},
     {"LAYEREVAL", Place::Drawing, kInteger, 0, 2, 0, drawing_variables::layereval,

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace {
 constexpr QSize kFirstSize(1280, 800);
@@ -34,6 +35,7 @@ constexpr LayoutKeys kKeys;
 CMainWindow::CMainWindow(HostCore& core)
     : m_core(core)
     , m_recent(core.settings())
+    , m_changedFiles(core.documents(), core.files(), core.frontEnd())
     , m_panes(std::make_unique<CXTPDockingPaneManager>(*this))
     , m_actions(new WindowActions(*this, m_recent))
     , m_status(new StatusFields(*statusBar()))
@@ -122,7 +124,9 @@ void CMainWindow::showCurrentDrawing()
     m_actions->refresh(document);
     m_status->showView(m_drawings->currentView());
     setWindowFilePath(document && document->hasFile() ? document->fileName() : QString());
-    setWindowTitle(document ? tr("%1[*] \u2013 kest").arg(document->displayName()) : tr("kest"));
+    const QString title = document && document->isReadOnly() ? tr("%1[*] (read-only) \u2013 kest")
+                                                             : tr("%1[*] \u2013 kest");
+    setWindowTitle(document ? title.arg(document->displayName()) : tr("kest"));
     setWindowModified(document && document->isModified());
 }
 
@@ -194,6 +198,27 @@ void CMainWindow::showAbout()
                                   "saves them without touching anything else.\n\nQt %2")
                                    .arg(QStringLiteral(KEST_VERSION), QLatin1String(qVersion())),
                                Prompts::Icon::Information);
+}
+
+void CMainWindow::lookForChangedFiles()
+{
+    // A running command may be asking about the same file.
+    if (m_core.commands().isRunning())
+        return;
+    try {
+        m_changedFiles.check();
+    } catch (const OdError& error) {
+        Prompts::current().message(this, error.description());
+    }
+    showCurrentDrawing();
+}
+
+bool CMainWindow::event(QEvent* event)
+{
+    // Not at once: the window is being activated still.
+    if (event->type() == QEvent::WindowActivate)
+        QTimer::singleShot(0, this, &CMainWindow::lookForChangedFiles);
+    return QMainWindow::event(event);
 }
 
 void CMainWindow::allowClose()

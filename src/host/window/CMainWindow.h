@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/commands/CommandOutcome.h"
+#include "host/documents/ChangedFiles.h"
 #include "host/window/RecentFiles.h"
 
 #include <QMainWindow>
@@ -43,6 +44,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     void makeCentralArea();
@@ -57,9 +59,11 @@ private:
     void queuedWhileAsking();
     void report(const CommandOutcome& outcome);
     void showAbout();
+    void lookForChangedFiles();
 
     HostCore& m_core;
     RecentFiles m_recent;
+    ChangedFiles m_changedFiles;
     std::unique_ptr<CXTPDockingPaneManager> m_panes;
     WindowActions* m_actions;
     StatusFields* m_status;

@@ -5,6 +5,7 @@
 #include "host/documents/HostDocument.h"
 #include "host/text/HostText.h"
 #include "host/window/CMainWindow.h"
+#include "host/window/FileQuestions.h"
 #include "host/window/commandline/CCommandLine.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
@@ -12,6 +13,7 @@
 #include "toolkit/Prompts.h"
 
 #include <QFileInfo>
+#include <QStatusBar>
 #include <QTimer>
 
 #include <cstdio>
@@ -19,6 +21,7 @@
 namespace {
 constexpr int kSave = 101;
 constexpr int kDiscard = 102;
+constexpr int kStatusTime = 15000; // milliseconds
 
 QString drawingFilter()
 {
@@ -52,12 +55,14 @@ std::unique_ptr<OdDbDatabase> WindowFrontEnd::readDrawingFile(const QString& pat
     return drawing;
 }
 
-SaveReport WindowFrontEnd::writeDrawingFile(const OdDbDatabase& drawing, const QString& path)
+SaveReport WindowFrontEnd::writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
+                                            const SaveOptions& options)
 {
     SaveReport report;
-    runInBackground(
-        m_window, HostText::tr("Saving %1").arg(fileName(path)), true,
-        [&](const IoProgress& progress) { report = writeDrawing(drawing, path, progress); });
+    runInBackground(m_window, HostText::tr("Saving %1").arg(fileName(path)), true,
+                    [&](const IoProgress& progress) {
+                        report = writeDrawing(drawing, path, progress, options);
+                    });
     return report;
 }
 
@@ -97,6 +102,39 @@ HostFrontEnd::CloseAnswer WindowFrontEnd::askToSave(const HostDocument& document
     default:
         return CloseAnswer::Cancel;
     }
+}
+
+HostFrontEnd::LockAnswer WindowFrontEnd::askAboutLock(const QString& path, const QString& holder)
+{
+    return file_questions::aboutLock(m_window, path, holder);
+}
+
+HostFrontEnd::ChangeAnswer WindowFrontEnd::askAboutChange(const HostDocument& document)
+{
+    return file_questions::aboutChange(m_window, document);
+}
+
+bool WindowFrontEnd::askToReload(const HostDocument& document)
+{
+    return file_questions::reload(m_window, document);
+}
+
+HostFrontEnd::RecoveryAnswer WindowFrontEnd::askToRecover(const QString& drawing,
+                                                          const QDateTime& written)
+{
+    return file_questions::aboutRecovery(m_window, drawing, written);
+}
+
+void WindowFrontEnd::notify(const QString& sentence)
+{
+    print(sentence);
+    Prompts::current().message(m_window, sentence);
+}
+
+void WindowFrontEnd::showStatus(const QString& sentence)
+{
+    if (m_window)
+        m_window->statusBar()->showMessage(sentence, kStatusTime);
 }
 
 void WindowFrontEnd::fileUsed(const QString& path)

@@ -15,10 +15,17 @@ public:
     std::optional<QString> ask(const QString& prompt) override;
     bool isInteractive() const override { return m_window != nullptr; }
     std::unique_ptr<OdDbDatabase> readDrawingFile(const QString& path) override;
-    SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path) override;
+    SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
+                                const SaveOptions& options) override;
     QString chooseFileToOpen() override;
     QString chooseFileToSave(const QString& suggestion) override;
     CloseAnswer askToSave(const HostDocument& document) override;
+    LockAnswer askAboutLock(const QString& path, const QString& holder) override;
+    ChangeAnswer askAboutChange(const HostDocument& document) override;
+    bool askToReload(const HostDocument& document) override;
+    RecoveryAnswer askToRecover(const QString& drawing, const QDateTime& written) override;
+    void notify(const QString& sentence) override;
+    void showStatus(const QString& sentence) override;
     void fileUsed(const QString& path) override;
     void regen(bool allViews) override;
     void zoomExtents() override;

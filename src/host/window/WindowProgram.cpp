@@ -9,6 +9,7 @@
 #include "host/window/KestApplication.h"
 #include "host/window/WindowFrontEnd.h"
 #include "host/window/WindowSession.h"
+#include "host/window/recovery/JournalKeeper.h"
 #include "toolkit/Prompts.h"
 
 #include <QTimer>
@@ -83,13 +84,22 @@ int runWindowProgram(int argc, char** argv, const HostOptions& options)
     frontEnd.attach(&window);
     core.setMainWindow(&window);
     WindowSession session(core, window);
+    // A picture leaves no traces: no locks beside drawings, no journals.
+    std::unique_ptr<JournalKeeper> keeper;
+    if (!isPicture)
+        keeper = std::make_unique<JournalKeeper>(core.documents(), core.recovery(), frontEnd);
+    core.files().setLocking(!isPicture);
     window.show();
     int result = 0;
     if (isPicture) {
         result = static_cast<int>(takePicture(session, options));
     } else {
+        session.setJournals(*keeper);
         QTimer::singleShot(0, &window, [&] { session.start(options.files); });
         result = QApplication::exec();
+        // Drawings with unsaved changes are left only where nobody could be asked.
+        keeper->flush();
+        keeper.reset();
     }
     window.hide();
     core.shutDown();

@@ -7,6 +7,7 @@
 #include "host/text/HostText.h"
 #include "host/text/LayerTableText.h"
 #include "host/window/CMainWindow.h"
+#include "host/window/recovery/RecoverySession.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
 #include "sdk/OdEdCommandStack.h"
@@ -34,6 +35,9 @@ void WindowSession::start(const QStringList& files)
     if (const QString problem = m_core.settings().loadProblem(); !problem.isEmpty())
         Prompts::current().message(&m_window, problem);
     loadModules();
+    // Before the files: one of them may be what is recovered.
+    if (m_journals)
+        RecoverySession(m_core.recovery(), m_core.files(), *m_journals, m_core.frontEnd()).offer();
     for (const QString& file : files)
         m_window.runAction(QStringLiteral("OPEN ") + CommandLine::quoted(file));
     if (m_core.documents().documentCount() == 0)

@@ -7,6 +7,7 @@
 
 class CMainWindow;
 class HostCore;
+class JournalKeeper;
 
 /// What happens between the window's appearance and the user's first key.
 class WindowSession
@@ -17,6 +18,8 @@ public:
         , m_window(window)
     { }
 
+    /// Has the start offer to recover what earlier runs left unsaved.
+    void setJournals(JournalKeeper& keeper) { m_journals = &keeper; }
     /// Loads the module, opens the files (a new drawing without any) and, where the user left it
     /// open, the layer palette.
     void start(const QStringList& files);
@@ -28,4 +31,5 @@ private:
 
     HostCore& m_core;
     CMainWindow& m_window;
+    JournalKeeper* m_journals = nullptr;
 };

@@ -324,4 +324,10 @@ void DxfWriter::report(DrawingPieces& pieces) const
     changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
     pieces.report.recordsChanged = changed.size() + m_headerChanges;
     pieces.report.recordsIdentical = m_store.fileRecords() - changed.size();
+    pieces.report.layerRecordsChanged =
+        static_cast<quint64>(std::count_if(changed.begin(), changed.end(), [this](quint32 slot) {
+            return m_store.type(slot) == RecordType::Layer;
+        }));
+    pieces.report.otherRecordsChanged = changed.size() - pieces.report.layerRecordsChanged;
+    pieces.report.settingsChanged = m_headerChanges;
 }

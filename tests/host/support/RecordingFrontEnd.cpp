@@ -18,9 +18,10 @@ std::unique_ptr<OdDbDatabase> RecordingFrontEnd::readDrawingFile(const QString& 
     return readDrawing(path);
 }
 
-SaveReport RecordingFrontEnd::writeDrawingFile(const OdDbDatabase& drawing, const QString& path)
+SaveReport RecordingFrontEnd::writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
+                                               const SaveOptions& options)
 {
-    return writeDrawing(drawing, path);
+    return writeDrawing(drawing, path, {}, options);
 }
 
 QString RecordingFrontEnd::chooseFileToSave(const QString& suggestion)
@@ -33,4 +34,22 @@ HostFrontEnd::CloseAnswer RecordingFrontEnd::askToSave(const HostDocument& docum
 {
     askedToSave << document.displayName();
     return closeAnswer;
+}
+
+HostFrontEnd::LockAnswer RecordingFrontEnd::askAboutLock(const QString& path, const QString& holder)
+{
+    lockQuestions << path + QLatin1Char(' ') + holder;
+    return lockAnswer;
+}
+
+HostFrontEnd::ChangeAnswer RecordingFrontEnd::askAboutChange(const HostDocument& document)
+{
+    changeQuestions << document.displayName();
+    return changeAnswer;
+}
+
+bool RecordingFrontEnd::askToReload(const HostDocument& document)
+{
+    reloadQuestions << document.displayName();
+    return reloads;
 }

@@ -16,10 +16,20 @@ public:
     std::optional<QString> ask(const QString& prompt) override;
     bool isInteractive() const override { return interactive; }
     std::unique_ptr<OdDbDatabase> readDrawingFile(const QString& path) override;
-    SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path) override;
+    SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
+                                const SaveOptions& options) override;
     QString chooseFileToOpen() override { return chosenFile; }
     QString chooseFileToSave(const QString& suggestion) override;
     CloseAnswer askToSave(const HostDocument& document) override;
+    LockAnswer askAboutLock(const QString& path, const QString& holder) override;
+    ChangeAnswer askAboutChange(const HostDocument& document) override;
+    bool askToReload(const HostDocument& document) override;
+    RecoveryAnswer askToRecover(const QString&, const QDateTime&) override
+    {
+        return RecoveryAnswer::Later;
+    }
+    void notify(const QString& sentence) override { notices << sentence; }
+    void showStatus(const QString& sentence) override { status = sentence; }
     void fileUsed(const QString& path) override { used << path; }
     void regen(bool allViews) override { calls.emplace_back(allViews ? "regen all" : "regen"); }
     void zoomExtents() override { calls.emplace_back("zoom extents"); }
@@ -29,10 +39,18 @@ public:
     std::deque<std::optional<QString>> answers;
     QString chosenFile;
     CloseAnswer closeAnswer = CloseAnswer::Cancel;
+    LockAnswer lockAnswer = LockAnswer::Cancel;
+    ChangeAnswer changeAnswer = ChangeAnswer::Cancel;
+    bool reloads = false;
     QStringList printed;
     QStringList prompts;
     QStringList used;
     QStringList suggestions;
     QStringList askedToSave;
+    QStringList lockQuestions; ///< the path, or path and holder
+    QStringList changeQuestions;
+    QStringList reloadQuestions;
+    QStringList notices;
+    QString status;
     std::vector<std::string> calls;
 };
