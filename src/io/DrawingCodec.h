@@ -16,7 +16,7 @@ class WrittenBytes;
 struct DrawingPieces
 {
     /// A record that was edited: where it stands in the new file, or begin == end when it was
-    /// erased.
+    /// erased. Records that only the file has carry the slot OdDbObjectId::kNoSlot.
     struct ChangedRecord
     {
         quint32 slot;
@@ -27,6 +27,8 @@ struct DrawingPieces
     std::vector<QByteArrayView> parts;
     std::deque<QByteArray> owned;
     std::vector<ChangedRecord> changed;
+    /// For the codec's own verify(): what it means to write.
+    std::shared_ptr<const void> meant;
     SaveReport report;
 
     quint64 size() const;

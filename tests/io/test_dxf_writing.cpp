@@ -1,6 +1,8 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
+#include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
+#include "io/files/WrittenBytes.h"
 #include "support/DrawingText.h"
 
 #include <QDir>
@@ -156,6 +158,37 @@ TEST_F(DxfWriting, ASaveThatFailsOrIsCancelledLeavesTheOldFile)
     ASSERT_TRUE(old.open(QIODevice::ReadOnly));
     EXPECT_EQ(old.readAll(), "old");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+}
+
+TEST_F(DxfWriting, AChangedRecordThatDoesNotReadBackAsMeantIsNoticed)
+{
+    read(DrawingText::withLayers({{"Walls"}, {"Doors"}}));
+    write("Walls")->setDescription(QStringLiteral("load bearing"));
+    m_database->layerTable().add(QStringLiteral("Added"));
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("plan.dxf"));
+    writeDrawing(*m_database, path);
+    const DrawingSource& source = DrawingSource::of(*m_database);
+    const DrawingPieces pieces = source.write(*m_database);
+    ASSERT_EQ(pieces.changed.size(), 4u) << "a layer, a new one, the tables' counts";
+    EXPECT_NO_THROW(source.verify(*m_database, pieces, WrittenBytes(path)));
+
+    for (const char* word : {"load bearing", "Added", "AcDbLayerTableRecord\n2\nWalls"}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray whole = file.readAll();
+        file.close();
+        QByteArray damaged = whole;
+        const qsizetype at = damaged.indexOf(word) + QByteArrayView(word).size() - 1;
+        damaged[at] = damaged[at] == 'x' ? 'y' : 'x';
+        const QString other = folder.filePath(QStringLiteral("damaged.dxf"));
+        QFile out(other);
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(damaged);
+        out.close();
+        EXPECT_THROW(source.verify(*m_database, pieces, WrittenBytes(other)), OdError_FileAccess)
+            << word;
+    }
 }
 
 } // namespace

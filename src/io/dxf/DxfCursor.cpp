@@ -7,8 +7,21 @@ void DxfCursor::open(quint32 slot)
     m_code = -1;
     m_slot = slot;
     const bool inFile = slot < m_store.fileRecords();
-    const char* begin = inFile ? m_image->begin() + m_store.begin(slot) : m_image->end();
-    const char* end = inFile ? m_image->begin() + m_store.end(slot) : m_image->end();
+    if (inFile)
+        start(m_image->begin() + m_store.begin(slot), m_image->begin() + m_store.end(slot));
+    else
+        start(m_image->end(), m_image->end());
+}
+
+void DxfCursor::openBytes(const char* begin, const char* end)
+{
+    m_code = -1;
+    m_slot = ObjectStore::kNone;
+    start(begin, end);
+}
+
+void DxfCursor::start(const char* begin, const char* end)
+{
     // The first group is the type name.
     if (isBinary()) {
         m_binary = BinaryScanner(begin, end, m_codeBytes);

@@ -24,6 +24,10 @@ public:
     { }
 
     void open(quint32 slot) override;
+    /// Goes to the one record in [begin, end), wherever it stands; kPadding bytes behind it must be
+    /// readable. Byte ranges have no meaning then.
+    void openBytes(const char* begin, const char* end);
+    static constexpr std::size_t kPadding = FileImage::kPadding;
     bool next() override { return isBinary() ? step(m_binary) : step(m_lines); }
 
     double real() const override;
@@ -37,6 +41,8 @@ public:
                           : m_lines.value();
     }
 
+    /// The type name; before the first next() only.
+    QByteArrayView typeName() const { return isBinary() ? m_binary.value() : m_lines.value(); }
     const FileImage& image() const { return *m_image; }
     bool isBinary() const { return m_codeBytes > 0; }
     /// How the open record spells its groups.
@@ -60,6 +66,7 @@ public:
     }
 
 private:
+    void start(const char* begin, const char* end);
     template <class Scanner>
     bool step(Scanner& scan)
     {

@@ -11,31 +11,8 @@
 #include "database/OdDbLinetypeTableRecord.h"
 #include "database/OdDbNamedRecord.h"
 #include "database/OdDbXrecord.h"
-#include "io/dxf/DictionaryGroups.h"
-#include "io/dxf/GroupCode.h"
+#include "io/dxf/DxfRecordReader.h"
 #include "io/dxf/LayerExtras.h"
-#include "io/dxf/LayerGroups.h"
-
-#include <algorithm>
-
-namespace {
-
-constexpr int kDependentFlag = 16;
-
-/// In drawings up to R14 the layers frozen in a viewport are names in its extended data, inside the
-/// second pair of braces.
-void readMviewLayer(const DxfCursor& cursor, int& braces, const DxfObjectSource& source,
-                    ViewportState& state)
-{
-    if (cursor.code() == 1002)
-        braces += cursor.bytes().trimmed() == "{" ? 1 : -1;
-    else if (cursor.code() == 1003 && braces == 2) {
-        if (const OdDbObjectId layer = source.layerOfFile(cursor.bytes()); !layer.isNull())
-            state.frozenLayers.push_back(layer);
-    }
-}
-
-} // namespace
 
 DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
                                  const DxfText& text, DxfVersion version, DxfLandmarks landmarks)
@@ -66,15 +43,17 @@ OdDbObjectId DxfObjectSource::id(quint64 handle) const
 void DxfObjectSource::read(OdDbObject& object) const
 {
     const quint32 slot = object.objectId().slot();
+    const DxfRecordReader reader(*this);
     switch (object.kind()) {
     case OdDbObjectKind::Layer:
         static_cast<OdDbLayerTableRecord&>(object).stateForLoading() = readLayer(slot);
         break;
     case OdDbObjectKind::BlockTableRecord:
-        static_cast<OdDbBlockTableRecord&>(object).stateForLoading() = readBlock(slot);
+        static_cast<OdDbBlockTableRecord&>(object).stateForLoading() = reader.block(cursor(slot));
         break;
     case OdDbObjectKind::Linetype:
-        static_cast<OdDbLinetypeTableRecord&>(object).stateForLoading() = readLinetype(slot);
+        static_cast<OdDbLinetypeTableRecord&>(object).stateForLoading() =
+            reader.linetype(cursor(slot));
         break;
     case OdDbObjectKind::Dictionary:
         static_cast<OdDbDictionary&>(object).stateForLoading() = readDictionary(slot);
@@ -86,24 +65,24 @@ void DxfObjectSource::read(OdDbObject& object) const
         static_cast<OdDbDictionaryVar&>(object).stateForLoading() = readDictionaryVar(slot);
         break;
     case OdDbObjectKind::Layout:
-        static_cast<OdDbLayout&>(object).stateForLoading() = readLayout(slot);
+        static_cast<OdDbLayout&>(object).stateForLoading() = reader.layout(cursor(slot));
         break;
     case OdDbObjectKind::Viewport:
         static_cast<OdDbViewport&>(object).stateForLoading() = readViewport(slot);
         break;
-    case OdDbObjectKind::SymbolTableRecord: {
-        auto& state = static_cast<OdDbNamedRecord&>(object).stateForLoading();
-        for (DxfCursor groups = cursor(slot); groups.next();) {
-            if (groups.code() == 2 && state.name.isEmpty())
-                state.name = groups.text();
-            else if (groups.code() == 70)
-                state.dependent = (groups.integer() & kDependentFlag) != 0;
-        }
+    case OdDbObjectKind::SymbolTableRecord:
+        static_cast<OdDbNamedRecord&>(object).stateForLoading() = reader.namedRecord(cursor(slot));
         break;
-    }
     default:
         break;
     }
+}
+
+DxfCursor DxfObjectSource::cursorOver(const char* begin, const char* end) const
+{
+    DxfCursor cursor(m_image, m_database.store(), m_text, m_landmarks.codeBytes);
+    cursor.openBytes(begin, end);
+    return cursor;
 }
 
 quint32 DxfObjectSource::extensionDictionary(quint32 slot) const
@@ -111,7 +90,7 @@ quint32 DxfObjectSource::extensionDictionary(quint32 slot) const
     bool inExtension = false;
     for (DxfCursor groups = cursor(slot); groups.next() && groups.code() < 1000;) {
         if (groups.code() == 102)
-            inExtension = groups.bytes().trimmed() == "{ACAD_XDICTIONARY";
+            inExtension = DxfRecordReader::opensExtension(groups);
         else if (inExtension && (groups.code() == 360 || groups.code() == 350))
             return id(groups.handle()).slot();
     }
@@ -120,21 +99,10 @@ quint32 DxfObjectSource::extensionDictionary(quint32 slot) const
 
 LayerState DxfObjectSource::readLayer(quint32 slot) const
 {
-    LayerState layer;
-    layer.linetype = m_database.table(OdDbTableKind::Linetype).getAt(QStringLiteral("Continuous"));
-    LayerGroups::Reader reader(m_database, layer);
-    bool inExtension = false;
-    quint32 extras = OdDbObjectId::kNoSlot;
-    for (DxfCursor groups = cursor(slot); groups.next();) {
-        if (groups.code() == 102)
-            inExtension = groups.bytes().trimmed() == "{ACAD_XDICTIONARY";
-        else if (inExtension && (groups.code() == 360 || groups.code() == 350))
-            extras = id(groups.handle()).slot();
-        else
-            reader.take(groups);
-    }
-    if (extras != OdDbObjectId::kNoSlot)
-        readLayerExtras(extras, layer);
+    OdDbObjectId extension;
+    LayerState layer = DxfRecordReader(*this).layer(cursor(slot), extension);
+    if (!extension.isNull())
+        readLayerExtras(extension.slot(), layer);
     return layer;
 }
 
@@ -149,153 +117,22 @@ void DxfObjectSource::readLayerExtras(quint32 dictionarySlot, LayerState& layer)
     }
 }
 
-BlockState DxfObjectSource::readBlock(quint32 slot) const
-{
-    BlockState state;
-    for (DxfCursor groups = cursor(slot); groups.next();) {
-        if (groups.code() == 2 && state.name.isEmpty())
-            state.name = groups.text();
-        else if (groups.code() == 340)
-            state.layout = id(groups.handle());
-    }
-    return state;
-}
-
-LinetypeState DxfObjectSource::readLinetype(quint32 slot) const
-{
-    LinetypeState state;
-    for (DxfCursor groups = cursor(slot); groups.next();) {
-        switch (groups.code()) {
-        case 2:
-            state.name = groups.text();
-            break;
-        case 3:
-            state.description = groups.text();
-            break;
-        case 49:
-            state.dashes.push_back(groups.real());
-            break;
-        case 70:
-            state.dependent = (groups.integer() & kDependentFlag) != 0;
-            break;
-        default:
-            break;
-        }
-    }
-    return state;
-}
-
 DictionaryState DxfObjectSource::readDictionary(quint32 slot) const
 {
-    DictionaryState state;
-    QString key;
-    bool hasKey = false;
-    for (DxfCursor groups = cursor(slot); groups.next();) {
-        if (groups.code() >= 1000) {
-            appendCanonical(groups, state.xData);
-        } else if (groups.code() == 3) {
-            key = groups.text();
-            hasKey = true;
-        } else if (groups.code() == 280) {
-            state.treatElementsAsHard = groups.integer() == 1;
-        } else if (hasKey && DictionaryGroups::isValue(groups.code())) {
-            state.entries.push_back({key, id(groups.handle())});
-            hasKey = false;
-        }
-    }
-    return state;
-}
-
-XrecordState DxfObjectSource::readXrecord(quint32 slot) const
-{
-    XrecordState state;
-    bool inData = false;
-    bool atStart = true; // the cloning flag belongs to the record, not to its data
-    for (DxfCursor groups = cursor(slot); groups.next();) {
-        if (groups.code() >= 1000)
-            appendCanonical(groups, state.xData);
-        else if (inData && !(std::exchange(atStart, false) && groups.code() == 280))
-            appendCanonical(groups, state.groups);
-        else if (!inData && groups.code() == 100)
-            inData = groups.bytes().trimmed() == "AcDbXrecord";
-    }
-    return state;
+    return DxfRecordReader(*this).dictionary(cursor(slot));
 }
 
 DictionaryVarState DxfObjectSource::readDictionaryVar(quint32 slot) const
 {
-    DictionaryVarState state;
-    for (DxfCursor groups = cursor(slot); groups.next();) {
-        if (groups.code() == 1)
-            state.value = groups.text();
-    }
-    return state;
+    return DxfRecordReader(*this).dictionaryVar(cursor(slot));
 }
 
-void DxfObjectSource::appendCanonical(const DxfCursor& group, GroupList& groups) const
+XrecordState DxfObjectSource::readXrecord(quint32 slot) const
 {
-    const QByteArrayView bytes = group.bytes();
-    if (groupKind(group.code()) != GroupKind::Text)
-        return groups.append(group.code(), bytes.trimmed());
-    const bool plain = std::all_of(bytes.begin(), bytes.end(),
-                                   [](char c) { return c > 0 && c != '\\' && c != '^'; });
-    if (plain)
-        groups.append(group.code(), bytes);
-    else
-        groups.append(group.code(), group.text().toUtf8());
-}
-
-LayoutState DxfObjectSource::readLayout(quint32 slot) const
-{
-    LayoutState state;
-    bool inPlotSettings = false;
-    bool inLayout = false;
-    for (DxfCursor groups = cursor(slot); groups.next();) {
-        if (groups.code() == 100) {
-            inPlotSettings = groups.bytes().trimmed() == "AcDbPlotSettings";
-            inLayout = groups.bytes().trimmed() == "AcDbLayout";
-        } else if (inPlotSettings && groups.code() == 7) {
-            state.styleSheet = groups.text();
-        } else if (inLayout && groups.code() == 1) {
-            state.name = groups.text();
-        } else if (inLayout && groups.code() == 71) {
-            state.tabOrder = static_cast<int>(groups.integer());
-        } else if (inLayout && groups.code() == 330) {
-            state.block = id(groups.handle());
-        } else if (inLayout && groups.code() == 331) {
-            state.lastActiveViewport = id(groups.handle());
-        }
-    }
-    return state;
+    return DxfRecordReader(*this).xrecord(cursor(slot));
 }
 
 ViewportState DxfObjectSource::readViewport(quint32 slot) const
 {
-    ViewportState state;
-    int braces = 0;
-    bool ownData = false;
-    for (DxfCursor groups = cursor(slot); groups.next();) {
-        switch (groups.code()) {
-        case 100:
-            ownData = groups.bytes().trimmed() == "AcDbViewport";
-            break;
-        case 68:
-            state.status = static_cast<int>(groups.integer());
-            break;
-        case 69:
-            state.number = static_cast<int>(groups.integer());
-            break;
-        case 331:
-        case 341: // drawings of version 2000
-            if (const OdDbObjectId layer = id(groups.handle());
-                ownData && layer.openObject<OdDbLayerTableRecord>())
-                state.frozenLayers.push_back(layer);
-            break;
-        default:
-            if (groups.code() >= 1000)
-                readMviewLayer(groups, braces, *this, state);
-            break;
-        }
-    }
-    return state;
+    return DxfRecordReader(*this).viewport(cursor(slot));
 }

@@ -11,14 +11,10 @@
 
 #include <utility>
 
-class GroupList;
 class OdDbDatabase;
-struct BlockState;
 struct DictionaryState;
 struct DictionaryVarState;
 struct LayerState;
-struct LayoutState;
-struct LinetypeState;
 struct ViewportState;
 struct XrecordState;
 
@@ -33,11 +29,15 @@ public:
     void read(OdDbObject& object) const override;
     std::unique_ptr<GroupCursor> makeCursor() const override;
     DrawingPieces write(const OdDbDatabase& database) const override;
+    void verify(const OdDbDatabase& database, const DrawingPieces& pieces,
+                const WrittenBytes& written) const override;
     quint32 extensionDictionary(quint32 slot) const override;
     QString decode(QByteArrayView value) const override { return m_text.decode(value); }
     quint64 footprint() const override { return m_image->size(); }
 
     DxfCursor cursor(quint32 slot) const;
+    /// Over the bytes of one record that stands elsewhere; see DxfCursor::openBytes().
+    DxfCursor cursorOver(const char* begin, const char* end) const;
     // Records as the file has them, whatever the objects say now.
     LayerState readLayer(quint32 slot) const;
     DictionaryState readDictionary(quint32 slot) const;
@@ -45,7 +45,7 @@ public:
     XrecordState readXrecord(quint32 slot) const;
     ViewportState readViewport(quint32 slot) const;
 
-    const FileImage& image() const { return *m_image; }
+    const FileImage& image() const override { return *m_image; }
     const DxfText& text() const { return m_text; }
     DxfVersion version() const { return m_version; }
     OdDbDatabase& database() const { return m_database; }
@@ -77,12 +77,7 @@ public:
 
 private:
     OdDbObjectId id(quint64 handle) const;
-    BlockState readBlock(quint32 slot) const;
-    LinetypeState readLinetype(quint32 slot) const;
-    LayoutState readLayout(quint32 slot) const;
     void readLayerExtras(quint32 dictionarySlot, LayerState& layer) const;
-    /// The group's value in the form that GroupList keeps.
-    void appendCanonical(const DxfCursor& group, GroupList& groups) const;
 
     std::shared_ptr<const FileImage> m_image;
     OdDbDatabase& m_database;

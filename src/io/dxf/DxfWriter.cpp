@@ -147,15 +147,16 @@ void DxfWriter::editExtras(quint32 slot, const LayerState& before, const LayerSt
         : used(m_source.handleOfMade(slot, QStringLiteral("dictionary")));
     for (const LayerExtras::Change& change : changes) {
         if (change.slot != ObjectStore::kNone && !change.after.isEmpty()) {
-            m_cleaned[change.slot] = {change.after, m_source.readXrecord(change.slot).xData};
+            m_meant->xrecords[change.slot] = {change.after,
+                                              m_source.readXrecord(change.slot).xData};
             editXrecord(change.slot);
         } else if (change.slot != ObjectStore::kNone) {
             removeRecord(change.slot);
             m_dictionaryEdits[present.slot()].removed.insert(change.key.toCaseFolded());
         } else if (!change.after.isEmpty()) {
             const quint64 handle = used(m_source.handleOfMade(slot, change.key));
-            addMade(m_newRecords.xrecord({handle, dictionary, 0, true}, {change.after, {}}),
-                    handle);
+            addMade(m_newRecords.xrecord({handle, dictionary, 0, true}, {change.after, {}}), handle,
+                    {change.after, {}, false});
             if (hasDictionary)
                 m_dictionaryEdits[present.slot()].added.push_back({change.key, handle});
             else
@@ -167,7 +168,7 @@ void DxfWriter::editExtras(quint32 slot, const LayerState& before, const LayerSt
         return;
     const quint64 owner = m_store.handle(slot);
     addMade(m_newRecords.dictionary({dictionary, owner, 0, false}, true, made->second, {}),
-            dictionary);
+            dictionary, {{}, made->second, true});
     if (isInFile(slot))
         editExtension(slot, dictionary);
 }
@@ -194,10 +195,10 @@ void DxfWriter::editViewport(quint32 slot)
 void DxfWriter::editXrecord(quint32 slot)
 {
     const XrecordState before = m_source.readXrecord(slot);
-    const auto cleanedState = m_cleaned.find(slot);
+    const auto cleanedState = m_meant->xrecords.find(slot);
     const auto object = m_database.idOfSlot(slot).safeOpenObject<OdDbXrecord>();
     const XrecordState& after =
-        cleanedState == m_cleaned.end() ? object->state() : cleanedState->second;
+        cleanedState == m_meant->xrecords.end() ? object->state() : cleanedState->second;
     if (before == after)
         return;
     RecordPatcher record(m_source, slot, m_patches);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/OdDbXrecord.h"
 #include "io/DrawingCodec.h"
+#include "io/dxf/DxfMeant.h"
 #include "io/dxf/NewRecords.h"
 #include "io/dxf/PatchList.h"
 
@@ -35,6 +35,8 @@ private:
         QByteArray bytes = {};
         std::vector<std::pair<quint32, qsizetype>> starts = {}; ///< slot, offset in bytes
         int count = 0;
+        QByteArray placed = {}; ///< the patch that holds the bytes, behind `prefix` others
+        qsizetype prefix = 0;
     };
 
     // What was touched
@@ -50,7 +52,7 @@ private:
     void removeOwned(quint32 slot);
     void editDictionary(quint32 slot, const DictionaryEdit& edit);
     void addRecord(quint32 slot);
-    void addMade(const QByteArray& record, quint64 handle);
+    void addMade(const QByteArray& record, quint64 handle, DxfMeant::Made made);
     NewRecords::Head headOf(quint32 slot) const;
     quint64 extensionOf(quint32 slot) const;
     bool isLive(quint32 slot) const;
@@ -74,7 +76,9 @@ private:
     void patchVariable(const QString& name, int code, const QByteArray& value);
     void patchHandleSeed();
     void requireApplications(const QList<QByteArray>& names);
-    void report(DrawingPieces& pieces) const;
+    void report(DrawingPieces& pieces);
+    void listChanged(const std::vector<quint32>& changed, DrawingPieces& pieces) const;
+    void listNew(const NewRun& run, DrawingPieces& pieces) const;
     quint64 used(quint64 handle);
 
     const DxfObjectSource& m_source;
@@ -86,7 +90,7 @@ private:
     std::set<quint32> m_removed;
     std::set<quint32> m_moved; ///< entities on another layer now
     std::map<quint32, DictionaryEdit> m_dictionaryEdits;
-    std::unordered_map<quint32, XrecordState> m_cleaned; ///< what is to be written instead
+    std::shared_ptr<DxfMeant> m_meant = std::make_shared<DxfMeant>();
     std::map<OdDbTableKind, NewRun> m_tableRuns;
     std::map<OdDbTableKind, int> m_countChanges;
     NewRun m_objects;

@@ -91,14 +91,15 @@ void DxfWriter::addRecord(quint32 slot)
         }
         if (const auto edit = m_dictionaryEdits.find(slot); edit != m_dictionaryEdits.end())
             entries.insert(entries.end(), edit->second.added.begin(), edit->second.added.end());
+        m_meant->dictionaries[slot] = entries;
         add(m_objects,
             m_newRecords.dictionary(head, dictionary->state().treatElementsAsHard, entries,
                                     dictionary->xData()));
     } else if (type == RecordType::Xrecord) {
-        const auto cleanedState = m_cleaned.find(slot);
+        const auto cleanedState = m_meant->xrecords.find(slot);
         add(m_objects,
             m_newRecords.xrecord(head,
-                                 cleanedState == m_cleaned.end()
+                                 cleanedState == m_meant->xrecords.end()
                                      ? id.safeOpenObject<OdDbXrecord>()->state()
                                      : cleanedState->second));
     } else if (type == RecordType::DictionaryVar) {
@@ -108,11 +109,13 @@ void DxfWriter::addRecord(quint32 slot)
     }
 }
 
-void DxfWriter::addMade(const QByteArray& record, quint64 handle)
+void DxfWriter::addMade(const QByteArray& record, quint64 handle, DxfMeant::Made made)
 {
     used(handle);
+    m_objects.starts.emplace_back(ObjectStore::kNone, m_objects.bytes.size());
     m_objects.bytes += record;
     ++m_objects.count;
+    m_meant->made.push_back(std::move(made));
 }
 
 void DxfWriter::requireApplications(const QList<QByteArray>& names)
@@ -198,7 +201,7 @@ void DxfWriter::placeTableRecords(OdDbTableKind kind, const char* name, NewRun& 
     const quint32 table = m_database.tableId(kind).slot();
     if (isInFile(table)) {
         if (const auto end = structure.tableEnd(name)) {
-            m_patches.insert(*end, run.bytes);
+            m_patches.insertRecords(*end, run.placed = run.bytes);
             m_countChanges[kind] += run.count;
             return patchCount(kind);
         }
@@ -208,7 +211,7 @@ void DxfWriter::placeTableRecords(OdDbTableKind kind, const char* name, NewRun& 
     const QByteArray whole =
         m_newRecords.tableStart(name, handle, run.count) + run.bytes + m_newRecords.tableEnd();
     if (const auto end = structure.tablesEnd()) {
-        m_patches.insert(*end, whole);
+        m_patches.insertRecords(*end, whole);
         return;
     }
     m_tablesSection += whole;
@@ -232,17 +235,19 @@ void DxfWriter::placeObjects()
 {
     const DxfStructure structure(m_source);
     if (!m_tablesSection.isEmpty())
-        m_patches.insert(m_tablesSectionAt,
-                         m_newRecords.sectionStart("TABLES") + m_tablesSection
-                             + m_newRecords.sectionEnd());
+        m_patches.insertRecords(m_tablesSectionAt,
+                                m_newRecords.sectionStart("TABLES") + m_tablesSection
+                                    + m_newRecords.sectionEnd());
     if (m_objects.bytes.isEmpty())
         return;
-    if (const auto end = structure.objectsEnd())
-        m_patches.insert(*end, m_objects.bytes);
-    else
-        m_patches.insert(structure.endOfFile(),
-                         m_newRecords.sectionStart("OBJECTS") + m_objects.bytes
-                             + m_newRecords.sectionEnd());
+    if (const auto end = structure.objectsEnd()) {
+        m_patches.insertRecords(*end, m_objects.placed = m_objects.bytes);
+        return;
+    }
+    const QByteArray start = m_newRecords.sectionStart("OBJECTS");
+    m_objects.prefix = start.size();
+    m_patches.insertRecords(structure.endOfFile(),
+                            m_objects.placed = start + m_objects.bytes + m_newRecords.sectionEnd());
 }
 
 void DxfWriter::placeClasses()
@@ -253,7 +258,8 @@ void DxfWriter::placeClasses()
     const DxfStructure structure(m_source);
     const auto end = structure.classesEnd();
     if (end && !structure.hasClass("DICTIONARYVAR"))
-        m_patches.insert(*end, m_newRecords.classRecord("DICTIONARYVAR", "AcDbDictionaryVar"));
+        m_patches.insertRecords(*end,
+                                m_newRecords.classRecord("DICTIONARYVAR", "AcDbDictionaryVar"));
 }
 
 // Header
@@ -301,8 +307,9 @@ void DxfWriter::patchVariable(const QString& name, int code, const QByteArray& v
     if (const auto end = structure.headerEnd())
         m_patches.insert(*end, groups);
     else
-        m_patches.insert(m_store.begin(0),
-                         m_newRecords.sectionStart("HEADER") + groups + m_newRecords.sectionEnd());
+        m_patches.insertRecords(m_store.begin(0),
+                                m_newRecords.sectionStart("HEADER") + groups
+                                    + m_newRecords.sectionEnd());
 }
 
 void DxfWriter::patchHandleSeed()
@@ -316,18 +323,59 @@ void DxfWriter::patchHandleSeed()
         patchVariable(name, 5, NewRecords::handleText(m_highestNew + 1));
 }
 
-void DxfWriter::report(DrawingPieces& pieces) const
+void DxfWriter::report(DrawingPieces& pieces)
 {
     std::vector<quint32> changed = m_changed;
     changed.insert(changed.end(), m_removed.begin(), m_removed.end());
     std::sort(changed.begin(), changed.end());
     changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
-    pieces.report.recordsChanged = changed.size() + m_headerChanges;
-    pieces.report.recordsIdentical = m_store.fileRecords() - changed.size();
-    pieces.report.layerRecordsChanged =
-        static_cast<quint64>(std::count_if(changed.begin(), changed.end(), [this](quint32 slot) {
-            return m_store.type(slot) == RecordType::Layer;
-        }));
-    pieces.report.otherRecordsChanged = changed.size() - pieces.report.layerRecordsChanged;
-    pieces.report.settingsChanged = m_headerChanges;
+    listChanged(changed, pieces);
+    for (const auto& [kind, run] : m_tableRuns)
+        listNew(run, pieces);
+    listNew(m_objects, pieces);
+    pieces.meant = m_meant;
+
+    const auto isLayer = [this](const DrawingPieces::ChangedRecord& record) {
+        return record.slot != ObjectStore::kNone && m_store.type(record.slot) == RecordType::Layer;
+    };
+    SaveReport& report = pieces.report;
+    report.recordsChanged = pieces.changed.size() + m_headerChanges;
+    report.recordsIdentical = m_store.fileRecords() - changed.size();
+    report.layerRecordsChanged =
+        static_cast<quint64>(std::count_if(pieces.changed.begin(), pieces.changed.end(), isLayer));
+    report.otherRecordsChanged = pieces.changed.size() - report.layerRecordsChanged;
+    report.settingsChanged = m_headerChanges;
+    report.notKept = m_notKept;
+}
+
+void DxfWriter::listChanged(const std::vector<quint32>& changed, DrawingPieces& pieces) const
+{
+    pieces.changed.reserve(changed.size());
+    for (const quint32 slot : changed) {
+        if (m_removed.contains(slot))
+            pieces.changed.push_back({slot, 0, 0});
+        else
+            pieces.changed.push_back({slot, m_patches.newOffset(m_store.begin(slot)),
+                                      m_patches.newOffset(m_store.end(slot))});
+    }
+}
+
+void DxfWriter::listNew(const NewRun& run, DrawingPieces& pieces) const
+{
+    if (run.placed.isEmpty())
+        return;
+    quint64 at = 0;
+    for (const QByteArrayView part : pieces.parts) {
+        if (part.data() == run.placed.constData())
+            break;
+        at += static_cast<quint64>(part.size());
+    }
+    at += static_cast<quint64>(run.prefix);
+    for (std::size_t i = 0; i < run.starts.size(); ++i) {
+        const qsizetype end =
+            i + 1 < run.starts.size() ? run.starts[i + 1].second : run.bytes.size();
+        pieces.changed.push_back({run.starts[i].first,
+                                  at + static_cast<quint64>(run.starts[i].second),
+                                  at + static_cast<quint64>(end)});
+    }
 }

@@ -75,11 +75,11 @@ void DxfWriter::cleanXrecords(OdDbObjectId dictionary, bool isState, int depth)
         return;
     for (const DictionaryEntry& entry : opened->entries()) {
         const auto record = entry.value.openObject<OdDbXrecord>();
-        if (!record || m_cleaned.contains(entry.value.slot()))
+        if (!record || m_meant->xrecords.contains(entry.value.slot()))
             continue;
         GroupList groups = cleaned(record->groups(), isState);
         if (!(groups == record->groups())) {
-            m_cleaned[entry.value.slot()] = {groups, record->xData()};
+            m_meant->xrecords[entry.value.slot()] = {groups, record->xData()};
             if (isInFile(entry.value.slot()) && isLive(entry.value.slot())
                 && !m_store.has(entry.value.slot(), ObjectStore::kTouched))
                 editXrecord(entry.value.slot());

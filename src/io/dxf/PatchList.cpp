@@ -16,11 +16,12 @@ void PatchList::dropRangesInside()
 
 DrawingPieces PatchList::assemble(const FileImage& image)
 {
-    // At one place, what is inserted comes before what is replaced.
-    std::stable_sort(m_patches.begin(), m_patches.end(), [](const Patch& a, const Patch& b) {
-        if (a.begin != b.begin)
-            return a.begin < b.begin;
-        return a.end == a.begin && b.end != b.begin;
+    // At one place a record's last groups come first, then whole records, then what is replaced.
+    const auto rank = [](const Patch& patch) {
+        return patch.end > patch.begin ? 2 : patch.records ? 1 : 0;
+    };
+    std::stable_sort(m_patches.begin(), m_patches.end(), [&](const Patch& a, const Patch& b) {
+        return a.begin != b.begin ? a.begin < b.begin : rank(a) < rank(b);
     });
     dropRangesInside();
     DrawingPieces pieces;
@@ -46,20 +47,11 @@ DrawingPieces PatchList::assemble(const FileImage& image)
 
 quint64 PatchList::newOffset(quint64 offset) const
 {
-    const auto after = std::upper_bound(
-        m_patches.begin(), m_patches.end(), offset,
-        [](quint64 at, const Patch& patch) { return at < patch.end || at < patch.begin; });
+    const auto after =
+        std::partition_point(m_patches.begin(), m_patches.end(), [&](const Patch& patch) {
+            return patch.end < offset || (patch.end == offset && !patch.records);
+        });
     const auto count = after - m_patches.begin();
-    return count == 0 ? offset
-                      : offset + static_cast<quint64>(m_shift[static_cast<std::size_t>(count - 1)]);
-}
-
-quint64 PatchList::newOffsetBefore(quint64 offset) const
-{
-    const auto at =
-        std::lower_bound(m_patches.begin(), m_patches.end(), offset,
-                         [](const Patch& patch, quint64 limit) { return patch.begin < limit; });
-    const auto count = at - m_patches.begin();
     return count == 0 ? offset
                       : offset + static_cast<quint64>(m_shift[static_cast<std::size_t>(count - 1)]);
 }

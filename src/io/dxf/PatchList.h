@@ -13,9 +13,14 @@ class PatchList
 public:
     void replace(quint64 begin, quint64 end, const QByteArray& bytes)
     {
-        m_patches.push_back({begin, end, bytes});
+        m_patches.push_back({begin, end, false, bytes});
     }
     void insert(quint64 at, const QByteArray& bytes) { replace(at, at, bytes); }
+    /// Whole records between that which ends at `at` and that which begins there.
+    void insertRecords(quint64 at, const QByteArray& bytes)
+    {
+        m_patches.push_back({at, at, true, bytes});
+    }
     void remove(quint64 begin, quint64 end) { replace(begin, end, {}); }
     bool isEmpty() const { return m_patches.empty(); }
     std::size_t size() const { return m_patches.size(); }
@@ -23,17 +28,16 @@ public:
     /// The image with the patches in it. To be called once, before newOffset().
     DrawingPieces assemble(const FileImage& image);
 
-    /// Where the byte at `offset` of the image stands in the patched file: behind everything that
-    /// was inserted there. `offset` must not lie inside a replaced range.
+    /// Where the byte at `offset` of the image, the begin or the end of a record, stands in the
+    /// patched file: behind what was inserted there, but before records that were.
     quint64 newOffset(quint64 offset) const;
-    /// As above, before everything that was inserted there.
-    quint64 newOffsetBefore(quint64 offset) const;
 
 private:
     struct Patch
     {
         quint64 begin;
         quint64 end;
+        bool records;
         QByteArray bytes;
     };
     void dropRangesInside();
