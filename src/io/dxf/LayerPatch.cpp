@@ -136,7 +136,7 @@ Wish differences(const RecordPatcher& record, const DxfObjectSource& source,
 {
     const auto old = [&](int code) {
         const RecordPatcher::Span* span = record.find(code);
-        return span ? record.bytes(*span) : QByteArrayView();
+        return span ? record.bytes(*span) : QByteArray();
     };
     Wish wish;
     if (before.name != after.name)

@@ -1,7 +1,9 @@
 #include "io/dxf/RecordPatcher.h"
 
 #include "database/GroupList.h"
+#include "io/dxf/BinaryValue.h"
 #include "io/dxf/DxfObjectSource.h"
+#include "io/dxf/GroupCode.h"
 
 #include <algorithm>
 
@@ -41,9 +43,14 @@ const RecordPatcher::Span* RecordPatcher::lastOwn() const
     return it == m_spans.rend() ? nullptr : &*it;
 }
 
-QByteArrayView RecordPatcher::bytes(const Span& span) const
+QByteArray RecordPatcher::bytes(const Span& span) const
 {
-    return m_source.image().view(span.valueBegin, span.valueEnd);
+    const QByteArrayView raw = m_source.image().view(span.valueBegin, span.valueEnd);
+    if (!m_spelling.isBinary())
+        return raw.toByteArray();
+    const bool hasLength = groupKind(span.code) == GroupKind::Chunk;
+    BinaryValue::Scratch scratch;
+    return BinaryValue::text(span.code, hasLength ? raw.sliced(1) : raw, scratch).toByteArray();
 }
 
 void RecordPatcher::setValue(const Span& span, QByteArrayView value)
@@ -53,7 +60,7 @@ void RecordPatcher::setValue(const Span& span, QByteArrayView value)
         return;
     }
     // A padded number stays padded.
-    const QByteArrayView old = bytes(span);
+    const QByteArray old = bytes(span);
     QByteArray text = value.toByteArray();
     if (old.startsWith(' ') && !text.isEmpty())
         text = text.rightJustified(old.size());

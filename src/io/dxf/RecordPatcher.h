@@ -30,7 +30,8 @@ public:
     const Span* find(int code) const;
     /// The last own group before extended data.
     const Span* lastOwn() const;
-    QByteArrayView bytes(const Span& span) const;
+    /// The value in the form that setValue() takes, or as a text drawing pads it.
+    QByteArray bytes(const Span& span) const;
     const GroupSpelling& spelling() const { return m_spelling; }
     /// Where groups can be put at the record's end.
     quint64 end() const { return m_end; }
