@@ -49,7 +49,7 @@ QByteArray converterOf(QByteArrayView codePage)
     QByteArray number = name;
     for (const char* prefix : {"ansi", "dos", "cp", "ibm", "windows"}) {
         if (name.startsWith(prefix))
-            number = name.sliced(qstrlen(prefix));
+            number = name.sliced(static_cast<qsizetype>(qstrlen(prefix)));
     }
     for (const Known& known : kKnown) {
         if (number == known.name)
