@@ -6,6 +6,7 @@ void DxfCursor::open(quint32 slot)
 {
     m_code = -1;
     m_slot = slot;
+    m_inGroup = false;
     const bool inFile = slot < m_store.fileRecords();
     const char* begin = inFile ? m_image->begin() + m_store.begin(slot) : m_image->end();
     const char* end = inFile ? m_image->begin() + m_store.end(slot) : m_image->end();

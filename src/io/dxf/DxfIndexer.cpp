@@ -299,7 +299,7 @@ void DxfIndexer<Scanner>::tableRecord(RecordType type)
                 m_store.setHandle(slot, handleValue());
             break;
         case 2:
-            if (!std::exchange(named, true))
+            if (!inGroup && !std::exchange(named, true))
                 name = m_scan.value();
             break;
         case 102:

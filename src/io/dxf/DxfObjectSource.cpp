@@ -93,8 +93,9 @@ void DxfObjectSource::read(OdDbObject& object) const
         break;
     case OdDbObjectKind::SymbolTableRecord: {
         auto& state = static_cast<OdDbNamedRecord&>(object).stateForLoading();
+        bool named = false; // where a record has two names, the first counts
         for (DxfCursor groups = cursor(slot); groups.next();) {
-            if (groups.code() == 2 && state.name.isEmpty())
+            if (groups.code() == 2 && groups.isOwn() && !std::exchange(named, true))
                 state.name = groups.text();
             else if (groups.code() == 70)
                 state.dependent = (groups.integer() & kDependentFlag) != 0;
@@ -130,8 +131,7 @@ LayerState DxfObjectSource::readLayer(quint32 slot) const
             inExtension = groups.bytes().trimmed() == "{ACAD_XDICTIONARY";
         else if (inExtension && (groups.code() == 360 || groups.code() == 350))
             extras = id(groups.handle()).slot();
-        else
-            reader.take(groups);
+        reader.take(groups);
     }
     if (extras != OdDbObjectId::kNoSlot)
         readLayerExtras(extras, layer);
@@ -152,8 +152,9 @@ void DxfObjectSource::readLayerExtras(quint32 dictionarySlot, LayerState& layer)
 BlockState DxfObjectSource::readBlock(quint32 slot) const
 {
     BlockState state;
+    bool named = false;
     for (DxfCursor groups = cursor(slot); groups.next();) {
-        if (groups.code() == 2 && state.name.isEmpty())
+        if (groups.code() == 2 && groups.isOwn() && !std::exchange(named, true))
             state.name = groups.text();
         else if (groups.code() == 340)
             state.layout = id(groups.handle());
@@ -164,10 +165,12 @@ BlockState DxfObjectSource::readBlock(quint32 slot) const
 LinetypeState DxfObjectSource::readLinetype(quint32 slot) const
 {
     LinetypeState state;
+    bool named = false;
     for (DxfCursor groups = cursor(slot); groups.next();) {
         switch (groups.code()) {
         case 2:
-            state.name = groups.text();
+            if (groups.isOwn() && !std::exchange(named, true))
+                state.name = groups.text();
             break;
         case 3:
             state.description = groups.text();

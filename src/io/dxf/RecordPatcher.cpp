@@ -18,13 +18,13 @@ RecordPatcher::RecordPatcher(const DxfObjectSource& source, quint32 slot, PatchL
     bool inGroup = false;
     while (record.next()) {
         const bool mark = record.code() == 102;
-        const bool ends = inGroup && mark && !record.bytes().trimmed().startsWith('{');
-        if (mark && !ends)
-            inGroup = true;
         m_spans.push_back({record.code(), record.groupBegin(), record.valueBegin(),
-                           record.valueEnd(), record.groupEnd(), !inGroup && record.code() < 1000});
-        if (ends)
-            inGroup = false;
+                           record.valueEnd(), record.groupEnd(),
+                           !mark && !inGroup && record.code() < 1000});
+        if (mark) {
+            inGroup = record.bytes().trimmed().startsWith('{');
+            m_openGroup = inGroup ? record.groupBegin() : kNoOffset;
+        }
         m_end = record.groupEnd();
     }
 }
@@ -79,7 +79,7 @@ void RecordPatcher::want(int code, const QByteArray* value, const std::vector<in
     const auto rankOf = [&](int c) { return std::find(order.begin(), order.end(), c); };
     quint64 at = m_begin;
     for (const Span& span : m_spans) {
-        if (span.code < 1000
+        if (span.begin < m_openGroup && span.code < 1000
             && (!span.own || span.code == 5 || span.code == 330 || span.code == 100
                 || rankOf(span.code) < rankOf(code)))
             at = span.end;

@@ -56,6 +56,8 @@ private:
     PatchList& m_patches;
     GroupSpelling m_spelling;
     std::vector<Span> m_spans;
+    static constexpr quint64 kNoOffset = ~quint64(0);
+    quint64 m_openGroup = kNoOffset; ///< where an application's group begins that never ends
     quint64 m_begin = 0;
     quint64 m_end = 0;
 };
