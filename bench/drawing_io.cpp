@@ -1,5 +1,5 @@
-// Reading and writing drawings: (layers, entities) of a generated ASCII DXF; throughput is that of
-// the file.
+// Reading and writing drawings: (layers, entities) of a generated DXF, text or binary; throughput
+// is that of the file.
 
 #include "bench/support/GeneratedDrawing.h"
 #include "database/OdDbLayerTable.h"
@@ -24,9 +24,9 @@ void sizes(benchmark::internal::Benchmark* b)
     b->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
-QString drawing(const benchmark::State& state)
+QString drawing(const benchmark::State& state, bool binary = false)
 {
-    return generated_drawing::path(static_cast<int>(state.range(0)), state.range(1));
+    return generated_drawing::path(static_cast<int>(state.range(0)), state.range(1), binary);
 }
 
 void countBytes(benchmark::State& state, const QString& path)
@@ -35,9 +35,8 @@ void countBytes(benchmark::State& state, const QString& path)
     state.counters["file_MB"] = static_cast<double>(QFileInfo(path).size()) / 1e6;
 }
 
-void load(benchmark::State& state)
+void loadFrom(benchmark::State& state, const QString& path)
 {
-    const QString path = drawing(state);
     for (auto _ : state) {
         std::unique_ptr<OdDbDatabase> database = readDrawing(path);
         benchmark::DoNotOptimize(database->layerTable().count());
@@ -52,11 +51,21 @@ void load(benchmark::State& state)
     state.counters["peak_MB"] = static_cast<double>(usage.ru_maxrss) * 1024 / 1e6;
 #endif
 }
+
+void load(benchmark::State& state)
+{
+    loadFrom(state, drawing(state));
+}
 BENCHMARK(load)->Apply(sizes);
 
-void saveUnedited(benchmark::State& state)
+void loadBinary(benchmark::State& state)
 {
-    const QString path = drawing(state);
+    loadFrom(state, drawing(state, true));
+}
+BENCHMARK(loadBinary)->Apply(sizes);
+
+void saveTo(benchmark::State& state, const QString& path)
+{
     const QTemporaryDir folder;
     const auto database = readDrawing(path);
     for (auto _ : state)
@@ -64,12 +73,22 @@ void saveUnedited(benchmark::State& state)
             writeDrawing(*database, folder.filePath(QStringLiteral("saved.dxf"))).bytes);
     countBytes(state, path);
 }
+
+void saveUnedited(benchmark::State& state)
+{
+    saveTo(state, drawing(state));
+}
 BENCHMARK(saveUnedited)->Apply(sizes);
 
-/// Every second layer is frozen; the edit itself is not timed.
-void saveHalfFrozen(benchmark::State& state)
+void saveUneditedBinary(benchmark::State& state)
 {
-    const QString path = drawing(state);
+    saveTo(state, drawing(state, true));
+}
+BENCHMARK(saveUneditedBinary)->Apply(sizes);
+
+/// Every second layer is frozen; the edit itself is not timed.
+void saveHalfFrozenTo(benchmark::State& state, const QString& path)
+{
     const QTemporaryDir folder;
     const auto database = readDrawing(path);
     database->startUndoRecord();
@@ -83,7 +102,18 @@ void saveHalfFrozen(benchmark::State& state)
             writeDrawing(*database, folder.filePath(QStringLiteral("saved.dxf"))).bytes);
     countBytes(state, path);
 }
+
+void saveHalfFrozen(benchmark::State& state)
+{
+    saveHalfFrozenTo(state, drawing(state));
+}
 BENCHMARK(saveHalfFrozen)->Apply(sizes);
+
+void saveHalfFrozenBinary(benchmark::State& state)
+{
+    saveHalfFrozenTo(state, drawing(state, true));
+}
+BENCHMARK(saveHalfFrozenBinary)->Apply(sizes);
 
 /// What a save costs without the disk: the pieces of the edited drawing joined in memory.
 void bytesAllLocked(benchmark::State& state)

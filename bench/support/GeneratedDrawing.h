@@ -18,21 +18,24 @@ inline std::size_t fingerprint()
     static const std::size_t value = [] {
         DrawingOptions small;
         small.entities = 500;
-        return std::hash<std::string>()(generateDrawingBytes(small));
+        const std::string text = generateDrawingBytes(small);
+        small.binary = true;
+        return std::hash<std::string>()(text + generateDrawingBytes(small));
     }();
     return value;
 }
 
 /// Path of a drawing of that size; raises std::runtime_error when it cannot be written.
-inline QString path(int layers, qint64 entities)
+inline QString path(int layers, qint64 entities, bool binary = false)
 {
     namespace fs = std::filesystem;
     DrawingOptions options;
     options.layers = layers;
     options.entities = entities;
+    options.binary = binary;
     const fs::path folder = fs::temp_directory_path() / "kest-bench";
-    const std::string name = std::to_string(layers) + "x" + std::to_string(entities) + "-"
-        + std::to_string(fingerprint()) + ".dxf";
+    const std::string name = std::to_string(layers) + "x" + std::to_string(entities)
+        + (binary ? "-binary-" : "-") + std::to_string(fingerprint()) + ".dxf";
     const fs::path file = folder / name;
     if (!fs::exists(file)) {
         fs::create_directories(folder);

@@ -1,4 +1,5 @@
 #include "database/HeaderVariables.h"
+#include "database/OdDbBlockTableRecord.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
@@ -62,12 +63,31 @@ TEST(DxfLandmarks, AreMissingWhereTheFileHasNone)
     EXPECT_EQ(database->store().type(marks.tablesEnd), RecordType::EndSec);
 }
 
-TEST(DxfLandmarks, ATableWithoutItsEndHasNone)
+TEST(DxfLandmarks, ATableWithoutItsEndIsRefused)
 {
-    const auto database =
-        read(DrawingText::withLayers({{"Walls"}}).replace("0\nENDTAB\n0\nENDSEC", "0\nENDSEC"), 0);
-    EXPECT_NE(landmarks(*database).table("LAYER")->end, ObjectStore::kNone);
-    EXPECT_EQ(landmarks(*database).table("BLOCK_RECORD")->end, ObjectStore::kNone);
+    const QByteArray bytes =
+        DrawingText::withLayers({{"Walls"}}).replace("0\nENDTAB\n0\nENDSEC", "0\nENDSEC");
+    try {
+        read(bytes, 0);
+        FAIL() << "nothing could be added to its tables";
+    } catch (const OdError& error) {
+        EXPECT_TRUE(error.description().endsWith(
+            QStringLiteral("a section ends inside a table; expected ENDTAB first.")));
+    }
+}
+
+TEST(DxfLandmarks, EntitiesMayStandInSeveralSections)
+{
+    QByteArray bytes = DrawingText::withLayers({{"Walls"}, {"Doors"}, {"Roof"}});
+    bytes.replace("0\nLINE\n5\n1001\n", "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n5\n1001\n");
+    const auto database = read(bytes, 0);
+    EXPECT_EQ(database->audit(), QStringList());
+    for (const quint64 handle : {0x1000, 0x1001})
+        EXPECT_EQ(database->store().owner(database->getOdDbObjectId(OdDbHandle(handle)).slot()),
+                  database->getModelSpaceId().slot());
+    EXPECT_EQ(database->getModelSpaceId().openObject<OdDbBlockTableRecord>()->entityRuns().size(),
+              3u)
+        << "the block's own and two sections";
 }
 
 TEST(DxfLandmarks, AreTheRecordsThatNameLayersInExtendedData)

@@ -18,10 +18,12 @@ VERSIONS = ("AC1015", "AC1018", "AC1027", "AC1032")
 LAYERS, ENTITIES, BLOCKS, LAYOUTS = 400, 3000, 9, 3
 
 
-def generate(folder, version, seed=1):
-    path = Path(folder) / f"{version}-{seed}.dxf"
+def generate(folder, version, seed=1, binary=False):
+    path = Path(folder) / f"{version}-{seed}{'-binary' if binary else ''}.dxf"
     options = dict(layers=LAYERS, entities=ENTITIES, blocks=BLOCKS, layouts=LAYOUTS, version=version, seed=seed)
     words = [word for name, value in options.items() for word in (f"--{name}", str(value))]
+    if binary:
+        words.insert(4, "--binary")
     subprocess.run([MAKE_DRAWING, "--out", str(path), *words], check=True, stdout=subprocess.DEVNULL)
     return path
 
@@ -141,6 +143,23 @@ class GeneratedDrawing(unittest.TestCase):
         with tempfile.TemporaryDirectory() as other:
             self.assertEqual(generate(other, "AC1018", 1).read_bytes(), first)
             self.assertNotEqual(generate(other, "AC1018", 2).read_bytes(), first)
+
+    def test_the_binary_form_holds_the_same_drawing(self):
+        for version in VERSIONS:
+            with self.subTest(version=version), tempfile.TemporaryDirectory() as other:
+                text = self.drawings[version]
+                path = generate(other, version, binary=True)
+                self.assertLess(path.stat().st_size, self.paths[version].stat().st_size)
+                binary = ezdxf.readfile(path)
+                self.assertFalse(binary.audit().errors)
+                self.assertEqual(binary.dxfversion, version)
+                for table in ("layers", "linetypes", "styles", "block_records"):
+                    expected = {entry.dxf.handle: entry.dxfattribs() for entry in getattr(text, table)}
+                    self.assertEqual({entry.dxf.handle: entry.dxfattribs() for entry in getattr(binary, table)}, expected)
+                entities = [{entity.dxf.handle: (entity.dxftype(), entity.dxfattribs()) for entity in drawing.modelspace()}
+                            for drawing in (text, binary)]
+                self.assertGreaterEqual(len(entities[0]), ENTITIES)
+                self.assertEqual(entities[1], entities[0])
 
     def test_an_option_it_does_not_know_is_refused(self):
         for words in (["--colour", "red"], ["--layers", "1"], ["--layers", "12x"], ["--version", "AC9999"], ["--out"], []):

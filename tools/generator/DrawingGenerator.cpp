@@ -11,7 +11,7 @@
 void generateDrawing(const DrawingOptions& options, std::ostream& sink)
 {
     const DrawingPlan plan(options);
-    TagWriter out(sink);
+    TagWriter out(sink, options.binary);
     writeHeaderSection(out, plan);
     writeClassesSection(out, plan);
     writeTablesSection(out, plan);

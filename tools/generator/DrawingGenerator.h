@@ -6,7 +6,7 @@
 #include <iosfwd>
 #include <string>
 
-/// Writes an ASCII drawing to a stream opened in binary mode.
+/// Writes a drawing to a stream opened in binary mode.
 void generateDrawing(const DrawingOptions& options, std::ostream& sink);
 
 /// Writes the drawing to a file, replacing it; the number of bytes. Raises std::runtime_error with

@@ -14,6 +14,7 @@ struct DrawingOptions
     int layouts = 2; ///< sheets beside the model tab; at least 1
     DrawingVersion version = DrawingVersion::V2004;
     std::uint64_t seed = 1;
+    bool binary = false; ///< binary DXF with codes of two bytes, else text
 
     bool isAtLeast(DrawingVersion other) const { return version >= other; }
 };

@@ -6,12 +6,13 @@
 #include <ostream>
 #include <string_view>
 
-/// Buffered writer of tagged groups: a group code line, then a value line, each ended by CR LF and
-/// padded to the widths that other CAD programs use.
+/// Buffered writer of tagged groups. As text: a group code line, then a value line, each ended by
+/// CR LF and padded to the widths that other CAD programs use. As binary: a code of two bytes, then
+/// the value.
 class TagWriter
 {
 public:
-    explicit TagWriter(std::ostream& sink);
+    TagWriter(std::ostream& sink, bool binary);
     ~TagWriter();
     TagWriter(const TagWriter&) = delete;
     TagWriter& operator=(const TagWriter&) = delete;
@@ -38,10 +39,12 @@ private:
     void put(std::string_view chars);
     void putCode(int code);
     void endLine() { put("\r\n"); }
+    void putLittleEndian(std::uint64_t bits, int bytes);
 
     static constexpr std::size_t kCapacity = std::size_t{1} << 20;
 
     std::ostream& m_sink;
+    bool m_binary;
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_used = 0;
     std::uint64_t m_flushed = 0;

@@ -11,8 +11,8 @@ namespace {
 
 constexpr const char* kUsage =
     "Usage: make_drawing --out FILE [--layers N] [--entities N] [--blocks N] [--layouts N]\n"
-    "                    [--version AC1015|AC1018|AC1027|AC1032] [--seed N]\n"
-    "Writes a drawing of that size as ASCII DXF. Equal options give equal files.\n";
+    "                    [--version AC1015|AC1018|AC1027|AC1032] [--seed N] [--binary]\n"
+    "Writes a drawing of that size as DXF, text or binary. Equal options give equal files.\n";
 
 struct Arguments
 {
@@ -69,6 +69,11 @@ std::optional<Arguments> readArguments(int count, char** values)
 {
     Arguments arguments;
     for (int index = 1; index < count; index += 2) {
+        if (std::string_view(values[index]) == "--binary") {
+            arguments.drawing.binary = true;
+            --index;
+            continue;
+        }
         const char* const value = index + 1 < count ? values[index + 1] : "";
         if (!readOption(values[index], value, arguments)) {
             std::fprintf(stderr, "make_drawing: \"%s %s\" is not understood.\n%s", values[index],

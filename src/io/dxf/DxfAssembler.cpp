@@ -341,12 +341,13 @@ void DxfAssembler::blocks()
     }
     const OdDbObjectId model = table.getAt(QStringLiteral("*Model_Space"));
     const OdDbObjectId paper = table.getAt(QStringLiteral("*Paper_Space"));
-    ownEntities(m_index.firstEntity, m_index.endEntity, model.slot());
+    for (const DxfIndex::Entities& section : m_index.entities) {
+        ownEntities(section.first, section.end, model.slot());
+        model.openObject<OdDbBlockTableRecord>()->addRun({section.first, section.end});
+        paper.openObject<OdDbBlockTableRecord>()->addRun({section.first, section.end});
+    }
     for (const quint32 slot : m_index.paperEntities)
         m_store.setOwner(slot, paper.slot());
-    const EntityRun run{m_index.firstEntity, m_index.endEntity};
-    model.openObject<OdDbBlockTableRecord>()->addRun(run);
-    paper.openObject<OdDbBlockTableRecord>()->addRun(run);
 }
 
 void DxfAssembler::currentSettings()

@@ -22,6 +22,7 @@ void DxfCursor::openBytes(const char* begin, const char* end)
 
 void DxfCursor::start(const char* begin, const char* end)
 {
+    m_inGroup = false;
     // The first group is the type name.
     if (isBinary()) {
         m_binary = BinaryScanner(begin, end, m_codeBytes);

@@ -43,6 +43,9 @@ public:
 
     /// The type name; before the first next() only.
     QByteArrayView typeName() const { return isBinary() ? m_binary.value() : m_lines.value(); }
+    /// Whether the group is neither extended data nor an application's (102), but the record's own.
+    bool isOwn() const { return !m_inGroup && m_code != kGroupMark && m_code < 1000; }
+
     const FileImage& image() const { return *m_image; }
     bool isBinary() const { return m_codeBytes > 0; }
     /// How the open record spells its groups.
@@ -66,6 +69,8 @@ public:
     }
 
 private:
+    static constexpr int kGroupMark = 102;
+
     void start(const char* begin, const char* end);
     template <class Scanner>
     bool step(Scanner& scan)
@@ -73,6 +78,8 @@ private:
         if (!scan.next() || scan.code() < Scanner::kLowestCode)
             return false;
         m_code = scan.code();
+        if (m_code == kGroupMark)
+            m_inGroup = scan.value().trimmed().startsWith('{');
         return true;
     }
     quint64 offsetOf(const char* at) const { return static_cast<quint64>(at - m_image->begin()); }
@@ -82,6 +89,7 @@ private:
     DxfText m_text;
     int m_codeBytes;
     quint32 m_slot = ObjectStore::kNone;
+    bool m_inGroup = false;
     PairScanner m_lines;
     BinaryScanner m_binary;
     mutable BinaryValue::Scratch m_scratch;

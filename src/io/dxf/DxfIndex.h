@@ -35,6 +35,11 @@ struct DxfIndex
         quint32 firstEntity;
         quint32 endEntity;
     };
+    struct Entities
+    {
+        quint32 first;
+        quint32 end;
+    };
     struct Owner
     {
         quint32 slot;
@@ -47,8 +52,7 @@ struct DxfIndex
     std::vector<Owner> owners; ///< of table records and objects
     std::vector<QByteArrayView> missingLayers; ///< entities refer to number n as kMissingLayer + n
     std::vector<quint32> paperEntities; ///< slots in the ENTITIES section that carry 67 = 1
-    quint32 firstEntity = 0;
-    quint32 endEntity = 0;
+    std::vector<Entities> entities; ///< of each ENTITIES section; a sound file has one
     quint32 firstObject = ObjectStore::kNone;
     DxfLandmarks landmarks;
 

@@ -186,6 +186,8 @@ void DxfIndexer<Scanner>::dispatch(RecordType type)
     if (type == RecordType::EndSec) {
         if (m_inBlock)
             fail(m_scan.begin(), tr("a section ends inside a block; expected ENDBLK first."));
+        if (m_inTable)
+            fail(m_scan.begin(), tr("a section ends inside a table; expected ENDTAB first."));
         endSection(beginRecord(type, 0));
         return skipRecord();
     }
@@ -218,9 +220,8 @@ void DxfIndexer<Scanner>::endSection(quint32 slot)
     if (mark && *mark == ObjectStore::kNone)
         *mark = slot;
     if (m_section == Section::Entities)
-        m_index.endEntity = slot;
+        m_index.entities.back().end = slot;
     m_section = Section::None;
-    m_inBlock = m_inTable = false;
 }
 
 template <class Scanner>
@@ -244,7 +245,7 @@ void DxfIndexer<Scanner>::section()
         : name == "OBJECTS"      ? Section::Objects
                                  : Section::Other;
     if (m_section == Section::Entities)
-        m_index.firstEntity = m_index.endEntity = m_store.size();
+        m_index.entities.push_back({m_store.size(), m_store.size()});
     if (m_section == Section::Header)
         headerVariables();
     else
@@ -298,7 +299,7 @@ void DxfIndexer<Scanner>::tableRecord(RecordType type)
                 m_store.setHandle(slot, handleValue());
             break;
         case 2:
-            if (!std::exchange(named, true))
+            if (!inGroup && !std::exchange(named, true))
                 name = m_scan.value();
             break;
         case 102:

@@ -54,8 +54,7 @@ LayerState DxfRecordReader::layer(DxfCursor groups, OdDbObjectId& extension) con
             inExtension = opensExtension(groups);
         else if (inExtension && (groups.code() == 360 || groups.code() == 350))
             extension = object(groups);
-        else
-            reader.take(groups);
+        reader.take(groups);
     }
     return layer;
 }
@@ -63,8 +62,9 @@ LayerState DxfRecordReader::layer(DxfCursor groups, OdDbObjectId& extension) con
 NamedRecordState DxfRecordReader::namedRecord(DxfCursor groups) const
 {
     NamedRecordState state;
+    bool named = false; // where a record has two names, the first counts
     while (groups.next()) {
-        if (groups.code() == 2 && state.name.isEmpty())
+        if (groups.code() == 2 && groups.isOwn() && !std::exchange(named, true))
             state.name = groups.text();
         else if (groups.code() == 70)
             state.dependent = (groups.integer() & kDependentFlag) != 0;
@@ -84,8 +84,9 @@ QString DxfRecordReader::entityLayer(DxfCursor groups) const
 BlockState DxfRecordReader::block(DxfCursor groups) const
 {
     BlockState state;
+    bool named = false;
     while (groups.next()) {
-        if (groups.code() == 2 && state.name.isEmpty())
+        if (groups.code() == 2 && groups.isOwn() && !std::exchange(named, true))
             state.name = groups.text();
         else if (groups.code() == 340)
             state.layout = object(groups);
@@ -96,10 +97,12 @@ BlockState DxfRecordReader::block(DxfCursor groups) const
 LinetypeState DxfRecordReader::linetype(DxfCursor groups) const
 {
     LinetypeState state;
+    bool named = false;
     while (groups.next()) {
         switch (groups.code()) {
         case 2:
-            state.name = groups.text();
+            if (groups.isOwn() && !std::exchange(named, true))
+                state.name = groups.text();
             break;
         case 3:
             state.description = groups.text();

@@ -1,169 +1,206 @@
 #include "io/dxf/DxfText.h"
 
-#include <QStringDecoder>
-#include <QStringEncoder>
-
 #include <algorithm>
+#include <array>
+#include <optional>
 
 namespace {
 
-/// Converter for a code page name such as "ANSI_1251" or "dos932"; numbers are those of the
-/// platform the names come from.
-QByteArray converterFor(QByteArrayView codePage)
-{
-    struct Special
-    {
-        const char* number;
-        const char* converter;
-    };
-    constexpr Special kSpecials[] = {{"932", "Shift_JIS"},   {"936", "GBK"},
-                                     {"949", "windows-949"}, {"950", "Big5"},
-                                     {"1361", "x-Johab"},    {"874", "windows-874"}};
-    QByteArray number;
-    std::copy_if(codePage.begin(), codePage.end(), std::back_inserter(number),
-                 [](char c) { return c >= '0' && c <= '9'; });
-    for (const Special& special : kSpecials) {
-        if (number == special.number)
-            return special.converter;
-    }
-    if (number.startsWith("125") && number.size() == 4)
-        return "windows-" + number;
-    if (number.size() == 3)
-        return "IBM" + number;
-    return "windows-1252";
-}
+/// Code pages of the \M+n escapes, n from 1.
+constexpr std::array kMultibytePages = {"932", "950", "949", "1361", "936"};
 
-/// Converters of the \M+n escapes.
-const char* multibyteConverter(char kind)
-{
-    switch (kind) {
-    case '1':
-        return "Shift_JIS";
-    case '2':
-        return "Big5";
-    case '3':
-        return "windows-949";
-    case '4':
-        return "x-Johab";
-    case '5':
-        return "GBK";
-    default:
-        return nullptr;
-    }
-}
-
-std::optional<uint> hexAt(QByteArrayView bytes, qsizetype at)
-{
-    if (at + 4 > bytes.size())
-        return std::nullopt;
-    bool ok = false;
-    const uint value = bytes.sliced(at, 4).toByteArray().toUInt(&ok, 16);
-    return ok ? std::optional<uint>(value) : std::nullopt;
-}
-
-/// An escape at `at`: the text it stands for and its length; length 0 where there is none.
+/// An escape: the text it stands for and its bytes; length 0 where there is none.
 struct Escape
 {
-    QString text;
+    char16_t character = 0;
     qsizetype length = 0;
 };
 
-Escape backslashEscape(QByteArrayView bytes, qsizetype at)
+std::optional<char16_t> fourHexDigits(QByteArrayView bytes)
 {
-    const QByteArrayView rest = bytes.sliced(at);
-    if (rest.size() >= 7 && (rest[1] == 'U' || rest[1] == 'u') && rest[2] == '+') {
-        if (const auto unit = hexAt(rest, 3))
-            return {QString(QChar(static_cast<char16_t>(*unit))), 7};
+    if (bytes.size() < 4)
+        return std::nullopt;
+    unsigned value = 0;
+    for (const char c : bytes.first(4)) {
+        const unsigned digit = c >= '0' && c <= '9' ? unsigned(c - '0')
+            : c >= 'A' && c <= 'F'                  ? unsigned(c - 'A') + 10
+            : c >= 'a' && c <= 'f'                  ? unsigned(c - 'a') + 10
+                                                    : 16;
+        if (digit > 15)
+            return std::nullopt;
+        value = value << 4 | digit;
     }
-    if (rest.size() >= 8 && rest[1] == 'M' && rest[2] == '+' && multibyteConverter(rest[3])) {
-        if (const auto pair = hexAt(rest, 4)) {
-            QStringDecoder decoder(multibyteConverter(rest[3]));
-            const char both[2] = {static_cast<char>(*pair >> 8), static_cast<char>(*pair & 0xFF)};
-            return {decoder.isValid() ? QString(decoder(QByteArrayView(both, 2)))
-                                      : QString(QChar(0xFFFD)),
-                    8};
-        }
+    return static_cast<char16_t>(value);
+}
+
+char16_t multibyteCharacter(char kind, char16_t bytes)
+{
+    static const auto pages = [] {
+        std::array<std::shared_ptr<const CodePage>, kMultibytePages.size()> made;
+        std::transform(kMultibytePages.begin(), kMultibytePages.end(), made.begin(),
+                       [](const char* name) { return CodePage::named(name); });
+        return made;
+    }();
+    const CodePage& page = *pages[static_cast<std::size_t>(kind - '1')];
+    const char lead = static_cast<char>(bytes >> 8);
+    const char trail = static_cast<char>(bytes & 0xFF);
+    return lead == 0 ? page.character(trail) : page.character(lead, trail);
+}
+
+Escape backslashEscape(QByteArrayView rest)
+{
+    if (rest.size() >= 7 && (rest[1] == 'U' || rest[1] == 'u') && rest[2] == '+') {
+        if (const auto unit = fourHexDigits(rest.sliced(3)))
+            return {*unit, 7};
+    }
+    if (rest.size() >= 8 && rest[1] == 'M' && rest[2] == '+' && rest[3] >= '1' && rest[3] <= '5') {
+        if (const auto bytes = fourHexDigits(rest.sliced(4)))
+            return {multibyteCharacter(rest[3], *bytes), 8};
     }
     return {};
 }
 
-Escape caretEscape(QByteArrayView bytes, qsizetype at)
+Escape caretEscape(QByteArrayView rest)
 {
-    if (at + 1 >= bytes.size())
+    if (rest.size() < 2)
         return {};
-    const char next = bytes[at + 1];
-    if (next == ' ')
-        return {QStringLiteral("^"), 2};
-    if (next >= '@' && next <= '_')
-        return {QString(QChar(next - '@')), 2};
+    if (rest[1] == ' ')
+        return {u'^', 2};
+    if (rest[1] >= '@' && rest[1] <= '_')
+        return {static_cast<char16_t>(rest[1] - '@'), 2};
     return {};
+}
+
+Escape escapeAt(QByteArrayView rest)
+{
+    return rest.front() == '\\' ? backslashEscape(rest)
+        : rest.front() == '^'   ? caretEscape(rest)
+                                : Escape();
+}
+
+/// Text in UTF-8 between escapes.
+QString decodeUtf8(QByteArrayView bytes)
+{
+    QString text;
+    qsizetype plainFrom = 0;
+    for (qsizetype at = 0; at < bytes.size();) {
+        const Escape escape = escapeAt(bytes.sliced(at));
+        if (escape.length == 0) {
+            ++at;
+            continue;
+        }
+        text += QString::fromUtf8(bytes.sliced(plainFrom, at - plainFrom));
+        text += QChar(escape.character);
+        at += escape.length;
+        plainFrom = at;
+    }
+    return text + QString::fromUtf8(bytes.sliced(plainFrom));
+}
+
+QString decodePage(QByteArrayView bytes, const CodePage& page)
+{
+    QString text;
+    text.reserve(bytes.size());
+    for (qsizetype at = 0; at < bytes.size();) {
+        // The second byte of a pair may look like a backslash or a caret.
+        if (page.isLead(bytes[at]) && at + 1 < bytes.size()) {
+            const char16_t character = page.character(bytes[at], bytes[at + 1]);
+            text += QChar(character);
+            at += character == CodePage::kNoCharacter && (bytes[at + 1] & 0x80) == 0 ? 1 : 2;
+            continue;
+        }
+        const Escape escape = escapeAt(bytes.sliced(at));
+        text += QChar(escape.length > 0 ? escape.character : page.character(bytes[at]));
+        at += std::max<qsizetype>(escape.length, 1);
+    }
+    return text;
+}
+
+void appendEscape(QByteArray& bytes, char16_t unit)
+{
+    bytes += "\\U+" + QByteArray::number(unit, 16).toUpper().rightJustified(4, '0');
+}
+
+/// Whether the text, which starts with a backslash, would be read as an escape.
+bool looksLikeEscape(QStringView text)
+{
+    const QByteArray start = text.first(std::min<qsizetype>(text.size(), 8)).toLatin1();
+    return backslashEscape(start).length > 0;
+}
+
+bool isPair(QStringView text, qsizetype at)
+{
+    return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
 }
 
 } // namespace
 
 DxfText::DxfText(QByteArrayView version, QByteArrayView codePage)
 {
-    const bool utf8 = version.size() == 6 && version.toByteArray() >= QByteArrayLiteral("AC1021");
-    if (!utf8)
-        m_codec = converterFor(codePage);
+    constexpr int kFirstUtf8 = 1021;
+    const bool numbered = version.size() == 6 && version.startsWith("AC");
+    if (numbered && version.sliced(2).toByteArray().toInt() >= kFirstUtf8)
+        return;
+    m_page = std::make_shared<Page>();
+    m_page->name = codePage.toByteArray();
 }
 
-QString DxfText::decodePlain(QByteArrayView bytes) const
+const CodePage& DxfText::page() const
 {
-    if (isUtf8())
-        return QString::fromUtf8(bytes);
-    if (std::none_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) != 0; }))
-        return QString::fromLatin1(bytes);
-    QStringDecoder decoder(m_codec.constData());
-    return decoder.isValid() ? QString(decoder(bytes)) : QString::fromLatin1(bytes);
+    std::call_once(m_page->once, [this] { m_page->tables = CodePage::named(m_page->name); });
+    return *m_page->tables;
 }
 
 QString DxfText::decode(QByteArrayView bytes) const
 {
-    const auto isMark = [](char c) { return c == '\\' || c == '^'; };
-    if (std::none_of(bytes.begin(), bytes.end(), isMark))
-        return decodePlain(bytes);
-    QString text;
-    qsizetype plainFrom = 0;
-    for (qsizetype at = 0; at < bytes.size(); ++at) {
-        if (!isMark(bytes[at]))
-            continue;
-        const Escape escape =
-            bytes[at] == '^' ? caretEscape(bytes, at) : backslashEscape(bytes, at);
-        if (escape.length == 0)
-            continue;
-        text += decodePlain(bytes.sliced(plainFrom, at - plainFrom)) + escape.text;
-        plainFrom = at + escape.length;
-        at = plainFrom - 1;
-    }
-    return text + decodePlain(bytes.sliced(plainFrom));
+    const bool plain = std::none_of(bytes.begin(), bytes.end(), [](char c) {
+        return (c & 0x80) != 0 || c == '\\' || c == '^';
+    });
+    if (plain)
+        return QString::fromLatin1(bytes);
+    return m_page ? decodePage(bytes, page()) : decodeUtf8(bytes);
 }
 
 QByteArray DxfText::encode(QStringView text) const
 {
     QByteArray bytes;
-    QStringEncoder encoder =
-        isUtf8() ? QStringEncoder(QStringEncoder::Utf8) : QStringEncoder(m_codec.constData());
-    for (const QChar c : text) {
-        const char16_t unit = c.unicode();
+    bytes.reserve(text.size());
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const char16_t unit = text[at].unicode();
         if (unit == u'^') {
             bytes += "^ ";
         } else if (unit < 0x20) {
             bytes += '^';
             bytes += static_cast<char>('@' + unit);
+        } else if (unit == u'\\' && looksLikeEscape(text.sliced(at))) {
+            appendEscape(bytes, unit);
         } else if (unit < 0x80) {
             bytes += static_cast<char>(unit);
-        } else if (isUtf8()) {
-            bytes += QByteArray(encoder(QStringView(&c, 1)));
+        } else if (!m_page && isPair(text, at)) {
+            bytes += text.sliced(at++, 2).toUtf8();
+        } else if (!m_page && !text[at].isSurrogate()) {
+            bytes += text.sliced(at, 1).toUtf8();
+        } else if (const quint16 pair = m_page ? page().bytesOf(unit) : quint16(0); pair != 0) {
+            if (pair > 0xFF)
+                bytes += static_cast<char>(pair >> 8);
+            bytes += static_cast<char>(pair & 0xFF);
         } else {
-            QStringEncoder single(m_codec.constData());
-            const QByteArray encoded =
-                single.isValid() ? QByteArray(single(QStringView(&c, 1))) : QByteArray();
-            if (single.isValid() && !single.hasError() && decodePlain(encoded) == QString(c))
-                bytes += encoded;
-            else
-                bytes += "\\U+" + QByteArray::number(unit, 16).toUpper().rightJustified(4, '0');
+            appendEscape(bytes, unit);
         }
     }
     return bytes;
+}
+
+bool DxfText::holds(QStringView text) const
+{
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const char16_t unit = text[at].unicode();
+        if (unit < 0x80)
+            continue;
+        if (m_page ? page().bytesOf(unit) == 0 : text[at].isSurrogate() && !isPair(text, at))
+            return false;
+        if (!m_page && text[at].isHighSurrogate())
+            ++at;
+    }
+    return true;
 }

@@ -1,9 +1,12 @@
 #pragma once
 
-#include <QByteArrayView>
+#include "io/dxf/CodePage.h"
+
+#include <QByteArray>
 #include <QString>
 
-#include <optional>
+#include <memory>
+#include <mutex>
 
 /// The text encoding of a DXF file: UTF-8 from AC1021 on, before that the code page that
 /// $DWGCODEPAGE names; escapes \U+XXXX, \M+nXXXX and ^x in either.
@@ -16,12 +19,22 @@ public:
 
     /// Text of a value line. Bytes that the encoding does not know become U+FFFD.
     QString decode(QByteArrayView bytes) const;
-    /// Bytes for a value line; characters outside the code page as \U+XXXX, line breaks as ^J.
+    /// Bytes for a value line: characters outside the encoding as \U+XXXX, control characters and
+    /// the caret as ^x. decode() gives the same text back.
     QByteArray encode(QStringView text) const;
-    bool isUtf8() const { return m_codec.isEmpty(); }
+    /// Whether the encoding has all characters of the text, so that none becomes \U+XXXX.
+    bool holds(QStringView text) const;
+    bool isUtf8() const { return !m_page; }
 
 private:
-    QString decodePlain(QByteArrayView bytes) const;
+    /// Its tables are made when the first character beyond ASCII asks for them.
+    struct Page
+    {
+        QByteArray name;
+        std::once_flag once;
+        std::shared_ptr<const CodePage> tables;
+    };
+    const CodePage& page() const;
 
-    QByteArray m_codec; ///< name of the code page's converter; empty for UTF-8
+    std::shared_ptr<Page> m_page; ///< none for UTF-8
 };

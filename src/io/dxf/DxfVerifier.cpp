@@ -1,6 +1,5 @@
 #include "io/dxf/DxfVerifier.h"
 
-#include "base/NumberText.h"
 #include "database/NameIndex.h"
 #include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
@@ -127,29 +126,30 @@ QString DxfVerifier::entityLayerName(quint32 slot) const
         ->getName();
 }
 
-LayerState DxfVerifier::holdable(quint32 slot) const
-{
-    LayerState state =
-        m_source.database().idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>()->state();
-    const LayerState file =
-        slot < m_source.database().store().fileRecords() ? m_source.readLayer(slot) : LayerState();
-    if (m_source.version() < DxfVersion::V2004 && state.color != file.color)
-        state.color = OdCmColor::fromIndex(state.color.colorIndex());
-    if (m_source.version() < DxfVersion::V2000) {
-        state.plottable = file.plottable;
-        state.lineWeight = file.lineWeight;
-        state.plotStyle = file.plotStyle;
-    }
-    // These stand in other records.
-    state.overrides.clear();
-    state.reconciled.reset();
-    return state;
-}
-
 bool DxfVerifier::isLayerAsMeant(quint32 slot, const DxfCursor& groups) const
 {
+    LayerState meant =
+        m_source.database().idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>()->state();
+    // These stand in other records.
+    meant.overrides.clear();
+    meant.reconciled.reset();
     OdDbObjectId extension;
-    return DxfRecordReader(m_source).layer(groups, extension) == holdable(slot);
+    const LayerState written = DxfRecordReader(m_source).layer(groups, extension);
+    // What the version cannot hold stays as the file had it; a true colour leaves its index.
+    const LayerState file =
+        slot < m_source.database().store().fileRecords() ? m_source.readLayer(slot) : LayerState();
+    if (m_source.version() < DxfVersion::V2004
+        && written.color == OdCmColor::fromIndex(meant.color.colorIndex()))
+        meant.color = written.color;
+    if (m_source.version() < DxfVersion::V2000) {
+        if (written.plottable == file.plottable)
+            meant.plottable = written.plottable;
+        if (written.lineWeight == file.lineWeight)
+            meant.lineWeight = written.lineWeight;
+        if (written.plotStyle == file.plotStyle)
+            meant.plotStyle = written.plotStyle;
+    }
+    return written == meant;
 }
 
 bool DxfVerifier::isDictionaryAsMeant(quint32 slot, const DxfCursor& groups) const

@@ -5,7 +5,6 @@
 
 class DxfObjectSource;
 class DxfCursor;
-struct LayerState;
 
 /// Reads the changed records of a written file and compares each with what it was meant to say.
 class DxfVerifier
@@ -22,8 +21,6 @@ private:
     bool isLayerAsMeant(quint32 slot, const DxfCursor& groups) const;
     bool isDictionaryAsMeant(quint32 slot, const DxfCursor& groups) const;
     bool isMadeAsMeant(const DxfMeant::Made& made, const DxfCursor& groups) const;
-    /// The state as this version of the format can hold it.
-    LayerState holdable(quint32 slot) const;
     QString entityLayerName(quint32 slot) const;
 
     const DxfObjectSource& m_source;

@@ -25,6 +25,21 @@ void setColour(LayerState& layer, int index)
 
 void LayerGroups::Reader::take(const GroupCursor& group)
 {
+    const int code = group.code();
+    if (code >= 1000)
+        return takeExtendedData(group);
+    if (code == 102) {
+        m_inGroup = group.bytes().trimmed().startsWith('{');
+        return;
+    }
+    if (m_inGroup || code < 0 || m_taken.test(static_cast<std::size_t>(code)))
+        return;
+    m_taken.set(static_cast<std::size_t>(code));
+    takeOwn(group);
+}
+
+void LayerGroups::Reader::takeOwn(const GroupCursor& group)
+{
     LayerState& layer = m_layer;
     switch (group.code()) {
     case 2:
@@ -69,8 +84,6 @@ void LayerGroups::Reader::take(const GroupCursor& group)
         layer.plotStyle = m_database.getOdDbObjectId(OdDbHandle(group.handle()));
         break;
     default:
-        if (group.code() >= 1000)
-            takeExtendedData(group);
         break;
     }
 }

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include <bitset>
+
 class DxfObjectSource;
 class GroupCursor;
 class RecordPatcher;
@@ -12,7 +14,8 @@ class RecordPatcher;
 /// LAYER records as groups: which attribute of a layer stands under which group code.
 namespace LayerGroups {
 
-/// Fills a state from the groups of a record, in any order.
+/// Fills a state from the groups of a record, in any order. Where a code stands twice, the first
+/// counts; what stands in an application's group (102) is none of the layer's.
 class Reader
 {
 public:
@@ -24,10 +27,13 @@ public:
 
 private:
     enum class Application { Other, Description, Transparency };
+    void takeOwn(const GroupCursor& group);
     void takeExtendedData(const GroupCursor& group);
 
     const OdDbDatabase& m_database;
     LayerState& m_layer;
+    std::bitset<1000> m_taken; ///< codes that were there already
+    bool m_inGroup = false;
     Application m_application = Application::Other; ///< whose extended data follows
     int m_strings = 0;
 };

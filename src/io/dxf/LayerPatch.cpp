@@ -136,7 +136,7 @@ Wish differences(const RecordPatcher& record, const DxfObjectSource& source,
 {
     const auto old = [&](int code) {
         const RecordPatcher::Span* span = record.find(code);
-        return span ? record.bytes(*span) : QByteArrayView();
+        return span ? record.bytes(*span) : QByteArray();
     };
     Wish wish;
     if (before.name != after.name)
@@ -148,10 +148,17 @@ Wish differences(const RecordPatcher& record, const DxfObjectSource& source,
     for (const Property& property : kProperties) {
         if (!property.differs(before, after))
             continue;
-        if (source.version() >= property.since)
-            property.want(source, after, wish);
-        else
-            tellNotKept(property, after, notKept);
+        Wish groups;
+        property.want(source, after, groups);
+        if (source.version() < property.since) {
+            // A file may hold a group before its time: then it must not contradict the layer.
+            const auto isMissing = [&](const Wanted& group) { return !record.find(group.code); };
+            if (std::any_of(groups.begin(), groups.end(),
+                            [&](const Wanted& group) { return group.value && isMissing(group); }))
+                tellNotKept(property, after, notKept);
+            std::erase_if(groups, isMissing);
+        }
+        wish.insert(wish.end(), groups.begin(), groups.end());
     }
     return wish;
 }

@@ -1,7 +1,9 @@
 #include "io/dxf/RecordPatcher.h"
 
 #include "database/GroupList.h"
+#include "io/dxf/BinaryValue.h"
 #include "io/dxf/DxfObjectSource.h"
+#include "io/dxf/GroupCode.h"
 
 #include <algorithm>
 
@@ -16,13 +18,13 @@ RecordPatcher::RecordPatcher(const DxfObjectSource& source, quint32 slot, PatchL
     bool inGroup = false;
     while (record.next()) {
         const bool mark = record.code() == 102;
-        const bool ends = inGroup && mark && !record.bytes().trimmed().startsWith('{');
-        if (mark && !ends)
-            inGroup = true;
         m_spans.push_back({record.code(), record.groupBegin(), record.valueBegin(),
-                           record.valueEnd(), record.groupEnd(), !inGroup && record.code() < 1000});
-        if (ends)
-            inGroup = false;
+                           record.valueEnd(), record.groupEnd(),
+                           !mark && !inGroup && record.code() < 1000});
+        if (mark) {
+            inGroup = record.bytes().trimmed().startsWith('{');
+            m_openGroup = inGroup ? record.groupBegin() : kNoOffset;
+        }
         m_end = record.groupEnd();
     }
 }
@@ -41,9 +43,14 @@ const RecordPatcher::Span* RecordPatcher::lastOwn() const
     return it == m_spans.rend() ? nullptr : &*it;
 }
 
-QByteArrayView RecordPatcher::bytes(const Span& span) const
+QByteArray RecordPatcher::bytes(const Span& span) const
 {
-    return m_source.image().view(span.valueBegin, span.valueEnd);
+    const QByteArrayView raw = m_source.image().view(span.valueBegin, span.valueEnd);
+    if (!m_spelling.isBinary())
+        return raw.toByteArray();
+    const bool hasLength = groupKind(span.code) == GroupKind::Chunk;
+    BinaryValue::Scratch scratch;
+    return BinaryValue::text(span.code, hasLength ? raw.sliced(1) : raw, scratch).toByteArray();
 }
 
 void RecordPatcher::setValue(const Span& span, QByteArrayView value)
@@ -53,7 +60,7 @@ void RecordPatcher::setValue(const Span& span, QByteArrayView value)
         return;
     }
     // A padded number stays padded.
-    const QByteArrayView old = bytes(span);
+    const QByteArray old = bytes(span);
     QByteArray text = value.toByteArray();
     if (old.startsWith(' ') && !text.isEmpty())
         text = text.rightJustified(old.size());
@@ -72,7 +79,7 @@ void RecordPatcher::want(int code, const QByteArray* value, const std::vector<in
     const auto rankOf = [&](int c) { return std::find(order.begin(), order.end(), c); };
     quint64 at = m_begin;
     for (const Span& span : m_spans) {
-        if (span.code < 1000
+        if (span.begin < m_openGroup && span.code < 1000
             && (!span.own || span.code == 5 || span.code == 330 || span.code == 100
                 || rankOf(span.code) < rankOf(code)))
             at = span.end;

@@ -30,7 +30,8 @@ public:
     const Span* find(int code) const;
     /// The last own group before extended data.
     const Span* lastOwn() const;
-    QByteArrayView bytes(const Span& span) const;
+    /// The value in the form that setValue() takes, or as a text drawing pads it.
+    QByteArray bytes(const Span& span) const;
     const GroupSpelling& spelling() const { return m_spelling; }
     /// Where groups can be put at the record's end.
     quint64 end() const { return m_end; }
@@ -55,6 +56,8 @@ private:
     PatchList& m_patches;
     GroupSpelling m_spelling;
     std::vector<Span> m_spans;
+    static constexpr quint64 kNoOffset = ~quint64(0);
+    quint64 m_openGroup = kNoOffset; ///< where an application's group begins that never ends
     quint64 m_begin = 0;
     quint64 m_end = 0;
 };
