@@ -67,8 +67,10 @@ const DrawingLayers::Styles& DrawingLayers::styles() const
     if (!names)
         return *m_styles;
     for (const DictionaryEntry& entry : names->entries()) {
-        if (!entry.value.isNull() && !entry.value.isErased())
-            m_styles->insert(entry.value.slot(), entry.key);
+        if (entry.value.isNull() || entry.value.isErased())
+            continue;
+        m_styles->insert(entry.value.slot(), entry.key);
+        m_styleKeys.insert(entry.key.toCaseFolded());
     }
     return *m_styles;
 }
@@ -86,10 +88,8 @@ QString DrawingLayers::plotStyle(const OdDbLayerTableRecord& layer) const
 
 bool DrawingLayers::hasPlotStyle(const QString& name) const
 {
-    const Styles& all = styles();
-    return std::any_of(all.begin(), all.end(), [&](const QString& style) {
-        return style.compare(name, Qt::CaseInsensitive) == 0;
-    });
+    styles();
+    return m_styleKeys.contains(name.toCaseFolded());
 }
 
 quint32 DrawingLayers::storedFlags(const OdDbLayerTableRecord& layer) const

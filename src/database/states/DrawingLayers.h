@@ -6,6 +6,7 @@
 #include "database/states/StoredLayer.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <array>
 #include <optional>
@@ -46,6 +47,7 @@ private:
     OdDbViewportPtr m_viewport;
     mutable std::array<QString, 257> m_colorStyles; ///< "Color_n" by index
     mutable std::optional<Styles> m_styles; ///< names by slot, of drawings with named styles
+    mutable QSet<QString> m_styleKeys; ///< the same names folded
     mutable QHash<QByteArray, OdDbObjectId> m_linetypes; ///< by the name that an entry has
 };
 

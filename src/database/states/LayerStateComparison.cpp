@@ -1,7 +1,6 @@
 #include "database/states/LayerStateComparison.h"
 
 #include "database/NameIndex.h"
-#include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTable.h"
 #include "database/states/LayerStateMask.h"
@@ -9,10 +8,11 @@
 
 LayerStateComparison::LayerStateComparison(const DrawingLayers& drawing)
     : m_drawing(drawing)
-    , m_required(drawing.drawing().store().size(), false)
 {
     const OdDbLayerTable& layers = drawing.drawing().layerTable();
     const std::vector<quint32>& slotsInOrder = layers.slotsInOrder();
+    if (!slotsInOrder.empty())
+        m_required.resize(slotsInOrder.back() + 1, false); // slots ascend
     for (quint32 position = 0; position < slotsInOrder.size(); ++position) {
         if (!layers.names().isActive(position) || layers.names().key(position).startsWith('*'))
             continue;

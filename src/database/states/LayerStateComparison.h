@@ -20,6 +20,6 @@ private:
     bool sameSettings(const OdDbLayerTableRecord& layer, const StoredLayer& stored, int mask) const;
 
     const DrawingLayers& m_drawing;
-    std::vector<bool> m_required; ///< by slot
+    std::vector<bool> m_required; ///< by slot, up to the last layer's
     std::size_t m_requiredCount = 0;
 };

@@ -24,7 +24,7 @@ bool isPortable(int code)
         && !(code >= 310 && code <= 369) && !(code >= 390 && code <= 399);
 }
 
-bool canNameLayer(const QString& name)
+bool canNameRecord(const QString& name)
 {
     static const QString forbidden = QStringLiteral("<>/\\\":;?*|=,`");
     constexpr int kLongest = 255;
@@ -154,7 +154,7 @@ OdDbObjectId LayerStateExchange::layerFor(const StoredLayer& saved, bool& made)
 {
     const QString name = QString::fromUtf8(saved.layerName);
     const OdDbObjectId present = m_drawing.layerTable().getAt(name);
-    made = present.isNull() && canNameLayer(name);
+    made = present.isNull() && canNameRecord(name);
     return made ? m_drawing.layerTable().add(name) : present;
 }
 
@@ -174,7 +174,7 @@ OdDbObjectId LayerStateExchange::linetypeFor(const QByteArray& name)
 void LayerStateExchange::addLinetype(const LinetypeState& linetype)
 {
     OdDbSymbolTable& table = m_drawing.table(OdDbTableKind::Linetype);
-    if (linetype.name.isEmpty() || table.has(linetype.name))
+    if (!canNameRecord(linetype.name) || table.has(linetype.name))
         return;
     auto record = std::make_unique<OdDbLinetypeTableRecord>();
     record->stateForLoading() = linetype;

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -164,7 +165,7 @@ private:
             return LasText::unescaped(group.value).toUtf8();
         const QByteArray text = group.value.trimmed().toUtf8();
         if (kind == GroupKind::Real) {
-            if (!NumberText::real(text))
+            if (!std::isfinite(NumberText::real(text).value_or(NAN)))
                 failNumber(group, tr("expected a number for group %1, found \"%2\"."));
             return text;
         }
