@@ -82,6 +82,11 @@ TEST_F(LayerStatesOf, ALayoutSayWhichLayersItsActiveViewportFreezes)
     EXPECT_TRUE(isSame(m_plan));
     m_drawing->setActiveViewport(viewport(DrawingText::kSecondViewport));
     EXPECT_FALSE(isSame(m_plan)) << "Walls is thawed there";
+    m_drawing->startUndoRecord();
+    m_states.save(m_plan, LayerStateMask::kAll & ~LayerStateMask::kViewportFrozen);
+    m_drawing->setActiveViewport(viewport(DrawingText::kFirstViewport));
+    EXPECT_TRUE(isSame(m_plan)) << "the mask does not name it";
+    m_drawing->undo();
     m_drawing->setTILEMODE(true);
     EXPECT_TRUE(isSame(m_plan)) << "model space has no such thing";
 }
@@ -103,6 +108,22 @@ TEST_F(LayerStatesOf, ADrawingKeepOtherBitsOfTheMaskWhenSaved)
     restore(m_plan);
     m_states.save(m_plan, 0x40000 | 5);
     EXPECT_EQ((*groups(m_plan).begin()).value, "65541");
+}
+
+TEST_F(LayerStatesOf, ADrawingKeepUnknownGroupsOfTheHeadWhenSaved)
+{
+    store(m_plan, {{91, "34816"}, {70, "5"}, {301, "d"}, {330, "FFF"}, {90, "1"}});
+    m_drawing->setCLAYER(layer("Roof"));
+    m_drawing->setCTAB(QStringLiteral("Sheet A"));
+    expectUndoable([&] { m_states.save(m_plan, 3); });
+    const GroupList expected = {{91, "34819"}, {70, "5"}, {301, "d"}, {290, "1"}, {302, "Roof"}};
+    const GroupList saved = groups(m_plan);
+    auto group = saved.begin();
+    GroupList head;
+    for (qsizetype i = 0; i < expected.size(); ++i, ++group)
+        head.append(*group);
+    EXPECT_TRUE(head == expected);
+    EXPECT_EQ(m_states.layers(m_plan).size(), 4u);
 }
 
 TEST_F(LayerStatesOf, ADrawingAreRenamedToAnyName)

@@ -44,6 +44,10 @@ TEST_F(ForeignLayerStates, SurviveEveryEditThatIsTakenBack)
             service.setDescription(name, QStringLiteral("changed here"));
             EXPECT_EQ(service.description(name), QStringLiteral("changed here"));
             EXPECT_EQ(LayerStateDictionary(*drawing).state(name)->groups().size(), groups.size());
+            const auto again = readDrawing(drawingBytes(*drawing), path);
+            EXPECT_TRUE(LayerStateDictionary(*again).state(name)->groups()
+                        == LayerStateDictionary(*drawing).state(name)->groups())
+                << "saved and read again";
             drawing->undo();
             EXPECT_TRUE(LayerLook::of(*drawing) == before);
 

@@ -16,7 +16,7 @@ protected:
                 {440, "0"},   {440, "0"}, // doubled, another order
                 {330, "ABC"}, {90, "9"},   {331, "DEF"}, // layer and linetype gone
                 {8, "Roof"},  {62, "4"},   {90, "8"},       {6, "Continuous"}, // by name
-                {8, "Gone"},  {90, "40"},  {309, "a note"}};
+                {8, "Gone"},  {90, "40"},  {6, "ZIGZAG"},   {309, "a note"}};
     }
     std::vector<LayerInfoInLS> layers() const { return m_states.layers(m_plan); }
     /// The groups after an edit of the layer at that place.

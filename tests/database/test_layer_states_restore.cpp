@@ -194,6 +194,21 @@ TEST_F(LayerStateRestoring, FreezesAndThawsInTheActiveViewport)
     EXPECT_FALSE(isFrozenIn(DrawingText::kOverallViewport, "Walls"));
 }
 
+TEST_F(LayerStateRestoring, KeepsOffAndFrozenApartFromFrozenInTheViewport)
+{
+    write("Roof")->setIsOff(true);
+    write("Floor")->setIsFrozen(true);
+    enter(DrawingText::kSecondViewport);
+    m_states.add(m_plan, {});
+    write("Roof")->setIsOff(false);
+    write("Floor")->setIsFrozen(false);
+    restore(m_plan);
+    EXPECT_TRUE(read("Roof")->isOff());
+    EXPECT_TRUE(read("Floor")->isFrozen());
+    EXPECT_FALSE(isFrozenIn(DrawingText::kSecondViewport, "Roof"));
+    EXPECT_FALSE(isFrozenIn(DrawingText::kSecondViewport, "Floor"));
+}
+
 TEST_F(LayerStateRestoring, LeavesViewportsAloneInModelSpace)
 {
     m_states.add(m_plan, {});

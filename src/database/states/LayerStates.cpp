@@ -44,34 +44,43 @@ bool LayerStates::has(const QString& name) const
     return LayerStateDictionary(m_drawing).has(name);
 }
 
-GroupList LayerStates::current(int mask, const QString& description) const
+QString LayerStates::currentLayerName() const
 {
-    LayerStateHead head;
-    head.mask = mask;
-    head.description = description;
-    head.inLayout = !m_drawing.getTILEMODE();
-    if (const auto layer = m_drawing.getCLAYER().openObject<OdDbLayerTableRecord>())
-        head.currentLayer = layer->getName();
-    GroupList groups;
-    head.append(groups);
+    const auto layer = m_drawing.getCLAYER().openObject<OdDbLayerTableRecord>();
+    return layer ? layer->getName() : QString();
+}
+
+void LayerStates::appendLayersNow(GroupList& groups) const
+{
     const DrawingLayers layers(m_drawing);
     const std::vector<OdDbObjectId> records = m_drawing.layerTable().records();
     // Backwards, as most programs list them.
     for (auto it = records.rbegin(); it != records.rend(); ++it)
         appendStoredLayer(groups, layers.settings(*it->safeOpenObject<OdDbLayerTableRecord>()));
-    return groups;
 }
 
 void LayerStates::add(const QString& name, const QString& description)
 {
-    LayerStateDictionary(m_drawing).create(name)->setGroups(current(kAll, description));
+    const auto record = LayerStateDictionary(m_drawing).create(name);
+    GroupList groups;
+    LayerStateHead{kAll, description, !m_drawing.getTILEMODE(), currentLayerName()}.append(groups);
+    appendLayersNow(groups);
+    record->setGroups(groups);
 }
 
 void LayerStates::save(const QString& name, int mask)
 {
     const auto record = LayerStateDictionary(m_drawing).state(name, OdDb::kForWrite);
-    const LayerStateHead head = LayerStateHead::read(record->groups());
-    record->setGroups(current((head.mask & ~kAll) | (mask & kAll), head.description));
+    const int before = LayerStateHead::read(record->groups()).mask;
+    const auto number = [](int value) { return QByteArray::number(value); };
+    GroupList groups = LayerStateHead::groupsOf(record->groups());
+    groups =
+        LayerStateHead::with(groups, StateGroup::kMask, number((before & ~kAll) | (mask & kAll)));
+    groups = LayerStateHead::with(groups, StateGroup::kInLayout,
+                                  number(m_drawing.getTILEMODE() ? 0 : 1));
+    groups = LayerStateHead::with(groups, StateGroup::kCurrentLayer, currentLayerName().toUtf8());
+    appendLayersNow(groups);
+    record->setGroups(groups);
 }
 
 void LayerStates::restore(const QString& name, const LayerStateRestore::Options& options)

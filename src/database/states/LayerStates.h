@@ -65,7 +65,8 @@ public:
     void takeFrom(OdDbDatabase& other, const QString& name);
 
 private:
-    GroupList current(int mask, const QString& description) const;
+    QString currentLayerName() const;
+    void appendLayersNow(GroupList& groups) const;
     void markLastRestored(const QString& name);
 
     OdDbDatabase& m_drawing;
