@@ -3,7 +3,7 @@
 
 namespace {
 
-using namespace LayerStateMask;
+using enum LayerStateMask::Bit;
 
 class LayerStateRestoring : public LayerStatesFixture
 {

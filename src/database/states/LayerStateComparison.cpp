@@ -42,7 +42,7 @@ bool LayerStateComparison::matches(const GroupList& groups, int mask)
 bool LayerStateComparison::sameSettings(const OdDbLayerTableRecord& layer,
                                         const StoredLayer& stored, int mask) const
 {
-    using namespace LayerStateMask;
+    using enum LayerStateMask::Bit;
     const LayerState& now = layer.state();
     quint32 flags = static_cast<quint32>(mask)
         & (kOn | kFrozen | kLocked | kPlot | kNewViewportFrozen); // the same bits in both

@@ -55,7 +55,7 @@ void LayerStateRestore::restoreLayer(const StoredLayer& saved, OdDbObjectId id)
 
 void LayerStateRestore::collectVisibility(const StoredLayer& saved, OdDbObjectId id)
 {
-    using namespace LayerStateMask;
+    using enum LayerStateMask::Bit;
     if (!m_layers.viewport() || !saved.flags)
         return;
     // As overrides, a layer that was off or frozen is frozen in the viewport instead.

@@ -13,7 +13,7 @@
 
 #include <QCoreApplication>
 
-using namespace LayerStateMask;
+using enum LayerStateMask::Bit;
 
 std::vector<LayerStateSummary> LayerStates::list(bool withExternal) const
 {
@@ -55,8 +55,9 @@ void LayerStates::appendLayersNow(GroupList& groups) const
     const DrawingLayers layers(m_drawing);
     const std::vector<OdDbObjectId> records = m_drawing.layerTable().records();
     // Backwards, as most programs list them.
-    for (auto it = records.rbegin(); it != records.rend(); ++it)
-        appendStoredLayer(groups, layers.settings(*it->safeOpenObject<OdDbLayerTableRecord>()));
+    for (std::size_t i = records.size(); i-- > 0;)
+        appendStoredLayer(groups,
+                          layers.settings(*records[i].safeOpenObject<OdDbLayerTableRecord>()));
 }
 
 void LayerStates::add(const QString& name, const QString& description)

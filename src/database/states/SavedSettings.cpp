@@ -3,7 +3,7 @@
 #include "database/OdDbDatabase.h"
 #include "database/states/LayerStateMask.h"
 
-using namespace LayerStateMask;
+using enum LayerStateMask::Bit;
 
 namespace {
 

@@ -163,7 +163,7 @@ private:
         const GroupKind kind = groupKind(group.code);
         if (kind == GroupKind::Text)
             return LasText::unescaped(group.value).toUtf8();
-        const QByteArray text = group.value.trimmed().toUtf8();
+        QByteArray text = group.value.trimmed().toUtf8();
         if (kind == GroupKind::Real) {
             if (!std::isfinite(NumberText::real(text).value_or(NAN)))
                 failNumber(group, tr("expected a number for group %1, found \"%2\"."));

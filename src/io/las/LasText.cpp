@@ -12,7 +12,7 @@ namespace {
 QString decodeCodePage(QByteArrayView bytes)
 {
     QStringDecoder system(QStringDecoder::System);
-    const QString text = system(bytes);
+    QString text = system(bytes);
     if (!system.hasError() && !text.contains(QChar::ReplacementCharacter))
         return text;
     QStringDecoder western("windows-1252");
@@ -98,7 +98,7 @@ QByteArray LasText::escaped(QStringView value)
 QByteArray LasText::plainName(const QString& name)
 {
     QStringEncoder encoder(QStringEncoder::System);
-    const QByteArray bytes = encoder(name);
+    QByteArray bytes = encoder(name);
     if (encoder.hasError() || QString::fromLocal8Bit(bytes) != name)
         return escaped(name);
     for (qsizetype at = 0; at < name.size(); ++at) {
