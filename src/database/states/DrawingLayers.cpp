@@ -60,10 +60,8 @@ const DrawingLayers::Styles& DrawingLayers::styles() const
     if (m_styles)
         return *m_styles;
     m_styles.emplace();
-    const auto roots = m_drawing.getNamedObjectsDictionaryId().openObject<OdDbDictionary>();
-    const auto names = roots
-        ? roots->getAt(QStringLiteral("ACAD_PLOTSTYLENAME")).openObject<OdDbDictionary>()
-        : nullptr;
+    const auto names =
+        m_drawing.namedObject({QStringLiteral("ACAD_PLOTSTYLENAME")}).openObject<OdDbDictionary>();
     if (!names)
         return *m_styles;
     for (const DictionaryEntry& entry : names->entries()) {
