@@ -19,7 +19,7 @@ arrows="
 src/base:
 src/database: base
 src/io: base database
-src/sdk: base database
+src/sdk: base database io
 src/toolkit: base
 src/host: base database io sdk toolkit
 src/layermanager: base database sdk toolkit

@@ -10,6 +10,7 @@ struct LinetypeState
     QString description;
     std::vector<double> dashes; ///< drawing units; negative = gap, 0 = dot
     bool dependent = false;
+    bool operator==(const LinetypeState&) const = default;
 };
 
 /// A linetype: name, description and dash pattern.

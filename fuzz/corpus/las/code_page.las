@@ -1,0 +1,10 @@
+  0
+LAYERSTATEDICTIONARY
+  0
+LAYERSTATE
+  1
+Grün
+  8
+Wände
+ 90
+9

@@ -1,0 +1,20 @@
+  0
+LAYERSTATEDICTIONARY
+  0
+LAYERSTATE
+  1
+<odd>
+  8
+plan|WALLS
+ 90
+1
+  8
+a<b
+  8
+walls
+ 92
+3271524096
+330
+FF
+999
+remark

@@ -1,0 +1,90 @@
+  0
+LAYERSTATEDICTIONARY
+  0
+LAYERSTATE
+  1
+PLAN-A
+ 91
+2047
+301
+ground floor
+290
+0
+302
+0
+  8
+0
+ 90
+8
+ 62
+7
+370
+-3
+  6
+Continuous
+  2
+Color_7
+440
+0
+  8
+M-DUCT
+ 90
+12
+ 62
+30
+370
+35
+  6
+DASHED
+  2
+Color_30
+440
+33554559
+ 92
+-1023443200
+300
+BOOK$ORANGE
+  0
+LAYERSTATE
+  1
+PLAN-B
+ 91
+2047
+301
+ground floor
+290
+0
+302
+0
+  8
+0
+ 90
+8
+ 62
+7
+370
+-3
+  6
+Continuous
+  2
+Color_7
+440
+0
+  8
+M-DUCT
+ 90
+12
+ 62
+30
+370
+35
+  6
+DASHED
+  2
+Color_30
+440
+33554559
+ 92
+-1023443200
+300
+BOOK$ORANGE

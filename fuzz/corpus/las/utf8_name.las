@@ -1,0 +1,12 @@
+  0
+LAYERSTATEDICTIONARY
+  0
+LAYERSTATE
+  1
+Grün 中
+ 91
+1
+  8
+Wände
+ 90
+9
