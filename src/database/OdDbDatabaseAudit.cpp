@@ -1,9 +1,14 @@
+#include "base/NumberText.h"
 #include "database/NameIndex.h"
 #include "database/ObjectStore.h"
 #include "database/OdDbBlockTableRecord.h"
 #include "database/OdDbDatabase.h"
+#include "database/OdDbDictionary.h"
+#include "database/OdDbEntity.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
+#include "database/OdDbXrecord.h"
+#include "database/filters/FilterRecords.h"
 
 namespace {
 
@@ -82,6 +87,68 @@ void auditNames(const OdDbSymbolTable& table, Findings& findings)
     }
 }
 
+/// Dictionaries below the layer table: entries are there, are of the dictionary, and name layers
+/// where they name anything.
+void auditFilterRecords(const OdDbDatabase& database, OdDbObjectId owner, const QString& key,
+                        int depth, Findings& findings)
+{
+    constexpr int kDeepest = 64;
+    const OdDbObjectId id = FilterRecords::dictionaryOf(database, owner, key);
+    const auto dictionary = id.openObject<OdDbDictionary>();
+    if (!dictionary || depth > kDeepest)
+        return;
+    const ObjectStore& store = database.store();
+    for (const DictionaryEntry& entry : dictionary->entries()) {
+        if (entry.value.isNull())
+            continue; // as some drawings have it
+        if (entry.value.isErased()) {
+            findings.add(QStringLiteral("\"%1\" of %2 is erased.").arg(entry.key, key));
+            continue;
+        }
+        if (store.owner(entry.value.slot()) == ObjectStore::kNone)
+            findings.add(QStringLiteral("\"%1\" of %2 has no owner.").arg(entry.key, key));
+        const auto record = entry.value.openObject<OdDbXrecord>();
+        if (!record)
+            continue;
+        for (const GroupList::Group& group : record->groups()) {
+            if (group.code != FilterRecords::kMember)
+                continue;
+            const auto handle = NumberText::handle(group.value);
+            const OdDbObjectId layer = database.getOdDbObjectId(OdDbHandle(handle.value_or(0)));
+            if (!layer.isNull() && store.type(layer.slot()) != RecordType::Layer)
+                findings.add(
+                    QStringLiteral("\"%1\" of %2 names a %3 as a layer.")
+                        .arg(entry.key, key, QString::fromLatin1(store.typeName(layer.slot()))));
+        }
+        auditFilterRecords(database, entry.value, key, depth + 1, findings);
+    }
+}
+
+void auditLayers(const OdDbDatabase& database, Findings& findings)
+{
+    const ObjectStore& store = database.store();
+    for (const quint32 slot : database.layerTable().slotsInOrder()) {
+        const auto* layer = static_cast<const OdDbLayerTableRecord*>(store.object(slot));
+        if (!layer || store.has(slot, ObjectStore::kErased))
+            continue;
+        for (const auto& [viewport, there] : layer->state().overrides) {
+            if (viewport >= store.size() || store.type(viewport) != RecordType::Viewport)
+                findings.add(QStringLiteral("%1 has overrides in what is no viewport.")
+                                 .arg(nameOf(store, slot)));
+        }
+    }
+    for (const quint32 slot : store.viewports()) {
+        const auto* viewport = static_cast<const OdDbViewport*>(store.object(slot));
+        if (!viewport)
+            continue;
+        for (const OdDbObjectId layer : viewport->frozenLayers()) {
+            if (store.type(layer.slot()) != RecordType::Layer)
+                findings.add(
+                    QStringLiteral("%1 freezes what is no layer.").arg(nameOf(store, slot)));
+        }
+    }
+}
+
 } // namespace
 
 QStringList OdDbDatabase::audit() const
@@ -93,6 +160,9 @@ QStringList OdDbDatabase::audit() const
         if (!tableId(tableKind).isNull())
             auditNames(table(tableKind), findings);
     }
+    auditLayers(*this, findings);
+    for (const QString& key : {FilterRecords::kDictionary, QStringLiteral("ACAD_LAYERSTATES")})
+        auditFilterRecords(*this, getLayerTableId(), key, 0, findings);
     if (!m_current.layer.openObject<OdDbLayerTableRecord>())
         findings.add(QStringLiteral("The current layer is no layer of the drawing."));
     if (getLayerZeroId().isNull())

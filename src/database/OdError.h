@@ -9,7 +9,6 @@
 enum class OdResult {
     Ok,
     InvalidInput,
-    NotImplementedYet,
     NotApplicable, ///< code 3: the operation is refused for this object
     InvalidIndex,
     NotThatKindOfClass,

@@ -10,6 +10,7 @@
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdDbLinetypeTableRecord.h"
 #include "database/OdLyLayerFilterManager.h"
+#include "database/states/LayerStates.h"
 
 #include <algorithm>
 
@@ -121,6 +122,28 @@ void addFilter(const OdLyLayerFilter& filter, const QString& indent, QStringList
     }
 }
 
+void addStates(const OdDbDatabase& database, QStringList& lines)
+{
+    const LayerStates states(const_cast<OdDbDatabase&>(database));
+    for (const LayerStateSummary& state : states.list(false)) {
+        lines.append(QStringLiteral("state %1 \"%2\" %3 %4 %5")
+                         .arg(state.name, state.description)
+                         .arg(state.inLayout)
+                         .arg(state.sameAsDrawing)
+                         .arg(states.restoreMask(state.name)));
+        for (const LayerInfoInLS& layer : states.layers(state.name)) {
+            if (layer.layerId.isNull() || layer.layerId.isErased())
+                continue;
+            lines.append(
+                QStringLiteral(" %1 %2 %3 %4 %5 %6")
+                    .arg(nameOf(layer.layerId), nameOf(layer.linetypeId), layer.plotStyleName)
+                    .arg(layer.flags)
+                    .arg(layer.color)
+                    .arg(layer.lineWeight));
+        }
+    }
+}
+
 void addVariables(const OdDbDatabase& database, QStringList& lines)
 {
     lines.append(QStringLiteral("current %1 model %2")
@@ -159,6 +182,7 @@ QStringList drawingDigest(const OdDbDatabase& database)
     odlyGetLayerFilterManager(const_cast<OdDbDatabase*>(&database))->getFilters(root, current);
     addFilter(*root, {}, lines);
     lines.append(QStringLiteral("current filter ") + current->name());
+    addStates(database, lines);
     addVariables(database, lines);
     return lines;
 }

@@ -6,6 +6,7 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdLyLayerFilterManager.h"
+#include "database/states/LayerStates.h"
 
 namespace {
 
@@ -63,6 +64,11 @@ void RandomEdits::step()
         {"addFilter", &RandomEdits::addFilter},
         {"editFilter", &RandomEdits::editFilter},
         {"removeFilter", &RandomEdits::removeFilter},
+        {"addState", &RandomEdits::addState},
+        {"saveState", &RandomEdits::saveState},
+        {"restoreState", &RandomEdits::restoreState},
+        {"renameState", &RandomEdits::renameState},
+        {"removeState", &RandomEdits::removeState},
         {"variable", &RandomEdits::variable},
         {"header", &RandomEdits::header},
         {"currentLayer", &RandomEdits::currentLayer},
@@ -255,6 +261,47 @@ void RandomEdits::removeFilter()
             root->removeNested(filter);
     }
     manager->setFilters(root, root);
+}
+
+QString RandomEdits::state()
+{
+    const auto all = LayerStates(m_database).list(false);
+    return all.empty() ? QString()
+                       : all[static_cast<std::size_t>(number(static_cast<int>(all.size())))].name;
+}
+
+void RandomEdits::addState()
+{
+    LayerStates(m_database)
+        .add(QStringLiteral("State %1").arg(++m_names), QStringLiteral("made at random"));
+}
+
+void RandomEdits::saveState()
+{
+    if (const QString name = state(); !name.isEmpty())
+        LayerStates(m_database).save(name, number(2048));
+}
+
+void RandomEdits::restoreState()
+{
+    LayerStateRestore::Options options;
+    options.mask = number(2048);
+    options.turnOffOthers = chance(30);
+    options.asOverrides = chance(20) && !m_database.activeViewportId().isNull();
+    if (const QString name = state(); !name.isEmpty())
+        LayerStates(m_database).restore(name, options);
+}
+
+void RandomEdits::renameState()
+{
+    if (const QString name = state(); !name.isEmpty())
+        LayerStates(m_database).rename(name, QStringLiteral("Renamed \"%1\" |").arg(++m_names));
+}
+
+void RandomEdits::removeState()
+{
+    if (const QString name = state(); !name.isEmpty())
+        LayerStates(m_database).remove(name);
 }
 
 void RandomEdits::variable()

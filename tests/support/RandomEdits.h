@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <random>
 #include <vector>
@@ -40,6 +41,11 @@ private:
     void addFilter();
     void editFilter();
     void removeFilter();
+    void addState();
+    void saveState();
+    void restoreState();
+    void renameState();
+    void removeState();
     void variable();
     void header();
     void currentLayer();
@@ -52,6 +58,8 @@ private:
     OdDbObjectId layer();
     OdDbObjectId viewport();
     OdDbObjectId entity();
+    /// Name of a layer state, empty where there is none.
+    QString state();
 
     OdDbDatabase& m_database;
     std::mt19937 m_random;

@@ -39,6 +39,12 @@ OdDbObjectId DrawingLayers::layer(const StoredLayer& stored) const
         : m_drawing.layerTable().getAt(QString::fromUtf8(stored.layerName));
 }
 
+bool DrawingLayers::wasErased(const StoredLayer& stored) const
+{
+    const OdDbObjectId id = m_drawing.getOdDbObjectId(OdDbHandle(stored.layerHandle));
+    return !id.isNull() && id.isErased() && m_drawing.store().type(id.slot()) == RecordType::Layer;
+}
+
 OdDbObjectId DrawingLayers::linetype(const StoredLayer& stored) const
 {
     if (stored.linetypeHandle != 0)

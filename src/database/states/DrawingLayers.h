@@ -23,6 +23,8 @@ public:
     OdDbDatabase& drawing() const { return m_drawing; }
     /// The layer or linetype that an entry names, by handle or by name; null where it is gone.
     OdDbObjectId layer(const StoredLayer& stored) const;
+    /// Whether the layer was erased in this session: saving takes its entries out of all states.
+    bool wasErased(const StoredLayer& stored) const;
     OdDbObjectId linetype(const StoredLayer& stored) const;
     /// Whether a layer has a plot style of its own; else styles follow the colour.
     bool hasNamedPlotStyles() const { return m_namedPlotStyles; }

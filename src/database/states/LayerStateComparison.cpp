@@ -28,6 +28,8 @@ bool LayerStateComparison::matches(const GroupList& groups, int mask)
     StoredLayerReader reader(groups);
     for (StoredLayer stored; reader.next(stored);) {
         const OdDbObjectId id = m_drawing.layer(stored);
+        if (id.isNull() && m_drawing.wasErased(stored))
+            continue;
         const auto layer = id.openObject<OdDbLayerTableRecord>();
         if (!layer || !sameSettings(*layer, stored, mask))
             return false;

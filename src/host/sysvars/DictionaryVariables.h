@@ -8,6 +8,5 @@ class OdDbDatabase;
 /// holds none, or no number.
 int dictionaryVariable(const OdDbDatabase& drawing, const QString& name, int fallback);
 
-/// Raises OdError with NotImplementedYet unless the drawing has that value already: the database
-/// keeps the dictionary as the file has it.
+/// Undoable.
 void setDictionaryVariable(OdDbDatabase& drawing, const QString& name, int value);
