@@ -407,6 +407,30 @@ TEST_F(SafeSaving, AFolderThatCannotBeWrittenIsTold)
                     "whole\nplan.dxf\n");
 }
 
+// A file that is a mount of its own can be copied, and neither linked nor replaced.
+constexpr const char* kMountedFile = R"(
+cp "$2" "$3/plan.dxf" && mount --bind "$2" "$3/plan.dxf" 2>/dev/null || exit 77
+"$1" keep "$3/plan.dxf"; code=$?
+cmp -s "$2" "$3/plan.dxf" && echo whole
+cmp -s "$2" "$3/plan.dxf~" && echo kept
+ls -A "$3"
+exit $code
+)";
+
+TEST_F(SafeSaving, ABackupIsACopyWhereAFileCannotHaveTwoNames)
+{
+    put(path("source.dxf"), drawing());
+    ASSERT_TRUE(QDir(folder()).mkdir(QStringLiteral("disk")));
+    const auto outcome = runWithMounts(kMountedFile, {path("source.dxf"), path("disk")});
+    if (!outcome)
+        GTEST_SKIP() << "File systems cannot be mounted here.";
+    EXPECT_EQ(outcome->exitCode, 4);
+    EXPECT_EQ(outcome->output.toStdString(),
+              path("disk/plan.dxf").toStdString()
+                  + " cannot be written: Device or resource busy. The file is as it was.\n"
+                    "whole\nkept\nplan.dxf\nplan.dxf~\n");
+}
+
 #endif
 
 } // namespace
