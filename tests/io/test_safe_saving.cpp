@@ -327,14 +327,27 @@ TEST_F(SafeSaving, TheOwnerStaysWhereThatIsPermitted)
 
 TEST_F(SafeSaving, AFileThatMayNotBeWrittenIsNotReplaced)
 {
+    constexpr uid_t kNobody = 65534;
+    put(path("plan.dxf"), drawing());
+    ASSERT_EQ(chmod(QFile::encodeName(folder()).constData(), 0777), 0);
+    ASSERT_EQ(chmod(QFile::encodeName(path("plan.dxf")).constData(), 0444), 0);
+    QProcess process;
+    // Root may write everything.
     if (geteuid() == 0)
-        GTEST_SKIP() << "Root may write everything.";
-    put(path("plan.dxf"), "old");
-    ASSERT_TRUE(QFile::setPermissions(path("plan.dxf"), QFile::ReadOwner));
-    EXPECT_EQ(failure(path("plan.dxf")),
+        process.setChildProcessModifier([] {
+            if (setuid(kNobody) != 0)
+                _exit(1);
+        });
+    process.start(QStringLiteral(KEST_SAVER), {QStringLiteral("once"), path("plan.dxf")});
+    if (!process.waitForStarted())
+        GTEST_SKIP() << "The saver cannot be run as another user.";
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.readAllStandardOutput().toStdString(),
               path("plan.dxf").toStdString()
-                  + " cannot be written: Permission denied. The file is as it was.");
-    EXPECT_EQ(contents(path("plan.dxf")), "old");
+                  + " cannot be written: Permission denied. The file is as it was.\n");
+    EXPECT_EQ(process.exitCode(), 4);
+    EXPECT_EQ(contents(path("plan.dxf")), drawing());
+    EXPECT_EQ(names(), QStringList{QStringLiteral("plan.dxf")});
 }
 
 TEST_F(SafeSaving, WhatIsNoRegularFileIsNotReplaced)
