@@ -327,14 +327,27 @@ TEST_F(SafeSaving, TheOwnerStaysWhereThatIsPermitted)
 
 TEST_F(SafeSaving, AFileThatMayNotBeWrittenIsNotReplaced)
 {
+    constexpr uid_t kNobody = 65534;
+    put(path("plan.dxf"), drawing());
+    ASSERT_EQ(chmod(QFile::encodeName(folder()).constData(), 0777), 0);
+    ASSERT_EQ(chmod(QFile::encodeName(path("plan.dxf")).constData(), 0444), 0);
+    QProcess process;
+    // Root may write everything.
     if (geteuid() == 0)
-        GTEST_SKIP() << "Root may write everything.";
-    put(path("plan.dxf"), "old");
-    ASSERT_TRUE(QFile::setPermissions(path("plan.dxf"), QFile::ReadOwner));
-    EXPECT_EQ(failure(path("plan.dxf")),
+        process.setChildProcessModifier([] {
+            if (setuid(kNobody) != 0)
+                _exit(1);
+        });
+    process.start(QStringLiteral(KEST_SAVER), {QStringLiteral("once"), path("plan.dxf")});
+    if (!process.waitForStarted())
+        GTEST_SKIP() << "The saver cannot be run as another user.";
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.readAllStandardOutput().toStdString(),
               path("plan.dxf").toStdString()
-                  + " cannot be written: Permission denied. The file is as it was.");
-    EXPECT_EQ(contents(path("plan.dxf")), "old");
+                  + " cannot be written: Permission denied. The file is as it was.\n");
+    EXPECT_EQ(process.exitCode(), 4);
+    EXPECT_EQ(contents(path("plan.dxf")), drawing());
+    EXPECT_EQ(names(), QStringList{QStringLiteral("plan.dxf")});
 }
 
 TEST_F(SafeSaving, WhatIsNoRegularFileIsNotReplaced)
@@ -405,6 +418,30 @@ TEST_F(SafeSaving, AFolderThatCannotBeWrittenIsTold)
               path("disk/plan.dxf").toStdString()
                   + " cannot be written: Read-only file system. The file is as it was.\n"
                     "whole\nplan.dxf\n");
+}
+
+// A file that is a mount of its own can be copied, and neither linked nor replaced.
+constexpr const char* kMountedFile = R"(
+cp "$2" "$3/plan.dxf" && mount --bind "$2" "$3/plan.dxf" 2>/dev/null || exit 77
+"$1" keep "$3/plan.dxf"; code=$?
+cmp -s "$2" "$3/plan.dxf" && echo whole
+cmp -s "$2" "$3/plan.dxf~" && echo kept
+ls -A "$3"
+exit $code
+)";
+
+TEST_F(SafeSaving, ABackupIsACopyWhereAFileCannotHaveTwoNames)
+{
+    put(path("source.dxf"), drawing());
+    ASSERT_TRUE(QDir(folder()).mkdir(QStringLiteral("disk")));
+    const auto outcome = runWithMounts(kMountedFile, {path("source.dxf"), path("disk")});
+    if (!outcome)
+        GTEST_SKIP() << "File systems cannot be mounted here.";
+    EXPECT_EQ(outcome->exitCode, 4);
+    EXPECT_EQ(outcome->output.toStdString(),
+              path("disk/plan.dxf").toStdString()
+                  + " cannot be written: Device or resource busy. The file is as it was.\n"
+                    "whole\nkept\nplan.dxf\nplan.dxf~\n");
 }
 
 #endif

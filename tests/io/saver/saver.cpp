@@ -1,6 +1,7 @@
 // Saves drawings as a process of its own, to be killed, starved and locked out by the tests.
 //   saver loop FILE   edits and saves in turns until it is killed; prints "ready" before
 //   saver once FILE   edits and saves; prints the error, if any, and answers 4 then
+//   saver keep FILE   keeps a backup and edits and saves, as "once"
 //   saver lock FILE   takes the drawing's lock, prints its state and waits for the input to end
 
 #include "database/OdDbLayerTable.h"
@@ -41,11 +42,12 @@ void saveForever(const QString& path)
     }
 }
 
-void saveOnce(const QString& path)
+void saveOnce(const QString& path, const SaveOptions& options)
 {
     const auto drawing = readDrawing(path);
     lockLayers(*drawing);
-    writeDrawing(*drawing, path);
+    for (const QString& warning : writeDrawing(*drawing, path, {}, options).warnings)
+        say(warning.toUtf8());
 }
 
 void holdLock(const QString& path)
@@ -69,7 +71,9 @@ int main(int argc, char** argv)
         if (mode == "loop")
             saveForever(path);
         else if (mode == "once")
-            saveOnce(path);
+            saveOnce(path, {});
+        else if (mode == "keep")
+            saveOnce(path, {true});
         else if (mode == "lock")
             holdLock(path);
         else

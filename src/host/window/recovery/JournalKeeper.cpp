@@ -18,6 +18,8 @@ namespace {
 constexpr int kSettleTime = 3000; // milliseconds
 /// Edits that never settle are written at least this often.
 constexpr int kLongestWait = 30000;
+/// Writing takes a twentieth of the time at most.
+constexpr int kPauseForWork = 20;
 } // namespace
 
 JournalKeeper::JournalKeeper(HostDocManager& documents, RecoveryFolder& folder,
@@ -105,8 +107,12 @@ void JournalKeeper::flush()
         m_settled.start();
         return;
     }
+    QElapsedTimer spent;
+    spent.start();
     for (Entry& entry : m_entries)
         update(entry);
+    // What takes long is done less often: the user waits for it.
+    m_settled.setInterval(std::max(kSettleTime, static_cast<int>(spent.elapsed()) * kPauseForWork));
 }
 
 void JournalKeeper::update(Entry& entry)
