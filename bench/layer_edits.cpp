@@ -48,7 +48,8 @@ void rename2000(benchmark::State& state)
         state.ResumeTiming();
         database->startUndoRecord();
         for (std::size_t i = 1; i <= 2000 && i < layers.size(); ++i)
-            layers[i].safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)
+            layers[i]
+                .safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)
                 ->setName(QStringLiteral("Renamed %1").arg(i));
         state.PauseTiming();
         database.reset();
@@ -98,7 +99,8 @@ void saveRenamed(benchmark::State& state)
     auto database = drawing(static_cast<int>(state.range(0)));
     const auto layers = database->layerTable().records();
     for (std::size_t i = 1; i <= 2000 && i < layers.size(); ++i)
-        layers[i].safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)
+        layers[i]
+            .safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)
             ->setName(QStringLiteral("Renamed %1").arg(i));
     for (auto _ : state)
         benchmark::DoNotOptimize(drawingBytes(*database).size());
