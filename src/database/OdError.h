@@ -9,7 +9,7 @@
 enum class OdResult {
     Ok,
     InvalidInput,
-    NotApplicable, ///< code 3: the operation is refused for this object
+    NotApplicable = 3, ///< the operation is refused for this object
     InvalidIndex,
     NotThatKindOfClass,
     NullObjectId,
