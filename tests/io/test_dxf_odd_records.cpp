@@ -61,6 +61,16 @@ TEST(OddRecords, OfTwoGroupsWithOneCodeTheFirstIsReadAndWritten)
     EXPECT_EQ(layer(*again, "Walls")->color(), OdCmColor::fromIndex(1));
 }
 
+TEST(OddRecords, AGroupThatGoesTakesItsDoublesAlong)
+{
+    const auto database = read(DrawingText::withLayers(
+        {{"Walls", 0, 30, DrawingText::groups({"420", "16744192", "420", "255", "420", "1"})}}));
+    layer(*database, "Walls")->setColor(OdCmColor::fromIndex(3));
+    const auto again = saved(*database);
+    EXPECT_EQ(layer(*again, "Walls")->color(), OdCmColor::fromIndex(3));
+    EXPECT_FALSE(drawingBytes(*database).contains("\n420\n"));
+}
+
 TEST(OddRecords, WhatStandsInAnApplicationsGroupIsNotTheRecords)
 {
     const QByteArray group =
