@@ -7,6 +7,7 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
+#include "io/dxf/DxfVersion.h"
 
 #include <QByteArray>
 
@@ -59,7 +60,7 @@ inline void editLayers(OdDbDatabase& database)
 {
     // Older versions have no true colours.
     const QString version = database.header().value(QStringLiteral("$ACADVER"));
-    const bool trueColours = version.size() == 6 && version.mid(2).toInt() >= 1018;
+    const bool trueColours = dxfVersion(version.toLatin1()) >= DxfVersion::V2004;
     bool odd = false;
     for (const OdDbObjectId id : database.layerTable().records()) {
         const auto layer = id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite);

@@ -1,5 +1,7 @@
 #include "io/dxf/DxfText.h"
 
+#include "io/dxf/DxfVersion.h"
+
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -137,9 +139,7 @@ bool isPair(QStringView text, qsizetype at)
 
 DxfText::DxfText(QByteArrayView version, QByteArrayView codePage)
 {
-    constexpr int kFirstUtf8 = 1021;
-    const bool numbered = version.size() == 6 && version.startsWith("AC");
-    if (numbered && version.sliced(2).toByteArray().toInt() >= kFirstUtf8)
+    if (dxfVersion(version) >= DxfVersion::V2007)
         return;
     m_page = std::make_shared<Page>();
     m_page->name = codePage.toByteArray();

@@ -72,8 +72,14 @@ void RecordPatcher::want(int code, const QByteArray* value, const std::vector<in
     const Span* there = find(code);
     if (there && value)
         return setValue(*there, *value);
-    if (there)
-        return remove(*there);
+    if (there) {
+        // All of them: a second one would count when the first is gone.
+        for (const Span& span : m_spans) {
+            if (span.own && span.code == code)
+                remove(span);
+        }
+        return;
+    }
     if (!value)
         return;
     const auto rankOf = [&](int c) { return std::find(order.begin(), order.end(), c); };
