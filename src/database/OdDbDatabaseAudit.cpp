@@ -105,6 +105,11 @@ void auditFilterRecords(const OdDbDatabase& database, OdDbObjectId owner, const 
             findings.add(QStringLiteral("\"%1\" of %2 is erased.").arg(entry.key, key));
             continue;
         }
+        // What a file brought along may be odd; what was edited may not.
+        if (!store.has(entry.value.slot(), ObjectStore::kTouched)) {
+            auditFilterRecords(database, entry.value, key, depth + 1, findings);
+            continue;
+        }
         if (store.owner(entry.value.slot()) == ObjectStore::kNone)
             findings.add(QStringLiteral("\"%1\" of %2 has no owner.").arg(entry.key, key));
         const auto record = entry.value.openObject<OdDbXrecord>();
