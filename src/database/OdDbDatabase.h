@@ -57,6 +57,8 @@ public:
     OdDbObjectId getOdDbObjectId(OdDbHandle handle) const;
     /// The dictionary of records that hang on an object, or a null id.
     OdDbObjectId extensionDictionary(OdDbObjectId object) const;
+    /// Whether that dictionary came, or went, since the drawing was read.
+    bool hasOtherExtension(quint32 slot) const { return m_extensions.contains(slot); }
     /// The object of that key, going down from the named-object dictionary, or a null id.
     OdDbObjectId namedObject(std::initializer_list<QString> path) const;
     OdDbObjectId idOfSlot(quint32 slot) const

@@ -78,12 +78,21 @@ quint64 DxfObjectSource::handleOfMade(quint32 slot, const QString& purpose) cons
     return handle;
 }
 
+QString DxfObjectSource::nameInFile(quint32 slot) const
+{
+    for (DxfCursor groups = cursor(slot); groups.next();) {
+        if (groups.code() == 2 && groups.isOwn())
+            return groups.text();
+    }
+    return {};
+}
+
 OdDbObjectId DxfObjectSource::layerOfFile(QByteArrayView name) const
 {
     if (m_layersOfFile.isEmpty()) {
         for (const quint32 slot : m_database.layerTable().slotsInOrder()) {
             const QString known =
-                slot < m_database.store().fileRecords() ? readLayer(slot).name : missingName(slot);
+                slot < m_database.store().fileRecords() ? nameInFile(slot) : missingName(slot);
             const QByteArray key = NameIndex::fold(known);
             if (!known.isEmpty() && !m_layersOfFile.contains(key))
                 m_layersOfFile.insert(key, slot);

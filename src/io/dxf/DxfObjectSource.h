@@ -61,6 +61,8 @@ public:
     /// Groups that a new layer takes over from layer 0: material and visual style.
     std::vector<std::pair<int, QByteArray>> layerZeroExtras() const;
     bool isBinary() const { return m_landmarks.codeBytes > 0; }
+    /// The name of a table's record as the file has it.
+    QString nameInFile(quint32 slot) const;
     /// The layer that a name of the file means, whatever the layers are called now.
     OdDbObjectId layerOfFile(QByteArrayView name) const;
     /// Records of the file that name layers in extended data.

@@ -105,6 +105,8 @@ void DxfWriter::editTouched(quint32 slot)
     default:
         break;
     }
+    if (!m_erasedDictionaries && !m_database.hasOtherExtension(slot))
+        return;
     const quint32 file = m_source.extensionDictionary(slot);
     const quint64 was = file == ObjectStore::kNone ? 0 : m_store.handle(file);
     const quint64 now = extensionOf(slot);
@@ -242,7 +244,7 @@ void DxfWriter::editEntity(quint32 slot)
     };
     // One whose layer was renamed is looked at with all the others.
     const OdDbObjectId id = layer->objectId();
-    if (isNamed(isInFile(id.slot()) ? m_source.readLayer(id.slot()).name : layer->getName()))
+    if (isNamed(isInFile(id.slot()) ? m_source.nameInFile(id.slot()) : layer->getName()))
         return;
     const QByteArray name = m_source.encodedName(layer->getName());
     record.want(kLayerName, &name, {});

@@ -99,6 +99,7 @@ private:
     quint64 m_tablesSectionAt = 0;
     quint64 m_headerChanges = 0;
     QSet<QByteArray> m_applications; ///< to be registered
+    bool m_erasedDictionaries = false;
     bool m_needsVariableClass = false;
     bool m_toldNoObjects = false;
     std::set<quint32> m_erasedLayers;

@@ -26,6 +26,8 @@ constexpr const char* kListsOfLayers[] = {"LAYER_FILTER", "LAYER_INDEX"};
 void DxfWriter::collectLayers()
 {
     for (const quint32 slot : m_store.touched()) {
+        if (m_store.type(slot) == RecordType::Dictionary && m_store.has(slot, ObjectStore::kErased))
+            m_erasedDictionaries = true;
         if (m_store.type(slot) != RecordType::Layer)
             continue;
         if (m_store.has(slot, ObjectStore::kErased)) {
@@ -34,7 +36,7 @@ void DxfWriter::collectLayers()
         }
         const auto layer = m_database.idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>();
         const QString before =
-            isInFile(slot) ? m_source.readLayer(slot).name : m_source.missingName(slot);
+            isInFile(slot) ? m_source.nameInFile(slot) : m_source.missingName(slot);
         if (before.isEmpty() || before == layer->getName())
             continue;
         const QByteArray encoded = m_source.encodedName(layer->getName());
