@@ -91,6 +91,15 @@ TEST(LasFiles, MayEndWithAnEmptyDescription)
     EXPECT_EQ(states[0].groups, (GroupList{{301, ""}}));
 }
 
+TEST(LasFiles, LoseAMarkOfByteOrderInFrontOfAValue)
+{
+    const auto states =
+        read("0\nLAYERSTATEDICTIONARY\n0\nLAYERSTATE\n1\nA\n301\n\\U+FEFF\xEF\xBB\xBFtext\n");
+    ASSERT_EQ(states.size(), 1u);
+    EXPECT_EQ(states[0].groups, (GroupList{{301, "text"}}));
+    EXPECT_EQ(read(LasWriter::bytes(states)), states);
+}
+
 TEST(LasFiles, MayHoldSeveralStates)
 {
     PortableLayerState second = plan();

@@ -79,6 +79,9 @@ QString LasText::unescaped(QStringView value)
         text += unit < 0 ? rest[0] : QChar(static_cast<char16_t>(unit));
         at += unit < 0 ? 1 : kEscapeLength;
     }
+    // A mark of byte order in front says nothing, and conversions on the way would drop it.
+    while (text.startsWith(QChar::ByteOrderMark))
+        text.remove(0, 1);
     return text;
 }
 
