@@ -178,6 +178,11 @@ void OdDbDatabase::setErased(quint32 slot, bool erased)
     m_store->setFlag(slot, ObjectStore::kTouched, true);
     if (m_store->has(slot, ObjectStore::kEntity))
         layerTable().useChanged(m_store->layer(slot), erased ? -1 : 1);
+    const auto* layer = m_store->type(slot) == RecordType::Layer
+        ? static_cast<const OdDbLayerTableRecord*>(m_store->object(slot))
+        : nullptr;
+    if (layer && layer->state().reconciled)
+        layerTable().reconciledRecordsChanged(erased ? -1 : 1);
     const quint32 owner = m_store->owner(slot);
     if (owner == ObjectStore::kNone)
         return;

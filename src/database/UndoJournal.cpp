@@ -59,6 +59,12 @@ void UndoJournal::erase(OdDbObject& object, bool erasing)
     m_database.setErased(slot, erasing);
     m_database.notify(
         [&](OdDbDatabaseReactor& r) { r.objectErased(&m_database, &object, erasing); });
+    if (!store.has(slot, ObjectStore::kEntity) || store.has(slot, ObjectStore::kSubEntity))
+        return;
+    // Vertices and attributes go with their entity.
+    for (quint32 part = slot + 1;
+         part < store.fileRecords() && store.has(part, ObjectStore::kSubEntity); ++part)
+        erase(*m_database.idOfSlot(part).openObject(OdDb::kForRead, true), erasing);
 }
 
 void UndoJournal::appended(quint32 slot)
