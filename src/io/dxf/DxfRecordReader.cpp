@@ -222,8 +222,9 @@ ViewportState DxfRecordReader::viewport(DxfCursor groups) const
             break;
         case 331:
         case 341: // drawings of version 2000
-            if (const OdDbObjectId layer = object(groups);
-                ownData && layer.openObject<OdDbLayerTableRecord>())
+            // One erased since then, too: the erasing may be undone.
+            if (const OdDbObjectId layer = object(groups); ownData && !layer.isNull()
+                && m_source.database().store().type(layer.slot()) == RecordType::Layer)
                 state.frozenLayers.push_back(layer);
             break;
         default:

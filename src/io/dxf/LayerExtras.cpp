@@ -123,10 +123,12 @@ LayerOverride overrideOf(const LayerState& layer, quint32 viewport)
 void appendBlock(const GroupList& block, const OverrideForm& form, const LayerOverride& there,
                  GroupList& out)
 {
+    bool written = false;
     for (const GroupList::Group& group : block) {
-        if (group.code == form.valueCode)
+        const bool closes = group.code == kMark && !group.value.startsWith('{');
+        if ((group.code == form.valueCode || closes) && !std::exchange(written, true))
             form.append(there, out);
-        else if (group.code != kBookName)
+        if (group.code != form.valueCode && group.code != kBookName)
             out.append(group);
     }
 }

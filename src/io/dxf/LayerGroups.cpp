@@ -13,12 +13,16 @@ bool isApplication(QByteArrayView name, const char* application)
     return name.trimmed().compare(application, Qt::CaseInsensitive) == 0;
 }
 
-void setColour(LayerState& layer, int index)
+void setColour(LayerState& layer, qint64 index)
 {
+    constexpr qint64 kWhite = 7;
     layer.off = index < 0;
+    // By-block, by-layer and what is no index say nothing on a layer.
+    const bool isIndex = index != 0 && index > -256 && index < 256;
+    const auto colour = static_cast<int>(isIndex ? std::abs(index) : kWhite);
     // A true colour, where there is one, has the last word.
     if (layer.color.colorMethod() != OdCmColor::kByColor)
-        layer.color = OdCmColor::fromIndex(std::abs(index));
+        layer.color = OdCmColor::fromIndex(colour).withBookName(layer.color.bookName());
 }
 
 } // namespace
@@ -54,7 +58,7 @@ void LayerGroups::Reader::takeOwn(const GroupCursor& group)
         break;
     }
     case 62:
-        setColour(layer, static_cast<int>(group.integer()));
+        setColour(layer, group.integer());
         break;
     case 420: {
         const auto rgb = static_cast<quint32>(group.integer());
@@ -62,12 +66,9 @@ void LayerGroups::Reader::takeOwn(const GroupCursor& group)
                                          layer.color.bookName());
         break;
     }
-    case 430: {
-        const quint32 rgb = layer.color.color();
-        layer.color =
-            OdCmColor::fromRgb(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF, group.text());
+    case 430:
+        layer.color = layer.color.withBookName(group.text());
         break;
-    }
     case 6:
         if (const OdDbObjectId linetype =
                 m_database.table(OdDbTableKind::Linetype).getAt(group.text());

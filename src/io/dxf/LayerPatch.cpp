@@ -53,6 +53,8 @@ QByteArray flagsOf(const LayerState& layer, qint64 old)
     return QByteArray::number(old);
 }
 
+constexpr qint64 kMostIndex = 32767; ///< that the group can hold
+
 QByteArray colourOf(const LayerState& layer, int index)
 {
     return QByteArray::number(layer.off ? -index : index);
@@ -126,8 +128,8 @@ void wantColour(const LayerState& before, const LayerState& after, const QByteAr
         return;
     // An unchanged colour keeps the index as written, which need not be the nearest one.
     qint64 index = after.color.colorIndex();
-    if (!recoloured)
-        index = std::abs(NumberText::integer(old).value_or(index));
+    if (const auto written = NumberText::integer(old).value_or(0); !recoloured && written != 0)
+        index = std::clamp<qint64>(std::abs(written), 1, kMostIndex);
     wish.push_back({62, colourOf(after, static_cast<int>(index))});
 }
 
