@@ -48,6 +48,17 @@ quint64 DxfStructure::endOfFile() const
 
 std::optional<quint64> DxfStructure::classesEnd() const
 {
+    return beginOf(endOfClasses());
+}
+
+quint64 DxfStructure::behindClasses() const
+{
+    const quint32 end = endOfClasses();
+    return end == ObjectStore::kNone ? behindHeader() : m_store.end(end);
+}
+
+quint32 DxfStructure::endOfClasses() const
+{
     bool inside = false;
     for (quint32 slot = 0; slot < m_store.fileRecords(); ++slot) {
         const RecordType type = m_store.type(slot);
@@ -55,10 +66,10 @@ std::optional<quint64> DxfStructure::classesEnd() const
             DxfCursor groups = m_source.cursor(slot);
             inside = groups.next() && groups.bytes().trimmed() == "CLASSES";
         } else if (type == RecordType::EndSec && inside) {
-            return m_store.begin(slot);
+            return slot;
         }
     }
-    return std::nullopt;
+    return ObjectStore::kNone;
 }
 
 bool DxfStructure::hasClass(QByteArrayView dxfName) const

@@ -20,6 +20,8 @@ public:
     std::optional<quint64> classesEnd() const;
     /// Offset of what follows the HEADER section; of the file's first record where there is none.
     quint64 behindHeader() const;
+    /// The same for the CLASSES section, which follows the HEADER section.
+    quint64 behindClasses() const;
     /// Offset before the ENDTAB of a table.
     std::optional<quint64> tableEnd(QByteArrayView name) const;
     /// Offset of the EOF record.
@@ -28,6 +30,8 @@ public:
     bool hasClass(QByteArrayView dxfName) const;
 
 private:
+    /// Slot of the section's ENDSEC.
+    quint32 endOfClasses() const;
     std::optional<quint64> beginOf(quint32 slot) const;
 
     const DxfObjectSource& m_source;

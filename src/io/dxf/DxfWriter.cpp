@@ -40,8 +40,16 @@ DrawingPieces DxfWriter::run()
 {
     collectLayers();
     cleanReferences();
-    for (const quint32 slot : m_store.touched())
-        editTouched(slot);
+    // A new root comes before all other objects.
+    const OdDbObjectId root = m_database.getNamedObjectsDictionaryId();
+    const quint32 newRoot =
+        root.isNull() || isInFile(root.slot()) ? ObjectStore::kNone : root.slot();
+    if (newRoot != ObjectStore::kNone)
+        editTouched(newRoot);
+    for (const quint32 slot : m_store.touched()) {
+        if (slot != newRoot)
+            editTouched(slot);
+    }
     renameReferences();
     for (const auto& [slot, edit] : m_dictionaryEdits)
         editDictionary(slot, edit);
@@ -110,7 +118,7 @@ void DxfWriter::editTouched(quint32 slot)
     const quint32 file = m_source.extensionDictionary(slot);
     const quint64 was = file == ObjectStore::kNone ? 0 : m_store.handle(file);
     const quint64 now = extensionOf(slot);
-    if (now != was && !m_madeDictionaries.contains(slot))
+    if (now != was && !m_madeDictionaries.contains(slot) && (now == 0 || canHoldObjects()))
         editExtension(slot, now);
 }
 
@@ -157,6 +165,7 @@ void DxfWriter::editExtras(quint32 slot, const LayerState& before, const LayerSt
             m_dictionaryEdits[present.slot()].removed.insert(change.key.toCaseFolded());
         } else if (!change.after.isEmpty()) {
             const quint64 handle = used(m_source.handleOfMade(slot, change.key));
+            requireXrecordClass();
             addMade(m_newRecords.xrecord({handle, dictionary, 0, true}, {change.after, {}}), handle,
                     {change.after, {}, false});
             if (hasDictionary)
@@ -205,8 +214,9 @@ void DxfWriter::editXrecord(quint32 slot)
         return;
     RecordPatcher record(m_source, slot, m_patches);
     const auto& spans = record.spans();
-    const auto mark =
-        std::find_if(spans.begin(), spans.end(), [](const auto& span) { return span.code == 100; });
+    const auto mark = std::find_if(spans.begin(), spans.end(), [&](const auto& span) {
+        return span.code == 100 && record.bytes(span).trimmed() == "AcDbXrecord";
+    });
     std::size_t first = static_cast<std::size_t>(mark - spans.begin());
     if (mark != spans.end())
         ++first;
@@ -247,9 +257,29 @@ void DxfWriter::editEntity(quint32 slot)
     if (isNamed(isInFile(id.slot()) ? m_source.nameInFile(id.slot()) : layer->getName()))
         return;
     const QByteArray name = m_source.encodedName(layer->getName());
-    record.want(kLayerName, &name, {});
+    if (span)
+        record.setValue(*span, name);
+    else
+        insertLayer(record, name);
     m_moved.insert(slot);
     m_changed.push_back(slot);
+}
+
+void DxfWriter::insertLayer(RecordPatcher& record, const QByteArray& name)
+{
+    // Into the part that all entities have; R12 and older know no parts.
+    quint64 at = record.begin();
+    for (const RecordPatcher::Span& span : record.spans()) {
+        const bool isHead = !span.own || span.code == 5 || span.code == 330 || span.code == 100;
+        if (!isHead || span.code >= 1000)
+            break;
+        at = span.end;
+        if (span.code == 100)
+            break;
+    }
+    QByteArray group;
+    record.spelling().append(group, kLayerName, name);
+    record.insert(at, group);
 }
 
 void DxfWriter::editExtension(quint32 slot, quint64 handle)

@@ -47,11 +47,13 @@ private:
     void editXrecord(quint32 slot);
     void editDictionaryVar(quint32 slot);
     void editEntity(quint32 slot);
+    static void insertLayer(RecordPatcher& record, const QByteArray& name);
     void editExtension(quint32 slot, quint64 handle);
     void removeRecord(quint32 slot);
     void removeOwned(quint32 slot);
     void editDictionary(quint32 slot, const DictionaryEdit& edit);
     void addRecord(quint32 slot);
+    QByteArray rootForNewObjects();
     void addMade(const QByteArray& record, quint64 handle, DxfMeant::Made made);
     NewRecords::Head headOf(quint32 slot) const;
     quint64 extensionOf(quint32 slot) const;
@@ -64,6 +66,7 @@ private:
     void cleanReferences();
     void cleanXrecords(OdDbObjectId dictionary, bool isState, int depth);
     GroupList cleaned(const GroupList& groups, bool isState) const;
+    bool isErasedName(const QString& name) const;
     bool isErasedLayer(QByteArrayView handle) const;
     void renameReferences();
     void renameIn(quint32 slot, bool entity);
@@ -71,10 +74,14 @@ private:
     void placeTableRecords(OdDbTableKind kind, const char* name, NewRun& run);
     void placeObjects();
     void placeClasses();
+    void placeTablesSection();
+    void requireXrecordClass();
+    QByteArray madeUpLayerZero();
     void patchCount(OdDbTableKind kind);
     void patchHeader();
     void patchVariable(const QString& name, int code, const QByteArray& value);
     void patchHandleSeed();
+    void placeVariables();
     void requireApplications(const QList<QByteArray>& names);
     void report(DrawingPieces& pieces);
     void listChanged(const std::vector<quint32>& changed, DrawingPieces& pieces) const;
@@ -95,14 +102,16 @@ private:
     std::map<OdDbTableKind, int> m_countChanges;
     NewRun m_objects;
     std::map<quint32, std::vector<NewRecords::Entry>> m_madeDictionaries; ///< by owning layer
+    QByteArray m_newVariables; ///< of the header
     QByteArray m_tablesSection; ///< of a file that has none
     quint64 m_tablesSectionAt = 0;
     quint64 m_headerChanges = 0;
     QSet<QByteArray> m_applications; ///< to be registered
     bool m_erasedDictionaries = false;
-    bool m_needsVariableClass = false;
+    std::set<std::pair<QByteArray, QByteArray>> m_classes; ///< that new objects need
     bool m_toldNoObjects = false;
     std::set<quint32> m_erasedLayers;
+    QSet<QByteArray> m_erasedNames; ///< folded
     std::unordered_map<quint32, QByteArray> m_renamed; ///< encoded new name by slot of the layer
     QHash<QByteArray, QByteArray> m_renamedKeys; ///< the same by folded name in the file
     quint64 m_highestNew = 0;

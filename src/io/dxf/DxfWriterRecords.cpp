@@ -29,12 +29,16 @@ QString tr(const char* text)
 
 bool DxfWriter::canHoldObjects()
 {
-    if (m_source.version() >= DxfVersion::R13)
+    // Objects are found by handle only.
+    const bool isOld = m_source.version() < DxfVersion::R13;
+    if (!isOld && m_store.fileHasHandles())
         return true;
     if (!std::exchange(m_toldNoObjects, true))
         m_notKept.append(
-            tr("The drawing's version cannot hold layer filters, layer states, viewport "
-               "overrides and reviewed layers."));
+            isOld ? tr("The drawing's version cannot hold layer filters, layer states, viewport "
+                       "overrides and reviewed layers.")
+                  : tr("A drawing without handles cannot hold layer filters, layer states, "
+                       "viewport overrides and reviewed layers."));
     return false;
 }
 
@@ -76,6 +80,8 @@ void DxfWriter::addRecord(quint32 slot)
         if (m_madeDictionaries.contains(slot))
             head.extensionDictionary = m_source.handleOfMade(slot, QStringLiteral("dictionary"));
         requireApplications(LayerGroups::applications(plain, layer->state()));
+        if (head.extensionDictionary != 0 && !canHoldObjects())
+            head.extensionDictionary = 0;
         add(m_tableRuns[OdDbTableKind::Layer], m_newRecords.layer(head, layer->state(), m_notKept));
     } else if (type == RecordType::Ltype) {
         const auto linetype = id.safeOpenObject<OdDbLinetypeTableRecord>();
@@ -96,6 +102,7 @@ void DxfWriter::addRecord(quint32 slot)
             m_newRecords.dictionary(head, dictionary->state().treatElementsAsHard, entries,
                                     dictionary->xData()));
     } else if (type == RecordType::Xrecord) {
+        requireXrecordClass();
         const auto cleanedState = m_meant->xrecords.find(slot);
         add(m_objects,
             m_newRecords.xrecord(head,
@@ -103,7 +110,7 @@ void DxfWriter::addRecord(quint32 slot)
                                      ? id.safeOpenObject<OdDbXrecord>()->state()
                                      : cleanedState->second));
     } else if (type == RecordType::DictionaryVar) {
-        m_needsVariableClass = true;
+        m_classes.insert({"DICTIONARYVAR", "AcDbDictionaryVar"});
         add(m_objects,
             m_newRecords.dictionaryVar(head, id.safeOpenObject<OdDbDictionaryVar>()->state()));
     }
@@ -191,8 +198,10 @@ void DxfWriter::placeNewRecords()
             patchCount(kind);
     }
     placeObjects();
-    placeClasses();
     patchHandleSeed();
+    placeVariables();
+    placeClasses();
+    placeTablesSection();
 }
 
 void DxfWriter::placeTableRecords(OdDbTableKind kind, const char* name, NewRun& run)
@@ -208,14 +217,28 @@ void DxfWriter::placeTableRecords(OdDbTableKind kind, const char* name, NewRun& 
     }
     // The file has no such table.
     const quint64 handle = m_store.fileHasHandles() ? used(m_store.handle(table)) : 0;
+    const QByteArray zero = kind == OdDbTableKind::Layer ? madeUpLayerZero() : QByteArray();
     const QByteArray whole =
-        m_newRecords.tableStart(name, handle, run.count) + run.bytes + m_newRecords.tableEnd();
+        m_newRecords.tableStart(name, handle, run.count + (zero.isEmpty() ? 0 : 1)) + zero
+        + run.bytes + m_newRecords.tableEnd();
     if (const auto end = structure.tablesEnd()) {
         m_patches.insertRecords(*end, whole);
         return;
     }
     m_tablesSection += whole;
-    m_tablesSectionAt = structure.behindHeader();
+    m_tablesSectionAt = structure.behindClasses();
+}
+
+QByteArray DxfWriter::madeUpLayerZero()
+{
+    // A layer table has a layer 0, edited or not.
+    const quint32 slot = m_database.getLayerZeroId().slot();
+    const auto zero = m_database.idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>();
+    if (!(zero->state() == m_source.missingLayer(slot)))
+        return {};
+    const NewRecords::Head head = headOf(slot);
+    used(head.handle);
+    return m_newRecords.layer(head, zero->state(), m_notKept);
 }
 
 void DxfWriter::patchCount(OdDbTableKind kind)
@@ -233,33 +256,63 @@ void DxfWriter::patchCount(OdDbTableKind kind)
 
 void DxfWriter::placeObjects()
 {
-    const DxfStructure structure(m_source);
-    if (!m_tablesSection.isEmpty())
-        m_patches.insertRecords(m_tablesSectionAt,
-                                m_newRecords.sectionStart("TABLES") + m_tablesSection
-                                    + m_newRecords.sectionEnd());
     if (m_objects.bytes.isEmpty())
         return;
+    const DxfStructure structure(m_source);
+    QByteArray start = rootForNewObjects();
     if (const auto end = structure.objectsEnd()) {
-        m_patches.insertRecords(*end, m_objects.placed = m_objects.bytes);
+        m_objects.prefix = start.size();
+        m_patches.insertRecords(*end, m_objects.placed = start + m_objects.bytes);
         return;
     }
-    const QByteArray start = m_newRecords.sectionStart("OBJECTS");
+    start.prepend(m_newRecords.sectionStart("OBJECTS"));
     m_objects.prefix = start.size();
     m_patches.insertRecords(structure.endOfFile(),
                             m_objects.placed = start + m_objects.bytes + m_newRecords.sectionEnd());
 }
 
+QByteArray DxfWriter::rootForNewObjects()
+{
+    // The first of all objects is the root, whatever it is: no other may take its place.
+    const OdDbObjectId root = m_database.getNamedObjectsDictionaryId();
+    if (!root.isNull() && isLive(root.slot()))
+        return {};
+    const quint32 table = m_database.getLayerTableId().slot();
+    const quint64 handle = used(m_source.handleOfMade(table, QStringLiteral("root")));
+    return m_newRecords.dictionary({handle, 0, 0, false}, false, {}, {});
+}
+
+void DxfWriter::placeTablesSection()
+{
+    if (!m_tablesSection.isEmpty())
+        m_patches.insertRecords(m_tablesSectionAt,
+                                m_newRecords.sectionStart("TABLES") + m_tablesSection
+                                    + m_newRecords.sectionEnd());
+}
+
 void DxfWriter::placeClasses()
 {
-    // A class that the file has objects of, or has declared, needs no second entry.
-    if (!m_needsVariableClass)
+    if (m_classes.empty())
         return;
     const DxfStructure structure(m_source);
-    const auto end = structure.classesEnd();
-    if (end && !structure.hasClass("DICTIONARYVAR"))
-        m_patches.insertRecords(*end,
-                                m_newRecords.classRecord("DICTIONARYVAR", "AcDbDictionaryVar"));
+    QByteArray records;
+    for (const auto& [dxfName, className] : m_classes) {
+        if (!structure.hasClass(dxfName))
+            records += m_newRecords.classRecord(dxfName, className);
+    }
+    if (const auto end = structure.classesEnd())
+        m_patches.insertRecords(*end, records);
+    else if (!records.isEmpty())
+        m_patches.insertRecords(structure.behindHeader(),
+                                m_newRecords.sectionStart("CLASSES") + records
+                                    + m_newRecords.sectionEnd());
+}
+
+void DxfWriter::requireXrecordClass()
+{
+    // Built in from version 2000 on.
+    if (m_source.version() < DxfVersion::V2000)
+        m_classes.insert({"XRECORD", "AcDbXrecord"});
 }
 
 // Header
@@ -299,16 +352,21 @@ void DxfWriter::patchVariable(const QString& name, int code, const QByteArray& v
         return;
     }
     const GroupSpelling spelling = m_source.spelling();
-    QByteArray groups;
-    spelling.append(groups, 9, name.toLatin1());
-    spelling.append(groups, code, value);
+    spelling.append(m_newVariables, 9, name.toLatin1());
+    spelling.append(m_newVariables, code, value);
     ++m_headerChanges;
+}
+
+void DxfWriter::placeVariables()
+{
+    if (m_newVariables.isEmpty())
+        return;
     const DxfStructure structure(m_source);
     if (const auto end = structure.headerEnd())
-        m_patches.insert(*end, groups);
+        m_patches.insert(*end, m_newVariables);
     else
         m_patches.insertRecords(m_store.begin(0),
-                                m_newRecords.sectionStart("HEADER") + groups
+                                m_newRecords.sectionStart("HEADER") + m_newVariables
                                     + m_newRecords.sectionEnd());
 }
 

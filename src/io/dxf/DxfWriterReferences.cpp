@@ -31,7 +31,10 @@ void DxfWriter::collectLayers()
         if (m_store.type(slot) != RecordType::Layer)
             continue;
         if (m_store.has(slot, ObjectStore::kErased)) {
+            const auto layer = m_database.idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>(
+                OdDb::kForRead, true);
             m_erasedLayers.insert(slot);
+            m_erasedNames.insert(NameIndex::fold(layer->getName()));
             continue;
         }
         const auto layer = m_database.idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>();
@@ -54,6 +57,12 @@ bool DxfWriter::isErasedLayer(QByteArrayView handle) const
     return !id.isNull() && m_erasedLayers.contains(id.slot());
 }
 
+bool DxfWriter::isErasedName(const QString& name) const
+{
+    return m_erasedNames.contains(NameIndex::fold(name))
+        && m_database.layerTable().getAt(name).isNull();
+}
+
 GroupList DxfWriter::cleaned(const GroupList& groups, bool isState) const
 {
     GroupList kept;
@@ -62,8 +71,10 @@ GroupList DxfWriter::cleaned(const GroupList& groups, bool isState) const
         // In a state a layer's handle, or name, opens its entry; in a filter it is all there is.
         if (group.code == kHandle)
             drops = isErasedLayer(group.value);
-        else if (!isState || group.code == kLayerName)
+        else if (!isState)
             drops = false;
+        else if (group.code == kLayerName)
+            drops = isErasedName(QString::fromUtf8(group.value));
         if (!drops)
             kept.append(group);
     }

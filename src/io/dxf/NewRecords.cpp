@@ -30,6 +30,7 @@ NewRecords::NewRecords(const DxfObjectSource& source)
     , m_spelling(source.spelling())
     , m_hasSubclasses(source.version() >= DxfVersion::R13)
     , m_hasTableOwners(source.version() >= DxfVersion::V2000)
+    , m_hasCloningFlags(source.version() >= DxfVersion::V2000)
 { }
 
 QByteArray NewRecords::handleText(quint64 handle)
@@ -130,7 +131,8 @@ QByteArray NewRecords::dictionary(const Head& head, bool hard, const std::vector
     append(out, 100, "AcDbDictionary");
     if (hard)
         append(out, 280, "1");
-    append(out, 281, "1");
+    if (m_hasCloningFlags)
+        append(out, 281, "1");
     for (const Entry& entry : entries)
         appendEntry(out, entry, hard ? kHardOwner : kSoftOwner);
     appendGroups(out, xData);
@@ -147,7 +149,8 @@ QByteArray NewRecords::xrecord(const Head& head, const XrecordState& state) cons
 {
     QByteArray out = begin("XRECORD", head);
     append(out, 100, "AcDbXrecord");
-    append(out, 280, "1");
+    if (m_hasCloningFlags)
+        append(out, 280, "1");
     appendGroups(out, state.groups);
     appendGroups(out, state.xData);
     return out;

@@ -61,4 +61,5 @@ private:
     GroupSpelling m_spelling;
     bool m_hasSubclasses; ///< versions from R13 on
     bool m_hasTableOwners; ///< versions from 2000 on
+    bool m_hasCloningFlags; ///< of dictionaries and records of free groups
 };
