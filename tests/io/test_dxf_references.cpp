@@ -322,6 +322,22 @@ TEST(ErasedLayer, LeavesTheViewportsThatFreezeIt)
     }
 }
 
+TEST(ErasedLayer, IsFrozenAgainAfterUndoInAViewportReadWhileItWasGone)
+{
+    const EditedDrawing drawing(withMore({}).replace("331\n31\n", "331\n33\n"));
+    const OdDbObjectId viewport = drawing.object(DrawingText::kFirstViewport);
+    drawing->startUndoRecord();
+    eraseIn(*drawing, "Roof");
+    EXPECT_EQ(drawing->audit(), QStringList());
+    viewport.safeOpenObject<OdDbViewport>();
+    drawing->undo();
+    const OdDbObjectId roof = drawing.layer("Roof")->objectId();
+    EXPECT_TRUE(viewport.safeOpenObject<OdDbViewport>()->isLayerFrozenInViewport(roof));
+    viewport.safeOpenObject<OdDbViewport>(OdDb::kForWrite)
+        ->freezeLayersInViewport({drawing.layer("Doors")->objectId()});
+    EXPECT_TRUE(has(drawing.record("VIEWPORT", "5=A2"), "45=20.0 331=33 331=32 90=32864"));
+}
+
 TEST(ErasedLayer, LeavesTheFilterGroupsThatHaveIt)
 {
     const EditedDrawing drawing(
