@@ -137,7 +137,8 @@ TEST(Transparency, IsOneNumberOfItsApplication)
 
 // Groups of the record
 
-TEST(PlotStyle, ByNameIsAHandleInTheRecord)
+/// A drawing whose plot styles go by name; layer Walls has "Normal".
+QByteArray withNamedPlotStyles()
 {
     QByteArray text = withGroups({"390", "81"}, "AC1032");
     text.replace("9\n$TILEMODE", "9\n$PSTYLEMODE\n290\n0\n9\n$TILEMODE");
@@ -147,6 +148,12 @@ TEST(PlotStyle, ByNameIsAHandleInTheRecord)
         "0\nDICTIONARY\n5\n80\n330\n60\n100\nAcDbDictionary\n281\n1\n3\nNormal\n350\n81\n3\nThin\n"
         "350\n82\n0\nACDBPLACEHOLDER\n5\n81\n330\n80\n0\nACDBPLACEHOLDER\n5\n82\n330\n80\n"
         "0\nENDSEC\n0\nEOF");
+    return text;
+}
+
+TEST(PlotStyle, ByNameIsAHandleInTheRecord)
+{
+    const QByteArray text = withNamedPlotStyles();
     const EditedDrawing drawing(text);
     EXPECT_EQ(drawing.layer("Walls")->plotStyleName(), name("Normal"));
     const Edit thin = onWalls([](auto& walls) { walls.setPlotStyleName(name("thin")); });
@@ -290,6 +297,25 @@ TEST(Overrides, OfEveryPropertyAreRecordsOfTheirOwn)
                   ->state()
                   .overrides.size(),
               1u);
+}
+
+TEST(Overrides, OfThePlotStyleAreHandlesInNamedPlotStyleDrawings)
+{
+    const QByteArray text = withNamedPlotStyles();
+    const EditedDrawing drawing(text);
+    const OdDbObjectId viewport = drawing.object(DrawingText::kFirstViewport);
+    drawing.layer("Walls")->setPlotStyleName(name("Thin"), viewport);
+    EXPECT_TRUE(
+        has(drawing.record("XRECORD", "102={ADSK_LYR_PLOTSTYLE_OVERRIDE"), "335=A2 343=82"));
+    const auto again = drawing.reread();
+    const auto walls = again->layerTable()
+                           .getAt(name("Walls"))
+                           .safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite);
+    const OdDbObjectId there = again->getOdDbObjectId(OdDbHandle(DrawingText::kFirstViewport));
+    EXPECT_EQ(walls->plotStyleName(there), name("Thin"));
+    EXPECT_EQ(walls->plotStyleName(), name("Normal"));
+    walls->removePlotStyleOverride(there);
+    EXPECT_FALSE(drawingBytes(*again).contains("PLOTSTYLE_OVERRIDE"));
 }
 
 TEST(Overrides, OfOneViewportLeaveOtherViewportsDeadBlocksAndUnknownGroups)
