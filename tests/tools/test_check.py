@@ -14,6 +14,9 @@ PROJECT = Path(sys.argv.pop(1))
 NOTE = '#!/bin/sh\necho "$(basename "$0") $*" >> "$LOG"\n'
 
 
+FLAGS = "-DCMAKE_CXX_FLAGS_DEBUG=-g1 -DCMAKE_CXX_FLAGS_RELWITHDEBINFO=-O1 -g1"
+
+
 class Check(unittest.TestCase):
     def setUp(self):
         self.root = Path(tempfile.mkdtemp())
@@ -50,10 +53,10 @@ class Check(unittest.TestCase):
             self.log(),
             [
                 "setup.sh ",
-                "cmake --preset dev -DCMAKE_CXX_FLAGS_DEBUG=-g1",
+                f"cmake --preset dev {FLAGS}",
                 "cmake --build --preset dev -j 2",
                 "ctest --preset dev -j 2",
-                "cmake --preset asan -DCMAKE_CXX_FLAGS_DEBUG=-g1",
+                f"cmake --preset asan {FLAGS}",
                 "cmake --build build/asan -j 2 --target tests/base/all tests/database/all tests/io/all",
                 "ctest --test-dir build/asan/tests/base -j 2 --output-on-failure",
                 "ctest --test-dir build/asan/tests/database -j 2 --output-on-failure",
