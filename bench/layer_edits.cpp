@@ -23,56 +23,56 @@ void sizes(benchmark::internal::Benchmark* b)
     b->Arg(2000)->Arg(20000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
-/// One pass over a drawing that was just read.
-void usage(benchmark::State& state)
+/// Measures an edit of a drawing that was just read: nobody opened its layers before.
+template <class Edit>
+void measureFresh(benchmark::State& state, Edit edit)
 {
     for (auto _ : state) {
         state.PauseTiming();
         auto database = drawing(static_cast<int>(state.range(0)));
+        const auto layers = database->layerTable().records();
         state.ResumeTiming();
-        database->layerTable().generateUsageData();
+        edit(*database, layers);
         state.PauseTiming();
         database.reset();
         state.ResumeTiming();
     }
+}
+
+void rename(const std::vector<OdDbObjectId>& layers)
+{
+    for (std::size_t i = 1; i <= 2000 && i < layers.size(); ++i)
+        layers[i]
+            .safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)
+            ->setName(QStringLiteral("Renamed %1").arg(i));
+}
+
+void usage(benchmark::State& state)
+{
+    measureFresh(state, [](OdDbDatabase& database, const auto&) {
+        database.layerTable().generateUsageData();
+    });
 }
 BENCHMARK(usage)->Apply(sizes)->Iterations(3);
 
-/// 2,000 layers get new names, in one undo record; nobody opened them before.
+/// 2,000 layers get new names, in one undo record.
 void rename2000(benchmark::State& state)
 {
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto database = drawing(static_cast<int>(state.range(0)));
-        const auto layers = database->layerTable().records();
-        state.ResumeTiming();
-        database->startUndoRecord();
-        for (std::size_t i = 1; i <= 2000 && i < layers.size(); ++i)
-            layers[i]
-                .safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)
-                ->setName(QStringLiteral("Renamed %1").arg(i));
-        state.PauseTiming();
-        database.reset();
-        state.ResumeTiming();
-    }
+    measureFresh(state, [](OdDbDatabase& database, const auto& layers) {
+        database.startUndoRecord();
+        rename(layers);
+    });
 }
 BENCHMARK(rename2000)->Apply(sizes)->Iterations(3);
 
-/// All layers, in one undo record; nobody opened them before.
+/// All layers, in one undo record.
 void freeze(benchmark::State& state)
 {
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto database = drawing(static_cast<int>(state.range(0)));
-        const auto layers = database->layerTable().records();
-        state.ResumeTiming();
-        database->startUndoRecord();
+    measureFresh(state, [](OdDbDatabase& database, const auto& layers) {
+        database.startUndoRecord();
         for (const OdDbObjectId id : layers)
             id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setIsFrozen(true);
-        state.PauseTiming();
-        database.reset();
-        state.ResumeTiming();
-    }
+    });
 }
 BENCHMARK(freeze)->Apply(sizes)->Iterations(3);
 
@@ -97,11 +97,7 @@ BENCHMARK(undoOfFreeze)->Apply(sizes)->Iterations(5);
 void saveRenamed(benchmark::State& state)
 {
     auto database = drawing(static_cast<int>(state.range(0)));
-    const auto layers = database->layerTable().records();
-    for (std::size_t i = 1; i <= 2000 && i < layers.size(); ++i)
-        layers[i]
-            .safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)
-            ->setName(QStringLiteral("Renamed %1").arg(i));
+    rename(database->layerTable().records());
     for (auto _ : state)
         benchmark::DoNotOptimize(drawingBytes(*database).size());
 }

@@ -69,29 +69,27 @@ void NewRecords::appendGroups(QByteArray& out, const GroupList& groups) const
         append(out, group.code, m_source.fileValue(group.code, group.value));
 }
 
-QByteArray NewRecords::layer(const Head& head, const LayerState& state, QStringList& notKept) const
+QByteArray NewRecords::beginOfTable(const char* type, const char* subclass, Head head) const
 {
-    Head written = head;
     if (!m_hasTableOwners)
-        written.owner = 0;
-    QByteArray out = begin("LAYER", written);
+        head.owner = 0;
+    QByteArray out = begin(type, head);
     if (m_hasSubclasses) {
         append(out, 100, "AcDbSymbolTableRecord");
-        append(out, 100, "AcDbLayerTableRecord");
+        append(out, 100, subclass);
     }
-    return out + LayerGroups::spelled(m_source, state, notKept);
+    return out;
+}
+
+QByteArray NewRecords::layer(const Head& head, const LayerState& state, QStringList& notKept) const
+{
+    return beginOfTable("LAYER", "AcDbLayerTableRecord", head)
+        + LayerGroups::spelled(m_source, state, notKept);
 }
 
 QByteArray NewRecords::linetype(const Head& head, const LinetypeState& state) const
 {
-    Head written = head;
-    if (!m_hasTableOwners)
-        written.owner = 0;
-    QByteArray out = begin("LTYPE", written);
-    if (m_hasSubclasses) {
-        append(out, 100, "AcDbSymbolTableRecord");
-        append(out, 100, "AcDbLinetypeTableRecord");
-    }
+    QByteArray out = beginOfTable("LTYPE", "AcDbLinetypeTableRecord", head);
     double length = 0;
     for (const double dash : state.dashes)
         length += std::abs(dash);
@@ -111,14 +109,7 @@ QByteArray NewRecords::linetype(const Head& head, const LinetypeState& state) co
 
 QByteArray NewRecords::application(const Head& head, const QByteArray& name) const
 {
-    Head written = head;
-    if (!m_hasTableOwners)
-        written.owner = 0;
-    QByteArray out = begin("APPID", written);
-    if (m_hasSubclasses) {
-        append(out, 100, "AcDbSymbolTableRecord");
-        append(out, 100, "AcDbRegAppTableRecord");
-    }
+    QByteArray out = beginOfTable("APPID", "AcDbRegAppTableRecord", head);
     append(out, 2, name);
     append(out, 70, "0");
     return out;

@@ -56,6 +56,8 @@ private:
     void appendGroups(QByteArray& out, const GroupList& groups) const;
     /// Type name, handle, extension dictionary, reactors, owner.
     QByteArray begin(const char* type, const Head& head) const;
+    /// The same of a table's record, with its subclass marks.
+    QByteArray beginOfTable(const char* type, const char* subclass, Head head) const;
 
     const DxfObjectSource& m_source;
     GroupSpelling m_spelling;
