@@ -22,7 +22,6 @@ public:
         m_patches.push_back({at, at, true, bytes});
     }
     void remove(quint64 begin, quint64 end) { replace(begin, end, {}); }
-    bool isEmpty() const { return m_patches.empty(); }
     std::size_t size() const { return m_patches.size(); }
 
     /// The image with the patches in it. To be called once, before newOffset().

@@ -9,7 +9,6 @@
 
 RecordPatcher::RecordPatcher(const DxfObjectSource& source, quint32 slot, PatchList& patches)
     : m_source(source)
-    , m_slot(slot)
     , m_patches(patches)
     , m_spelling(source.spelling(slot))
 {

@@ -37,7 +37,6 @@ public:
     quint64 end() const { return m_end; }
     /// Behind the type name.
     quint64 begin() const { return m_begin; }
-    quint32 slot() const { return m_slot; }
 
     /// Values are canonical; text is encoded already.
     void setValue(const Span& span, QByteArrayView value);
@@ -52,7 +51,6 @@ public:
 
 private:
     const DxfObjectSource& m_source;
-    quint32 m_slot;
     PatchList& m_patches;
     GroupSpelling m_spelling;
     std::vector<Span> m_spans;
