@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/application/HostQuestion.h"
+
 #include <QString>
 
 #include <memory>
@@ -25,7 +27,7 @@ public:
 
     virtual void print(const QString& line) = 0;
     /// One answer from the user; null when cancelled, or when there is nobody to ask.
-    virtual std::optional<QString> ask(const QString& prompt) = 0;
+    virtual std::optional<QString> ask(const HostQuestion& question) = 0;
     /// True when somebody is there to answer.
     virtual bool isInteractive() const = 0;
 

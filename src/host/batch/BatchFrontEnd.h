@@ -13,7 +13,7 @@ public:
     { }
 
     void print(const QString& line) override;
-    std::optional<QString> ask(const QString&) override { return std::nullopt; }
+    std::optional<QString> ask(const HostQuestion&) override { return std::nullopt; }
     bool isInteractive() const override { return false; }
     std::unique_ptr<OdDbDatabase> readDrawingFile(const QString& path) override;
     SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path,

@@ -148,7 +148,7 @@ bool CommandProcessor::takeWord(const QString& word)
     return true;
 }
 
-std::optional<QString> CommandProcessor::nextAnswer(const QString& prompt)
+std::optional<QString> CommandProcessor::nextAnswer(const HostQuestion& question)
 {
     if (isRunning() && !m_frames.back().answers.isEmpty())
         return m_frames.back().answers.takeFirst();
@@ -162,13 +162,13 @@ std::optional<QString> CommandProcessor::nextAnswer(const QString& prompt)
         if (!input->text.isEmpty())
             return input->text;
     }
-    return answerFromUser(prompt);
+    return answerFromUser(question);
 }
 
-std::optional<QString> CommandProcessor::answerFromUser(const QString& prompt)
+std::optional<QString> CommandProcessor::answerFromUser(const HostQuestion& question)
 {
     while (m_frontEnd) {
-        std::optional<QString> answer = m_frontEnd->ask(prompt);
+        std::optional<QString> answer = m_frontEnd->ask(question);
         if (!answer || !callsTransparentCommand(*answer))
             return answer;
         if (const CommandOutcome outcome = run(*answer); !outcome.isDone())

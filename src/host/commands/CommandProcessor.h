@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/application/HostQuestion.h"
 #include "host/commands/CommandOutcome.h"
 #include "host/commands/CommandQueue.h"
 #include "host/commands/CommandState.h"
@@ -29,7 +30,7 @@ public:
 
     /// The next answer of the running command: from its line, else from the queue, else from the
     /// user. Null when it is cancelled, or when nobody can answer.
-    std::optional<QString> nextAnswer(const QString& prompt);
+    std::optional<QString> nextAnswer(const HostQuestion& question);
     /// True when the rest of the line, or the queue, holds an answer.
     bool hasAnswer() const;
     /// Takes the next answer of the running command's own line if it is that word, whatever its
@@ -54,7 +55,7 @@ private:
     CommandOutcome execute(const OdEdCommandPtr& command, const QStringList& answers,
                            const QString& undoName);
     CommandOutcome guardedCall(OdEdCommand& command);
-    std::optional<QString> answerFromUser(const QString& prompt);
+    std::optional<QString> answerFromUser(const HostQuestion& question);
 
     CommandState& m_state;
     CommandQueue& m_queue;

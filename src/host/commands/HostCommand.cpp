@@ -13,21 +13,21 @@ HostDocument& HostCommandRun::document() const
     return *document;
 }
 
-QString HostCommandRun::answer(const QString& prompt) const
+QString HostCommandRun::answer(const HostQuestion& question) const
 {
-    if (const auto answer = m_core.commands().nextAnswer(prompt))
+    if (const auto answer = m_core.commands().nextAnswer(question))
         return *answer;
     if (isInteractive())
         throw OdError(OdResult::Cancelled, HostText::tr("*Cancel*"));
     throw OdError(OdResult::InvalidInput,
-                  HostText::tr("\"%1\" is asked, and the line holds no answer.").arg(prompt));
+                  HostText::tr("\"%1\" is asked, and the line holds no answer.").arg(question.prompt));
 }
 
-QString HostCommandRun::answerOr(const QString& prompt, const QString& fallback) const
+QString HostCommandRun::answerOr(const HostQuestion& question, const QString& fallback) const
 {
     if (!hasAnswer() && !isInteractive())
         return fallback;
-    const QString given = answer(prompt).trimmed();
+    const QString given = answer(question).trimmed();
     return given.isEmpty() ? fallback : given;
 }
 

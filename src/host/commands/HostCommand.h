@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/application/HostQuestion.h"
 #include "sdk/OdEdCommand.h"
 
 #include <optional>
@@ -20,9 +21,9 @@ public:
     /// The current document; raises OdError with NoDatabase without one.
     HostDocument& document() const;
     /// The next answer; raises OdError when it is cancelled or missing.
-    QString answer(const QString& prompt) const;
+    QString answer(const HostQuestion& question) const;
     /// The next answer; the fallback when it is empty, or when nobody can answer.
-    QString answerOr(const QString& prompt, const QString& fallback) const;
+    QString answerOr(const HostQuestion& question, const QString& fallback) const;
     bool hasAnswer() const;
     /// Takes the next word of the line if it is that one.
     bool takeWord(const QString& word) const;

@@ -42,9 +42,9 @@ void WindowFrontEnd::print(const QString& line)
         std::fputs((line.toUtf8() + '\n').constData(), stderr);
 }
 
-std::optional<QString> WindowFrontEnd::ask(const QString& prompt)
+std::optional<QString> WindowFrontEnd::ask(const HostQuestion& question)
 {
-    return m_window ? m_window->commandLine().ask(prompt) : std::nullopt;
+    return m_window ? m_window->commandLine().ask(question) : std::nullopt;
 }
 
 std::unique_ptr<OdDbDatabase> WindowFrontEnd::readDrawingFile(const QString& path)

@@ -12,7 +12,7 @@ public:
     void attach(CMainWindow* window) { m_window = window; }
 
     void print(const QString& line) override;
-    std::optional<QString> ask(const QString& prompt) override;
+    std::optional<QString> ask(const HostQuestion& question) override;
     bool isInteractive() const override { return m_window != nullptr; }
     std::unique_ptr<OdDbDatabase> readDrawingFile(const QString& path) override;
     SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path,

@@ -3,9 +3,9 @@
 #include "host/documents/HostDocument.h"
 #include "io/DrawingFile.h"
 
-std::optional<QString> RecordingFrontEnd::ask(const QString& prompt)
+std::optional<QString> RecordingFrontEnd::ask(const HostQuestion& question)
 {
-    prompts << prompt;
+    prompts << question.prompt;
     if (answers.empty())
         return std::nullopt;
     const auto answer = answers.front();

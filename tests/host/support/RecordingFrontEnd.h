@@ -13,7 +13,7 @@ class RecordingFrontEnd : public HostFrontEnd
 {
 public:
     void print(const QString& line) override { printed << line; }
-    std::optional<QString> ask(const QString& prompt) override;
+    std::optional<QString> ask(const HostQuestion& question) override;
     bool isInteractive() const override { return interactive; }
     std::unique_ptr<OdDbDatabase> readDrawingFile(const QString& path) override;
     SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path,

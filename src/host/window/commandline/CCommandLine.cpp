@@ -114,18 +114,22 @@ void CCommandLine::printFailure(const QString& text)
     append(text, HistoryHighlighter::Failure);
 }
 
-std::optional<QString> CCommandLine::ask(const QString& prompt)
+std::optional<QString> CCommandLine::ask(const HostQuestion& question)
 {
     if (m_loop)
         return std::nullopt;
     QEventLoop loop;
     m_loop = &loop;
+    m_question = &question;
     m_answer.reset();
-    showPrompt(prompt.isEmpty() ? tr("Answer:") : prompt);
+    showPrompt(question.prompt.isEmpty() ? tr("Answer:") : question.prompt);
     m_edit->setFocus();
+    emit questionChanged();
     loop.exec();
     m_loop = nullptr;
+    m_question = nullptr;
     showPrompt(tr("Command:"));
+    emit questionChanged();
     return std::exchange(m_answer, std::nullopt);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/application/HostQuestion.h"
+
 #include <QWidget>
 
 #include <optional>
@@ -24,8 +26,10 @@ public:
 
     /// Asks and waits in a loop of its own; null when cancelled. One question at a time: while one
     /// is open, another is answered null at once.
-    std::optional<QString> ask(const QString& prompt);
+    std::optional<QString> ask(const HostQuestion& question);
     bool isAsking() const { return m_loop != nullptr; }
+    /// The open question, or null.
+    const HostQuestion* question() const { return m_question; }
     /// Answers the open question from elsewhere; null cancels it. Nothing happens without one.
     void answer(const std::optional<QString>& text);
     /// Types into the line, as when a key is pressed over the drawing.
@@ -36,6 +40,8 @@ public:
 signals:
     /// A command line was typed; empty when Enter alone was pressed.
     void lineEntered(const QString& line);
+    /// A question was opened or closed.
+    void questionChanged();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -52,5 +58,6 @@ private:
     CCommandEdit* m_edit;
     HistoryHighlighter* m_highlighter;
     QEventLoop* m_loop = nullptr;
+    const HostQuestion* m_question = nullptr;
     std::optional<QString> m_answer;
 };
