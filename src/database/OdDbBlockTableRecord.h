@@ -47,7 +47,13 @@ public:
     /// Where the block's entities stand in the object store, in drawing order. Filter with
     /// ObjectStore::owner(), since runs of the ENTITIES section mix spaces.
     const std::vector<EntityRun>& entityRuns() const { return m_runs; }
-    void addRun(EntityRun run) { m_runs.push_back(run); }
+    void addRun(EntityRun run)
+    {
+        if (!m_runs.empty() && m_runs.back().end == run.first)
+            m_runs.back().end = run.end;
+        else
+            m_runs.push_back(run);
+    }
     /// Slot of the record that opens the block's definition; kNoSlot where there is none.
     quint32 blockSlot() const { return m_blockSlot; }
     void setBlockSlot(quint32 slot) { m_blockSlot = slot; }

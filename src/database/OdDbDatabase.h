@@ -15,6 +15,7 @@
 #include <vector>
 
 class GroupCursor;
+class GroupList;
 class HeaderVariables;
 class ObjectStore;
 class OdDbLayerTable;
@@ -98,6 +99,10 @@ public:
 
     // Making and erasing objects; undoable. Handles are given out here and never a second time.
     OdDbObjectId addObject(std::unique_ptr<OdDbObject> object, RecordType type, OdDbObjectId owner);
+    /// Makes an entity of a DXF type ("LINE") on that layer, behind all others of a block or space.
+    /// `groups` as OdDbMadeEntity::madeGroups() has them.
+    OdDbObjectId addEntity(const QByteArray& type, const GroupList& groups, OdDbObjectId block,
+                           OdDbObjectId layer);
     /// The object's extension dictionary, made where it has none.
     OdDbObjectId createExtensionDictionary(OdDbObjectId object);
     /// Put under the key of a dictionary, which owns them; a present object of that kind is
@@ -179,6 +184,8 @@ private:
     OdDbObjectId requireNamedObjectsDictionary();
     void exchangeHeader(const QString& name, int code, QString& value, bool& exists);
     std::unique_ptr<OdDbObject> makeObject(quint32 slot) const;
+    quint32 takeSlot(RecordType type, OdDbObjectId owner);
+    void announceAdded(quint32 slot, std::unique_ptr<OdDbObject> object);
 
     std::unique_ptr<ObjectStore> m_store;
     std::unique_ptr<HeaderVariables> m_header;

@@ -1,8 +1,9 @@
 #include "database/ObjectStore.h"
+#include "database/OdDbBlockTableRecord.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbDictionary.h"
 #include "database/OdDbDictionaryVar.h"
-#include "database/OdDbEntity.h"
+#include "database/OdDbMadeEntity.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdDbXrecord.h"
@@ -31,15 +32,42 @@ OdDbObjectId OdDbDatabase::namedObject(std::initializer_list<QString> path) cons
 OdDbObjectId OdDbDatabase::addObject(std::unique_ptr<OdDbObject> object, RecordType type,
                                      OdDbObjectId owner)
 {
+    const quint32 slot = takeSlot(type, owner);
+    announceAdded(slot, std::move(object));
+    return idOfSlot(slot);
+}
+
+quint32 OdDbDatabase::takeSlot(RecordType type, OdDbObjectId owner)
+{
     const quint32 slot = m_store->append(type, 0, ObjectStore::kSynthetic);
     m_store->addHandle(m_store->takeHandle(), slot);
     m_store->setOwner(slot, owner.slot());
     m_store->setFlag(slot, ObjectStore::kTouched, true);
+    return slot;
+}
+
+void OdDbDatabase::announceAdded(quint32 slot, std::unique_ptr<OdDbObject> object)
+{
     OdDbObject& added = adoptObject(slot, std::move(object));
     m_journal->appended(slot);
     ++added.m_openCount; // stays open for the listeners, without closing again
     notify([&](OdDbDatabaseReactor& reactor) { reactor.objectAppended(this, &added); });
     --added.m_openCount;
+}
+
+OdDbObjectId OdDbDatabase::addEntity(const QByteArray& type, const GroupList& groups,
+                                     OdDbObjectId block, OdDbObjectId layer)
+{
+    const auto owner = block.safeOpenObject<OdDbBlockTableRecord>();
+    if (!layer.openObject<OdDbLayerTableRecord>())
+        throw OdError(OdResult::InvalidInput,
+                      QStringLiteral("An entity lies on a layer of its drawing."));
+    const quint32 slot = takeSlot(m_store->typeByName(type), block);
+    m_store->setFlag(slot, ObjectStore::kEntity, true);
+    m_store->setLayer(slot, layer.slot());
+    layerTable().useChanged(layer.slot(), 1);
+    owner->addRun({slot, slot + 1});
+    announceAdded(slot, std::make_unique<OdDbMadeEntity>(groups));
     return idOfSlot(slot);
 }
 

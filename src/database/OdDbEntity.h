@@ -4,6 +4,8 @@
 
 #include <vector>
 
+class GroupList;
+
 using OdDbObjectIdArray = std::vector<OdDbObjectId>;
 
 /// An entity. Its geometry stays in the file image and is read through a GroupCursor.
@@ -20,6 +22,8 @@ public:
     OdDbObjectId layerId() const;
     /// Undoable; raises OdError with InvalidInput for what is no layer of the drawing.
     void setLayer(OdDbObjectId layer);
+    /// The groups of an entity that was made in this session; null for one of the file.
+    virtual const GroupList* madeGroups() const { return nullptr; }
 };
 
 struct ViewportState

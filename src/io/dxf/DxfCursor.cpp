@@ -1,16 +1,28 @@
 #include "io/dxf/DxfCursor.h"
 
 #include "base/NumberText.h"
+#include "io/dxf/DxfObjectSource.h"
+
+DxfCursor::DxfCursor(std::shared_ptr<const FileImage> image, const ObjectStore& store,
+                     const DxfObjectSource& source)
+    : m_image(std::move(image))
+    , m_store(store)
+    , m_source(source)
+    , m_text(source.text())
+    , m_codeBytes(source.landmarks().codeBytes)
+    , m_lines(m_image->begin(), m_image->begin())
+{ }
 
 void DxfCursor::open(quint32 slot)
 {
     m_code = -1;
     m_slot = slot;
-    const bool inFile = slot < m_store.fileRecords();
-    if (inFile)
-        start(m_image->begin() + m_store.begin(slot), m_image->begin() + m_store.end(slot));
-    else
-        start(m_image->end(), m_image->end());
+    if (slot < m_store.fileRecords())
+        return start(m_image->begin() + m_store.begin(slot), m_image->begin() + m_store.end(slot));
+    m_spelled = m_source.spelledEntity(slot);
+    const qsizetype length = m_spelled.size();
+    m_spelled.append(static_cast<qsizetype>(kPadding), '\0');
+    start(m_spelled.constData(), m_spelled.constData() + length);
 }
 
 void DxfCursor::openBytes(const char* begin, const char* end)

@@ -9,20 +9,16 @@
 #include "io/dxf/GroupSpelling.h"
 #include "io/dxf/PairScanner.h"
 
+class DxfObjectSource;
+
 /// Groups of a record of a DXF file, text or binary.
 class DxfCursor final : public GroupCursor
 {
 public:
-    /// `codeBytes`: of a group code in a binary file; 0 for a text.
-    DxfCursor(std::shared_ptr<const FileImage> image, const ObjectStore& store, const DxfText& text,
-              int codeBytes = 0)
-        : m_image(std::move(image))
-        , m_store(store)
-        , m_text(text)
-        , m_codeBytes(codeBytes)
-        , m_lines(m_image->begin(), m_image->begin())
-    { }
+    DxfCursor(std::shared_ptr<const FileImage> image, const ObjectStore& store,
+              const DxfObjectSource& source);
 
+    /// A record that the file does not have is spelled as the file would have it.
     void open(quint32 slot) override;
     /// Goes to the one record in [begin, end), wherever it stands; kPadding bytes behind it must be
     /// readable. Byte ranges have no meaning then.
@@ -86,6 +82,8 @@ private:
 
     std::shared_ptr<const FileImage> m_image;
     const ObjectStore& m_store;
+    const DxfObjectSource& m_source;
+    QByteArray m_spelled; ///< the open record, where the file does not have it
     DxfText m_text;
     int m_codeBytes;
     quint32 m_slot = ObjectStore::kNone;

@@ -215,6 +215,7 @@ void DxfIndexer<Scanner>::endSection(quint32 slot)
     quint32* mark = m_section == Section::Header ? &landmarks.headerEnd
         : m_section == Section::Tables           ? &landmarks.tablesEnd
         : m_section == Section::Blocks           ? &landmarks.blocksEnd
+        : m_section == Section::Entities         ? &landmarks.entitiesEnd
         : m_section == Section::Objects          ? &landmarks.objectsEnd
                                                  : nullptr;
     if (mark && *mark == ObjectStore::kNone)

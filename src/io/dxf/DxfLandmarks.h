@@ -30,6 +30,7 @@ struct DxfLandmarks
     quint32 headerEnd = ObjectStore::kNone; ///< slot of the section's ENDSEC
     quint32 tablesEnd = ObjectStore::kNone;
     quint32 blocksEnd = ObjectStore::kNone;
+    quint32 entitiesEnd = ObjectStore::kNone;
     quint32 objectsEnd = ObjectStore::kNone;
     std::vector<Table> tables;
     /// Records that name a layer in their extended data (group 1003), ascending.

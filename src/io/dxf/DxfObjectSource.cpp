@@ -25,12 +25,12 @@ DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDat
 
 std::unique_ptr<GroupCursor> DxfObjectSource::makeCursor() const
 {
-    return std::make_unique<DxfCursor>(m_image, m_database.store(), m_text, m_landmarks.codeBytes);
+    return std::make_unique<DxfCursor>(m_image, m_database.store(), *this);
 }
 
 DxfCursor DxfObjectSource::cursor(quint32 slot) const
 {
-    DxfCursor cursor(m_image, m_database.store(), m_text, m_landmarks.codeBytes);
+    DxfCursor cursor(m_image, m_database.store(), *this);
     cursor.open(slot);
     return cursor;
 }
@@ -80,7 +80,7 @@ void DxfObjectSource::read(OdDbObject& object) const
 
 DxfCursor DxfObjectSource::cursorOver(const char* begin, const char* end) const
 {
-    DxfCursor cursor(m_image, m_database.store(), m_text, m_landmarks.codeBytes);
+    DxfCursor cursor(m_image, m_database.store(), *this);
     cursor.openBytes(begin, end);
     return cursor;
 }

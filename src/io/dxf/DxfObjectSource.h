@@ -76,6 +76,9 @@ public:
     /// `purpose` tells records that hang on one object apart.
     quint64 handleOfMade(quint32 slot, const QString& purpose) const;
     const DxfLandmarks& landmarks() const { return m_landmarks; }
+    /// The record of an entity that was made in this session as this file would have it; nothing
+    /// for any other slot.
+    QByteArray spelledEntity(quint32 slot) const;
 
 private:
     OdDbObjectId id(quint64 handle) const;

@@ -24,6 +24,21 @@ std::optional<quint64> DxfStructure::tablesEnd() const
     return beginOf(m_source.landmarks().tablesEnd);
 }
 
+std::optional<quint64> DxfStructure::entitiesEnd() const
+{
+    return beginOf(m_source.landmarks().entitiesEnd);
+}
+
+quint64 DxfStructure::beforeObjects() const
+{
+    quint32 slot = m_source.landmarks().objectsEnd;
+    if (slot == ObjectStore::kNone)
+        return endOfFile();
+    while (m_store.type(slot) != RecordType::Section)
+        --slot;
+    return m_store.begin(slot);
+}
+
 std::optional<quint64> DxfStructure::objectsEnd() const
 {
     return beginOf(m_source.landmarks().objectsEnd);

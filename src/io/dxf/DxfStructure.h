@@ -16,6 +16,7 @@ public:
     /// Offsets before the section's ENDSEC.
     std::optional<quint64> headerEnd() const;
     std::optional<quint64> tablesEnd() const;
+    std::optional<quint64> entitiesEnd() const;
     std::optional<quint64> objectsEnd() const;
     std::optional<quint64> classesEnd() const;
     /// Offset of what follows the HEADER section; of the file's first record where there is none.
@@ -24,6 +25,8 @@ public:
     quint64 behindClasses() const;
     /// Offset before the ENDTAB of a table.
     std::optional<quint64> tableEnd(QByteArrayView name) const;
+    /// Offset before the OBJECTS section; of the EOF record where there is none.
+    quint64 beforeObjects() const;
     /// Offset of the EOF record.
     quint64 endOfFile() const;
     /// Whether the CLASSES section declares a class by its DXF name.

@@ -1,5 +1,6 @@
 #include "io/dxf/DxfVerifier.h"
 
+#include "base/NumberText.h"
 #include "database/NameIndex.h"
 #include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
@@ -10,6 +11,7 @@
 #include "io/dxf/DictionaryGroups.h"
 #include "io/dxf/DxfObjectSource.h"
 #include "io/dxf/DxfRecordReader.h"
+#include "io/dxf/GroupCode.h"
 #include "io/files/WrittenBytes.h"
 
 #include <QCoreApplication>
@@ -107,6 +109,9 @@ bool DxfVerifier::isAsMeant(const DrawingPieces::ChangedRecord& record,
         return true;
     if (NameIndex::fold(reader.entityLayer(groups)) != NameIndex::fold(entityLayerName(slot)))
         return false;
+    const auto entity = id.openObject<OdDbEntity>();
+    if (entity && entity->madeGroups())
+        return isEntityAsMeant(*entity->madeGroups(), groups);
     const auto viewport = id.openObject<OdDbViewport>();
     if (!viewport || m_source.version() < DxfVersion::V2000)
         return true; // lists of names are compared with the names in the file they came from
@@ -116,6 +121,29 @@ bool DxfVerifier::isAsMeant(const DrawingPieces::ChangedRecord& record,
     std::sort(meant.begin(), meant.end());
     std::sort(written.begin(), written.end());
     return meant == written;
+}
+
+bool DxfVerifier::isEntityAsMeant(const GroupList& meant, DxfCursor groups) const
+{
+    const NewRecords records(m_source);
+    const auto isMeant = [&](const GroupList::Group& group) {
+        switch (groupKind(group.code)) {
+        case GroupKind::Text:
+            return groups.text() == QString::fromUtf8(group.value);
+        case GroupKind::Real:
+            return groups.real() == NumberText::real(group.value);
+        default:
+            return groups.integer() == NumberText::integer(group.value);
+        }
+    };
+    // What all entities have stands before.
+    while (groups.next() && groups.code() != 8) { }
+    for (const GroupList::Group& group : meant) {
+        if (records.knowsEntityGroup(group.code)
+            && (!groups.next() || groups.code() != group.code || !isMeant(group)))
+            return false;
+    }
+    return !groups.next();
 }
 
 QString DxfVerifier::entityLayerName(quint32 slot) const

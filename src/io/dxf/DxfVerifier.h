@@ -21,6 +21,7 @@ private:
     bool isLayerAsMeant(quint32 slot, const DxfCursor& groups) const;
     bool isDictionaryAsMeant(quint32 slot, const DxfCursor& groups) const;
     bool isMadeAsMeant(const DxfMeant::Made& made, const DxfCursor& groups) const;
+    bool isEntityAsMeant(const GroupList& meant, DxfCursor groups) const;
     QString entityLayerName(quint32 slot) const;
 
     const DxfObjectSource& m_source;

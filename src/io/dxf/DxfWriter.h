@@ -8,11 +8,13 @@
 #include <QSet>
 
 #include <map>
+#include <optional>
 #include <set>
 #include <unordered_map>
 
 class DxfObjectSource;
 class ObjectStore;
+class OdDbBlockTableRecord;
 class RecordPatcher;
 struct LayerState;
 
@@ -54,6 +56,9 @@ private:
     void editDictionary(quint32 slot, const DictionaryEdit& edit);
     void addRecord(quint32 slot);
     QByteArray rootForNewObjects();
+    void addEntity(quint32 slot);
+    /// Offset before the ENDBLK of a block's definition; nothing where the file has none.
+    std::optional<quint64> endOfBlock(const OdDbBlockTableRecord& block) const;
     void addMade(const QByteArray& record, quint64 handle, DxfMeant::Made made);
     NewRecords::Head headOf(quint32 slot) const;
     quint64 extensionOf(quint32 slot) const;
@@ -72,6 +77,7 @@ private:
     void renameIn(quint32 slot, bool entity);
     void placeNewRecords();
     void placeTableRecords(OdDbTableKind kind, const char* name, NewRun& run);
+    void placeEntities();
     void placeObjects();
     void placeClasses();
     void placeTablesSection();
@@ -100,6 +106,7 @@ private:
     std::shared_ptr<DxfMeant> m_meant = std::make_shared<DxfMeant>();
     std::map<OdDbTableKind, NewRun> m_tableRuns;
     std::map<OdDbTableKind, int> m_countChanges;
+    std::map<quint32, NewRun> m_entities; ///< by block; kNone: those of the ENTITIES section
     NewRun m_objects;
     std::map<quint32, std::vector<NewRecords::Entry>> m_madeDictionaries; ///< by owning layer
     QByteArray m_newVariables; ///< of the header

@@ -61,6 +61,8 @@ NewRecords::Head DxfWriter::headOf(quint32 slot) const
 
 void DxfWriter::addRecord(quint32 slot)
 {
+    if (m_store.has(slot, ObjectStore::kEntity))
+        return addEntity(slot);
     const RecordType type = m_store.type(slot);
     const OdDbObjectId id = m_database.idOfSlot(slot);
     NewRecords::Head head = headOf(slot);
@@ -197,6 +199,7 @@ void DxfWriter::placeNewRecords()
         else if (m_countChanges[kind] != 0)
             patchCount(kind);
     }
+    placeEntities();
     placeObjects();
     patchHandleSeed();
     placeVariables();
@@ -389,6 +392,8 @@ void DxfWriter::report(DrawingPieces& pieces)
     changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
     listChanged(changed, pieces);
     for (const auto& [kind, run] : m_tableRuns)
+        listNew(run, pieces);
+    for (const auto& [block, run] : m_entities)
         listNew(run, pieces);
     listNew(m_objects, pieces);
     pieces.meant = m_meant;

@@ -33,6 +33,10 @@ public:
 
     QByteArray layer(const Head& head, const LayerState& state, QStringList& notKept) const;
     QByteArray linetype(const Head& head, const LinetypeState& state) const;
+    /// An entity that was made in this session, or nothing.
+    QByteArray entity(const Head& head, OdDbObjectId entity) const;
+    /// Whether the file's version knows groups of that code in entities.
+    bool knowsEntityGroup(int code) const;
     QByteArray application(const Head& head, const QByteArray& name) const;
     QByteArray dictionary(const Head& head, bool hard, const std::vector<Entry>& entries,
                           const GroupList& xData) const;
