@@ -3,9 +3,9 @@
 #include "database/OdDbDatabase.h"
 #include "database/OdDbDictionary.h"
 #include "database/OdDbDictionaryVar.h"
-#include "database/OdDbMadeEntity.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
+#include "database/OdDbMadeEntity.h"
 #include "database/OdDbXrecord.h"
 #include "database/UndoJournal.h"
 

@@ -1,5 +1,6 @@
 #include "support/RandomEdits.h"
 
+#include "database/GroupList.h"
 #include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbEntity.h"
@@ -74,6 +75,7 @@ void RandomEdits::step()
         {"currentLayer", &RandomEdits::currentLayer},
         {"moveEntity", &RandomEdits::moveEntity},
         {"eraseEntity", &RandomEdits::eraseEntity},
+        {"addEntity", &RandomEdits::addEntity},
     };
     const int chosen = number(100);
     if (chosen < 20) {
@@ -337,4 +339,18 @@ void RandomEdits::eraseEntity()
     const auto erased = entity().openObject<OdDbEntity>(OdDb::kForWrite);
     if (erased)
         erased->erase();
+}
+
+void RandomEdits::addEntity()
+{
+    const QByteArray x = QByteArray::number(number(1000));
+    GroupList groups;
+    if (chance(50))
+        groups.append(62, QByteArray::number(1 + number(255)));
+    for (const GroupList::Group& group :
+         GroupList{{100, "AcDbCircle"}, {10, x}, {20, "1.5"}, {30, "0"}, {40, "2"}})
+        groups.append(group);
+    const OdDbObjectId space =
+        chance(70) ? m_database.getModelSpaceId() : m_database.getPaperSpaceId();
+    m_database.addEntity("CIRCLE", groups, space, layer());
 }

@@ -51,6 +51,7 @@ private:
     void currentLayer();
     void moveEntity();
     void eraseEntity();
+    void addEntity();
 
     int number(int below) { return static_cast<int>(m_random() % static_cast<unsigned>(below)); }
     bool chance(int percent) { return number(100) < percent; }

@@ -137,7 +137,8 @@ bool DxfVerifier::isEntityAsMeant(const GroupList& meant, DxfCursor groups) cons
         }
     };
     // What all entities have stands before.
-    while (groups.next() && groups.code() != 8) { }
+    while (groups.next() && groups.code() != 8) {
+    }
     for (const GroupList::Group& group : meant) {
         if (records.knowsEntityGroup(group.code)
             && (!groups.next() || groups.code() != group.code || !isMeant(group)))

@@ -5,11 +5,13 @@
 // and variables. Prints the new name and the old one, a line each; nothing where no layer can be
 // renamed.
 
+#include "database/GroupList.h"
 #include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbEntity.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
+#include "database/OdDbLayout.h"
 #include "database/OdLyLayerFilterManager.h"
 #include "io/DrawingFile.h"
 
@@ -62,6 +64,17 @@ void editEverything(OdDbDatabase& drawing)
         zero->setLineWeight(50, viewport);
         viewport.safeOpenObject<OdDbViewport>(OdDb::kForWrite)->freezeLayersInViewport({made});
     }
+    for (const OdDbObjectId layout : drawing.layouts())
+        drawing.addEntity("LINE",
+                          {{62, "5"},
+                           {100, "AcDbLine"},
+                           {10, "1"},
+                           {20, "2"},
+                           {30, "0"},
+                           {11, "3"},
+                           {21, "4"},
+                           {31, "0"}},
+                          layout.openObject<OdDbLayout>()->getBlockTableRecordId(), made);
     drawing.setDictionaryVariable(QStringLiteral("LAYEREVAL"), QStringLiteral("1"));
     const auto manager = odlyGetLayerFilterManager(&drawing);
     OdLyLayerFilterPtr root;

@@ -133,6 +133,10 @@ class SavedDrawings(unittest.TestCase):
             self.assertEqual(layer.dxf.color, 3)
             self.assertEqual(layer.description, "added by a test")
             self.assertAlmostEqual(layer.transparency, 0.5, 1)
+            if (drawing.original.loaded_dxfversion or "") >= "AC1015":  # older ones have no layouts
+                for layout in document.layouts:
+                    lines = [line for line in layout.query("LINE") if line.dxf.layer == "ADDED"]
+                    self.assertEqual([tuple(line.dxf.end) for line in lines], [(3, 4, 0)], layout.name)
             if document.dxfversion < "AC1018":
                 return  # the library knows the lists of later versions only
             for layout in document.layouts:
