@@ -1,3 +1,4 @@
+#include "host/support/OtherProcess.h"
 #include "host/support/WindowFixture.h"
 #include "host/window/CMainWindow.h"
 #include "host/window/WindowActions.h"
@@ -33,6 +34,9 @@ private slots:
     void startsWithANewDrawingWithoutFiles();
     void leavesThePaletteClosedWhenTheUserClosedIt();
     void tellsAFileThatCannotBeOpenedAndGoesOn();
+    void opensAgainWhatWasOpenLast();
+    void opensNothingAgainWhereTheUserWantsThatNot();
+    void leavesOutFilesThatAreGoneOrInUse();
     void tellsSettingsThatCannotBeUnderstood();
     void opensAndClosesThePaletteByItsCommands();
     void closesThePaletteWithTheLastDrawingAndReopensIt();
@@ -76,6 +80,52 @@ void TestWindowSession::tellsAFileThatCannotBeOpenedAndGoesOn()
     start({path("absent.dxf")});
     QVERIFY(prompts->texts().value(0).contains(QStringLiteral("absent.dxf")));
     QCOMPARE(current()->displayName(), QStringLiteral("Drawing1"));
+}
+
+void TestWindowSession::opensAgainWhatWasOpenLast()
+{
+    const QString one = TestDrawing().writeTo(folder->path(), QStringLiteral("one.dxf"));
+    const QString two = TestDrawing().writeTo(folder->path(), QStringLiteral("two.dxf"));
+    const QString three = TestDrawing().writeTo(folder->path(), QStringLiteral("three.dxf"));
+    start({one, two, three});
+    window->runCommand(QStringLiteral("CLOSE"));
+    core->documents().setCurrent(*core->documents().findByFile(one));
+    window->runCommand(QStringLiteral("QUIT"));
+    restart();
+    start();
+    QCOMPARE(window->drawings().count(), 2);
+    QVERIFY(core->documents().findByFile(two));
+    QCOMPARE(current()->fileName(), one);
+    // Files that are asked for come alone.
+    restart();
+    start({three});
+    QCOMPARE(window->drawings().count(), 1);
+    QCOMPARE(current()->fileName(), three);
+}
+
+void TestWindowSession::opensNothingAgainWhereTheUserWantsThatNot()
+{
+    start({TestDrawing().writeTo(folder->path(), QStringLiteral("one.dxf"))});
+    core->sysvars().setText(QStringLiteral("SESSIONRESTORE"), QStringLiteral("0"));
+    restart();
+    start();
+    QCOMPARE(current()->displayName(), QStringLiteral("Drawing1"));
+    QCOMPARE(window->drawings().count(), 1);
+}
+
+void TestWindowSession::leavesOutFilesThatAreGoneOrInUse()
+{
+    const QString gone = TestDrawing().writeTo(folder->path(), QStringLiteral("gone.dxf"));
+    const QString used = TestDrawing().writeTo(folder->path(), QStringLiteral("used.dxf"));
+    start({gone, used});
+    restart();
+    QVERIFY(QFile::remove(gone));
+    const OtherProcess other(used);
+    QVERIFY(other.holds());
+    start();
+    QCOMPARE(current()->displayName(), QStringLiteral("Drawing1"));
+    QVERIFY(history().contains(gone + QStringLiteral(" is gone")));
+    QVERIFY(history().contains(used + QStringLiteral(" is in use elsewhere")));
 }
 
 void TestWindowSession::tellsSettingsThatCannotBeUnderstood()

@@ -116,39 +116,56 @@ CloseAnswer closeAnswer(const HostCommandRun& run, const HostDocument& document)
                   HostText::tr("Yes, No or Cancel is needed; \"%1\" is none.").arg(answer));
 }
 
-void closeDocument(const HostCommandRun& run, HostDocument& document)
+// Asks about unsaved changes, and saves them where that is the answer.
+void settleChanges(const HostCommandRun& run, HostDocument& document)
 {
-    HostDocManager& documents = run.core().documents();
-    if (document.isModified()) {
-        // The question is about a drawing that the user can see.
-        documents.setCurrent(document);
-        const CloseAnswer answer = closeAnswer(run, document);
-        if (answer == CloseAnswer::Cancel)
-            cancel();
-        if (answer == CloseAnswer::Save)
-            save(run);
-    }
-    documents.close(document);
+    if (!document.isModified())
+        return;
+    // The question is about a drawing that the user can see.
+    run.core().documents().setCurrent(document);
+    const CloseAnswer answer = closeAnswer(run, document);
+    if (answer == CloseAnswer::Cancel)
+        cancel();
+    if (answer == CloseAnswer::Save)
+        save(run);
 }
 
 void close(const HostCommandRun& run)
 {
-    closeDocument(run, run.document());
+    HostDocument& document = run.document();
+    settleChanges(run, document);
+    run.core().documents().close(document);
+}
+
+void closeAll(const HostCommandRun& run)
+{
+    HostDocManager& documents = run.core().documents();
+    HostDocument* current = &run.document();
+    for (HostDocument* document : documents.documents())
+        settleChanges(run, *document);
+    documents.setCurrent(*current);
+    documents.closeAll();
 }
 
 void quit(const HostCommandRun& run)
 {
-    for (HostDocument* document : run.core().documents().documents()) {
-        if (document->isModified())
-            closeDocument(run, *document);
-    }
+    HostDocManager& documents = run.core().documents();
+    HostDocument* current = documents.curDocument();
+    // Nothing is closed before everything is answered: Cancel leaves all as it was.
+    for (HostDocument* document : documents.documents())
+        settleChanges(run, *document);
+    if (current)
+        documents.setCurrent(*current);
+    const HostDocManager::BusyScope busy(documents);
+    documents.closeAll();
     run.core().frontEnd().quit();
 }
 
 constexpr HostCommandDefinition kCommands[] = {
-    {"CLOSE", OdEd::kSession, close}, {"NEW", OdEd::kSession, createNew},
-    {"OPEN", OdEd::kSession, open},   {"QUIT", OdEd::kSession, quit},
-    {"SAVE", OdEd::kSession, save},   {"SAVEAS", OdEd::kSession, saveAs},
+    {"CLOSE", OdEd::kSession, close},   {"CLOSEALL", OdEd::kSession, closeAll},
+    {"NEW", OdEd::kSession, createNew}, {"OPEN", OdEd::kSession, open},
+    {"QUIT", OdEd::kSession, quit},     {"SAVE", OdEd::kSession, save},
+    {"SAVEAS", OdEd::kSession, saveAs},
 };
 } // namespace
 

@@ -56,6 +56,8 @@ const SysvarDefinition kTable[] = {
      QT_TRANSLATE_NOOP("Host", "Unit of lineweights: 0 inches, 1 millimetres")},
     {"PSTYLEMODE", Place::Drawing, kInteger, 0, 1, 1, drawing_variables::pstylemode, nullptr,
      QT_TRANSLATE_NOOP("Host", "Plot styles: 0 named, 1 by colour")},
+    {"SESSIONRESTORE", Place::User, kInteger, 0, 1, 1, nullptr, nullptr,
+     QT_TRANSLATE_NOOP("Host", "1 to start with the drawings that were open last")},
     {"SHOWLAYERUSAGE", Place::User, kInteger, 0, 1, 1, nullptr, nullptr,
      QT_TRANSLATE_NOOP("Host", "1 to show which layers are in use")},
     {"TILEMODE", Place::Drawing, kInteger, 0, 1, 1, drawing_variables::tilemode,

@@ -8,6 +8,8 @@
 #include "host/window/WindowActions.h"
 #include "host/window/commandline/CCommandEdit.h"
 #include "host/window/commandline/CCommandLine.h"
+#include "host/window/session/CDrawingsMenu.h"
+#include "host/window/session/FileDrop.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
 #include "toolkit/CXTPDockingPaneManager.h"
@@ -15,6 +17,7 @@
 
 #include <QCloseEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -35,6 +38,7 @@ constexpr LayoutKeys kKeys;
 CMainWindow::CMainWindow(HostCore& core)
     : m_core(core)
     , m_recent(core.settings())
+    , m_openFiles(core.documents(), core.settings())
     , m_changedFiles(core.documents(), core.files(), core.frontEnd())
     , m_panes(std::make_unique<CXTPDockingPaneManager>(*this))
     , m_actions(new WindowActions(*this, m_recent))
@@ -43,11 +47,13 @@ CMainWindow::CMainWindow(HostCore& core)
     setObjectName(QStringLiteral("mainWindow"));
     setAttribute(Qt::WA_DeleteOnClose, false);
     setDockNestingEnabled(true);
+    setAcceptDrops(true);
     // The command line runs the window's whole width; palettes stand above it.
     setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
     makeCentralArea();
     makeCommandLine();
+    makeDrawingsMenu();
     connectParts();
     restoreLayout();
     showCurrentDrawing();
@@ -84,10 +90,20 @@ void CMainWindow::makeCommandLine()
     m_panes->ShowPane(pane);
 }
 
+void CMainWindow::makeDrawingsMenu()
+{
+    const QList<QAction*> actions = {m_actions->action(WindowAction::NextDrawing),
+                                     m_actions->action(WindowAction::PreviousDrawing),
+                                     m_actions->action(WindowAction::CloseAll)};
+    auto* menu = new CDrawingsMenu(tr("&Window"), actions, m_core.documents(), this);
+    menu->setObjectName(QStringLiteral("windowMenu"));
+    menuBar()->insertMenu(menuBar()->actions().constLast(), menu);
+}
+
 void CMainWindow::connectParts()
 {
     connect(m_actions, &WindowActions::commandWanted, this, &CMainWindow::runAction);
-    connect(m_actions, &WindowActions::aboutWanted, this, &CMainWindow::showAbout);
+    connect(m_actions, &WindowActions::ownActionWanted, this, &CMainWindow::runOwnAction);
     connect(m_commandLine, &CCommandLine::lineEntered, this, [this](const QString& line) {
         // Enter alone repeats the last command.
         runCommand(line.trimmed().isEmpty() ? m_core.commands().lastLine() : line);
@@ -189,6 +205,40 @@ void CMainWindow::report(const CommandOutcome& outcome)
         m_commandLine->print(outcome.sentence);
     else if (!outcome.isDone())
         m_commandLine->printFailure(outcome.sentence);
+}
+
+void CMainWindow::runOwnAction(WindowAction id)
+{
+    if (id == WindowAction::About)
+        showAbout();
+    else
+        showDrawingBeside(id == WindowAction::NextDrawing ? 1 : -1);
+}
+
+void CMainWindow::showDrawingBeside(int step)
+{
+    const int count = m_drawings->count();
+    if (count > 0)
+        m_drawings->setCurrentIndex((m_drawings->currentIndex() + step + count) % count);
+}
+
+void CMainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!droppedFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void CMainWindow::dropEvent(QDropEvent* event)
+{
+    const QStringList files = droppedFiles(*event->mimeData());
+    if (files.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // Not now: whoever drags waits for the end of the drop, and opening may ask something.
+    QTimer::singleShot(0, this, [this, files] {
+        for (const QString& file : files)
+            runAction(QStringLiteral("OPEN ") + CommandLine::quoted(file));
+    });
 }
 
 void CMainWindow::showAbout()

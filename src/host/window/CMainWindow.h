@@ -3,6 +3,7 @@
 #include "host/commands/CommandOutcome.h"
 #include "host/documents/ChangedFiles.h"
 #include "host/window/RecentFiles.h"
+#include "host/window/session/OpenFiles.h"
 
 #include <QMainWindow>
 
@@ -17,6 +18,7 @@ class HostDocument;
 class QStackedWidget;
 class StatusFields;
 class WindowActions;
+enum class WindowAction;
 
 /// The host's main window: drawings in tabs, the command line below, palettes around.
 class CMainWindow : public QMainWindow
@@ -41,14 +43,19 @@ public:
     CXTPDockingPaneManager& panes() const { return *m_panes; }
     WindowActions& actions() const { return *m_actions; }
     RecentFiles& recentFiles() { return m_recent; }
+    OpenFiles& openFiles() { return m_openFiles; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
+    /// Files that are dropped on the window are opened.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void makeCentralArea();
     void makeCommandLine();
+    void makeDrawingsMenu();
     void connectParts();
     void restoreLayout();
     void storeLayout();
@@ -58,11 +65,14 @@ private:
     void drainQueue();
     void queuedWhileAsking();
     void report(const CommandOutcome& outcome);
+    void runOwnAction(WindowAction id);
+    void showDrawingBeside(int step);
     void showAbout();
     void lookForChangedFiles();
 
     HostCore& m_core;
     RecentFiles m_recent;
+    OpenFiles m_openFiles;
     ChangedFiles m_changedFiles;
     std::unique_ptr<CXTPDockingPaneManager> m_panes;
     WindowActions* m_actions;

@@ -47,6 +47,12 @@ const Row kRows[] = {
      Id::SaveAs, kNoKey, Needs::Drawing},
     {TEXT("&Close"), TEXT("Close the drawing"), "close", "", "CLOSE", Id::Close,
      QKeySequence::Close, Needs::Drawing},
+    {TEXT("Close A&ll"), TEXT("Close all drawings"), "", "", "CLOSEALL", Id::CloseAll, kNoKey,
+     Needs::Drawing},
+    {TEXT("&Next Drawing"), TEXT("Show the drawing in the next tab"), "", "Ctrl+Tab", nullptr,
+     Id::NextDrawing, kNoKey, Needs::Drawing},
+    {TEXT("&Previous Drawing"), TEXT("Show the drawing in the tab before"), "", "Ctrl+Shift+Tab",
+     nullptr, Id::PreviousDrawing, kNoKey, Needs::Drawing},
     {TEXT("&Quit"), TEXT("End the program"), "quit", "Ctrl+Q", "QUIT", Id::Quit, QKeySequence::Quit,
      Needs::Nothing},
     {TEXT("&Undo"), TEXT("Take the last change back"), "undo", "", "U", Id::Undo,
@@ -76,7 +82,7 @@ const Surface kMenus[] = {
     {"fileMenu",
      TEXT("&File"),
      {Id::New, Id::Open, Id::RecentMenu, Id::Separator, Id::Save, Id::SaveAs, Id::Separator,
-      Id::Close, Id::Quit}},
+      Id::Close, Id::CloseAll, Id::Quit}},
     {"editMenu", TEXT("&Edit"), {Id::Undo, Id::Redo}},
     {"viewMenu", TEXT("&View"), {Id::ZoomExtents, Id::Regen, Id::Separator, Id::LayerPalette}},
     {"formatMenu", TEXT("F&ormat"), {Id::Layer}},
@@ -143,7 +149,7 @@ void WindowActions::makeActions()
             if (row.command)
                 emit commandWanted(QLatin1String(row.command));
             else
-                emit aboutWanted();
+                emit ownActionWanted(row.id);
         });
         m_actions.insert(row.id, action);
     }

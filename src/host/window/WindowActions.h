@@ -18,6 +18,9 @@ enum class WindowAction {
     Save,
     SaveAs,
     Close,
+    CloseAll,
+    NextDrawing,
+    PreviousDrawing,
     Quit,
     Undo,
     Redo,
@@ -43,7 +46,8 @@ public:
 signals:
     /// An action that stands for a command line was triggered.
     void commandWanted(const QString& line);
-    void aboutWanted();
+    /// One that the window itself sees to.
+    void ownActionWanted(WindowAction id);
 
 private:
     void makeActions();

@@ -139,8 +139,10 @@ void WindowFrontEnd::showStatus(const QString& sentence)
 
 void WindowFrontEnd::fileUsed(const QString& path)
 {
-    if (m_window)
-        m_window->recentFiles().add(path);
+    if (!m_window)
+        return;
+    m_window->recentFiles().add(path);
+    m_window->openFiles().note();
 }
 
 void WindowFrontEnd::regen(bool allViews)

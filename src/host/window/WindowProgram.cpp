@@ -84,11 +84,13 @@ int runWindowProgram(int argc, char** argv, const HostOptions& options)
     frontEnd.attach(&window);
     core.setMainWindow(&window);
     WindowSession session(core, window);
-    // A picture leaves no traces: no locks beside drawings, no journals.
+    // A picture leaves no traces: no locks beside drawings, no journals, no files to open again.
     std::unique_ptr<JournalKeeper> keeper;
     if (!isPicture)
         keeper = std::make_unique<JournalKeeper>(core.documents(), core.recovery(), frontEnd);
     core.files().setLocking(!isPicture);
+    if (isPicture)
+        window.openFiles().ignore();
     window.show();
     int result = 0;
     if (isPicture) {

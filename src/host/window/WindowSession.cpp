@@ -10,10 +10,12 @@
 #include "host/window/recovery/RecoverySession.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
+#include "io/files/DrawingLock.h"
 #include "sdk/OdEdCommandStack.h"
 #include "toolkit/Prompts.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QPixmap>
 
 #include <cstdio>
@@ -30,6 +32,27 @@ void WindowSession::loadModules()
     }
 }
 
+void WindowSession::reopenLastFiles()
+{
+    int wanted = 0;
+    m_core.sysvars().getInt(QStringLiteral("SESSIONRESTORE"), wanted);
+    if (wanted == 0)
+        return;
+    const OpenFiles& open = m_window.openFiles();
+    for (const QString& file : open.lastFiles()) {
+        // Nobody asked for these now: what cannot be had is told and not asked about.
+        if (!QFileInfo(file).isFile())
+            m_core.frontEnd().print(HostText::tr("%1 is gone and not opened again.").arg(file));
+        else if (DrawingLock(file).state() == DrawingLock::State::Elsewhere)
+            m_core.frontEnd().print(
+                HostText::tr("%1 is in use elsewhere and not opened again.").arg(file));
+        else
+            m_window.runCommand(QStringLiteral("OPEN ") + CommandLine::quoted(file));
+    }
+    if (HostDocument* document = m_core.documents().findByFile(open.lastCurrent()))
+        m_core.documents().setCurrent(*document);
+}
+
 void WindowSession::start(const QStringList& files)
 {
     if (const QString problem = m_core.settings().loadProblem(); !problem.isEmpty())
@@ -40,6 +63,8 @@ void WindowSession::start(const QStringList& files)
         RecoverySession(m_core.recovery(), m_core.files(), *m_journals, m_core.frontEnd()).offer();
     for (const QString& file : files)
         m_window.runAction(QStringLiteral("OPEN ") + CommandLine::quoted(file));
+    if (files.isEmpty() && m_core.documents().documentCount() == 0)
+        reopenLastFiles();
     if (m_core.documents().documentCount() == 0)
         m_window.runAction(QStringLiteral("NEW"));
     int wantsPalette = 0;

@@ -20,14 +20,16 @@ public:
 
     /// Has the start offer to recover what earlier runs left unsaved.
     void setJournals(JournalKeeper& keeper) { m_journals = &keeper; }
-    /// Loads the module, opens the files (a new drawing without any) and, where the user left it
-    /// open, the layer palette.
+    /// Loads the module, opens the files and, where the user left it open, the layer palette.
+    /// Without files those that were open last are opened, where the user wants that; else a new
+    /// drawing is started.
     void start(const QStringList& files);
     /// Draws the window as it is into a picture and prints the layer table.
     ExitCode takePicture(const QString& path);
 
 private:
     void loadModules();
+    void reopenLastFiles();
 
     HostCore& m_core;
     CMainWindow& m_window;

@@ -25,6 +25,11 @@ void WindowFixture::prepare()
 {
     folder = std::make_unique<QTemporaryDir>();
     prompts = std::make_unique<FilePrompts>();
+    showWindow();
+}
+
+void WindowFixture::showWindow()
+{
     frontEnd = std::make_unique<WindowFrontEnd>();
     core = std::make_unique<HostCore>(*frontEnd, folder->path());
     window = std::make_unique<CMainWindow>(*core);
@@ -34,15 +39,28 @@ void WindowFixture::prepare()
     QVERIFY(QTest::qWaitForWindowExposed(window.get()));
 }
 
+void WindowFixture::restart()
+{
+    window->close();
+    settle();
+    endHost();
+    showWindow();
+}
+
 void WindowFixture::finish()
+{
+    endHost();
+    prompts.reset();
+    folder.reset();
+}
+
+void WindowFixture::endHost()
 {
     core->shutDown();
     frontEnd->attach(nullptr);
     window.reset();
     core.reset();
     frontEnd.reset();
-    prompts.reset();
-    folder.reset();
 }
 
 HostDocument& WindowFixture::open(const TestDrawing& drawing, const QString& name)

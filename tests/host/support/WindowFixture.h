@@ -33,6 +33,8 @@ protected:
     void prepare() override;
     void finish() override;
 
+    /// Ends the program and starts it again with the same settings.
+    void restart();
     HostDocument* current() const { return core->documents().curDocument(); }
     /// Writes the drawing and opens it with the OPEN command.
     HostDocument& open(const TestDrawing& drawing,
@@ -46,6 +48,11 @@ protected:
     /// Types a line into the command line and presses Enter.
     void typeLine(const char* line);
 
+private:
+    void showWindow();
+    void endHost();
+
+protected:
     std::unique_ptr<QTemporaryDir> folder;
     std::unique_ptr<FilePrompts> prompts;
     std::unique_ptr<WindowFrontEnd> frontEnd;

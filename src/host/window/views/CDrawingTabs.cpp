@@ -3,8 +3,15 @@
 #include "host/documents/HostDocManager.h"
 #include "host/window/views/CDrawingView.h"
 
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QTabBar>
+#include <QUrl>
 
 CDrawingTabs::CDrawingTabs(HostDocManager& documents, QWidget* parent)
     : QTabWidget(parent)
@@ -16,6 +23,9 @@ CDrawingTabs::CDrawingTabs(HostDocManager& documents, QWidget* parent)
     setTabsClosable(true);
     setMovable(true);
     tabBar()->setAccessibleName(tr("Drawings"));
+    tabBar()->setContextMenuPolicy(Qt::CustomContextMenu);
+    tabBar()->installEventFilter(this);
+    connect(tabBar(), &QWidget::customContextMenuRequested, this, &CDrawingTabs::showMenu);
     connect(this, &QTabWidget::currentChanged, this, [this](int index) {
         if (CDrawingView* view = m_following ? nullptr : viewAt(index))
             m_documents.setCurrent(view->document());
@@ -30,6 +40,43 @@ CDrawingTabs::CDrawingTabs(HostDocManager& documents, QWidget* parent)
 CDrawingTabs::~CDrawingTabs()
 {
     m_documents.removeReactor(this);
+}
+
+bool CDrawingTabs::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == tabBar() && event->type() == QEvent::MouseButtonRelease) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const int index = tabBar()->tabAt(mouse->position().toPoint());
+        if (mouse->button() == Qt::MiddleButton && index >= 0) {
+            emit tabCloseRequested(index);
+            return true;
+        }
+    }
+    return QTabWidget::eventFilter(watched, event);
+}
+
+void CDrawingTabs::showMenu(QPoint at)
+{
+    const CDrawingView* view = viewAt(tabBar()->tabAt(at));
+    if (!view)
+        return;
+    HostDocument* document = &view->document();
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(tr("&Close"), this, [this, document] {
+        if (m_documents.contains(document))
+            emit closeWanted(document);
+    });
+    menu->addSeparator();
+    const QString file = document->fileName();
+    QAction* copy = menu->addAction(tr("Copy &Path"), this,
+                                    [file] { QGuiApplication::clipboard()->setText(file); });
+    QAction* folder = menu->addAction(tr("Open Containing &Folder"), this, [file] {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(file).path()));
+    });
+    copy->setEnabled(document->hasFile());
+    folder->setEnabled(document->hasFile());
+    menu->popup(tabBar()->mapToGlobal(at));
 }
 
 CDrawingView* CDrawingTabs::viewAt(int index) const

@@ -26,6 +26,10 @@ signals:
     void currentDrawingChanged();
     void closeWanted(HostDocument* document);
 
+protected:
+    /// The middle button closes a tab.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void documentCreated(KsApDocument* document) override;
     void documentBecameCurrent(KsApDocument* document) override;
@@ -35,6 +39,7 @@ private:
     CDrawingView* viewOf(const KsApDocument* document) const;
     CDrawingView* viewAt(int index) const;
     void showState(CDrawingView& view);
+    void showMenu(QPoint at);
 
     HostDocManager& m_documents;
     bool m_following = false;
