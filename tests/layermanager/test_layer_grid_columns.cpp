@@ -20,6 +20,8 @@ private slots:
     void hidesTheViewportColumnsInModelSpace();
     void bringsViewportColumnsBackAtTheirWidths();
     void keepsWidthsThroughFills();
+    void leavesItsWidthsToTheNextGrid();
+    void passesOverKeptWidthsThatMakeNoSense();
     void stretchesTheDescription();
     void fitsAColumnToItsContents();
     void explainsCellsThatAreTooNarrow();
@@ -108,6 +110,44 @@ void TestLayerGridColumns::keepsWidthsThroughFills()
     openLayers({"Other"});
     QCOMPARE(width(Name), 177);
     QCOMPARE(column(Name).width, 177);
+}
+
+void TestLayerGridColumns::leavesItsWidthsToTheNextGrid()
+{
+    const QString key = QStringLiteral("Test/Widths");
+    {
+        CLayerListCtrl first;
+        first.keepWidthsAs(key);
+        QVERIFY(first.fill(&db()));
+        first.horizontalHeader()->resizeSection(static_cast<int>(Name), 333);
+    }
+    CLayerListCtrl second;
+    second.keepWidthsAs(key);
+    QVERIFY(second.fill(&db()));
+    QCOMPARE(second.columnWidth(static_cast<int>(Name)), 333);
+    QCOMPARE(second.columnData(static_cast<int>(Color)).width, column(Color).width);
+    // A grid that was never filled has nothing to say.
+    const QByteArray kept = host().userStates.value(key);
+    {
+        CLayerListCtrl empty;
+        empty.keepWidthsAs(key);
+    }
+    QCOMPARE(host().userStates.value(key), kept);
+}
+
+void TestLayerGridColumns::passesOverKeptWidthsThatMakeNoSense()
+{
+    const QString key = QStringLiteral("Test/Widths");
+    const QByteArray name = QByteArray::number(column(Name).identifier);
+    for (const QByteArray& kept : {QByteArray(":"), QByteArray("x:y 99:50 ") + name, name + ":-3",
+                                   name + ":0", name + ":99999999999", QByteArray(5000, ':')})
+    {
+        host().userStates.insert(key, kept);
+        CLayerListCtrl grid;
+        grid.keepWidthsAs(key);
+        QVERIFY(grid.fill(&db()));
+        QCOMPARE(grid.columnWidth(static_cast<int>(Name)), column(Name).width);
+    }
 }
 
 void TestLayerGridColumns::stretchesTheDescription()

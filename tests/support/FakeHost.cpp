@@ -181,6 +181,11 @@ public:
             ? QStringLiteral("%1\"").arg(weight / 2540.0, 0, 'f', 3)
             : QStringLiteral("%1 mm").arg(weight / 100.0, 0, 'f', 2);
     }
+    QByteArray userState(const QString& key) const override { return m_host.userStates.value(key); }
+    void setUserState(const QString& key, const QByteArray& state) override
+    {
+        m_host.userStates.insert(key, state);
+    }
     void refreshView() override { ++m_host.viewRefreshes; }
 
 private:

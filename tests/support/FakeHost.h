@@ -36,6 +36,8 @@ public:
     QHash<QString, QString> strings;
     QSet<QString> unreadable; ///< variables whose reads fail
 
+    QHash<QString, QByteArray> userStates; ///< kept for modules
+
     // What plug-ins did
     int viewRefreshes = 0;
     int applicationCalls = 0;

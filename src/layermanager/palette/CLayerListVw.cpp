@@ -9,6 +9,7 @@ CLayerListVw::CLayerListVw(QWidget* parent)
     , m_grid(new CLayerListCtrl(this))
 {
     setObjectName(QStringLiteral("layerList"));
+    m_grid->keepWidthsAs(QStringLiteral("LayerManager/ColumnWidths"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_grid);

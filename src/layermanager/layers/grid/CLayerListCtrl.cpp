@@ -60,6 +60,7 @@ CLayerListCtrl::CLayerListCtrl(QWidget* parent)
 
 CLayerListCtrl::~CLayerListCtrl()
 {
+    storeWidths();
     attach(nullptr);
     // The view outlives its members by a little.
     setModel(nullptr);

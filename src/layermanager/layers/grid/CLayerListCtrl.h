@@ -54,6 +54,9 @@ public:
 
     /// Record of a column; raises std::invalid_argument for a number that is none.
     const ListCtrlColumnData& columnData(int column) const;
+    /// Has the host keep the widths of the columns under a key; to be called before the first
+    /// fill.
+    void keepWidthsAs(const QString& key) { m_widthsKey = key; }
     void showGridColumn(int column);
     void hideGridColumn(int column);
     /// A click on a column's header: sorts by it, or turns the direction.
@@ -93,6 +96,8 @@ private:
     void attach(OdDbDatabase* database);
     void buildColumns();
     void applyColumns();
+    void loadWidths();
+    void storeWidths() const;
     void setSpace();
     void stretchDescription();
     void setShown(ListCtrlColumnData& column, bool shown);
@@ -117,6 +122,7 @@ private:
     OdDbDatabase* m_database = nullptr;
     std::vector<ListCtrlColumnData> m_columns;
     LayerSortOrder m_sortOrder;
+    QString m_widthsKey;
     int m_displayedCount = 0;
     bool m_inLayout = false;
     bool m_switchedOff = false;

@@ -3,12 +3,18 @@
 #include "database/OdDbDatabase.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/layers/grid/UpdatesOff.h"
+#include "sdk/IKestServicesManager.h"
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
 
 #include <algorithm>
 #include <stdexcept>
+
+namespace {
+constexpr int kLeastWidth = 5; // pixels; as narrow as an editor opens on
+constexpr int kMostWidth = 5000;
+} // namespace
 
 void CLayerListCtrl::buildColumns()
 {
@@ -17,11 +23,43 @@ void CLayerListCtrl::buildColumns()
         const auto number = static_cast<qint32>(info.column);
         m_columns.push_back({info.identifier, info.headerText(), info.width, number, number, true});
     }
+    loadWidths();
     m_inLayout = !m_database->getTILEMODE();
     applyColumns();
     horizontalHeader()->setSortIndicator(static_cast<int>(m_sortOrder.column),
                                          m_sortOrder.ascending ? Qt::AscendingOrder
                                                                : Qt::DescendingOrder);
+}
+
+/// Widths as pairs "identifier:pixels" with blanks between them.
+void CLayerListCtrl::loadWidths()
+{
+    const IKestServicesManager* services = getServicesManagerInterface();
+    if (!services || m_widthsKey.isEmpty())
+        return;
+    for (const QByteArray& pair : services->userState(m_widthsKey).split(' ')) {
+        const qsizetype colon = pair.indexOf(':');
+        const int identifier = pair.first(std::max<qsizetype>(colon, 0)).toInt();
+        const int width = pair.sliced(colon + 1).toInt();
+        const auto column =
+            std::find_if(m_columns.begin(), m_columns.end(),
+                         [&](const auto& known) { return known.identifier == identifier; });
+        // Kept by another version, or edited by hand: what makes no sense is passed over.
+        if (colon > 0 && column != m_columns.end() && width >= kLeastWidth && width <= kMostWidth)
+            column->width = width;
+    }
+}
+
+void CLayerListCtrl::storeWidths() const
+{
+    IKestServicesManager* services = getServicesManagerInterface();
+    if (!services || m_widthsKey.isEmpty() || m_columns.empty())
+        return;
+    QByteArrayList pairs;
+    for (const ListCtrlColumnData& column : m_columns)
+        pairs.append(QByteArray::number(column.identifier) + ':'
+                     + QByteArray::number(column.width));
+    services->setUserState(m_widthsKey, pairs.join(' '));
 }
 
 void CLayerListCtrl::applyColumns()
