@@ -201,6 +201,11 @@ public:
         return m_host.intStatus;
     }
     int getString(const QString&, QString&) override { return kest::kError; }
+    int getKeyword(const QString&, const QStringList&, int&) override { return kest::kError; }
+    int openDrawing(const QString&, std::unique_ptr<OdDbDatabase>&, QString&) override
+    {
+        return kest::kError;
+    }
 
 private:
     FakeHost& m_host;
