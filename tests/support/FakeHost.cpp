@@ -128,6 +128,8 @@ public:
         m_host.ints[name.toUpper()] = value;
         return kest::kNormal;
     }
+    int getReal(const QString&, double&) const override { return kest::kError; }
+    int setReal(const QString&, double) override { return kest::kError; }
     int getString(const QString& name, QString& value) const override
     {
         const QString key = name.toUpper();

@@ -34,15 +34,17 @@ QString HostCommandRun::answerOr(const HostQuestion& question, const QString& fa
 
 void HostCommandRun::askAgain(const OdError& error) const
 {
-    if (error.code() != OdResult::InvalidInput || !isInteractive())
+    const bool isAnswer = error.code() == OdResult::InvalidInput
+        || error.code() == OdResult::OutOfRange || error.code() == OdResult::KeyNotFound;
+    if (!isAnswer || !isInteractive())
         throw;
     m_core.commands().dropAnswers();
     print(error.description());
 }
 
-std::optional<int> HostCommandRun::keyword(const KeywordQuestion& question) const
+std::optional<int> HostCommandRun::askKeyword(const KeywordQuestion& question) const
 {
-    const Keywords keywords(question.words);
+    const KeywordList keywords(question.words);
     const auto none = question.fallback < 0 ? std::nullopt : std::optional(question.fallback);
     if (!hasAnswer() && !isInteractive())
         return none;
@@ -63,7 +65,7 @@ bool HostCommandRun::yes(const QString& text, bool fallback) const
 {
     static constexpr const char* kWords[] = {QT_TRANSLATE_NOOP("Host", "Yes"),
                                              QT_TRANSLATE_NOOP("Host", "No")};
-    return keyword({text, kWords, fallback ? 0 : 1}) == 0;
+    return askKeyword({text, kWords, fallback ? 0 : 1}) == 0;
 }
 
 bool HostCommandRun::hasAnswer() const

@@ -2,7 +2,7 @@
 
 #include "database/OdError.h"
 #include "host/application/HostQuestion.h"
-#include "host/commands/Keywords.h"
+#include "host/commands/KeywordList.h"
 #include "sdk/OdEdCommand.h"
 
 #include <optional>
@@ -15,7 +15,7 @@ class HostDocument;
 struct KeywordQuestion
 {
     QString text; ///< without words and colon
-    std::span<const char* const> words; ///< English; see Keywords
+    std::span<const char* const> words; ///< English; see KeywordList
     int fallback = -1; ///< the word that an empty answer stands for; -1: none
 };
 
@@ -34,8 +34,9 @@ public:
     QString answer(const HostQuestion& question) const;
     /// The next answer; the fallback when it is empty, or when nobody can answer.
     QString answerOr(const HostQuestion& question, const QString& fallback) const;
-    /// The next answer as `read` understands it. Where `read` raises InvalidInput, a person is told
-    /// and asked again, and what is left of the typed line is dropped; a script's command fails.
+    /// The next answer as `read` understands it. Where `read` raises InvalidInput, OutOfRange or
+    /// KeyNotFound, a person is told and asked again, and what is left of the typed line is
+    /// dropped; a script's command fails.
     template <class Read>
     auto asked(const HostQuestion& question, Read read) const
     {
@@ -49,7 +50,7 @@ public:
     }
     /// The index of the word that is answered. The fallback, or nothing where there is none, when
     /// the answer is empty or the line of a script holds no more.
-    std::optional<int> keyword(const KeywordQuestion& question) const;
+    std::optional<int> askKeyword(const KeywordQuestion& question) const;
     /// A question with a default: Enter answers it, and so does the end of a script's line.
     bool yes(const QString& text, bool fallback) const;
     bool hasAnswer() const;

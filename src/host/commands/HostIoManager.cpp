@@ -3,7 +3,7 @@
 #include "database/OdDbDatabase.h"
 #include "host/application/HostFrontEnd.h"
 #include "host/commands/CommandProcessor.h"
-#include "host/commands/Keywords.h"
+#include "host/commands/KeywordList.h"
 #include "host/text/HostText.h"
 #include "sdk/KestStatus.h"
 
@@ -13,7 +13,7 @@ void HostIoManager::print(const QString& line)
         m_frontEnd->print(line);
 }
 
-int HostIoManager::ask(const HostQuestion& question, QString& value)
+int HostIoManager::textOf(const HostQuestion& question, QString& value)
 {
     const std::optional<QString> answer = m_commands.nextAnswer(question);
     if (!answer) {
@@ -42,14 +42,14 @@ bool HostIoManager::mayAskAgain(const QString& sentence)
 
 int HostIoManager::getString(const QString& prompt, QString& value)
 {
-    return ask(prompt, value);
+    return textOf(prompt, value);
 }
 
 int HostIoManager::getInt(const QString& prompt, int& value)
 {
     QString text;
     for (;;) {
-        const int status = ask(prompt, text);
+        const int status = textOf(prompt, text);
         if (status != kest::kNormal)
             return status;
         bool isNumber = false;
@@ -65,15 +65,15 @@ int HostIoManager::getInt(const QString& prompt, int& value)
 
 int HostIoManager::getKeyword(const QString& prompt, const QStringList& words, int& index)
 {
-    const Keywords keywords(words);
+    const KeywordList keywords(words);
     HostQuestion question(keywords.prompt(prompt));
     question.keywords = words;
     QString text;
     for (;;) {
-        const int status = ask(question, text);
+        const int status = textOf(question, text);
         if (status != kest::kNormal)
             return status;
-        const Keywords::Choice choice = keywords.find(text);
+        const KeywordList::Choice choice = keywords.find(text);
         if (choice.index >= 0) {
             index = choice.index;
             return kest::kNormal;

@@ -25,7 +25,7 @@ public:
                     QString& why) override;
 
 private:
-    int ask(const HostQuestion& question, QString& value);
+    int textOf(const HostQuestion& question, QString& value);
     /// Tells that an answer is of no use: false where there is nobody to ask again.
     bool mayAskAgain(const QString& sentence);
 

@@ -37,7 +37,7 @@ void layer(const HostCommandRun& run)
         return result;
     }();
     LayerEdit edit(run);
-    while (const auto word = run.keyword({HostText::tr("Layers"), words}))
+    while (const auto word = run.askKeyword({HostText::tr("Layers"), words}))
         runOption(options[static_cast<std::size_t>(*word)], edit);
     edit.finish();
 }

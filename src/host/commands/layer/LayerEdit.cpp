@@ -29,7 +29,7 @@ LayerChoice LayerEdit::layers(const QString& prompt, bool orCurrent)
 {
     const auto layer = current().openObject<OdDbLayerTableRecord>();
     const QString fallback = orCurrent && layer ? layer->getName() : QString();
-    const QString list = m_run.answerOr(Keywords(QStringList()).prompt(prompt, fallback), {});
+    const QString list = m_run.answerOr(KeywordList(QStringList()).prompt(prompt, fallback), {});
     if (list.trimmed().isEmpty())
         return orCurrent ? LayerChoice(current()) : LayerChoice();
     LayerChoice choice(m_drawing, list);
@@ -42,7 +42,7 @@ LayerChoice LayerEdit::layers(const QString& prompt, bool orCurrent)
 
 QString LayerEdit::name(const QString& prompt) const
 {
-    return m_run.asked(Keywords(QStringList()).prompt(prompt), [](const QString& answer) {
+    return m_run.asked(KeywordList(QStringList()).prompt(prompt), [](const QString& answer) {
         if (answer.trimmed().isEmpty())
             throw OdError(OdResult::InvalidInput, HostText::tr("A name is needed."));
         return answer.trimmed();

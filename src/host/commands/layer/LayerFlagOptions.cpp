@@ -76,7 +76,7 @@ void plot(LayerEdit& edit)
     static constexpr const char* kWords[] = {QT_TRANSLATE_NOOP("Host", "Plot"),
                                              QT_TRANSLATE_NOOP("Host", "No")};
     const bool plots =
-        edit.run().keyword({HostText::tr("Layers are plotted, or not"), kWords, 0}) == 0;
+        edit.run().askKeyword({HostText::tr("Layers are plotted, or not"), kWords, 0}) == 0;
     edit.change(edit.layers(HostText::tr("Layers"), true),
                 [plots](Record& layer) { layer.setIsPlottable(plots); });
 }

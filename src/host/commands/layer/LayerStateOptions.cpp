@@ -52,7 +52,7 @@ void layerState(LayerEdit& edit)
                                              QT_TRANSLATE_NOOP("Host", "Restore"),
                                              QT_TRANSLATE_NOOP("Host", "Delete")};
     static constexpr void (*kActions[])(LayerStates&, LayerEdit&) = {list, save, restore, erase};
-    const auto word = edit.run().keyword({HostText::tr("Layer states"), kWords});
+    const auto word = edit.run().askKeyword({HostText::tr("Layer states"), kWords});
     if (!word)
         return;
     LayerStates states(edit.drawing());

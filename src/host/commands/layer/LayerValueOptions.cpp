@@ -20,7 +20,7 @@ constexpr int kMostTransparent = 90;
 template <class Read, class Write>
 void setValue(LayerEdit& edit, const QString& prompt, Read read, Write write)
 {
-    const auto value = edit.run().asked(Keywords(QStringList()).prompt(prompt), read);
+    const auto value = edit.run().asked(KeywordList(QStringList()).prompt(prompt), read);
     edit.change(edit.layers(HostText::tr("Layers"), true),
                 [&](Record& layer) { write(layer, value); });
 }

@@ -7,7 +7,7 @@
 /// Words that answer a question, each spelled with the capitals that suffice: "LOck" is answered by
 /// LO, by LOCK, and by any beginning that no other word has; case does not count. Behind an
 /// underscore the word is taken in English, whatever the program's language.
-class Keywords
+class KeywordList
 {
 public:
     struct Choice
@@ -17,12 +17,12 @@ public:
     };
 
     /// Words as they are shown.
-    explicit Keywords(const QStringList& words)
+    explicit KeywordList(const QStringList& words)
         : m_words(words)
         , m_global(words)
     { }
     /// English words, shown as translated in the context "Host".
-    explicit Keywords(std::span<const char* const> words);
+    explicit KeywordList(std::span<const char* const> words);
 
     const QStringList& words() const { return m_words; }
     Choice find(const QString& answer) const;

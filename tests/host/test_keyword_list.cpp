@@ -1,19 +1,19 @@
-#include "host/commands/Keywords.h"
+#include "host/commands/KeywordList.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-Keywords layerWords()
+KeywordList layerWords()
 {
-    return Keywords(QStringList{QStringLiteral("ON"), QStringLiteral("OFF"), QStringLiteral("LOck"),
-                                QStringLiteral("Ltype"), QStringLiteral("LWeight"),
-                                QStringLiteral("stAte"), QStringLiteral("Set"),
-                                QStringLiteral("?")});
+    return KeywordList(QStringList{QStringLiteral("ON"), QStringLiteral("OFF"),
+                                   QStringLiteral("LOck"), QStringLiteral("Ltype"),
+                                   QStringLiteral("LWeight"), QStringLiteral("stAte"),
+                                   QStringLiteral("Set"), QStringLiteral("?")});
 }
 
 std::string found(const char* answer)
 {
-    const Keywords words = layerWords();
+    const KeywordList words = layerWords();
     const int index = words.find(QString::fromUtf8(answer)).index;
     return index < 0 ? "" : words.words()[index].toStdString();
 }
@@ -52,7 +52,7 @@ TEST(KeywordAnswers, ABeginningOfSeveralWordsIsNoneAndNamesThem)
 
 TEST(KeywordAnswers, AWrongAnswerIsToldWithTheWords)
 {
-    const Keywords words(QStringList{QStringLiteral("Yes"), QStringLiteral("No")});
+    const KeywordList words(QStringList{QStringLiteral("Yes"), QStringLiteral("No")});
     EXPECT_EQ("One of Yes, No is needed; \"maybe\" is none.",
               words.complaint(QStringLiteral("maybe")).toStdString());
 }
@@ -60,7 +60,7 @@ TEST(KeywordAnswers, AWrongAnswerIsToldWithTheWords)
 TEST(KeywordAnswers, AnUnderscoreAsksForTheEnglishWord)
 {
     constexpr const char* kWords[] = {"Yes", "No"};
-    const Keywords words{std::span<const char* const>(kWords)};
+    const KeywordList words{std::span<const char* const>(kWords)};
     EXPECT_EQ(1, words.find(QStringLiteral("_N")).index);
     EXPECT_EQ(0, words.find(QStringLiteral("_Yes")).index);
     EXPECT_EQ(-1, words.find(QStringLiteral("_")).index);
@@ -68,9 +68,9 @@ TEST(KeywordAnswers, AnUnderscoreAsksForTheEnglishWord)
 
 TEST(KeywordAnswers, ThePromptShowsTheWordsAndTheDefault)
 {
-    const Keywords words(QStringList{QStringLiteral("Yes"), QStringLiteral("No")});
+    const KeywordList words(QStringList{QStringLiteral("Yes"), QStringLiteral("No")});
     EXPECT_EQ("Sure [Yes/No] <No>:",
               words.prompt(QStringLiteral("Sure"), QStringLiteral("No")).toStdString());
     EXPECT_EQ("Sure [Yes/No]:", words.prompt(QStringLiteral("Sure")).toStdString());
-    EXPECT_EQ("Name:", Keywords(QStringList()).prompt(QStringLiteral("Name")).toStdString());
+    EXPECT_EQ("Name:", KeywordList(QStringList()).prompt(QStringLiteral("Name")).toStdString());
 }

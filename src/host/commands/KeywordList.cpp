@@ -1,4 +1,4 @@
-#include "host/commands/Keywords.h"
+#include "host/commands/KeywordList.h"
 
 #include "host/text/HostText.h"
 
@@ -18,9 +18,9 @@ bool isSame(const QString& a, const QString& b)
     return !a.isEmpty() && a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
-Keywords::Choice findIn(const QStringList& words, const QString& answer)
+KeywordList::Choice findIn(const QStringList& words, const QString& answer)
 {
-    Keywords::Choice begun;
+    KeywordList::Choice begun;
     for (int i = 0; i < words.size(); ++i) {
         if (isSame(answer, words[i]) || isSame(answer, capitals(words[i])))
             return {i};
@@ -35,7 +35,7 @@ Keywords::Choice findIn(const QStringList& words, const QString& answer)
 }
 } // namespace
 
-Keywords::Keywords(std::span<const char* const> words)
+KeywordList::KeywordList(std::span<const char* const> words)
 {
     for (const char* word : words) {
         m_words << HostText::tr(word);
@@ -43,14 +43,14 @@ Keywords::Keywords(std::span<const char* const> words)
     }
 }
 
-Keywords::Choice Keywords::find(const QString& answer) const
+KeywordList::Choice KeywordList::find(const QString& answer) const
 {
     const QString word = answer.trimmed();
     return word.startsWith(QLatin1Char('_')) ? findIn(m_global, word.mid(1))
                                              : findIn(m_words, word);
 }
 
-QString Keywords::complaint(const QString& answer) const
+QString KeywordList::complaint(const QString& answer) const
 {
     const QStringList candidates = find(answer).candidates;
     if (!candidates.isEmpty()) {
@@ -61,7 +61,7 @@ QString Keywords::complaint(const QString& answer) const
         .arg(m_words.join(QStringLiteral(", ")), answer);
 }
 
-QString Keywords::prompt(const QString& text, const QString& fallback) const
+QString KeywordList::prompt(const QString& text, const QString& fallback) const
 {
     QString result = text;
     if (!m_words.isEmpty())
