@@ -14,6 +14,8 @@ public:
 
     virtual int getInt(const QString& name, int& value) const = 0;
     virtual int setInt(const QString& name, int value) = 0;
+    virtual int getReal(const QString& name, double& value) const = 0;
+    virtual int setReal(const QString& name, double value) = 0;
     virtual int getString(const QString& name, QString& value) const = 0;
     virtual int setString(const QString& name, const QString& value) = 0;
     /// Variables that name a record of the current drawing, such as CLAYER.

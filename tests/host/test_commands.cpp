@@ -368,3 +368,165 @@ TEST_F(Commands, HostCommandsCannotBeUndefined)
 {
     EXPECT_THROW(odedRegCmds()->lookup(QStringLiteral("OPEN"))->undefine(true), OdError);
 }
+
+TEST_F(Commands, AValueThatIsRefusedIsToldAndAskedForAgain)
+{
+    frontEnd.interactive = true;
+    frontEnd.answers = {QStringLiteral("7"), QStringLiteral("mm"), QStringLiteral("0")};
+    EXPECT_EQ("", run("LWUNITS"));
+    EXPECT_EQ(strings({"LWUNITS takes an integer from 0 to 1; 7 is out of range.",
+                       "LWUNITS takes an integer from 0 to 1; \"mm\" is none."}),
+              frontEnd.printed);
+    EXPECT_EQ("0", variable("LWUNITS"));
+}
+
+TEST_F(Commands, VariablesAreFoundWithAnUnderscoreToo)
+{
+    EXPECT_EQ("", run("_LWUNITS 0"));
+    EXPECT_EQ("0", variable("LWUNITS"));
+    EXPECT_EQ("There is no command \"__LWUNITS\".", run("__LWUNITS 0"));
+}
+
+TEST_F(Commands, ModulesAskForKeywords)
+{
+    int index = -1;
+    int status = 0;
+    addCommand("CHOOSE", [&](OdEdCommandContext*) {
+        status = getIOManagerInterface()->getKeyword(QStringLiteral("Side"),
+                                                     strings({"Left", "Right", "NOne"}), index);
+    });
+    EXPECT_EQ("", run("CHOOSE no"));
+    EXPECT_EQ(kest::kNormal, status);
+    EXPECT_EQ(2, index);
+    EXPECT_EQ("", run("CHOOSE \"\""));
+    EXPECT_EQ(kest::kNone, status);
+    EXPECT_EQ("One of Left, Right, NOne is needed; \"up\" is none.", run("CHOOSE up"));
+    EXPECT_EQ(kest::kError, status);
+    frontEnd.interactive = true;
+    frontEnd.answers = {QStringLiteral("up"), QStringLiteral("_L"), std::nullopt};
+    EXPECT_EQ("", run("CHOOSE"));
+    EXPECT_EQ(0, index);
+    EXPECT_EQ("", run("CHOOSE"));
+    EXPECT_EQ(kest::kCancel, status);
+    EXPECT_EQ(
+        strings({"Side [Left/Right/NOne]:", "Side [Left/Right/NOne]:", "Side [Left/Right/NOne]:"}),
+        frontEnd.prompts);
+}
+
+TEST_F(Commands, ModulesReadDrawingsWithoutOpeningThem)
+{
+    const QString file =
+        TestDrawing().add({.name = "Other"}).writeTo(folder.path(), QStringLiteral("o.dxf"));
+    std::unique_ptr<OdDbDatabase> drawing;
+    QString why;
+    EXPECT_EQ(kest::kNormal, getIOManagerInterface()->openDrawing(file, drawing, why));
+    ASSERT_TRUE(drawing);
+    EXPECT_TRUE(drawing->layerTable().has(QStringLiteral("Other")));
+    EXPECT_EQ(0, core.documents().documentCount());
+    std::unique_ptr<OdDbDatabase> none;
+    EXPECT_EQ(kest::kError, getIOManagerInterface()->openDrawing(path("absent.dxf"), none, why));
+    EXPECT_FALSE(none);
+    EXPECT_TRUE(why.contains(QStringLiteral("absent.dxf"))) << why.toStdString();
+}
+
+TEST_F(Commands, AQueuedCancelEndsAllThatARunningCommandAsks)
+{
+    std::vector<int> statuses;
+    int answer = -1;
+    addCommand("MARKER", [&](OdEdCommandContext*) {
+        EXPECT_EQ(kest::kNormal, getIOManagerInterface()->getInt(QString(), answer));
+    });
+    addCommand("STUBBORN", [&](OdEdCommandContext*) {
+        frontEnd.interactive = true;
+        for (const char* text : {"^C^C^C^P", "MARKER", "0", "^P"})
+            core.documents().sendStringToExecute(QLatin1String(text));
+        QString word;
+        for (int i = 0; i < 3; ++i)
+            statuses.push_back(getIOManagerInterface()->getString(QStringLiteral("more"), word));
+    });
+    EXPECT_EQ("", run("STUBBORN rest"));
+    // What stood on its line is answered first; the cancel holds for the rest.
+    EXPECT_EQ((std::vector<int>{kest::kNormal, kest::kCancel, kest::kCancel}), statuses);
+    EXPECT_EQ(1u, core.commands().drainQueue().size());
+    EXPECT_EQ(0, answer);
+    EXPECT_TRUE(frontEnd.prompts.isEmpty());
+}
+
+TEST_F(Commands, WhatModulesRaiseIsAFailureWhateverItIs)
+{
+    addCommand("ODD", [](OdEdCommandContext*) { throw 42; });
+    EXPECT_EQ("ODD failed.", run("ODD"));
+    EXPECT_FALSE(core.commands().isRunning());
+}
+
+TEST_F(Commands, WhatAFailedCommandDidIsOneUndoStep)
+{
+    OdDbDatabase& drawing = *open(TestDrawing().add({.name = "A"})).database();
+    addCommand("HALF", [&](OdEdCommandContext*) {
+        const auto id = drawing.layerTable().getAt(QStringLiteral("A"));
+        id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setIsOff(true);
+        throw OdError_InvalidIndex();
+    });
+    EXPECT_EQ("The index is out of range.", run("HALF"));
+    const auto layer =
+        drawing.layerTable().getAt(QStringLiteral("A")).openObject<OdDbLayerTableRecord>();
+    EXPECT_TRUE(layer->isOff());
+    EXPECT_FALSE(drawing.isUndoRecordOpen());
+    EXPECT_EQ("HALF", core.documents().curDocument()->undoNames().undoName().toStdString());
+    EXPECT_EQ("", run("U"));
+    EXPECT_FALSE(layer->isOff());
+    EXPECT_EQ("There is nothing to undo.", run("U"));
+}
+
+TEST_F(Commands, UndoGoesBackToMarks)
+{
+    open(TestDrawing().add({.name = "A"}));
+    for (const char* line :
+         {"CLAYER A", "UNDO Mark", "LWDISPLAY 1", "UNDO M", "LTSCALE 3", "LTSCALE 4"})
+        EXPECT_EQ("", run(line)) << line;
+    EXPECT_EQ("2", variable("UNDOMARKS"));
+    EXPECT_EQ("", run("UNDO Back"));
+    EXPECT_EQ("1", variable("LTSCALE"));
+    EXPECT_EQ("1", variable("LWDISPLAY"));
+    EXPECT_EQ("", run("UNDO _B"));
+    EXPECT_EQ("0", variable("LWDISPLAY"));
+    EXPECT_EQ("A", variable("CLAYER"));
+    EXPECT_EQ("0", variable("UNDOMARKS"));
+    EXPECT_EQ("There is no mark to go back to.", run("UNDO Back"));
+    EXPECT_EQ("A", variable("CLAYER"));
+    EXPECT_EQ("", run("UNDO Back Yes"));
+    EXPECT_EQ("0", variable("CLAYER"));
+}
+
+TEST_F(Commands, UndoneMarksAreGone)
+{
+    open(TestDrawing().add({.name = "A"}));
+    for (const char* line :
+         {"CLAYER A", "LWDISPLAY 1", "UNDO Mark", "UNDO 2", "LTSCALE 2", "LTSCALE 3", "LTSCALE 4"})
+        EXPECT_EQ("", run(line)) << line;
+    EXPECT_EQ("0", variable("UNDOMARKS"));
+}
+
+TEST_F(Commands, UndoCannotBeSwitchedOff)
+{
+    open(TestDrawing());
+    EXPECT_EQ("", run("UNDO Control All"));
+    EXPECT_EQ("All changes can be undone; that cannot be switched off.", run("UNDO C None"));
+    EXPECT_EQ("5", variable("UNDOCTL"));
+}
+
+TEST_F(Commands, AGroupIsOneStepNamedGroupAndUndoctlTellsItWhileCommandsRun)
+{
+    open(TestDrawing().add({.name = "A"}));
+    std::string control;
+    addCommand("PROBE", [&](OdEdCommandContext*) { control = variable("UNDOCTL"); });
+    EXPECT_EQ("", run("PROBE"));
+    EXPECT_EQ("5", control);
+    for (const char* line : {"UNDO BEgin", "CLAYER A", "LTSCALE 2", "PROBE", "UNDO End"})
+        EXPECT_EQ("", run(line)) << line;
+    EXPECT_EQ("13", control);
+    EXPECT_EQ("Group", core.documents().curDocument()->undoNames().undoName().toStdString());
+    EXPECT_EQ("", run("U"));
+    EXPECT_EQ("0", variable("CLAYER"));
+    EXPECT_EQ("1", variable("LTSCALE"));
+}

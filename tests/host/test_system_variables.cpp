@@ -1,11 +1,13 @@
 #include "database/HeaderVariables.h"
 #include "database/OdDbLayerTable.h"
+#include "host/application/HostView.h"
 #include "host/support/HostFixture.h"
 #include "host/sysvars/SysvarTable.h"
 #include "sdk/KestStatus.h"
 
 #include <QSet>
 #include <QSettings>
+#include <QSignalSpy>
 
 namespace {
 TestDrawing threeLayers()
@@ -16,6 +18,38 @@ TestDrawing threeLayers()
     drawing.add({.name = "ref|Door", .flags = 16});
     return drawing;
 }
+
+/// A view that stands still.
+class StillView : public HostView
+{
+public:
+    double pickReach() const override { return 1; }
+    double height() const override { return 12.5; }
+    Vec2 centre() const override { return {3, -4.25}; }
+    void showBox(const Box2&) override { }
+    void showAll(double) override { }
+    void centreOn(Vec2, double) override { }
+    bool showPrevious() override { return false; }
+    void setDragging(bool) override { }
+};
+
+/// Remembers which variables of the drawing were told to have changed.
+class HeaderListener : public OdDbDatabaseReactor
+{
+public:
+    explicit HeaderListener(OdDbDatabase& drawing)
+        : m_drawing(drawing)
+    {
+        m_drawing.addReactor(this);
+    }
+    ~HeaderListener() override { m_drawing.removeReactor(this); }
+    void headerSysVarChanged(const OdDbDatabase*, const QString& name) override { names << name; }
+
+    QStringList names;
+
+private:
+    OdDbDatabase& m_drawing;
+};
 } // namespace
 
 class SystemVariables : public HostFixture
@@ -57,7 +91,8 @@ TEST_F(SystemVariables, EveryRowOfTheTableIsFoundByItsNameAndNamesAreUnique)
         EXPECT_EQ(&row, findSysvar(name)) << row.name;
         EXPECT_EQ(&row, findSysvar(name.toLower())) << row.name;
         EXPECT_FALSE(names.contains(name)) << row.name;
-        EXPECT_TRUE(row.isText || (row.minimum <= row.fallback && row.fallback <= row.maximum))
+        EXPECT_TRUE(row.type == SysvarType::Text || row.type == SysvarType::Point
+                    || (row.minimum <= row.fallback && row.fallback <= row.maximum))
             << row.name;
         names.insert(name);
     }
@@ -97,7 +132,7 @@ TEST_F(SystemVariables, AValueOutOfRangeIsRefusedInWordsAndChangesNothing)
 TEST_F(SystemVariables, AValueOfTheOtherTypeIsRefused)
 {
     open(threeLayers());
-    EXPECT_EQ("LWUNITS takes an integer.", refusal("LWUNITS", QStringLiteral("1")));
+    EXPECT_EQ("LWUNITS takes an integer from 0 to 1.", refusal("LWUNITS", QStringLiteral("1")));
     EXPECT_EQ("CLAYER takes text.", refusal("CLAYER", 0));
     QString value;
     EXPECT_EQ(kest::kError, core.sysvars().getString(QStringLiteral("LWUNITS"), value));
@@ -279,4 +314,130 @@ TEST_F(SystemVariables, TextIsUnderstoodByTheVariablesType)
     } catch (const OdError& error) {
         EXPECT_STREQ("LWUNITS takes an integer from 0 to 1; \"mm\" is none.", error.what());
     }
+}
+
+TEST_F(SystemVariables, EveryVariableOfTheDrawingThatCanBeSetIsUndoneAndToldToListeners)
+{
+    OdDbDatabase& drawing = *open(threeLayers()).database();
+    const std::pair<const char*, const char*> values[] = {
+        {"CECOLOR", "red"},   {"CELTSCALE", "2.5"},   {"CELTYPE", "ByBlock"}, {"CELWEIGHT", "35"},
+        {"CLAYER", "Wall"},   {"CTAB", "Layout1"},    {"INSUNITS", "6"},      {"LAYEREVAL", "2"},
+        {"LTSCALE", "0.125"}, {"LWDISPLAY", "1"},     {"MEASUREMENT", "0"},   {"PSLTSCALE", "0"},
+        {"TEXTSIZE", "7"},    {"LAYERNOTIFY", "-12"}, {"TILEMODE", "0"},      {"VISRETAIN", "0"},
+    };
+    QStringList covered{QStringLiteral("CVPORT")}; // needs a viewport, see below
+    for (const auto& [name, value] : values) {
+        const QString variable = QLatin1String(name);
+        covered << variable;
+        const QString before = core.sysvars().text(variable);
+        HeaderListener listener(drawing);
+        drawing.startUndoRecord();
+        core.sysvars().setText(variable, QLatin1String(value));
+        EXPECT_EQ(value, core.sysvars().text(variable).toStdString()) << name;
+        EXPECT_TRUE(listener.names.contains(variable)) << name;
+        listener.names.clear();
+        EXPECT_TRUE(drawing.undo()) << name;
+        EXPECT_EQ(before.toStdString(), core.sysvars().text(variable).toStdString()) << name;
+        EXPECT_NE(before, QLatin1String(value)) << name;
+    }
+    for (const SysvarDefinition& row : sysvarTable()) {
+        const bool isKept = row.place == SysvarPlace::Drawing && !row.isReadOnly();
+        EXPECT_TRUE(!isKept || covered.contains(QLatin1String(row.name))) << row.name;
+    }
+}
+
+TEST_F(SystemVariables, VariablesOfTheDrawingAreSavedWithIt)
+{
+    open(threeLayers());
+    for (const char* line : {"CECOLOR 30", "CELTYPE bylayer", "CELWEIGHT -3", "LTSCALE 0.1",
+                             "TEXTSIZE 4", "LAYEREVAL 1", "LAYERNOTIFY -5", "INSUNITS 4"})
+        EXPECT_EQ("", run(line)) << line;
+    EXPECT_EQ("", run("SAVE"));
+    EXPECT_EQ("", run("CLOSE"));
+    EXPECT_EQ("", run(("OPEN " + path("plan.dxf").toUtf8()).constData()));
+    EXPECT_EQ("30", text("CECOLOR"));
+    EXPECT_EQ("ByLayer", text("CELTYPE"));
+    EXPECT_EQ(-3, number("CELWEIGHT"));
+    EXPECT_EQ("0.1", core.sysvars().text(QStringLiteral("LTSCALE")).toStdString());
+    EXPECT_EQ("4", core.sysvars().text(QStringLiteral("TEXTSIZE")).toStdString());
+    EXPECT_EQ(1, number("LAYEREVAL"));
+    EXPECT_EQ(-5, number("LAYERNOTIFY"));
+    EXPECT_EQ(4, number("INSUNITS"));
+}
+
+TEST_F(SystemVariables, RealsAreReadAndSetByModulesAndHaveARange)
+{
+    open(threeLayers());
+    EXPECT_EQ(kest::kNormal, core.sysvars().setReal(QStringLiteral("ltscale"), 0.5));
+    double value = 0;
+    EXPECT_EQ(kest::kNormal, core.sysvars().getReal(QStringLiteral("LTSCALE"), value));
+    EXPECT_EQ(0.5, value);
+    EXPECT_EQ(kest::kError, core.sysvars().setReal(QStringLiteral("LTSCALE"), 0));
+    EXPECT_EQ(kest::kError, core.sysvars().getReal(QStringLiteral("LWUNITS"), value));
+    EXPECT_EQ(kest::kError, core.sysvars().setReal(QStringLiteral("LWUNITS"), 1));
+    EXPECT_EQ("LTSCALE takes a number above 0, up to 1e+09; -1 is out of range.",
+              refusal("LTSCALE", -1.0));
+    EXPECT_EQ("LTSCALE takes a number above 0, up to 1e+09; \"wide\" is none.",
+              run("LTSCALE wide"));
+    EXPECT_NE("", run("LTSCALE nan"));
+    EXPECT_NE("", run("LTSCALE inf"));
+    EXPECT_EQ(0.5, std::get<double>(core.sysvars().value(QStringLiteral("LTSCALE"))));
+}
+
+TEST_F(SystemVariables, PropertiesOfNewObjectsAreCheckedAgainstTheDrawing)
+{
+    open(threeLayers());
+    EXPECT_EQ("ByLayer", text("CECOLOR"));
+    EXPECT_EQ("", refusal("CECOLOR", QStringLiteral("3")));
+    EXPECT_EQ("green", text("CECOLOR"));
+    EXPECT_EQ("", refusal("CECOLOR", QStringLiteral("byblock")));
+    EXPECT_EQ("ByBlock", text("CECOLOR"));
+    EXPECT_EQ("CECOLOR takes ByLayer, ByBlock, an index from 1 to 255 or a name from red to white; "
+              "\"1,2,3\" is none.",
+              refusal("CECOLOR", QStringLiteral("1,2,3")));
+    EXPECT_EQ("The drawing has no linetype \"wavy\".", refusal("CELTYPE", QStringLiteral("wavy")));
+    EXPECT_EQ("34 is no lineweight; the nearest one is 35.", refusal("CELWEIGHT", 34));
+}
+
+TEST_F(SystemVariables, TheViewIsKnownWhereThereIsOne)
+{
+    EXPECT_EQ("VIEWSIZE is known only while a drawing is shown in a window.", run("VIEWSIZE"));
+    StillView view;
+    frontEnd.shownView = &view;
+    EXPECT_EQ("3,-4.25,0", core.sysvars().text(QStringLiteral("VIEWCTR")).toStdString());
+    EXPECT_EQ("12.5", core.sysvars().text(QStringLiteral("VIEWSIZE")).toStdString());
+    EXPECT_EQ("VIEWCTR cannot be set.", run("VIEWCTR 0,0"));
+}
+
+TEST_F(SystemVariables, AChangeOfAUserVariableIsToldOnce)
+{
+    QSignalSpy told(&core.sysvars(), &HostSysvarManager::userVariableChanged);
+    EXPECT_EQ("", refusal("LAYLOCKFADECTL", 30));
+    EXPECT_EQ("", refusal("laylockfadectl", 30));
+    EXPECT_NE("", refusal("LAYLOCKFADECTL", 91));
+    ASSERT_EQ(1, told.size());
+    EXPECT_EQ(QStringLiteral("LAYLOCKFADECTL"), told[0][0].toString());
+}
+
+TEST_F(SystemVariables, DrawingsTellWhetherTheyHaveAFileAndMayBeWritten)
+{
+    EXPECT_EQ("", run("NEW"));
+    EXPECT_EQ(0, number("DWGTITLED"));
+    open(threeLayers());
+    EXPECT_EQ(1, number("DWGTITLED"));
+    EXPECT_EQ(1, number("WRITESTAT"));
+    core.documents().curDocument()->file().isReadOnly = true;
+    EXPECT_EQ(0, number("WRITESTAT"));
+}
+
+TEST_F(SystemVariables, AQuestionMarkListsWhatMatchesAPattern)
+{
+    open(threeLayers());
+    EXPECT_EQ("", run("SETVAR ? lw*"));
+    EXPECT_EQ((QStringList{QStringLiteral("LWDEFAULT = 25"), QStringLiteral("LWDISPLAY = 0"),
+                           QStringLiteral("LWUNITS = 1")}),
+              frontEnd.printed);
+    frontEnd.printed.clear();
+    EXPECT_EQ("", run("SETVAR ? X*"));
+    EXPECT_EQ(QStringList{QStringLiteral("No system variable matches \"X*\".")}, frontEnd.printed);
 }

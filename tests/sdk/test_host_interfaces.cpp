@@ -18,6 +18,8 @@ class SilentSysvars : public IKestSysvarManager
 public:
     int getInt(const QString&, int&) const override { return kest::kError; }
     int setInt(const QString&, int) override { return kest::kError; }
+    int getReal(const QString&, double&) const override { return kest::kError; }
+    int setReal(const QString&, double) override { return kest::kError; }
     int getString(const QString&, QString&) const override { return kest::kError; }
     int setString(const QString&, const QString&) override { return kest::kError; }
     int getId(const QString&, OdDbObjectId&) const override { return kest::kError; }
@@ -30,6 +32,11 @@ public:
     void print(const QString&) override { }
     int getInt(const QString&, int&) override { return kest::kCancel; }
     int getString(const QString&, QString&) override { return kest::kCancel; }
+    int getKeyword(const QString&, const QStringList&, int&) override { return kest::kError; }
+    int openDrawing(const QString&, std::unique_ptr<OdDbDatabase>&, QString&) override
+    {
+        return kest::kError;
+    }
 };
 
 class CountingServices : public IKestServicesManager

@@ -128,6 +128,8 @@ public:
         m_host.ints[name.toUpper()] = value;
         return kest::kNormal;
     }
+    int getReal(const QString&, double&) const override { return kest::kError; }
+    int setReal(const QString&, double) override { return kest::kError; }
     int getString(const QString& name, QString& value) const override
     {
         const QString key = name.toUpper();
@@ -206,6 +208,11 @@ public:
         return m_host.intStatus;
     }
     int getString(const QString&, QString&) override { return kest::kError; }
+    int getKeyword(const QString&, const QStringList&, int&) override { return kest::kError; }
+    int openDrawing(const QString&, std::unique_ptr<OdDbDatabase>&, QString&) override
+    {
+        return kest::kError;
+    }
 
 private:
     FakeHost& m_host;

@@ -17,6 +17,7 @@ HostCore::HostCore(HostFrontEnd& frontEnd, const QString& configFolder)
     , m_files(m_documents, m_sysvars)
     , m_recovery(configFolder)
 {
+    m_sysvars.setFrontEnd(frontEnd);
     m_commands.setFrontEnd(frontEnd);
     m_io.setFrontEnd(frontEnd);
     m_services.setFrontEnd(frontEnd);

@@ -8,6 +8,7 @@
 #include <optional>
 
 class HostDocument;
+class HostView;
 class OdDbDatabase;
 class QDateTime;
 struct SaveOptions;
@@ -57,6 +58,8 @@ public:
 
     /// A drawing was opened from, or saved to, that file.
     virtual void fileUsed(const QString& path) = 0;
+    /// The view of the current drawing, or null where no window shows one.
+    virtual HostView* view() { return nullptr; }
     virtual void regen(bool allViews) = 0;
     virtual void zoomExtents() = 0;
     /// Ends the program once the running command is over; all documents are closed.

@@ -19,6 +19,21 @@ CommandOutcome failed(const QString& sentence)
     return {CommandOutcome::Kind::Failed, sentence};
 }
 
+// The name without marks in front: an apostrophe calls a command while another runs, an underscore
+// asks for its English name. "-_NAME" and "_-NAME" are the same.
+QString withoutMarks(QString name)
+{
+    if (name.startsWith(kTransparentMark))
+        name.remove(0, 1);
+    if (odedRegCmds()->lookup(name))
+        return name;
+    if (name.startsWith(QLatin1String("-_")))
+        name.remove(1, 1);
+    else if (name.startsWith(QLatin1Char('_')))
+        name.remove(0, 1);
+    return name;
+}
+
 // An apostrophe alone proves nothing: an answer may begin with one.
 bool callsTransparentCommand(const QString& answer)
 {
@@ -27,8 +42,9 @@ bool callsTransparentCommand(const QString& answer)
     const QStringList words = CommandLine::parse(answer.mid(1)).words;
     if (words.isEmpty())
         return false;
-    const OdEdCommandPtr command = odedRegCmds()->lookup(words.first());
-    return findSysvar(words.first()) || (command && (command->flags() & OdEd::kTransparent));
+    const QString name = withoutMarks(words.first());
+    const OdEdCommandPtr command = odedRegCmds()->lookup(name);
+    return findSysvar(name) || (command && (command->flags() & OdEd::kTransparent));
 }
 
 QString shownName(const OdEdCommand& command)
@@ -59,9 +75,8 @@ CommandOutcome CommandProcessor::run(const QString& line)
 
 CommandOutcome CommandProcessor::runWords(QStringList words)
 {
-    QString name = words.takeFirst();
-    if (name.startsWith(kTransparentMark))
-        name.remove(0, 1);
+    const QString typed = words.takeFirst();
+    const QString name = withoutMarks(typed);
     OdEdCommandPtr command = odedRegCmds()->lookup(name);
     QString undoName = command ? command->globalName() : QString();
     if (const SysvarDefinition* variable = command ? nullptr : findSysvar(name)) {
@@ -70,7 +85,7 @@ CommandOutcome CommandProcessor::runWords(QStringList words)
         command = odedRegCmds()->lookup(QStringLiteral("SETVAR"));
     }
     if (!command)
-        return failed(HostText::tr("There is no command \"%1\".").arg(name));
+        return failed(HostText::tr("There is no command \"%1\".").arg(typed));
     if (isRunning() && !(command->flags() & OdEd::kTransparent)) {
         return failed(HostText::tr("%1 cannot run while another command is running.")
                           .arg(shownName(*command)));
@@ -86,6 +101,7 @@ CommandOutcome CommandProcessor::execute(const OdEdCommandPtr& command, const QS
     const auto leave = qScopeGuard([this] {
         m_state.pop();
         m_frames.pop_back();
+        m_isCancelling = m_isCancelling && isRunning();
     });
     HostDocument* document = m_documents.curDocument();
     const bool recordsUndo = document && m_frames.size() == 1 && !(command->flags() & kWithoutUndo);
@@ -118,6 +134,9 @@ CommandOutcome CommandProcessor::guardedCall(OdEdCommand& command)
     } catch (const std::exception& error) {
         return failed(HostText::tr("%1 failed: %2")
                           .arg(shownName(command), QString::fromLocal8Bit(error.what())));
+    } catch (...) {
+        // Modules may raise anything.
+        return failed(HostText::tr("%1 failed.").arg(shownName(command)));
     }
 }
 
@@ -148,21 +167,38 @@ bool CommandProcessor::takeWord(const QString& word)
     return true;
 }
 
+void CommandProcessor::dropAnswers()
+{
+    if (isRunning())
+        m_frames.back().answers.clear();
+}
+
 std::optional<QString> CommandProcessor::nextAnswer(const HostQuestion& question)
 {
+    if (m_isCancelling)
+        return std::nullopt;
     if (isRunning() && !m_frames.back().answers.isEmpty())
         return m_frames.back().answers.takeFirst();
-    while (const auto input = m_queue.take()) {
-        if (input->cancels) {
-            // What follows the marker is a command of its own.
-            if (!input->text.isEmpty())
-                m_queue.putBack({input->text, false});
+    for (;;) {
+        if (const auto input = m_queue.take()) {
+            if (!input->cancels)
+                return input->text;
+            cancelRunning(*input);
             return std::nullopt;
         }
-        if (!input->text.isEmpty())
-            return input->text;
+        std::optional<QString> answer = answerFromUser(question);
+        // A string that was queued meanwhile took the question back, to answer or to cancel it.
+        if (answer || m_queue.isEmpty())
+            return answer;
     }
-    return answerFromUser(question);
+}
+
+void CommandProcessor::cancelRunning(const CommandQueue::Input& input)
+{
+    m_isCancelling = isRunning();
+    // What follows the marker is a command of its own.
+    if (!input.text.isEmpty())
+        m_queue.putBack({input.text, false});
 }
 
 std::optional<QString> CommandProcessor::answerFromUser(const HostQuestion& question)

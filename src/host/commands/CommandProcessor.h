@@ -29,13 +29,16 @@ public:
     std::vector<CommandOutcome> drainQueue();
 
     /// The next answer of the running command: from its line, else from the queue, else from the
-    /// user. Null when it is cancelled, or when nobody can answer.
+    /// user. Null when it is cancelled, or when nobody can answer. A cancel in the queue cancels
+    /// all running commands, whatever they ask on their way out.
     std::optional<QString> nextAnswer(const HostQuestion& question);
     /// True when the rest of the line, or the queue, holds an answer.
     bool hasAnswer() const;
     /// Takes the next answer of the running command's own line if it is that word, whatever its
     /// case.
     bool takeWord(const QString& word);
+    /// Forgets what is left of the running command's line.
+    void dropAnswers();
     /// Makes the running command one that failed, for callers that cannot raise an error.
     void noteFailure(const QString& sentence);
 
@@ -55,6 +58,7 @@ private:
     CommandOutcome execute(const OdEdCommandPtr& command, const QStringList& answers,
                            const QString& undoName);
     CommandOutcome guardedCall(OdEdCommand& command);
+    void cancelRunning(const CommandQueue::Input& input);
     std::optional<QString> answerFromUser(const HostQuestion& question);
 
     CommandState& m_state;
@@ -62,5 +66,6 @@ private:
     HostDocManager& m_documents;
     HostFrontEnd* m_frontEnd = nullptr;
     std::vector<Frame> m_frames;
+    bool m_isCancelling = false; ///< until no command runs
     QString m_lastLine;
 };

@@ -19,8 +19,9 @@ QString HostCommandRun::answer(const HostQuestion& question) const
         return *answer;
     if (isInteractive())
         throw OdError(OdResult::Cancelled, HostText::tr("*Cancel*"));
-    throw OdError(OdResult::InvalidInput,
-                  HostText::tr("\"%1\" is asked, and the line holds no answer.").arg(question.prompt));
+    throw OdError(
+        OdResult::InvalidInput,
+        HostText::tr("\"%1\" is asked, and the line holds no answer.").arg(question.prompt));
 }
 
 QString HostCommandRun::answerOr(const HostQuestion& question, const QString& fallback) const
@@ -29,6 +30,42 @@ QString HostCommandRun::answerOr(const HostQuestion& question, const QString& fa
         return fallback;
     const QString given = answer(question).trimmed();
     return given.isEmpty() ? fallback : given;
+}
+
+void HostCommandRun::askAgain(const OdError& error) const
+{
+    const bool isAnswer = error.code() == OdResult::InvalidInput
+        || error.code() == OdResult::OutOfRange || error.code() == OdResult::KeyNotFound;
+    if (!isAnswer || !isInteractive())
+        throw;
+    m_core.commands().dropAnswers();
+    print(error.description());
+}
+
+std::optional<int> HostCommandRun::askKeyword(const KeywordQuestion& question) const
+{
+    const KeywordList keywords(question.words);
+    const auto none = question.fallback < 0 ? std::nullopt : std::optional(question.fallback);
+    if (!hasAnswer() && !isInteractive())
+        return none;
+    HostQuestion asks(
+        keywords.prompt(question.text, none ? keywords.words().value(*none) : QString()));
+    asks.keywords = keywords.words();
+    return asked(asks, [&](const QString& answer) -> std::optional<int> {
+        if (answer.trimmed().isEmpty())
+            return none;
+        const int index = keywords.find(answer).index;
+        if (index < 0)
+            throw OdError(OdResult::InvalidInput, keywords.complaint(answer));
+        return index;
+    });
+}
+
+bool HostCommandRun::yes(const QString& text, bool fallback) const
+{
+    static constexpr const char* kWords[] = {QT_TRANSLATE_NOOP("Host", "Yes"),
+                                             QT_TRANSLATE_NOOP("Host", "No")};
+    return askKeyword({text, kWords, fallback ? 0 : 1}) == 0;
 }
 
 bool HostCommandRun::hasAnswer() const
@@ -75,7 +112,9 @@ void HostCommand::undefine(bool)
 
 void registerHostCommands(HostCore& core)
 {
-    for (const auto table : {fileCommands(), undoCommands(), variableCommands(), viewCommands()}) {
+    for (const auto table :
+         {fileCommands(), layerCommands(), undoCommands(), variableCommands(), viewCommands()})
+    {
         for (const HostCommandDefinition& row : table)
             odedRegCmds()->addCommand(odrxCreate<HostCommand>(core, row));
     }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "database/OdError.h"
 #include "host/application/HostQuestion.h"
+#include "host/commands/KeywordList.h"
 #include "sdk/OdEdCommand.h"
 
 #include <optional>
@@ -8,6 +10,14 @@
 
 class HostCore;
 class HostDocument;
+
+/// A question that words answer.
+struct KeywordQuestion
+{
+    QString text; ///< without words and colon
+    std::span<const char* const> words; ///< English; see KeywordList
+    int fallback = -1; ///< the word that an empty answer stands for; -1: none
+};
 
 /// One run of a host command: what it works on and where its answers come from.
 class HostCommandRun
@@ -24,6 +34,25 @@ public:
     QString answer(const HostQuestion& question) const;
     /// The next answer; the fallback when it is empty, or when nobody can answer.
     QString answerOr(const HostQuestion& question, const QString& fallback) const;
+    /// The next answer as `read` understands it. Where `read` raises InvalidInput, OutOfRange or
+    /// KeyNotFound, a person is told and asked again, and what is left of the typed line is
+    /// dropped; a script's command fails.
+    template <class Read>
+    auto asked(const HostQuestion& question, Read read) const
+    {
+        for (;;) {
+            try {
+                return read(answer(question));
+            } catch (const OdError& error) {
+                askAgain(error);
+            }
+        }
+    }
+    /// The index of the word that is answered. The fallback, or nothing where there is none, when
+    /// the answer is empty or the line of a script holds no more.
+    std::optional<int> askKeyword(const KeywordQuestion& question) const;
+    /// A question with a default: Enter answers it, and so does the end of a script's line.
+    bool yes(const QString& text, bool fallback) const;
     bool hasAnswer() const;
     /// Takes the next word of the line if it is that one.
     bool takeWord(const QString& word) const;
@@ -33,6 +62,8 @@ public:
     void tell(const QString& text) const;
 
 private:
+    void askAgain(const OdError& error) const;
+
     HostCore& m_core;
 };
 
@@ -64,6 +95,7 @@ private:
 };
 
 std::span<const HostCommandDefinition> fileCommands();
+std::span<const HostCommandDefinition> layerCommands();
 std::span<const HostCommandDefinition> undoCommands();
 std::span<const HostCommandDefinition> variableCommands();
 std::span<const HostCommandDefinition> viewCommands();

@@ -1,7 +1,9 @@
 #include "host/commands/HostIoManager.h"
 
+#include "database/OdDbDatabase.h"
 #include "host/application/HostFrontEnd.h"
 #include "host/commands/CommandProcessor.h"
+#include "host/commands/KeywordList.h"
 #include "host/text/HostText.h"
 #include "sdk/KestStatus.h"
 
@@ -11,14 +13,14 @@ void HostIoManager::print(const QString& line)
         m_frontEnd->print(line);
 }
 
-int HostIoManager::getString(const QString& prompt, QString& value)
+int HostIoManager::textOf(const HostQuestion& question, QString& value)
 {
-    const std::optional<QString> answer = m_commands.nextAnswer(prompt);
+    const std::optional<QString> answer = m_commands.nextAnswer(question);
     if (!answer) {
         // In a script the answer is missing: that must not pass for a command that went well.
         if (m_frontEnd && !m_frontEnd->isInteractive())
-            m_commands.noteFailure(
-                HostText::tr("\"%1\" is asked, and the line holds no answer.").arg(prompt));
+            m_commands.noteFailure(HostText::tr("\"%1\" is asked, and the line holds no answer.")
+                                       .arg(question.prompt));
         return kest::kCancel;
     }
     if (answer->isEmpty())
@@ -27,11 +29,27 @@ int HostIoManager::getString(const QString& prompt, QString& value)
     return kest::kNormal;
 }
 
+bool HostIoManager::mayAskAgain(const QString& sentence)
+{
+    if (!m_frontEnd || !m_frontEnd->isInteractive()) {
+        m_commands.noteFailure(sentence);
+        return false;
+    }
+    m_commands.dropAnswers();
+    print(sentence);
+    return true;
+}
+
+int HostIoManager::getString(const QString& prompt, QString& value)
+{
+    return textOf(prompt, value);
+}
+
 int HostIoManager::getInt(const QString& prompt, int& value)
 {
     QString text;
     for (;;) {
-        const int status = getString(prompt, text);
+        const int status = textOf(prompt, text);
         if (status != kest::kNormal)
             return status;
         bool isNumber = false;
@@ -40,11 +58,41 @@ int HostIoManager::getInt(const QString& prompt, int& value)
             value = number;
             return kest::kNormal;
         }
-        const QString sentence = HostText::tr("An integer is needed; \"%1\" is none.").arg(text);
-        if (!m_frontEnd || !m_frontEnd->isInteractive()) {
-            m_commands.noteFailure(sentence);
+        if (!mayAskAgain(HostText::tr("An integer is needed; \"%1\" is none.").arg(text)))
             return kest::kError;
+    }
+}
+
+int HostIoManager::getKeyword(const QString& prompt, const QStringList& words, int& index)
+{
+    const KeywordList keywords(words);
+    HostQuestion question(keywords.prompt(prompt));
+    question.keywords = words;
+    QString text;
+    for (;;) {
+        const int status = textOf(question, text);
+        if (status != kest::kNormal)
+            return status;
+        const KeywordList::Choice choice = keywords.find(text);
+        if (choice.index >= 0) {
+            index = choice.index;
+            return kest::kNormal;
         }
-        print(sentence);
+        if (!mayAskAgain(keywords.complaint(text)))
+            return kest::kError;
+    }
+}
+
+int HostIoManager::openDrawing(const QString& path, std::unique_ptr<OdDbDatabase>& drawing,
+                               QString& why)
+{
+    if (!m_frontEnd)
+        return kest::kError;
+    try {
+        drawing = m_frontEnd->readDrawingFile(path);
+        return kest::kNormal;
+    } catch (const OdError& error) {
+        why = error.description();
+        return error.code() == OdResult::Cancelled ? kest::kCancel : kest::kError;
     }
 }

@@ -4,6 +4,7 @@
 
 class CommandProcessor;
 class HostFrontEnd;
+struct HostQuestion;
 
 /// Text in and out of the command line, for modules.
 class HostIoManager : public IKestIOManager
@@ -15,12 +16,19 @@ public:
     void setFrontEnd(HostFrontEnd& frontEnd) { m_frontEnd = &frontEnd; }
 
     void print(const QString& line) override;
-    /// An answer that is no integer is asked for again; where nobody can answer the running command
-    /// fails.
+    /// An answer that is no integer, or no keyword, is asked for again; where nobody can answer the
+    /// running command fails.
     int getInt(const QString& prompt, int& value) override;
     int getString(const QString& prompt, QString& value) override;
+    int getKeyword(const QString& prompt, const QStringList& words, int& index) override;
+    int openDrawing(const QString& path, std::unique_ptr<OdDbDatabase>& drawing,
+                    QString& why) override;
 
 private:
+    int textOf(const HostQuestion& question, QString& value);
+    /// Tells that an answer is of no use: false where there is nobody to ask again.
+    bool mayAskAgain(const QString& sentence);
+
     CommandProcessor& m_commands;
     HostFrontEnd* m_frontEnd = nullptr;
 };

@@ -37,22 +37,76 @@ void steps(const HostCommandRun& run, int count, Step step, Name name)
                           : HostText::tr("There is nothing to redo."));
 }
 
-void undo(const HostCommandRun& run)
-{
-    HostDocument& document = run.document();
-    const QString answer =
-        run.answerOr(HostText::tr("Number of steps, or [Begin/End] <1>:"), QStringLiteral("1"));
-    if (answer.compare(QStringLiteral("Begin"), Qt::CaseInsensitive) == 0)
-        document.beginUndoGroup();
-    else if (answer.compare(QStringLiteral("End"), Qt::CaseInsensitive) == 0)
-        document.endUndoGroup();
-    else
-        steps(run, stepCount(answer), &HostDocument::undo, &UndoNames::undoName);
-}
-
 void undoOne(const HostCommandRun& run)
 {
     steps(run, 1, &HostDocument::undo, &UndoNames::undoName);
+}
+
+void begin(const HostCommandRun& run)
+{
+    run.document().beginUndoGroup();
+}
+
+void end(const HostCommandRun& run)
+{
+    run.document().endUndoGroup();
+}
+
+void mark(const HostCommandRun& run)
+{
+    run.document().setUndoMark();
+}
+
+void back(const HostCommandRun& run)
+{
+    HostDocument& document = run.document();
+    if (document.undoMarkCount() == 0
+        && !run.yes(HostText::tr("There is no mark. Undo everything?"), run.isInteractive()))
+        throw OdError(OdResult::NotApplicable, HostText::tr("There is no mark to go back to."));
+    const int count = document.undoToMark();
+    run.tell((count == 1 ? HostText::tr("%1 step undone.") : HostText::tr("%1 steps undone."))
+                 .arg(count));
+}
+
+void control(const HostCommandRun& run)
+{
+    static constexpr const char* kChoices[] = {QT_TRANSLATE_NOOP("Host", "All"),
+                                               QT_TRANSLATE_NOOP("Host", "None")};
+    if (run.askKeyword({HostText::tr("Changes that can be undone"), kChoices, 0}) != 0)
+        throw OdError(OdResult::NotApplicable,
+                      HostText::tr("All changes can be undone; that cannot be switched off."));
+    run.tell(HostText::tr("All changes can be undone."));
+}
+
+constexpr const char* kWords[] = {
+    QT_TRANSLATE_NOOP("Host", "BEgin"),   QT_TRANSLATE_NOOP("Host", "End"),
+    QT_TRANSLATE_NOOP("Host", "Mark"),    QT_TRANSLATE_NOOP("Host", "Back"),
+    QT_TRANSLATE_NOOP("Host", "Control"),
+};
+constexpr void (*kOptions[])(const HostCommandRun&) = {begin, end, mark, back, control};
+
+void undo(const HostCommandRun& run)
+{
+    run.document();
+    const KeywordList keywords(kWords);
+    HostQuestion question(
+        keywords.prompt(HostText::tr("Number of steps, or"), QStringLiteral("1")));
+    question.keywords = keywords.words();
+    if (!run.hasAnswer() && !run.isInteractive()) {
+        undoOne(run);
+        return;
+    }
+    // The word's index, or the number of steps below zero.
+    const int choice = run.asked(question, [&](const QString& answer) {
+        if (answer.trimmed().isEmpty())
+            return -1;
+        const int index = keywords.find(answer).index;
+        return index >= 0 ? index : -stepCount(answer);
+    });
+    if (choice >= 0)
+        kOptions[choice](run);
+    else
+        steps(run, -choice, &HostDocument::undo, &UndoNames::undoName);
 }
 
 void redo(const HostCommandRun& run)

@@ -1,3 +1,4 @@
+#include "base/WildcardPattern.h"
 #include "host/application/HostCore.h"
 #include "host/commands/HostCommand.h"
 #include "host/sysvars/SysvarTable.h"
@@ -7,7 +8,7 @@ namespace {
 QString valueText(const HostSysvarManager& sysvars, const SysvarDefinition& variable)
 {
     const QString text = sysvars.text(QLatin1String(variable.name));
-    return variable.isText ? QLatin1Char('"') + text + QLatin1Char('"') : text;
+    return variable.type == SysvarType::Text ? QLatin1Char('"') + text + QLatin1Char('"') : text;
 }
 
 QString line(const HostSysvarManager& sysvars, const SysvarDefinition& variable)
@@ -19,12 +20,23 @@ QString line(const HostSysvarManager& sysvars, const SysvarDefinition& variable)
     return text;
 }
 
-void listAll(const HostCommandRun& run)
+// Variables that cannot be read now, for want of a drawing or a window, are left out.
+void list(const HostCommandRun& run, const QString& text)
 {
+    const WildcardPattern pattern(text);
+    int listed = 0;
     for (const SysvarDefinition& variable : sysvarTable()) {
-        if (variable.place != SysvarPlace::Drawing || run.core().documents().curDocument())
+        if (!pattern.matches(QString::fromLatin1(variable.name)))
+            continue;
+        try {
             run.print(line(run.core().sysvars(), variable));
+            ++listed;
+        } catch (const OdError&) {
+            continue;
+        }
     }
+    if (listed == 0)
+        run.print(HostText::tr("No system variable matches \"%1\".").arg(text));
 }
 
 void setvar(const HostCommandRun& run)
@@ -32,7 +44,7 @@ void setvar(const HostCommandRun& run)
     HostSysvarManager& sysvars = run.core().sysvars();
     const QString name = run.answer(HostText::tr("Variable name, or ? for all:"));
     if (name == QLatin1String("?")) {
-        listAll(run);
+        list(run, run.answerOr(HostText::tr("Variables to list <*>:"), QStringLiteral("*")));
         return;
     }
     const SysvarDefinition* variable = findSysvar(name);
@@ -42,10 +54,12 @@ void setvar(const HostCommandRun& run)
         return;
     }
     const QString current = variable ? valueText(sysvars, *variable) : QString();
-    const QString answer =
-        run.answer(HostText::tr("New value for %1 <%2>:").arg(name.toUpper(), current));
-    if (!answer.isEmpty())
-        sysvars.setText(name, answer);
+    const QString prompt = HostText::tr("New value for %1 <%2>:").arg(name.toUpper(), current);
+    run.asked(prompt, [&](const QString& answer) {
+        if (!answer.isEmpty())
+            sysvars.setText(name, answer);
+        return true;
+    });
 }
 
 constexpr HostCommandDefinition kCommands[] = {

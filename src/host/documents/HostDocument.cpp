@@ -1,6 +1,7 @@
 #include "host/documents/HostDocument.h"
 
 #include "database/OdDbDatabase.h"
+#include "database/UndoJournal.h"
 #include "io/DrawingCodec.h"
 
 #include <QFileInfo>
@@ -70,6 +71,8 @@ bool HostDocument::undo()
     endUndoGroup();
     m_undoNames.undoName(); // settles the name of the record that is about to move
     const bool done = m_database->undo();
+    std::erase_if(m_undoMarks,
+                  [this](std::size_t mark) { return mark > m_database->journal().undoCount(); });
     emit fileStateChanged();
     return done;
 }
@@ -97,4 +100,22 @@ void HostDocument::endUndoGroup()
         return;
     m_groupOpen = false;
     m_database->endUndoRecord();
+}
+
+void HostDocument::setUndoMark()
+{
+    endUndoGroup();
+    m_undoMarks.push_back(m_database->journal().undoCount());
+}
+
+int HostDocument::undoToMark()
+{
+    endUndoGroup();
+    const std::size_t target = m_undoMarks.empty() ? 0 : m_undoMarks.back();
+    if (!m_undoMarks.empty())
+        m_undoMarks.pop_back();
+    int steps = 0;
+    while (m_database->journal().undoCount() > target && undo())
+        ++steps;
+    return steps;
 }

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 /// An open drawing: its database, its file, its undo history with command names.
 class HostDocument : public QObject, public KsApDocument
@@ -53,6 +54,13 @@ public:
     void beginUndoGroup();
     void endUndoGroup();
     bool isUndoGroupOpen() const { return m_groupOpen; }
+    /// A mark is a place in the history to go back to. It ends an open group, and is gone once
+    /// undo went behind it.
+    void setUndoMark();
+    int undoMarkCount() const { return static_cast<int>(m_undoMarks.size()); }
+    /// Steps back to the newest mark and takes it away; all the way without one. The number of
+    /// steps.
+    int undoToMark();
 
 signals:
     /// The file, or whether the drawing differs from it, may have changed.
@@ -67,4 +75,5 @@ private:
     DocumentFileState m_file;
     QSet<QString> m_marks;
     UndoNames m_undoNames;
+    std::vector<std::size_t> m_undoMarks; ///< number of records before each
 };

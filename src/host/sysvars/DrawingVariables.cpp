@@ -6,26 +6,19 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdDbLayout.h"
+#include "database/OdDbLinetypeTableRecord.h"
 #include "host/documents/HostDocument.h"
 #include "host/sysvars/DictionaryVariables.h"
+#include "host/sysvars/HeaderSysvars.h"
+#include "host/text/ColorText.h"
 #include "host/text/HostText.h"
+#include "host/text/LineweightText.h"
 
 #include <algorithm>
 
 namespace {
-constexpr int kInteger16 = 70; // group code of small header integers
-constexpr int kBoolean = 290;
-
-int flag(const SysvarContext& context, const char* name, int fallback)
-{
-    return context.drawing().header().intValue(QLatin1String(name), fallback) != 0 ? 1 : 0;
-}
-
-void setFlag(const SysvarContext& context, const char* name, int code, const SysvarValue& value)
-{
-    context.drawing().setHeaderVariable(QLatin1String(name), code,
-                                        QString::number(std::get<int>(value)));
-}
+constexpr QLatin1String kCecolor("$CECOLOR");
+constexpr int kByLayerIndex = 256;
 
 [[noreturn]] void refuse(const QString& sentence, OdResult code = OdResult::NotApplicable)
 {
@@ -61,34 +54,34 @@ OdDbDatabase& SysvarContext::drawing() const
 
 namespace drawing_variables {
 
-SysvarValue clayer(const SysvarContext& context)
+SysvarValue clayer(const SysvarContext& context, const SysvarDefinition&)
 {
     const auto layer = context.drawing().getCLAYER().openObject<OdDbLayerTableRecord>();
     return layer ? layer->getName() : QString();
 }
 
-void setClayer(const SysvarContext& context, const SysvarValue& value)
+void setClayer(const SysvarContext& context, const SysvarDefinition&, const SysvarValue& value)
 {
     OdDbDatabase& drawing = context.drawing();
     drawing.setCLAYER(layerToMakeCurrent(drawing, std::get<QString>(value)));
 }
 
-SysvarValue ctab(const SysvarContext& context)
+SysvarValue ctab(const SysvarContext& context, const SysvarDefinition&)
 {
     return context.drawing().getCTAB();
 }
 
-void setCtab(const SysvarContext& context, const SysvarValue& value)
+void setCtab(const SysvarContext& context, const SysvarDefinition&, const SysvarValue& value)
 {
     context.drawing().setCTAB(std::get<QString>(value));
 }
 
-SysvarValue cvport(const SysvarContext& context)
+SysvarValue cvport(const SysvarContext& context, const SysvarDefinition&)
 {
     return context.drawing().getCVPORT();
 }
 
-void setCvport(const SysvarContext& context, const SysvarValue& value)
+void setCvport(const SysvarContext& context, const SysvarDefinition&, const SysvarValue& value)
 {
     OdDbDatabase& drawing = context.drawing();
     const int number = std::get<int>(value);
@@ -106,42 +99,17 @@ void setCvport(const SysvarContext& context, const SysvarValue& value)
     drawing.setActiveViewport(*found);
 }
 
-SysvarValue tilemode(const SysvarContext& context)
+SysvarValue tilemode(const SysvarContext& context, const SysvarDefinition&)
 {
     return context.drawing().getTILEMODE() ? 1 : 0;
 }
 
-void setTilemode(const SysvarContext& context, const SysvarValue& value)
+void setTilemode(const SysvarContext& context, const SysvarDefinition&, const SysvarValue& value)
 {
     context.drawing().setTILEMODE(std::get<int>(value) != 0);
 }
 
-SysvarValue lwdisplay(const SysvarContext& context)
-{
-    return flag(context, "$LWDISPLAY", 0);
-}
-
-void setLwdisplay(const SysvarContext& context, const SysvarValue& value)
-{
-    setFlag(context, "$LWDISPLAY", kBoolean, value);
-}
-
-SysvarValue visretain(const SysvarContext& context)
-{
-    return flag(context, "$VISRETAIN", 1);
-}
-
-void setVisretain(const SysvarContext& context, const SysvarValue& value)
-{
-    setFlag(context, "$VISRETAIN", kInteger16, value);
-}
-
-SysvarValue pstylemode(const SysvarContext& context)
-{
-    return flag(context, "$PSTYLEMODE", 1);
-}
-
-SysvarValue vplayeroverrides(const SysvarContext& context)
+SysvarValue vplayeroverrides(const SysvarContext& context, const SysvarDefinition&)
 {
     const OdDbDatabase& drawing = context.drawing();
     const OdDbObjectId viewport = drawing.activeViewportId();
@@ -155,24 +123,66 @@ SysvarValue vplayeroverrides(const SysvarContext& context)
     return any ? 1 : 0;
 }
 
-SysvarValue layereval(const SysvarContext& context)
+SysvarValue dictionaryInteger(const SysvarContext& context, const SysvarDefinition& row)
 {
-    return dictionaryVariable(context.drawing(), QStringLiteral("LAYEREVAL"), 0);
+    return dictionaryVariable(context.drawing(), QLatin1String(row.name),
+                              static_cast<int>(row.fallback));
 }
 
-void setLayereval(const SysvarContext& context, const SysvarValue& value)
+void setDictionaryInteger(const SysvarContext& context, const SysvarDefinition& row,
+                          const SysvarValue& value)
 {
-    setDictionaryVariable(context.drawing(), QStringLiteral("LAYEREVAL"), std::get<int>(value));
+    setDictionaryVariable(context.drawing(), QLatin1String(row.name), std::get<int>(value));
 }
 
-SysvarValue layernotify(const SysvarContext& context)
+SysvarValue cecolor(const SysvarContext& context, const SysvarDefinition&)
 {
-    return dictionaryVariable(context.drawing(), QStringLiteral("LAYERNOTIFY"), 0);
+    const int index = context.drawing().header().intValue(kCecolor, kByLayerIndex);
+    return OdCmColor::fromIndex(index).colorNameForDisplay();
 }
 
-void setLayernotify(const SysvarContext& context, const SysvarValue& value)
+void setCecolor(const SysvarContext& context, const SysvarDefinition& row, const SysvarValue& value)
 {
-    setDictionaryVariable(context.drawing(), QStringLiteral("LAYERNOTIFY"), std::get<int>(value));
+    const QString& text = std::get<QString>(value);
+    const auto is = [&](const char* word) {
+        return text.compare(QLatin1String(word), Qt::CaseInsensitive) == 0;
+    };
+    int index = is("ByBlock") ? 0 : kByLayerIndex;
+    if (!is("ByLayer") && !is("ByBlock")) {
+        const auto color = colorFromText(text);
+        // The header has no place for a true colour.
+        if (!color || color->colorMethod() != OdCmColor::kByACI)
+            refuse(HostText::tr("%1 takes ByLayer, ByBlock, an index from 1 to 255 or a name from "
+                                "red to white; \"%2\" is none.")
+                       .arg(QLatin1String(row.name), text),
+                   OdResult::InvalidInput);
+        index = color->colorIndex();
+    }
+    context.drawing().setHeaderVariable(kCecolor, row.code, QString::number(index));
+}
+
+void setCeltype(const SysvarContext& context, const SysvarDefinition& row, const SysvarValue& value)
+{
+    const auto id =
+        context.drawing().table(OdDbTableKind::Linetype).getAt(std::get<QString>(value));
+    const auto linetype = id.openObject<OdDbLinetypeTableRecord>();
+    if (!linetype)
+        refuse(HostText::tr("The drawing has no linetype \"%1\".").arg(std::get<QString>(value)),
+               OdResult::KeyNotFound);
+    header_variables::set(context, row, linetype->getName());
+}
+
+void setCelweight(const SysvarContext& context, const SysvarDefinition& row,
+                  const SysvarValue& value)
+{
+    const int weight = std::get<int>(value);
+    const auto valid = validLineweights();
+    if (weight >= 0 && std::find(valid.begin(), valid.end(), weight) == valid.end())
+        refuse(HostText::tr("%1 is no lineweight; the nearest one is %2.")
+                   .arg(weight)
+                   .arg(*lineweightFromText(QString::number(weight / 100.0), true)),
+               OdResult::InvalidInput);
+    header_variables::set(context, row, value);
 }
 
 } // namespace drawing_variables

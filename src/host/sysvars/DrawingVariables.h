@@ -6,22 +6,25 @@
 /// when no drawing is open; setters raise OdError with a sentence that says what is refused and
 /// why.
 namespace drawing_variables {
-SysvarValue clayer(const SysvarContext& context);
-void setClayer(const SysvarContext& context, const SysvarValue& value);
-SysvarValue ctab(const SysvarContext& context);
-void setCtab(const SysvarContext& context, const SysvarValue& value);
-SysvarValue cvport(const SysvarContext& context);
-void setCvport(const SysvarContext& context, const SysvarValue& value);
-SysvarValue tilemode(const SysvarContext& context);
-void setTilemode(const SysvarContext& context, const SysvarValue& value);
-SysvarValue lwdisplay(const SysvarContext& context);
-void setLwdisplay(const SysvarContext& context, const SysvarValue& value);
-SysvarValue visretain(const SysvarContext& context);
-void setVisretain(const SysvarContext& context, const SysvarValue& value);
-SysvarValue pstylemode(const SysvarContext& context);
-SysvarValue vplayeroverrides(const SysvarContext& context);
-SysvarValue layereval(const SysvarContext& context);
-void setLayereval(const SysvarContext& context, const SysvarValue& value);
-SysvarValue layernotify(const SysvarContext& context);
-void setLayernotify(const SysvarContext& context, const SysvarValue& value);
+SysvarValue clayer(const SysvarContext& context, const SysvarDefinition&);
+void setClayer(const SysvarContext& context, const SysvarDefinition&, const SysvarValue& value);
+SysvarValue ctab(const SysvarContext& context, const SysvarDefinition&);
+void setCtab(const SysvarContext& context, const SysvarDefinition&, const SysvarValue& value);
+SysvarValue cvport(const SysvarContext& context, const SysvarDefinition&);
+void setCvport(const SysvarContext& context, const SysvarDefinition&, const SysvarValue& value);
+SysvarValue tilemode(const SysvarContext& context, const SysvarDefinition&);
+void setTilemode(const SysvarContext& context, const SysvarDefinition&, const SysvarValue& value);
+SysvarValue vplayeroverrides(const SysvarContext& context, const SysvarDefinition&);
+/// Variables in the drawing's dictionary of variables.
+SysvarValue dictionaryInteger(const SysvarContext& context, const SysvarDefinition&);
+void setDictionaryInteger(const SysvarContext& context, const SysvarDefinition&,
+                          const SysvarValue& value);
+/// The properties that new objects get. Colours and linetypes are texts as they are typed:
+/// "ByLayer", "red", "30".
+SysvarValue cecolor(const SysvarContext& context, const SysvarDefinition&);
+void setCecolor(const SysvarContext& context, const SysvarDefinition&, const SysvarValue& value);
+void setCeltype(const SysvarContext& context, const SysvarDefinition& row,
+                const SysvarValue& value);
+void setCelweight(const SysvarContext& context, const SysvarDefinition& row,
+                  const SysvarValue& value);
 } // namespace drawing_variables

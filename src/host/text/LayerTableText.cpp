@@ -1,5 +1,6 @@
 #include "host/text/LayerTableText.h"
 
+#include "base/WildcardPattern.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
@@ -87,7 +88,8 @@ QString countText(int total, int hidden)
 }
 } // namespace
 
-QString layerTableText(const OdDbDatabase& database, bool millimetres)
+QString layerTableText(const OdDbDatabase& database, bool millimetres,
+                       const WildcardPattern* pattern)
 {
     QStringList titles;
     for (const Column& column : kColumns)
@@ -100,7 +102,7 @@ QString layerTableText(const OdDbDatabase& database, bool millimetres)
     int hidden = 0;
     for (const OdDbObjectId id : layersByName(database)) {
         const auto layer = id.openObject<OdDbLayerTableRecord>();
-        if (!layer)
+        if (!layer || (pattern && !pattern->matches(layer->getName())))
             continue;
         ++total;
         if (layer->getName().startsWith(QLatin1Char('*'))) {

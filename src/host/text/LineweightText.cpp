@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -19,6 +20,28 @@ int nearestValid(int weight)
 std::span<const int> validLineweights()
 {
     return kWeights;
+}
+
+std::optional<int> lineweightFromText(const QString& typed, bool millimetres)
+{
+    QString text = typed.trimmed();
+    if (text.compare(QLatin1String("Default"), Qt::CaseInsensitive) == 0)
+        return -3;
+    bool isMillimetres = millimetres;
+    if (text.endsWith(QLatin1String("mm"), Qt::CaseInsensitive)) {
+        text.chop(2);
+        isMillimetres = true;
+    } else if (text.endsWith(QLatin1Char('"'))) {
+        text.chop(1);
+        isMillimetres = false;
+    }
+    bool isNumber = false;
+    const double width = text.trimmed().toDouble(&isNumber) * (isMillimetres ? 100 : 2540);
+    // The widest one, 0.083 inches as text, is a little less than that.
+    constexpr double kTolerance = 0.5;
+    if (!isNumber || !(width >= 0) || width > kWeights.back() + kTolerance)
+        return std::nullopt;
+    return nearestValid(static_cast<int>(std::lround(width)));
 }
 
 QString lineweightText(int weight, bool millimetres)

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <span>
 
 /// Lineweights that drawings may hold, in hundredths of a millimetre, ascending; the named negative
@@ -12,3 +13,8 @@ std::span<const int> validLineweights();
 /// "Default", "ByBlock" and "ByLayer" for -3, -2 and -1. A weight that is not valid shows as the
 /// nearest valid one, the thinner of two that are as near.
 QString lineweightText(int weight, bool millimetres);
+
+/// The lineweight of a typed text: "0.25", with or without "mm", in inches with or without a quote;
+/// "Default". A width between two valid ones is the nearest, the thinner of two that are as near.
+/// Nothing for other texts, and for widths below zero or above the widest one.
+std::optional<int> lineweightFromText(const QString& text, bool millimetres);

@@ -185,18 +185,9 @@ void CMainWindow::drainQueue()
 
 void CMainWindow::queuedWhileAsking()
 {
-    if (!m_commandLine->isAsking())
-        return;
-    const auto input = m_core.queue().take();
-    if (!input)
-        return;
-    if (!input->cancels) {
-        m_commandLine->answer(input->text);
-        return;
-    }
-    if (!input->text.isEmpty())
-        m_core.queue().putBack({input->text, false});
-    m_commandLine->answer(std::nullopt);
+    // The question ends without an answer of its own: the command finds that in the queue.
+    if (m_commandLine->isAsking())
+        m_commandLine->answer(std::nullopt);
 }
 
 void CMainWindow::report(const CommandOutcome& outcome)

@@ -31,11 +31,13 @@ public:
     void notify(const QString& sentence) override { notices << sentence; }
     void showStatus(const QString& sentence) override { status = sentence; }
     void fileUsed(const QString& path) override { used << path; }
+    HostView* view() override { return shownView; }
     void regen(bool allViews) override { calls.emplace_back(allViews ? "regen all" : "regen"); }
     void zoomExtents() override { calls.emplace_back("zoom extents"); }
     void quit() override { calls.emplace_back("quit"); }
 
     bool interactive = false;
+    HostView* shownView = nullptr;
     std::deque<std::optional<QString>> answers;
     QString chosenFile;
     CloseAnswer closeAnswer = CloseAnswer::Cancel;

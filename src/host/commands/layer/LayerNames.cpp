@@ -1,0 +1,36 @@
+#include "host/commands/layer/LayerNames.h"
+
+#include "database/OdError.h"
+#include "host/text/HostText.h"
+
+#include <algorithm>
+
+namespace {
+constexpr int kLongest = 254;
+constexpr char kForbidden[] = "<>/\":;?*|,=`\\";
+
+bool isControl(QChar character)
+{
+    return character.category() == QChar::Other_Control;
+}
+} // namespace
+
+void requireLayerName(const QString& name)
+{
+    const auto refuse = [](const QString& sentence) {
+        throw OdError(OdResult::InvalidInput, sentence);
+    };
+    if (name.isEmpty())
+        refuse(HostText::tr("A name is needed."));
+    if (name.size() > kLongest)
+        refuse(HostText::tr("A layer's name has at most %1 characters; this one has %2.")
+                   .arg(kLongest)
+                   .arg(name.size()));
+    if (std::any_of(name.begin(), name.end(), isControl))
+        refuse(HostText::tr("A layer's name holds no control characters."));
+    for (const char forbidden : QLatin1String(kForbidden)) {
+        if (name.contains(QLatin1Char(forbidden)))
+            refuse(HostText::tr("\"%1\" cannot be a layer's name: none of %2 may be in it.")
+                       .arg(name, QLatin1String(kForbidden)));
+    }
+}
