@@ -43,6 +43,8 @@ class CountingServices : public IKestServicesManager
 {
 public:
     QString lineWeightText(int) const override { return {}; }
+    QByteArray userState(const QString&) const override { return {}; }
+    void setUserState(const QString&, const QByteArray&) override { }
     void refreshView() override { ++refreshes; }
     int refreshes = 0;
 };
