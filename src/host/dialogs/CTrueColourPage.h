@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+class QLineEdit;
+class QSpinBox;
+
+/// Fields for a colour in red, green and blue, in hue, saturation and lightness, and as hexadecimal
+/// number. Each follows the others.
+class CTrueColourPage : public QWidget
+{
+    Q_OBJECT
+public:
+    /// Ids of the fields, in the order of the page.
+    enum Field { Red, Green, Blue, Hue, Saturation, Lightness, FieldCount };
+
+    explicit CTrueColourPage(QWidget* parent);
+
+    /// Shows the colour without telling about it.
+    void setColour(const QColor& colour);
+    QSpinBox* field(Field id) const { return m_fields[id]; }
+    QLineEdit* hexEdit() const { return m_hex; }
+
+signals:
+    void picked(const QColor& colour);
+
+private:
+    void edited(Field id);
+    void hexEdited(const QString& text);
+    void show(const QColor& colour, bool withHueFields, bool withHex);
+
+    QSpinBox* m_fields[FieldCount] = {};
+    QLineEdit* m_hex;
+};
