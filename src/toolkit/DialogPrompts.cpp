@@ -1,9 +1,11 @@
 #include "toolkit/DialogPrompts.h"
 
 #include "toolkit/CXTPTaskDialog.h"
+#include "toolkit/MessageSign.h"
 
 #include <QFileDialog>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QRegularExpression>
 
@@ -20,6 +22,26 @@ QMessageBox::Icon boxIcon(Prompts::Icon icon)
         break;
     }
     return QMessageBox::Critical;
+}
+
+MessageSign signOf(Prompts::Icon icon)
+{
+    switch (icon) {
+    case Prompts::Icon::Information:
+        return MessageSign::Information;
+    case Prompts::Icon::Warning:
+        return MessageSign::Warning;
+    case Prompts::Icon::Error:
+        break;
+    }
+    return MessageSign::Error;
+}
+
+/// The box keeps its kind, which assistive programs are told; only the picture is another.
+void draw(QMessageBox& box, MessageSign sign)
+{
+    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label")))
+        label->setPixmap(messageSign(sign, box));
 }
 
 /// Layer names may hold what looks like mark-up, so the text is always taken as it stands.
@@ -68,6 +90,7 @@ void DialogPrompts::message(QWidget* parent, const QString& text, Icon icon)
     QMessageBox box(parent);
     prepare(box, text);
     box.setIcon(boxIcon(icon));
+    draw(box, signOf(icon));
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
 }
@@ -77,6 +100,7 @@ bool DialogPrompts::confirm(QWidget* parent, const QString& text)
     QMessageBox box(parent);
     prepare(box, text);
     box.setIcon(QMessageBox::Question);
+    draw(box, MessageSign::Question);
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);

@@ -115,6 +115,18 @@ void TestWindowPictures::messageBox()
     expectPicture(name("message_box"));
     prompts.confirm(nullptr, QStringLiteral("OverWrite Selected Layer State?"));
     QVERIFY(m_agreed);
+    using Icon = Prompts::Icon;
+    const std::pair<const char*, Icon> kinds[] = {{"message_box_information", Icon::Information},
+                                                  {"message_box_warning", Icon::Warning},
+                                                  {"message_box_error", Icon::Error}};
+    for (const auto& [picture, icon] : kinds) {
+        expectPicture(name(picture));
+        prompts.message(nullptr,
+                        QStringLiteral("Cannot freeze current layer. Specify a different "
+                                       "layer"),
+                        icon);
+        QVERIFY(m_agreed);
+    }
 }
 
 QTEST_MAIN(TestWindowPictures)

@@ -1,6 +1,7 @@
 #include "host/dialogs/CColourDialog.h"
 
 #include "host/dialogs/CColourGrid.h"
+#include "host/dialogs/CColourPlane.h"
 #include "host/dialogs/CColourSwatch.h"
 #include "host/dialogs/CTrueColourPage.h"
 #include "host/dialogs/ColourValues.h"
@@ -54,12 +55,12 @@ CColourDialog::CColourDialog(const ColourQuestion& question, QWidget* parent)
     , m_value(question.start)
 {
     setModal(true);
-    setWindowTitle(question.title.isEmpty() ? tr("Select Colour") : question.title);
+    setWindowTitle(question.title.isEmpty() ? tr("Select Color") : question.title);
     auto* layout = new QVBoxLayout(this);
     m_tabs = new QTabWidget(this);
     registerControl(this, Tabs, m_tabs);
-    m_tabs->addTab(makeIndexPage(), tr("&Index Colour"));
-    m_tabs->addTab(makeTrueColourPage(), tr("&True Colour"));
+    m_tabs->addTab(makeIndexPage(), tr("&Index Color"));
+    m_tabs->addTab(makeTrueColourPage(), tr("&True Color"));
     layout->addWidget(m_tabs);
     layout->addLayout(makeFoot());
     m_problem = new QLabel(this);
@@ -100,14 +101,14 @@ QWidget* CColourDialog::makeIndexPage()
 {
     auto* page = new QWidget(m_tabs);
     auto* layout = new QVBoxLayout(page);
-    addGrid(*layout, LargeGrid, tr("Colours 10 to 249"), kHues, largeBlock());
+    addGrid(*layout, LargeGrid, tr("Colors 10 to 249"), kHues, largeBlock());
     m_pointed = new QLabel(page);
     m_pointed->setObjectName(QStringLiteral("pointedColour"));
     layout->addWidget(m_pointed);
     auto* row = new QHBoxLayout;
     auto* small = new QVBoxLayout;
-    addGrid(*small, StandardGrid, tr("Standard colours 1 to 9"), 9, fromTo(1, 9));
-    addGrid(*small, GreyGrid, tr("Greys 250 to 255"), 6, fromTo(250, 255));
+    addGrid(*small, StandardGrid, tr("Standard colors 1 to 9"), 9, fromTo(1, 9));
+    addGrid(*small, GreyGrid, tr("Grays 250 to 255"), 6, fromTo(250, 255));
     row->addLayout(small);
     row->addStretch();
     row->addLayout(makeNamedButtons());
@@ -143,6 +144,7 @@ QWidget* CColourDialog::makeTrueColourPage()
         registerControl(this, FirstField + id,
                         m_truePage->field(static_cast<CTrueColourPage::Field>(id)));
     registerControl(this, HexEdit, m_truePage->hexEdit());
+    registerControl(this, Plane, m_truePage->plane());
     connect(m_truePage, &CTrueColourPage::picked, this, [this](const QColor& colour) {
         set({Kind::TrueColour, 0, colour.rgb() & 0xFFFFFFu, {}}, m_truePage);
     });
@@ -153,9 +155,9 @@ QLayout* CColourDialog::makeFoot()
 {
     auto* row = new QHBoxLayout;
     auto* column = new QVBoxLayout;
-    auto* label = new QLabel(tr("&Colour:"), this);
+    auto* label = new QLabel(tr("&Color:"), this);
     m_text = new QLineEdit(this);
-    m_text->setAccessibleName(tr("Colour"));
+    m_text->setAccessibleName(tr("Color"));
     m_text->setPlaceholderText(tr("number, name or r,g,b"));
     m_text->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
     label->setBuddy(m_text);
@@ -197,7 +199,7 @@ void CColourDialog::typed(const QString& text)
 void CColourDialog::showPointed(int index)
 {
     if (index == 0)
-        return m_pointed->setText(tr("Index colours 10 to 249, standard colours and greys"));
+        return m_pointed->setText(tr("Index colors 10 to 249, standard colors and grays"));
     const ColourValue value{Kind::Index, index, 0, {}};
     const QColor colour = colour_values::shown(value, m_question.isOnDark);
     m_pointed->setText(tr("Index %1: red %2, green %3, blue %4")
@@ -217,7 +219,7 @@ void CColourDialog::accept()
 {
     // A text that stands for no colour must not end the dialog with the colour before it.
     if (!m_isTextGood) {
-        showProblem(tr("\"%1\" is no colour. Type a number from 1 to 255, a name such as red, or "
+        showProblem(tr("\"%1\" is no color. Type a number from 1 to 255, a name such as red, or "
                        "red, green and blue as 255,127,0.")
                         .arg(m_text->text()));
         m_text->setFocus();

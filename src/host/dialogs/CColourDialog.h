@@ -32,6 +32,7 @@ public:
         Tabs = 3008,
         HexEdit = 3009,
         FirstField = 3010, ///< the fields of CTrueColourPage from here on
+        Plane = 3020,
     };
 
     CColourDialog(const ColourQuestion& question, QWidget* parent);

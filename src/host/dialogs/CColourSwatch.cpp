@@ -16,7 +16,7 @@ CColourSwatch::CColourSwatch(const ColourValue& before, bool onDark, QWidget* pa
     , m_onDark(onDark)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setAccessibleName(tr("Old and new colour"));
+    setAccessibleName(tr("Old and new color"));
     describe();
 }
 

@@ -1,5 +1,7 @@
 #include "host/dialogs/CTrueColourPage.h"
 
+#include "host/dialogs/CColourPlane.h"
+
 #include <QColor>
 #include <QGridLayout>
 #include <QLabel>
@@ -7,6 +9,7 @@
 #include <QRegularExpressionValidator>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QVBoxLayout>
 
 namespace {
 struct FieldRow
@@ -43,9 +46,21 @@ void showQuietly(QSpinBox& field, int value)
 
 CTrueColourPage::CTrueColourPage(QWidget* parent)
     : QWidget(parent)
+    , m_plane(new CColourPlane(this))
     , m_hex(new QLineEdit(this))
 {
-    auto* grid = new QGridLayout(this);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(m_plane);
+    auto* grid = new QGridLayout;
+    column->addLayout(grid);
+    column->addStretch();
+    addFields(*grid);
+    connect(m_plane, &CColourPlane::moved, this, &CTrueColourPage::planeMoved);
+    connect(m_hex, &QLineEdit::textEdited, this, &CTrueColourPage::hexEdited);
+}
+
+void CTrueColourPage::addFields(QGridLayout& grid)
+{
     for (int i = 0; i < FieldCount; ++i) {
         const FieldRow& row = kFields[i];
         auto* box = new QSpinBox(this);
@@ -56,22 +71,29 @@ CTrueColourPage::CTrueColourPage(QWidget* parent)
         auto* label = new QLabel(tr(row.label), this);
         label->setBuddy(box);
         box->setAccessibleName(tr(row.label).remove(QLatin1Char('&')).chopped(1));
-        grid->addWidget(label, i % kRowsPerColumn, row.column * 3);
-        grid->addWidget(box, i % kRowsPerColumn, row.column * 3 + 1);
+        grid.addWidget(label, i % kRowsPerColumn, row.column * 3);
+        grid.addWidget(box, i % kRowsPerColumn, row.column * 3 + 1);
         connect(box, &QSpinBox::valueChanged, this, [this, i] { edited(static_cast<Field>(i)); });
     }
-    grid->setColumnMinimumWidth(2, fontMetrics().averageCharWidth() * 4);
+    grid.setColumnMinimumWidth(2, fontMetrics().averageCharWidth() * 4);
     auto* label = new QLabel(tr("He&xadecimal:"), this);
     label->setBuddy(m_hex);
     m_hex->setAccessibleName(tr("Hexadecimal"));
     m_hex->setMaximumWidth(fontMetrics().averageCharWidth() * 14);
     m_hex->setValidator(new QRegularExpressionValidator(
         QRegularExpression(QStringLiteral("#?[0-9A-Fa-f]{0,6}")), m_hex));
-    grid->addWidget(label, kRowsPerColumn, 0);
-    grid->addWidget(m_hex, kRowsPerColumn, 1, 1, 2);
-    grid->setRowStretch(kRowsPerColumn + 1, 1);
-    grid->setColumnStretch(5, 1);
-    connect(m_hex, &QLineEdit::textEdited, this, &CTrueColourPage::hexEdited);
+    grid.addWidget(label, kRowsPerColumn, 0);
+    grid.addWidget(m_hex, kRowsPerColumn, 1, 1, 2);
+    grid.setColumnStretch(5, 1);
+}
+
+void CTrueColourPage::planeMoved()
+{
+    // Both first: the plane follows the fields.
+    const int hue = qRound(m_plane->hue() * 360);
+    const int lightness = toPercent(m_plane->lightness());
+    m_fields[Hue]->setValue(hue);
+    m_fields[Lightness]->setValue(lightness);
 }
 
 void CTrueColourPage::setColour(const QColor& colour)
@@ -91,6 +113,8 @@ void CTrueColourPage::show(const QColor& colour, bool withHueFields, bool withHe
         showQuietly(*m_fields[Saturation], toPercent(colour.hslSaturationF()));
         showQuietly(*m_fields[Lightness], toPercent(colour.lightnessF()));
     }
+    m_plane->setColour(m_fields[Hue]->value() / 360.0, m_fields[Saturation]->value() / 100.0,
+                       m_fields[Lightness]->value() / 100.0);
     if (withHex)
         m_hex->setText(colour.name());
 }

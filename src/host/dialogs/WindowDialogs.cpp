@@ -192,7 +192,7 @@ int WindowDialogs::pickPlotStyle(const KestPickRequest& request, QString& name)
     question.current = name;
     if (database->header().intValue(QStringLiteral("$PSTYLEMODE"), 1) != 0)
         question.whyFixed =
-            HostText::tr("In this drawing plot styles follow the colours of the layers, so none "
+            HostText::tr("In this drawing plot styles follow the colors of the layers, so none "
                          "can be chosen. Drawings with named plot styles offer a choice.");
     const auto answer = Prompts::current().pickPlotStyle(parentOf(request.parent), question);
     if (!answer)

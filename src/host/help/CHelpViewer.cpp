@@ -59,7 +59,11 @@ CHelpViewer::CHelpViewer(const QString& folder, QWidget* parent)
                 if (item)
                     showPage(item->data(kFileRole).toString());
             });
-    connect(m_page, &CHelpPage::sourceChanged, this, &CHelpViewer::pageShown);
+    connect(m_page, &CHelpPage::sourceChanged, this, [this](const QUrl& source) {
+        // The browser's own source() is still the page before.
+        m_shown = source.fileName();
+        markPage();
+    });
     fill({});
     setWindowTitle(tr("Help"));
 }
@@ -106,7 +110,7 @@ void CHelpViewer::fill(const QString& text)
         auto* item = new QListWidgetItem(page->title, m_contents);
         item->setData(kFileRole, page->file);
     }
-    pageShown();
+    markPage();
 }
 
 void CHelpViewer::showTopic(int topic)
@@ -123,13 +127,12 @@ void CHelpViewer::showPage(const QString& file)
         m_page->setSource(page);
 }
 
-void CHelpViewer::pageShown()
+void CHelpViewer::markPage()
 {
-    const QString shown = m_page->source().fileName();
     const QSignalBlocker quiet(m_contents);
     m_contents->setCurrentItem(nullptr);
     for (int row = 0; row < m_contents->count(); ++row) {
-        if (m_contents->item(row)->data(kFileRole).toString() == shown)
+        if (m_contents->item(row)->data(kFileRole).toString() == m_shown)
             m_contents->setCurrentRow(row);
     }
     const QListWidgetItem* current = m_contents->currentItem();

@@ -32,11 +32,12 @@ private:
     void makeToolBar();
     void fill(const QString& text);
     void showPage(const QString& file);
-    void pageShown();
+    void markPage();
     void findNext();
     void belongTo(QWidget* owner);
 
     QString m_folder;
+    QString m_shown; ///< the file of the page
     HelpPages m_pages;
     QWidget* m_home;
     CHelpPage* m_page;

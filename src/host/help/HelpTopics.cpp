@@ -16,7 +16,7 @@ constexpr TopicPage kPages[] = {
     {help_topics::kCanvas, "canvas.md"},
     {help_topics::kFiles, "files.md"},
     {help_topics::kPanes, "panes.md"},
-    {help_topics::kColour, "colours.md"},
+    {help_topics::kColour, "colors.md"},
     {help_topics::kLinetype, "linetypes.md"},
     {help_topics::kLineweight, "lineweights.md"},
     {help_topics::kPlotStyle, "plot-styles.md"},

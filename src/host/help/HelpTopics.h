@@ -19,8 +19,7 @@ constexpr int kLinetype = 3101;
 constexpr int kLineweight = 3201;
 constexpr int kPlotStyle = 3301;
 
-/// "palette.md", perhaps with a place in it: "properties.md#colour". The contents page where the
-/// topic is not known.
+/// "palette.md"; the contents page where the topic is not known.
 QString page(int topic);
 /// Every topic that has a page.
 QList<int> all();

@@ -1,6 +1,7 @@
 #include "database/OdCmColor.h"
 #include "host/dialogs/CColourDialog.h"
 #include "host/dialogs/CColourGrid.h"
+#include "host/dialogs/CColourPlane.h"
 #include "host/dialogs/CTrueColourPage.h"
 #include "host/dialogs/ColourValues.h"
 #include "support/GoldenImage.h"
@@ -80,6 +81,7 @@ private slots:
     void followsTypedColoursEverywhere();
     void followsTheFieldsOfATrueColour();
     void keepsTheHueOfAGrey();
+    void picksOnThePlaneByMouseAndKeys();
     void offersByLayerAndByBlockOnlyWhereAsked();
     void doesNotEndWithATextThatIsNoColour();
     void keepsABookColourThatNobodyTouches();
@@ -257,6 +259,27 @@ void TestColourDialog::keepsTheHueOfAGrey()
     QCOMPARE(dialog.value(), rgb(0x0000FF));
 }
 
+void TestColourDialog::picksOnThePlaneByMouseAndKeys()
+{
+    CColourDialog dialog(question(rgb(0xFF0000)), nullptr);
+    show(dialog);
+    auto* plane = control<CColourPlane>(dialog, Control::Plane);
+    QVERIFY(plane->isVisible());
+    QTest::mouseClick(plane, Qt::LeftButton, {}, QPoint(plane->width() / 3, plane->height() / 2));
+    const int hue = control<QSpinBox>(dialog, field(CTrueColourPage::Hue))->value();
+    QVERIFY(qAbs(hue - 120) <= 2);
+    QVERIFY(dialog.value().rgb >> 8 & 0xF0); // a full green
+    QCOMPARE(control<QSpinBox>(dialog, field(CTrueColourPage::Saturation))->value(), 100);
+    QTest::keyClick(plane, Qt::Key_Right);
+    QCOMPARE(control<QSpinBox>(dialog, field(CTrueColourPage::Hue))->value(), hue + 1);
+    const int lightness = control<QSpinBox>(dialog, field(CTrueColourPage::Lightness))->value();
+    QTest::keyClick(plane, Qt::Key_Up);
+    QCOMPARE(control<QSpinBox>(dialog, field(CTrueColourPage::Lightness))->value(), lightness + 1);
+    QTest::mouseClick(plane, Qt::LeftButton, {}, QPoint(plane->width() - 1, 0));
+    QCOMPARE(dialog.value(), rgb(0xFFFFFF));
+    QCOMPARE(control<QSpinBox>(dialog, field(CTrueColourPage::Hue))->value(), 359);
+}
+
 void TestColourDialog::offersByLayerAndByBlockOnlyWhereAsked()
 {
     const CColourDialog plain(question(index(7)), nullptr);
@@ -278,7 +301,7 @@ void TestColourDialog::doesNotEndWithATextThatIsNoColour()
     QVERIFY(dialog.isVisible());
     const auto* problem = dialog.findChild<QLabel*>(QStringLiteral("problem"));
     QVERIFY(problem->isVisible());
-    QVERIFY(problem->text().startsWith(QStringLiteral("\"mauve\" is no colour.")));
+    QVERIFY(problem->text().startsWith(QStringLiteral("\"mauve\" is no color.")));
     type(dialog, QStringLiteral("blue"));
     QVERIFY(!problem->isVisible());
     QTest::keyClick(&dialog, Qt::Key_Return);

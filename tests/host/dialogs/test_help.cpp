@@ -151,12 +151,12 @@ void TestHelp::goesBackAndForward()
     auto* forward = viewer.findChild<QAction*>(QStringLiteral("helpForward"));
     viewer.showTopic(help_topics::kPalette);
     QVERIFY(!back->isEnabled() && !forward->isEnabled());
-    viewer.page().setSource(QUrl(QStringLiteral("colours.md"))); // a click on the link
-    QCOMPARE(shown(viewer), QStringLiteral("colours.md"));
+    viewer.page().setSource(QUrl(QStringLiteral("colors.md"))); // a click on the link
+    QCOMPARE(shown(viewer), QStringLiteral("colors.md"));
     back->trigger();
     QCOMPARE(shown(viewer), QStringLiteral("palette.md"));
     forward->trigger();
-    QCOMPARE(shown(viewer), QStringLiteral("colours.md"));
+    QCOMPARE(shown(viewer), QStringLiteral("colors.md"));
     viewer.findChild<QAction*>(QStringLiteral("helpContents"))->trigger();
     QCOMPARE(shown(viewer), QStringLiteral("index.md"));
 }
@@ -167,9 +167,9 @@ void TestHelp::findsPagesByTheirWords()
     show(viewer);
     QCOMPARE(listed(viewer).size(), files().size());
     viewer.search().setText(QStringLiteral("hexadecimal HUE"));
-    QCOMPARE(listed(viewer), QStringList{QStringLiteral("Colours")});
+    QCOMPARE(listed(viewer), QStringList{QStringLiteral("Colors")});
     QTest::keyClick(&viewer.search(), Qt::Key_Return);
-    QCOMPARE(shown(viewer), QStringLiteral("colours.md"));
+    QCOMPARE(shown(viewer), QStringLiteral("colors.md"));
     QCOMPARE(viewer.page().textCursor().selectedText().toLower(), QStringLiteral("hexadecimal"));
     viewer.search().setText(QStringLiteral("no such words"));
     QVERIFY(listed(viewer).isEmpty());
@@ -217,7 +217,7 @@ void TestHelp::canBeUsedOverAModalDialog()
         QCOMPARE(viewer->parentWidget(), &window);
     }
     QVERIFY(viewer->isVisible());
-    QCOMPARE(shown(*viewer), QStringLiteral("colours.md"));
+    QCOMPARE(shown(*viewer), QStringLiteral("colors.md"));
 }
 
 void TestHelp::closesOnEscape()

@@ -72,7 +72,7 @@ void TestHostDialogs::answerThePickedColour()
     prompts->willPickColour(ColourValue{ColourValue::Kind::TrueColour, 0, 0xFF7F00, {}});
     OdCmColor color = OdCmColor::fromIndex(3);
     KestPickRequest request;
-    request.title = QStringLiteral("Colour of A-DOOR");
+    request.title = QStringLiteral("Color of A-DOOR");
     request.offersByLayer = true;
     QCOMPARE(services().pickColor(request, color), kest::kNormal);
     QCOMPARE(color, OdCmColor::fromRgb(255, 127, 0));
@@ -217,7 +217,7 @@ void TestHostDialogs::sayWhenColoursDecideAboutPlotStyles()
     prompts->willPickPlotStyle(std::nullopt);
     QString name = QStringLiteral("Color_7");
     QCOMPARE(services().pickPlotStyle({}, name), kest::kCancel);
-    QVERIFY(prompts->plotStyleQuestions.first().whyFixed.contains(QStringLiteral("colours")));
+    QVERIFY(prompts->plotStyleQuestions.first().whyFixed.contains(QStringLiteral("colors")));
 }
 
 void TestHostDialogs::answerAnErrorWithoutADrawing()

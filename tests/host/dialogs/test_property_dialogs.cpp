@@ -30,7 +30,7 @@ LinetypeQuestion someLinetypes()
         {QStringLiteral("CHAIN"), QStringLiteral("Long dash, dot ____ . ____"), {24, -3, 0, -3}},
         {QStringLiteral("HIDDEN"), QStringLiteral("Hidden edges __ __ __"), {5, -2.5}},
         {QStringLiteral("DOTTED"), QStringLiteral("Dotted . . . ."), {0, -3}},
-        {QStringLiteral("Grid|CENTRE"), QStringLiteral("Of a reference"), {24, -3, 6, -3}},
+        {QStringLiteral("Grid|CENTER"), QStringLiteral("Of a reference"), {24, -3, 6, -3}},
     };
     question.current = QStringLiteral("HIDDEN");
     return question;
@@ -350,7 +350,7 @@ void TestPropertyDialogs::pickPlotStyles()
 void TestPropertyDialogs::tellWhyNoPlotStyleCanBeChosen()
 {
     PlotStyleQuestion question = somePlotStyles();
-    question.whyFixed = QStringLiteral("Colours decide.");
+    question.whyFixed = QStringLiteral("Colors decide.");
     CPlotStyleDialog dialog(question, nullptr);
     show(dialog);
     const auto* why = dialog.findChild<QLabel*>(QStringLiteral("whyFixed"));
@@ -422,7 +422,7 @@ void TestPropertyDialogs::lookLikeTheirGoldenImages()
         PlotStyleQuestion question = somePlotStyles();
         if (dialog == QLatin1String("plot_style_fixed"))
             question.whyFixed = QStringLiteral(
-                "In this drawing plot styles follow the colours of the layers, so none can be "
+                "In this drawing plot styles follow the colors of the layers, so none can be "
                 "chosen. Drawings with named plot styles offer a choice.");
         CPlotStyleDialog shown(question, nullptr);
         QVERIFY(goldenImage(&shown, name));
