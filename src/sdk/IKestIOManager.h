@@ -5,7 +5,18 @@
 #include <memory>
 
 class OdDbDatabase;
-#include <QStringList>
+class QWidget;
+
+/// How to ask for a file.
+struct KestFileRequest
+{
+    QString title;
+    QString start; ///< a folder, a suggested file name, or empty: the folder used last
+    /// Pairs of description and extension: "Drawing|dwg,Layer states|las". Empty: all files.
+    QString filters;
+    bool toSave = false;
+    QWidget* parent = nullptr; ///< null: the main window
+};
 
 /// Text in and out of the host's command line. Calls that ask answer kest::kNormal, kest::kNone
 /// (empty answer) or kest::kCancel.
@@ -27,6 +38,12 @@ public:
     /// shown.
     virtual int openDrawing(const QString& path, std::unique_ptr<OdDbDatabase>& drawing,
                             QString& why) = 0;
+
+    /// The file dialog. `filterIndex` is the filter to start with, counted from 0, -1 for none; it
+    /// is the one in force at the end afterwards. To save, the extension of that filter is added
+    /// to a name without one, and the user is asked before a file is overwritten. Answers
+    /// kest::kNormal with the full path, or kest::kCancel; kest::kError where nobody can be asked.
+    virtual int selectFile(const KestFileRequest& request, QString& path, int& filterIndex) = 0;
 };
 
 /// The host's input/output manager, or null while there is no host.

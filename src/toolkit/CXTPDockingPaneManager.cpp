@@ -1,10 +1,15 @@
 #include "toolkit/CXTPDockingPaneManager.h"
 
 #include "toolkit/docking/AutoHideSides.h"
+#include "toolkit/docking/PaneCycle.h"
 
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QVariant>
+
+#include <algorithm>
 
 namespace {
 
@@ -30,6 +35,20 @@ bool isUpright(Qt::DockWidgetArea area)
     return area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
 }
 
+/// Whether some screen shows a piece of the title that a mouse can take hold of.
+bool isReachable(const QRect& window)
+{
+    constexpr QSize kHandle(80, 24);
+    const QRect title(window.topLeft(), QSize(window.width(), kHandle.height()));
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect seen = screen->availableGeometry().intersected(title);
+        if (seen.width() >= std::min(kHandle.width(), window.width())
+            && seen.height() >= kHandle.height() / 2)
+            return true;
+    }
+    return false;
+}
+
 int extentOf(const CXTPDockingPane& pane, Qt::DockWidgetArea side)
 {
     return isUpright(side) ? pane.width() : pane.height();
@@ -46,11 +65,16 @@ CXTPDockingPaneManager::CXTPDockingPaneManager(QMainWindow& window)
             &CXTPDockingPaneManager::ClosePane);
     connect(m_sides.get(), &AutoHideSides::pinRequested, this,
             &CXTPDockingPaneManager::ToggleAutoHide);
+    m_cycle = new PaneCycle(*this);
+    // The windows of a screen that goes are moved about first.
+    connect(qApp, &QGuiApplication::screenRemoved, this, &CXTPDockingPaneManager::keepOnScreens,
+            Qt::QueuedConnection);
 }
 
 CXTPDockingPaneManager::~CXTPDockingPaneManager()
 {
     m_switching = true;
+    delete m_cycle.data();
     m_sides.reset();
     for (const QPointer<CXTPDockingPane>& pane : std::as_const(m_panes))
         delete pane.data();
@@ -77,6 +101,7 @@ CXTPDockingPane* CXTPDockingPaneManager::CreatePane(int id, QRect rect,
     pane->m_hasSize = m_window->restoreDockWidget(pane);
     if (!pane->m_hasSize)
         m_window->addDockWidget(areaOf(direction), pane);
+    keepOnScreens();
     pane->hide();
     connect(pane, &QObject::destroyed, this, [this, id] {
         m_panes.remove(id);
@@ -98,6 +123,30 @@ CXTPDockingPane* CXTPDockingPaneManager::FindPane(int id) const
 QMainWindow& CXTPDockingPaneManager::window() const
 {
     return *m_window;
+}
+
+QList<CXTPDockingPane*> CXTPDockingPaneManager::openPanes() const
+{
+    QList<CXTPDockingPane*> open;
+    for (const QPointer<CXTPDockingPane>& pane : m_panes) {
+        if (pane && !isClosed(*pane))
+            open.append(pane);
+    }
+    std::sort(open.begin(), open.end(),
+              [](const auto* a, const auto* b) { return a->GetID() < b->GetID(); });
+    return open;
+}
+
+void CXTPDockingPaneManager::keepOnScreens()
+{
+    const QScreen* fallback = QGuiApplication::primaryScreen();
+    for (const QPointer<CXTPDockingPane>& pane : std::as_const(m_panes)) {
+        if (!pane || !pane->isFloating() || !fallback || isReachable(pane->geometry()))
+            continue;
+        const QRect room = fallback->availableGeometry();
+        pane->resize(pane->size().boundedTo(room.size()).expandedTo(pane->minimumSize()));
+        pane->move(room.center() - QPoint(pane->width() / 2, pane->height() / 2));
+    }
 }
 
 void CXTPDockingPaneManager::ShowPane(CXTPDockingPane* pane)
@@ -221,6 +270,7 @@ bool CXTPDockingPaneManager::restoreState(const QByteArray& state)
     const auto wanted = autoHideStateFromBytes(state);
     if (!wanted)
         return false;
+    keepOnScreens();
     QList<int> handled;
     for (const auto& [id, entry] : *wanted) {
         handled.append(id);

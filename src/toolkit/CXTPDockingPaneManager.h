@@ -9,6 +9,7 @@
 #include <memory>
 
 class AutoHideSides;
+class PaneCycle;
 class QMainWindow;
 
 /// Where a pane is created.
@@ -48,11 +49,15 @@ public:
     void ToggleAutoHide(CXTPDockingPane* pane);
     XTPDockingPaneState paneState(const CXTPDockingPane& pane) const;
     QMainWindow& window() const;
+    /// The panes that are not closed, by their ids.
+    QList<CXTPDockingPane*> openPanes() const;
+    /// Moves floating panes that no screen shows any more to one that is there.
+    void keepOnScreens();
 
     /// Which panes are hidden to the side, and how far they slide out; the rest is in
-    /// QMainWindow::saveState(). Restore this after the window's state; panes that are created
-    /// later come up in the state that was restored for them. False when the bytes are not such a
-    /// state.
+    /// QMainWindow::saveState(). Restore this after the window's state; floating panes come
+    /// to a screen that is there. Panes that are created later come up in the state that was
+    /// restored for them. False when the bytes are not such a state.
     QByteArray saveState() const;
     bool restoreState(const QByteArray& state);
 
@@ -72,6 +77,7 @@ private:
     QPointer<QMainWindow> m_window;
     QHash<int, QPointer<CXTPDockingPane>> m_panes;
     std::unique_ptr<AutoHideSides> m_sides;
+    QPointer<PaneCycle> m_cycle;
     /// While the manager itself shows or hides a pane's dock, that is no closing or opening.
     bool m_switching = false;
 };

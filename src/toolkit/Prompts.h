@@ -1,7 +1,11 @@
 #pragma once
 
+#include "toolkit/PickQuestions.h"
+
 #include <QList>
 #include <QString>
+
+#include <optional>
 
 class QWidget;
 
@@ -29,6 +33,8 @@ struct FileQuestion
     QString title;
     QString path; ///< where to start: a folder, or a suggested file
     QString filter; ///< as file dialogs spell it: "DXF drawings (*.dxf)"
+    int filterIndex = -1; ///< the filter to start with; -1: the dialog's own choice
+    int* chosenFilter = nullptr; ///< where wanted: the filter that was in force at the end
 };
 
 /// The one way to the user's attention: every message box, task dialog and picker goes through it,
@@ -53,6 +59,24 @@ public:
     /// A file to read, or to write (asking before one is overwritten); empty when cancelled.
     virtual QString openFile(QWidget* /*parent*/, const FileQuestion&) { return {}; }
     virtual QString saveFile(QWidget* /*parent*/, const FileQuestion&) { return {}; }
+
+    /// Pick dialogs; nothing when cancelled, and where the prompts have no such dialog.
+    virtual std::optional<ColourValue> pickColour(QWidget* /*parent*/, const ColourQuestion&)
+    {
+        return std::nullopt;
+    }
+    virtual std::optional<QString> pickLinetype(QWidget* /*parent*/, const LinetypeQuestion&)
+    {
+        return std::nullopt;
+    }
+    virtual std::optional<int> pickLineweight(QWidget* /*parent*/, const LineweightQuestion&)
+    {
+        return std::nullopt;
+    }
+    virtual std::optional<QString> pickPlotStyle(QWidget* /*parent*/, const PlotStyleQuestion&)
+    {
+        return std::nullopt;
+    }
 
     /// The prompts in force: real dialogs, unless somebody put others in place.
     static Prompts& current();

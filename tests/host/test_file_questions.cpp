@@ -57,11 +57,11 @@ void TestFileQuestions::opensADrawingInUseReadOnlyAndShowsThatInTheTitle()
     settle();
     const TaskQuestion question = prompts->asked().first().question;
     QCOMPARE(question.windowTitle, QStringLiteral("Drawing in Use"));
-    QCOMPARE(question.mainInstruction, path("plan.dxf") + QStringLiteral(" is in use."));
+    QCOMPARE(question.mainInstruction, QStringLiteral("plan.dxf is in use."));
     QCOMPARE(question.content,
-             QStringLiteral("This drawing is being edited by process %1 on %2.")
+             QStringLiteral("This drawing is being edited by process %1 on %2.\n%3")
                  .arg(other.id())
-                 .arg(QSysInfo::machineHostName()));
+                 .arg(QSysInfo::machineHostName(), path("plan.dxf")));
     QCOMPARE(question.links.size(), 2);
     QCOMPARE(window->windowTitle(), QStringLiteral("plan.dxf[*] (read-only) \u2013 kest"));
     prompts->willCloseMessage();

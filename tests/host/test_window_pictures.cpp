@@ -1,18 +1,27 @@
+#include "host/window/FileQuestions.h"
 #include "host/window/commandline/CCommandEdit.h"
 #include "host/window/commandline/CCommandLine.h"
 #include "host/window/work/CProgressDialog.h"
 #include "support/GoldenImage.h"
 #include "support/GoldenLook.h"
 #include "support/GuardedTest.h"
+#include "toolkit/DialogPrompts.h"
 
+#include <QApplication>
+#include <QDateTime>
+#include <QLocale>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QTimer>
 
 class TestWindowPictures : public GuardedTest
 {
     Q_OBJECT
 
 private:
+    void expectPicture(const QString& name);
+    bool m_agreed = false;
+
     static void eachTheme()
     {
         QTest::addColumn<GoldenLook::Theme>("theme");
@@ -30,6 +39,12 @@ private slots:
     void commandLine();
     void progressDialog_data() { eachTheme(); }
     void progressDialog();
+    void lockQuestion_data() { eachTheme(); }
+    void lockQuestion();
+    void recoveryQuestion_data() { eachTheme(); }
+    void recoveryQuestion();
+    void messageBox_data() { eachTheme(); }
+    void messageBox();
 };
 
 void TestWindowPictures::commandLine()
@@ -56,6 +71,62 @@ void TestWindowPictures::progressDialog()
                            nullptr);
     dialog.setFraction(0.4);
     QVERIFY(goldenImage(&dialog, name("progress_dialog")));
+}
+
+/// Compares the modal dialog that comes up next, and closes it.
+void TestWindowPictures::expectPicture(const QString& name)
+{
+    m_agreed = false;
+    QTimer::singleShot(0, this, [this, name] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        QVERIFY(dialog);
+        m_agreed = goldenImage(dialog, name);
+        dialog->close();
+    });
+}
+
+void TestWindowPictures::lockQuestion()
+{
+    QFETCH(GoldenLook::Theme, theme);
+    const GoldenLook look(theme);
+    expectPicture(name("lock_question"));
+    file_questions::aboutLock(nullptr, QStringLiteral("/home/ann/house/ground floor.dxf"),
+                              QStringLiteral("process 4711 on drafting-2"));
+    QVERIFY(m_agreed);
+}
+
+void TestWindowPictures::recoveryQuestion()
+{
+    QFETCH(GoldenLook::Theme, theme);
+    const GoldenLook look(theme);
+    QLocale::setDefault(QLocale::c());
+    expectPicture(name("recovery_question"));
+    file_questions::aboutRecovery(nullptr, QStringLiteral("ground floor.dxf"),
+                                  QDateTime(QDate(2024, 5, 17), QTime(14, 3)));
+    QLocale::setDefault(QLocale::system());
+    QVERIFY(m_agreed);
+}
+
+void TestWindowPictures::messageBox()
+{
+    QFETCH(GoldenLook::Theme, theme);
+    const GoldenLook look(theme);
+    DialogPrompts prompts;
+    expectPicture(name("message_box"));
+    prompts.confirm(nullptr, QStringLiteral("OverWrite Selected Layer State?"));
+    QVERIFY(m_agreed);
+    using Icon = Prompts::Icon;
+    const std::pair<const char*, Icon> kinds[] = {{"message_box_information", Icon::Information},
+                                                  {"message_box_warning", Icon::Warning},
+                                                  {"message_box_error", Icon::Error}};
+    for (const auto& [picture, icon] : kinds) {
+        expectPicture(name(picture));
+        prompts.message(nullptr,
+                        QStringLiteral("Cannot freeze current layer. Specify a different "
+                                       "layer"),
+                        icon);
+        QVERIFY(m_agreed);
+    }
 }
 
 QTEST_MAIN(TestWindowPictures)

@@ -1,5 +1,6 @@
 #include "sdk/CKestPreferenceManager.h"
 #include "sdk/CKsUndoRedoCommandHistory.h"
+#include "sdk/CSECommonUtil.h"
 #include "sdk/IKestIOManager.h"
 #include "sdk/IKestServicesManager.h"
 #include "sdk/IKestSysvarManager.h"
@@ -8,6 +9,7 @@
 #include "sdk/KestSharedGlobals.h"
 #include "sdk/KestStatus.h"
 #include "sdk/KsApDocManager.h"
+#include "sdk/LocalSearch.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +18,13 @@ namespace {
 class SilentSysvars : public IKestSysvarManager
 {
 public:
-    int getInt(const QString&, int&) const override { return kest::kError; }
+    int getInt(const QString& name, int& value) const override
+    {
+        if (!tooltips || name != QStringLiteral("TOOLTIPS"))
+            return kest::kError;
+        value = *tooltips;
+        return kest::kNormal;
+    }
     int setInt(const QString&, int) override { return kest::kError; }
     int getReal(const QString&, double&) const override { return kest::kError; }
     int setReal(const QString&, double) override { return kest::kError; }
@@ -24,6 +32,7 @@ public:
     int setString(const QString&, const QString&) override { return kest::kError; }
     int getId(const QString&, OdDbObjectId&) const override { return kest::kError; }
     int setId(const QString&, OdDbObjectId) override { return kest::kError; }
+    std::optional<int> tooltips; ///< the one variable there may be
 };
 
 class SilentIO : public IKestIOManager
@@ -37,6 +46,7 @@ public:
     {
         return kest::kError;
     }
+    int selectFile(const KestFileRequest&, QString&, int&) override { return kest::kCancel; }
 };
 
 class CountingServices : public IKestServicesManager
@@ -46,7 +56,13 @@ public:
     QByteArray userState(const QString&) const override { return {}; }
     void setUserState(const QString&, const QByteArray&) override { }
     void refreshView() override { ++refreshes; }
+    int pickColor(const KestPickRequest&, OdCmColor&) override { return kest::kCancel; }
+    int pickLinetype(const KestPickRequest&, OdDbObjectId&) override { return kest::kCancel; }
+    int pickLineweight(const KestPickRequest&, int&) override { return kest::kCancel; }
+    int pickPlotStyle(const KestPickRequest&, QString&) override { return kest::kCancel; }
+    void showHelp(int topic) override { topics.push_back(topic); }
     int refreshes = 0;
+    std::vector<int> topics;
 };
 
 class PlainDocument : public KsApDocument
@@ -141,6 +157,27 @@ TEST_F(HostInterfaces, RefreshTheViewOnRegeneration)
     EXPECT_EQ(services.refreshes, 1);
     ksedRegenAll();
     EXPECT_EQ(services.refreshes, 2);
+}
+
+TEST_F(HostInterfaces, OpenTheHelpAtATopic)
+{
+    LocalSearch::CommandRefHelp(704);
+    LocalSearch::CommandRefHelp(706);
+    EXPECT_EQ(services.topics, (std::vector<int>{704, 706}));
+    ksSetHost({});
+    LocalSearch::CommandRefHelp(704);
+    EXPECT_EQ(services.topics.size(), 2u);
+}
+
+TEST_F(HostInterfaces, TellWhetherTooltipsAreWanted)
+{
+    EXPECT_EQ(CSECommonUtil::GetToolTipsSysVar(), 1);
+    sysvars.tooltips = 0;
+    EXPECT_EQ(CSECommonUtil::GetToolTipsSysVar(), 0);
+    sysvars.tooltips = 1;
+    EXPECT_EQ(CSECommonUtil::GetToolTipsSysVar(), 1);
+    ksSetHost({});
+    EXPECT_EQ(CSECommonUtil::GetToolTipsSysVar(), 1);
 }
 
 TEST(Selection, IsAnErrorWhereNoHostCanAsk)

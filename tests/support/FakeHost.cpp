@@ -1,8 +1,6 @@
 #include "support/FakeHost.h"
 
 #include "sdk/CKsUndoRedoCommandHistory.h"
-#include "sdk/IKestIOManager.h"
-#include "sdk/IKestServicesManager.h"
 #include "sdk/IKestSysvarManager.h"
 #include "sdk/KsApDocManager.h"
 
@@ -189,8 +187,40 @@ public:
         m_host.userStates.insert(key, state);
     }
     void refreshView() override { ++m_host.viewRefreshes; }
+    int pickColor(const KestPickRequest& request, OdCmColor& color) override
+    {
+        return take(request, m_host.pickedColor, color);
+    }
+    int pickLinetype(const KestPickRequest& request, OdDbObjectId& linetype) override
+    {
+        QString name;
+        const int status = take(request, m_host.pickedLinetype, name);
+        const KsApDocument* document = m_host.m_documents->curDocument();
+        if (status == kest::kNormal && document)
+            linetype = document->database()->table(OdDbTableKind::Linetype).getAt(name);
+        return status;
+    }
+    int pickLineweight(const KestPickRequest& request, int& weight) override
+    {
+        return take(request, m_host.pickedLineweight, weight);
+    }
+    int pickPlotStyle(const KestPickRequest& request, QString& name) override
+    {
+        return take(request, m_host.pickedPlotStyle, name);
+    }
+    void showHelp(int topic) override { m_host.helpTopics.append(topic); }
 
 private:
+    template <class Value>
+    int take(const KestPickRequest& request, const std::optional<Value>& picked, Value& value)
+    {
+        m_host.pickRequests.push_back(request);
+        if (!picked)
+            return kest::kCancel;
+        value = *picked;
+        return kest::kNormal;
+    }
+
     FakeHost& m_host;
 };
 
@@ -212,6 +242,16 @@ public:
     int openDrawing(const QString&, std::unique_ptr<OdDbDatabase>&, QString&) override
     {
         return kest::kError;
+    }
+    int selectFile(const KestFileRequest& request, QString& path, int& filterIndex) override
+    {
+        m_host.fileRequests.push_back(request);
+        m_host.fileFilters.append(filterIndex);
+        if (!m_host.pickedFile)
+            return kest::kCancel;
+        path = *m_host.pickedFile;
+        filterIndex = m_host.pickedFilter;
+        return kest::kNormal;
     }
 
 private:

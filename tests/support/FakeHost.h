@@ -1,6 +1,9 @@
 #pragma once
 
+#include "database/OdCmColor.h"
 #include "database/OdDbDatabase.h"
+#include "sdk/IKestIOManager.h"
+#include "sdk/IKestServicesManager.h"
 #include "sdk/KestHost.h"
 #include "sdk/KestSSGet.h"
 #include "sdk/KestStatus.h"
@@ -10,6 +13,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// A host over real databases, without documents' windows. In force while it lives; what plug-ins
@@ -51,6 +55,18 @@ public:
     int selectStatus = kest::kNormal;
     KestSelectionSet selection;
     std::vector<KestSelectionRequest> selectRequests;
+
+    // What the user picks: nothing (cancelled) unless set
+    std::optional<OdCmColor> pickedColor;
+    std::optional<QString> pickedLinetype; ///< by name, in the current drawing
+    std::optional<int> pickedLineweight;
+    std::optional<QString> pickedPlotStyle;
+    std::optional<QString> pickedFile;
+    int pickedFilter = -1;
+    std::vector<KestPickRequest> pickRequests;
+    std::vector<KestFileRequest> fileRequests;
+    QList<int> fileFilters; ///< the filter that each file question started with
+    QList<int> helpTopics;
 
     /// The parts as plug-ins see them; to be handed to ksSetHost() with some left out.
     const KestHost& parts() const { return m_parts; }

@@ -12,9 +12,21 @@ QLatin1String kindName(RecordingPrompts::Kind kind)
     case RecordingPrompts::Kind::Confirm:
         return QLatin1String("yes/no question");
     case RecordingPrompts::Kind::Ask:
+        return QLatin1String("task dialog");
+    case RecordingPrompts::Kind::Colour:
+        return QLatin1String("colour dialog");
+    case RecordingPrompts::Kind::Linetype:
+        return QLatin1String("linetype dialog");
+    case RecordingPrompts::Kind::Lineweight:
+        return QLatin1String("lineweight dialog");
+    case RecordingPrompts::Kind::PlotStyle:
+        return QLatin1String("plot style dialog");
+    case RecordingPrompts::Kind::OpenFile:
+        return QLatin1String("dialog to open a file");
+    case RecordingPrompts::Kind::SaveFile:
         break;
     }
-    return QLatin1String("task dialog");
+    return QLatin1String("dialog to save a file");
 }
 
 } // namespace
@@ -43,6 +55,36 @@ void RecordingPrompts::willConfirm(bool yes)
 void RecordingPrompts::willChoose(int linkId)
 {
     m_answers.push_back({Kind::Ask, linkId});
+}
+
+void RecordingPrompts::willPickColour(const std::optional<ColourValue>& colour)
+{
+    m_answers.push_back({Kind::Colour, 0, colour ? QVariant::fromValue(*colour) : QVariant()});
+}
+
+void RecordingPrompts::willPickLinetype(const std::optional<QString>& name)
+{
+    m_answers.push_back({Kind::Linetype, 0, name ? QVariant(*name) : QVariant()});
+}
+
+void RecordingPrompts::willPickLineweight(std::optional<int> weight)
+{
+    m_answers.push_back({Kind::Lineweight, 0, weight ? QVariant(*weight) : QVariant()});
+}
+
+void RecordingPrompts::willPickPlotStyle(const std::optional<QString>& name)
+{
+    m_answers.push_back({Kind::PlotStyle, 0, name ? QVariant(*name) : QVariant()});
+}
+
+void RecordingPrompts::willOpenFile(const QString& path, int filterIndex)
+{
+    m_answers.push_back({Kind::OpenFile, filterIndex, path});
+}
+
+void RecordingPrompts::willSaveFile(const QString& path, int filterIndex)
+{
+    m_answers.push_back({Kind::SaveFile, filterIndex, path});
 }
 
 QStringList RecordingPrompts::texts() const
@@ -82,6 +124,69 @@ int RecordingPrompts::ask(QWidget* /*parent*/, const TaskQuestion& question)
                               .arg(question.mainInstruction)
                               .arg(chosen));
     return chosen;
+}
+
+std::optional<RecordingPrompts::Answer> RecordingPrompts::nextPick(Kind kind, const QString& title)
+{
+    m_asked.append({kind, title, Icon::Information, {}});
+    if (m_answers.empty() || m_answers.front().kind != kind) {
+        reportTestFailure(QStringLiteral("Unexpected %1: %2").arg(kindName(kind), title));
+        return std::nullopt;
+    }
+    const Answer answer = m_answers.front();
+    m_answers.pop_front();
+    return answer.picked.isValid() ? std::optional(answer) : std::nullopt;
+}
+
+QString RecordingPrompts::pickFile(Kind kind, const FileQuestion& question)
+{
+    fileQuestions.append(question);
+    const auto answer = nextPick(kind, question.title);
+    if (answer && question.chosenFilter)
+        *question.chosenFilter = answer->value;
+    return answer ? answer->picked.toString() : QString();
+}
+
+QString RecordingPrompts::openFile(QWidget* /*parent*/, const FileQuestion& question)
+{
+    return pickFile(Kind::OpenFile, question);
+}
+
+QString RecordingPrompts::saveFile(QWidget* /*parent*/, const FileQuestion& question)
+{
+    return pickFile(Kind::SaveFile, question);
+}
+
+std::optional<ColourValue> RecordingPrompts::pickColour(QWidget* /*parent*/,
+                                                        const ColourQuestion& question)
+{
+    colourQuestions.append(question);
+    const auto answer = nextPick(Kind::Colour, question.title);
+    return answer ? std::optional(answer->picked.value<ColourValue>()) : std::nullopt;
+}
+
+std::optional<QString> RecordingPrompts::pickLinetype(QWidget* /*parent*/,
+                                                      const LinetypeQuestion& question)
+{
+    linetypeQuestions.append(question);
+    const auto answer = nextPick(Kind::Linetype, question.title);
+    return answer ? std::optional(answer->picked.toString()) : std::nullopt;
+}
+
+std::optional<int> RecordingPrompts::pickLineweight(QWidget* /*parent*/,
+                                                    const LineweightQuestion& question)
+{
+    lineweightQuestions.append(question);
+    const auto answer = nextPick(Kind::Lineweight, question.title);
+    return answer ? std::optional(answer->picked.toInt()) : std::nullopt;
+}
+
+std::optional<QString> RecordingPrompts::pickPlotStyle(QWidget* /*parent*/,
+                                                       const PlotStyleQuestion& question)
+{
+    plotStyleQuestions.append(question);
+    const auto answer = nextPick(Kind::PlotStyle, question.title);
+    return answer ? std::optional(answer->picked.toString()) : std::nullopt;
 }
 
 int RecordingPrompts::next(Kind kind, const QString& text, int closed)

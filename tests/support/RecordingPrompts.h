@@ -3,6 +3,7 @@
 #include "toolkit/Prompts.h"
 
 #include <QStringList>
+#include <QVariant>
 
 #include <deque>
 
@@ -12,12 +13,22 @@
 class RecordingPrompts : public Prompts
 {
 public:
-    enum class Kind { Message, Confirm, Ask };
+    enum class Kind {
+        Message,
+        Confirm,
+        Ask,
+        Colour,
+        Linetype,
+        Lineweight,
+        PlotStyle,
+        OpenFile,
+        SaveFile
+    };
 
     struct Asked
     {
         Kind kind;
-        QString text; ///< the message, or the main instruction of a task dialog
+        QString text; ///< the message, the main instruction of a task dialog, a dialog's title
         Icon icon; ///< of a message
         TaskQuestion question; ///< of a task dialog
     };
@@ -34,6 +45,22 @@ public:
     /// The next prompt is a task dialog, answered with that link, or kCancelled.
     void willChoose(int linkId);
 
+    /// The next prompt is a pick dialog, answered thus or cancelled.
+    void willPickColour(const std::optional<ColourValue>& colour);
+    void willPickLinetype(const std::optional<QString>& name);
+    void willPickLineweight(std::optional<int> weight);
+    void willPickPlotStyle(const std::optional<QString>& name);
+    /// The next prompt is a file dialog; an empty path cancels it.
+    void willOpenFile(const QString& path, int filterIndex = -1);
+    void willSaveFile(const QString& path, int filterIndex = -1);
+
+    /// The pick questions that were asked, in order.
+    QList<ColourQuestion> colourQuestions;
+    QList<LinetypeQuestion> linetypeQuestions;
+    QList<LineweightQuestion> lineweightQuestions;
+    QList<PlotStyleQuestion> plotStyleQuestions;
+    QList<FileQuestion> fileQuestions;
+
     /// Everything that was asked, in order, unexpected prompts included.
     const QList<Asked>& asked() const { return m_asked; }
     QStringList texts() const;
@@ -44,14 +71,25 @@ public:
     void message(QWidget* parent, const QString& text, Icon icon) override;
     bool confirm(QWidget* parent, const QString& text) override;
     int ask(QWidget* parent, const TaskQuestion& question) override;
+    QString openFile(QWidget* parent, const FileQuestion& question) override;
+    QString saveFile(QWidget* parent, const FileQuestion& question) override;
+    std::optional<ColourValue> pickColour(QWidget* parent, const ColourQuestion& question) override;
+    std::optional<QString> pickLinetype(QWidget* parent, const LinetypeQuestion& question) override;
+    std::optional<int> pickLineweight(QWidget* parent, const LineweightQuestion& question) override;
+    std::optional<QString> pickPlotStyle(QWidget* parent,
+                                         const PlotStyleQuestion& question) override;
 
 private:
     struct Answer
     {
         Kind kind;
         int value;
+        QVariant picked = {}; ///< of a pick dialog; not valid: cancelled
     };
 
+    /// The answer of a pick dialog that was announced; nothing where it was not.
+    std::optional<Answer> nextPick(Kind kind, const QString& title);
+    QString pickFile(Kind kind, const FileQuestion& question);
     int next(Kind kind, const QString& text, int closed);
 
     std::deque<Answer> m_answers;

@@ -5,8 +5,11 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCommandLinkButton>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -37,6 +40,19 @@ void whenAsked(Seen& seen, Qt::Key key)
     });
 }
 
+/// Runs in the file dialog that comes up next.
+template <class Work>
+void inFileDialog(Work work)
+{
+    QTimer::singleShot(0, qApp, [work] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog)
+            work(*dialog);
+        if (dialog && dialog->isVisible())
+            dialog->reject();
+    });
+}
+
 } // namespace
 
 class TestDialogPrompts : public GuardedTest
@@ -51,6 +67,9 @@ private slots:
     void answerYesToEnterAndNoToEscape();
     void askThroughATaskDialog();
     void answerCancelledToAClosedTaskDialog();
+    void saveUnderTheExtensionOfTheFilterInForce();
+    void startAFileDialogWithItsFilterAndFolder();
+    void answerNothingToAClosedFileDialog();
 };
 
 void TestDialogPrompts::initTestCase()
@@ -130,6 +149,77 @@ void TestDialogPrompts::answerCancelledToAClosedTaskDialog()
     question.links = {{101, QStringLiteral("Off")}};
     QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
     QCOMPARE(Prompts::current().ask(nullptr, question), int(Prompts::kCancelled));
+}
+
+void TestDialogPrompts::saveUnderTheExtensionOfTheFilterInForce()
+{
+    const QTemporaryDir folder;
+    int chosen = -1;
+    FileQuestion question;
+    question.title = QStringLiteral("Export");
+    question.path = folder.path();
+    question.filter = QStringLiteral("Layer states (*.las *.LAS);;Texts (*.txt);;All (*)");
+    question.filterIndex = 0;
+    question.chosenFilter = &chosen;
+    inFileDialog([](QFileDialog& dialog) {
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Export"));
+        QCOMPARE(dialog.selectedNameFilter(), QStringLiteral("Layer states (*.las *.LAS)"));
+        dialog.selectNameFilter(QStringLiteral("Texts (*.txt)"));
+        emit dialog.filterSelected(QStringLiteral("Texts (*.txt)"));
+        auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        QTest::keyClicks(name, QStringLiteral("all"));
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    QCOMPARE(Prompts::current().saveFile(nullptr, question),
+             folder.filePath(QStringLiteral("all.txt")));
+    QCOMPARE(chosen, 1);
+    inFileDialog([](QFileDialog& dialog) {
+        auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        QTest::keyClicks(name, QStringLiteral("all"));
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    QCOMPARE(Prompts::current().saveFile(nullptr, question),
+             folder.filePath(QStringLiteral("all.las")));
+    QCOMPARE(chosen, 0);
+}
+
+void TestDialogPrompts::startAFileDialogWithItsFilterAndFolder()
+{
+    const QTemporaryDir folder;
+    QFile state(folder.filePath(QStringLiteral("all.las")));
+    QVERIFY(state.open(QIODevice::WriteOnly));
+    state.close();
+    int chosen = -1;
+    FileQuestion question;
+    question.path = state.fileName();
+    question.filter = QStringLiteral("Drawings (*.dxf);;Layer states (*.las)");
+    question.filterIndex = 1;
+    question.chosenFilter = &chosen;
+    inFileDialog([&](QFileDialog& dialog) {
+        QCOMPARE(dialog.selectedNameFilter(), QStringLiteral("Layer states (*.las)"));
+        QCOMPARE(dialog.directory().absolutePath(), folder.path());
+        QCOMPARE(dialog.selectedFiles(), QStringList{state.fileName()});
+        static_cast<QDialog&>(dialog).accept();
+    });
+    QCOMPARE(Prompts::current().openFile(nullptr, question), state.fileName());
+    QCOMPARE(chosen, 1);
+    // Filters out of range, and none at all.
+    question.filterIndex = 9;
+    inFileDialog([](QFileDialog& dialog) { dialog.reject(); });
+    QVERIFY(Prompts::current().openFile(nullptr, question).isEmpty());
+    question.filter.clear();
+    inFileDialog([](QFileDialog& dialog) { dialog.reject(); });
+    QVERIFY(Prompts::current().openFile(nullptr, question).isEmpty());
+}
+
+void TestDialogPrompts::answerNothingToAClosedFileDialog()
+{
+    int chosen = 5;
+    FileQuestion question;
+    question.chosenFilter = &chosen;
+    inFileDialog([](QFileDialog& dialog) { dialog.reject(); });
+    QVERIFY(Prompts::current().saveFile(nullptr, question).isEmpty());
+    QCOMPARE(chosen, 5);
 }
 
 QTEST_MAIN(TestDialogPrompts)

@@ -39,6 +39,12 @@ void HostCore::setMainWindow(QWidget* window)
     ksSetHost({&m_sysvars, &m_io, &m_services, &m_documents, &m_undoHistory, window});
 }
 
+void HostCore::setDialogs(HostDialogs* dialogs)
+{
+    m_services.setDialogs(dialogs);
+    m_io.setDialogs(dialogs);
+}
+
 void HostCore::shutDown()
 {
     if (m_isDown)

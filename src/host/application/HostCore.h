@@ -29,6 +29,8 @@ public:
 
     /// Tells modules about the main window; null takes it away.
     void setMainWindow(QWidget* window);
+    /// The dialogs behind the services; null takes them away.
+    void setDialogs(HostDialogs* dialogs);
     /// Closes the documents without asking, takes the modules down, keeps the settings.
     void shutDown();
 

@@ -1,9 +1,11 @@
 #include "host/application/HostServices.h"
 
+#include "host/application/HostDialogs.h"
 #include "host/application/HostFrontEnd.h"
 #include "host/sysvars/HostSysvarManager.h"
 #include "host/sysvars/UserSettings.h"
 #include "host/text/LineweightText.h"
+#include "sdk/KestStatus.h"
 
 namespace {
 QString stateKey(const QString& key)
@@ -33,4 +35,30 @@ void HostServices::refreshView()
 {
     if (m_frontEnd)
         m_frontEnd->regen(false);
+}
+
+int HostServices::pickColor(const KestPickRequest& request, OdCmColor& color)
+{
+    return m_dialogs ? m_dialogs->pickColor(request, color) : kest::kError;
+}
+
+int HostServices::pickLinetype(const KestPickRequest& request, OdDbObjectId& linetype)
+{
+    return m_dialogs ? m_dialogs->pickLinetype(request, linetype) : kest::kError;
+}
+
+int HostServices::pickLineweight(const KestPickRequest& request, int& weight)
+{
+    return m_dialogs ? m_dialogs->pickLineweight(request, weight) : kest::kError;
+}
+
+int HostServices::pickPlotStyle(const KestPickRequest& request, QString& name)
+{
+    return m_dialogs ? m_dialogs->pickPlotStyle(request, name) : kest::kError;
+}
+
+void HostServices::showHelp(int topic)
+{
+    if (m_dialogs)
+        m_dialogs->showHelp(topic);
 }

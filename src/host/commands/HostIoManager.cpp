@@ -1,6 +1,7 @@
 #include "host/commands/HostIoManager.h"
 
 #include "database/OdDbDatabase.h"
+#include "host/application/HostDialogs.h"
 #include "host/application/HostFrontEnd.h"
 #include "host/commands/CommandProcessor.h"
 #include "host/commands/KeywordList.h"
@@ -95,4 +96,9 @@ int HostIoManager::openDrawing(const QString& path, std::unique_ptr<OdDbDatabase
         why = error.description();
         return error.code() == OdResult::Cancelled ? kest::kCancel : kest::kError;
     }
+}
+
+int HostIoManager::selectFile(const KestFileRequest& request, QString& path, int& filterIndex)
+{
+    return m_dialogs ? m_dialogs->selectFile(request, path, filterIndex) : kest::kError;
 }

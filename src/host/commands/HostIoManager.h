@@ -3,6 +3,7 @@
 #include "sdk/IKestIOManager.h"
 
 class CommandProcessor;
+class HostDialogs;
 class HostFrontEnd;
 struct HostQuestion;
 
@@ -15,6 +16,9 @@ public:
     { }
     void setFrontEnd(HostFrontEnd& frontEnd) { m_frontEnd = &frontEnd; }
 
+    /// Null takes the dialogs away.
+    void setDialogs(HostDialogs* dialogs) { m_dialogs = dialogs; }
+
     void print(const QString& line) override;
     /// An answer that is no integer, or no keyword, is asked for again; where nobody can answer the
     /// running command fails.
@@ -23,6 +27,7 @@ public:
     int getKeyword(const QString& prompt, const QStringList& words, int& index) override;
     int openDrawing(const QString& path, std::unique_ptr<OdDbDatabase>& drawing,
                     QString& why) override;
+    int selectFile(const KestFileRequest& request, QString& path, int& filterIndex) override;
 
 private:
     int textOf(const HostQuestion& question, QString& value);
@@ -31,4 +36,5 @@ private:
 
     CommandProcessor& m_commands;
     HostFrontEnd* m_frontEnd = nullptr;
+    HostDialogs* m_dialogs = nullptr;
 };

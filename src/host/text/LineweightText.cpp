@@ -6,6 +6,8 @@
 #include <cstdlib>
 
 namespace {
+constexpr double kMillimetresPerInch = 25.4;
+
 constexpr std::array kWeights{0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
                               53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
 
@@ -14,6 +16,23 @@ int nearestValid(int weight)
     return *std::min_element(kWeights.begin(), kWeights.end(), [weight](int a, int b) {
         return std::llabs(qint64(a) - weight) < std::llabs(qint64(b) - weight);
     });
+}
+
+/// What readers of lineweight texts make of a number: hundredths of a millimetre, cut off.
+int readBack(double inches)
+{
+    return static_cast<int>(inches * kMillimetresPerInch / 0.01);
+}
+
+/// Three decimals, as other programs print them; four where three would be read back as another
+/// weight.
+QString inchText(int weight)
+{
+    const double value = weight / 100.0 / kMillimetresPerInch;
+    const QString text = QString::number(value, 'f', 3);
+    if (readBack(text.toDouble()) == weight)
+        return text;
+    return QString::number(std::ceil(value * 1e4) / 1e4, 'f', 4);
 }
 } // namespace
 
@@ -56,7 +75,7 @@ QString lineweightText(int weight, bool millimetres)
     default:
         break;
     }
-    const double value = nearestValid(weight) / 100.0;
-    return millimetres ? QStringLiteral("%1 mm").arg(value, 0, 'f', 2)
-                       : QStringLiteral("%1\"").arg(value / 25.4, 0, 'f', 3);
+    const int valid = nearestValid(weight);
+    return millimetres ? QStringLiteral("%1 mm").arg(valid / 100.0, 0, 'f', 2)
+                       : inchText(valid) + QLatin1Char('"');
 }

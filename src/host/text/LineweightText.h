@@ -11,7 +11,9 @@ std::span<const int> validLineweights();
 
 /// The text of a lineweight (hundredths of a millimetre): "0.25 mm", in inches `0.010"`; the names
 /// "Default", "ByBlock" and "ByLayer" for -3, -2 and -1. A weight that is not valid shows as the
-/// nearest valid one, the thinner of two that are as near.
+/// nearest valid one, the thinner of two that are as near. The texts of all valid weights read back
+/// as the weight, by readers that cut off what is below a hundredth of a millimetre; of 2.11 mm
+/// they make 2.10.
 QString lineweightText(int weight, bool millimetres);
 
 /// The lineweight of a typed text: "0.25", with or without "mm", in inches with or without a quote;

@@ -4,6 +4,9 @@
 #include "host/application/HostCore.h"
 #include "host/canvas/CCanvas.h"
 #include "host/commands/CommandLine.h"
+#include "host/dialogs/WindowDialogs.h"
+#include "host/help/HelpKey.h"
+#include "host/help/HelpTopics.h"
 #include "host/window/StatusFields.h"
 #include "host/window/WindowActions.h"
 #include "host/window/commandline/CCommandEdit.h"
@@ -41,6 +44,7 @@ CMainWindow::CMainWindow(HostCore& core)
     , m_openFiles(core.documents(), core.settings())
     , m_changedFiles(core.documents(), core.files(), core.frontEnd())
     , m_panes(std::make_unique<CXTPDockingPaneManager>(*this))
+    , m_dialogs(std::make_unique<WindowDialogs>(core, *this))
     , m_actions(new WindowActions(*this, m_recent))
     , m_status(new StatusFields(*statusBar()))
 {
@@ -63,6 +67,7 @@ CMainWindow::~CMainWindow()
 {
     // Panes first: their views may still look for the manager through the window.
     m_panes.reset();
+    m_dialogs.reset();
 }
 
 void CMainWindow::makeCentralArea()
@@ -122,6 +127,7 @@ void CMainWindow::connectParts()
 
 void CMainWindow::watchView(CDrawingView& view)
 {
+    HelpKey::setTopic(view, help_topics::kCanvas);
     connect(&view, &CDrawingView::drawingChanged, this, &CMainWindow::showCurrentDrawing);
     connect(&view.document(), &HostDocument::fileStateChanged, &view,
             [this] { showCurrentDrawing(); });
@@ -200,10 +206,20 @@ void CMainWindow::report(const CommandOutcome& outcome)
 
 void CMainWindow::runOwnAction(WindowAction id)
 {
-    if (id == WindowAction::About)
-        showAbout();
-    else
+    switch (id) {
+    case WindowAction::About:
+        return showAbout();
+    case WindowAction::Help:
+        return m_dialogs->showHelp(HelpKey::topicOf(focusWidget()));
+    case WindowAction::HelpContents:
+        return m_dialogs->showHelp(help_topics::kContents);
+    case WindowAction::HelpPalette:
+        return m_dialogs->showHelp(help_topics::kPalette);
+    case WindowAction::HelpCommandLine:
+        return m_dialogs->showHelp(help_topics::kCommandLine);
+    default:
         showDrawingBeside(id == WindowAction::NextDrawing ? 1 : -1);
+    }
 }
 
 void CMainWindow::showDrawingBeside(int step)

@@ -19,6 +19,7 @@ class QStackedWidget;
 class StatusFields;
 class WindowActions;
 enum class WindowAction;
+class WindowDialogs;
 
 /// The host's main window: drawings in tabs, the command line below, palettes around.
 class CMainWindow : public QMainWindow
@@ -75,6 +76,7 @@ private:
     OpenFiles m_openFiles;
     ChangedFiles m_changedFiles;
     std::unique_ptr<CXTPDockingPaneManager> m_panes;
+    std::unique_ptr<WindowDialogs> m_dialogs;
     WindowActions* m_actions;
     StatusFields* m_status;
     QStackedWidget* m_center = nullptr;

@@ -5,6 +5,8 @@
 #include "toolkit/Prompts.h"
 
 #include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
 #include <QLocale>
 
 namespace {
@@ -34,8 +36,9 @@ HostFrontEnd::LockAnswer aboutLock(QWidget* parent, const QString& path, const Q
     const QString who = holder.isEmpty()
         ? HostText::tr("Another program edits this drawing.")
         : HostText::tr("This drawing is being edited by %1.").arg(holder);
-    switch (ask(parent, HostText::tr("Drawing in Use"), HostText::tr("%1 is in use.").arg(path),
-                who,
+    switch (ask(parent, HostText::tr("Drawing in Use"),
+                HostText::tr("%1 is in use.").arg(QFileInfo(path).fileName()),
+                who + QLatin1Char('\n') + QDir::toNativeSeparators(path),
                 {HostText::tr("Open read-only\nThe drawing can be looked at, and saved to another "
                               "file."),
                  HostText::tr("Open anyway\nWhoever saves last wins; changes by the other may be "

@@ -67,6 +67,14 @@ const Row kRows[] = {
      "_LAYERPALETTE", Id::LayerPalette, kNoKey, Needs::LayerCommand},
     {TEXT("&Layer..."), TEXT("Show the layer palette"), "layers", "Ctrl+L", "_LAYER", Id::Layer,
      kNoKey, Needs::LayerCommand},
+    {TEXT("&Help"), TEXT("Explain what has the keyboard focus"), "", "F1", nullptr, Id::Help,
+     QKeySequence::HelpContents, Needs::Nothing},
+    {TEXT("&Contents"), TEXT("Open the help at its contents"), "", "", nullptr, Id::HelpContents,
+     kNoKey, Needs::Nothing},
+    {TEXT("&Layer Properties Manager"), TEXT("Open the help about the layer palette"), "", "",
+     nullptr, Id::HelpPalette, kNoKey, Needs::Nothing},
+    {TEXT("Command &Line"), TEXT("Open the help about the command line"), "", "", nullptr,
+     Id::HelpCommandLine, kNoKey, Needs::Nothing},
     {TEXT("&About kest"), TEXT("Version and purpose of the program"), "about", "", nullptr,
      Id::About, kNoKey, Needs::Nothing},
 };
@@ -86,7 +94,10 @@ const Surface kMenus[] = {
     {"editMenu", TEXT("&Edit"), {Id::Undo, Id::Redo}},
     {"viewMenu", TEXT("&View"), {Id::ZoomExtents, Id::Regen, Id::Separator, Id::LayerPalette}},
     {"formatMenu", TEXT("F&ormat"), {Id::Layer}},
-    {"helpMenu", TEXT("&Help"), {Id::About}},
+    {"helpMenu",
+     TEXT("&Help"),
+     {Id::Help, Id::HelpContents, Id::Separator, Id::HelpPalette, Id::HelpCommandLine,
+      Id::Separator, Id::About}},
 };
 
 const Surface kToolBars[] = {

@@ -28,6 +28,10 @@ enum class WindowAction {
     Regen,
     LayerPalette,
     Layer,
+    Help,
+    HelpContents,
+    HelpPalette,
+    HelpCommandLine,
     About,
 };
 

@@ -4,6 +4,7 @@
 #include "host/application/HostCore.h"
 #include "host/application/HostOptions.h"
 #include "host/batch/ExitCode.h"
+#include "host/dialogs/HostPrompts.h"
 #include "host/text/HostText.h"
 #include "host/window/CMainWindow.h"
 #include "host/window/KestApplication.h"
@@ -80,6 +81,7 @@ int runWindowProgram(int argc, char** argv, const HostOptions& options)
     KestApplication application(argc, argv);
     WindowFrontEnd frontEnd;
     HostCore core(frontEnd, options.configFolder);
+    const HostPrompts prompts(core.settings());
     CMainWindow window(core);
     frontEnd.attach(&window);
     core.setMainWindow(&window);

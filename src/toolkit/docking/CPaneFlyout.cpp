@@ -2,6 +2,7 @@
 
 #include "toolkit/docking/CFlyoutGrip.h"
 #include "toolkit/docking/CPaneTitleBar.h"
+#include "toolkit/docking/PaneFocus.h"
 
 #include <QFrame>
 #include <QGridLayout>
@@ -44,20 +45,6 @@ int roomBeside(Qt::DockWidgetArea side, const QRect& bar, QSize window)
     default:
         return window.width() - bar.right() - 1;
     }
-}
-
-/// The first widget inside that takes the focus by key; null when there is none.
-QWidget* firstFocusable(QWidget& view)
-{
-    QWidget* widget = &view;
-    do {
-        const bool inside = widget == &view || view.isAncestorOf(widget);
-        if (inside && (widget->focusPolicy() & Qt::TabFocus) && widget->isVisibleTo(&view)
-            && widget->isEnabled())
-            return widget;
-        widget = widget->nextInFocusChain();
-    } while (widget && widget != &view);
-    return nullptr;
 }
 
 } // namespace
@@ -197,12 +184,8 @@ void CPaneFlyout::stop()
 
 void CPaneFlyout::focusView()
 {
-    QWidget* target = m_view ? m_view->focusWidget() : nullptr;
-    if (!target && m_view)
-        target = firstFocusable(*m_view);
-    if (!target)
-        target = m_frame;
-    target->setFocus(Qt::OtherFocusReason);
+    if (!m_view || !focusInside(*m_view))
+        m_frame->setFocus(Qt::OtherFocusReason);
 }
 
 void CPaneFlyout::dragTo(QPoint distance)

@@ -2,9 +2,10 @@
 
 #include "toolkit/docking/CPaneTitleButton.h"
 
-#include <QEvent>
+#include <QContextMenuEvent>
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionDockWidget>
@@ -41,12 +42,44 @@ void CPaneTitleBar::setTitle(const QString& title)
 
 void CPaneTitleBar::setMode(Mode mode)
 {
+    m_mode = mode;
     const bool hidden = mode == Mode::HiddenToSide;
     const bool floating = mode == Mode::Floating;
     m_autoHide->setVisible(!floating);
     m_autoHide->setSign(hidden ? CPaneTitleButton::Sign::Pin : CPaneTitleButton::Sign::AutoHide);
     m_float->setVisible(!hidden);
     m_float->setSign(floating ? CPaneTitleButton::Sign::Dock : CPaneTitleButton::Sign::Float);
+}
+
+QMenu* CPaneTitleBar::makeMenu()
+{
+    auto* menu = new QMenu(this);
+    const auto add = [&](const QString& text, const char* name, bool isOffered, auto request) {
+        QAction* action = menu->addAction(text);
+        action->setObjectName(QLatin1String(name));
+        action->setEnabled(isOffered);
+        // After the menu is gone: what follows may take this title bar away.
+        connect(action, &QAction::triggered, this, request, Qt::QueuedConnection);
+    };
+    const bool isHidden = m_mode == Mode::HiddenToSide;
+    const bool isFloating = m_mode == Mode::Floating;
+    if (isHidden)
+        add(tr("&Dock"), "dock", true, &CPaneTitleBar::autoHideRequested);
+    else
+        add(tr("&Dock"), "dock", isFloating, &CPaneTitleBar::floatRequested);
+    add(tr("&Float"), "float", m_mode == Mode::Docked, &CPaneTitleBar::floatRequested);
+    add(tr("&Hide to Side"), "hide", m_mode == Mode::Docked, &CPaneTitleBar::autoHideRequested);
+    menu->addSeparator();
+    add(tr("&Close"), "close", true, &CPaneTitleBar::closeRequested);
+    return menu;
+}
+
+void CPaneTitleBar::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu* menu = makeMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    menu->popup(isByKey ? mapToGlobal(rect().bottomLeft()) : event->globalPos());
 }
 
 QSize CPaneTitleBar::minimumSizeHint() const

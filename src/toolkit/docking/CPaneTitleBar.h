@@ -3,9 +3,10 @@
 #include <QWidget>
 
 class CPaneTitleButton;
+class QMenu;
 
 /// Title bar of a docking pane: its title, and buttons to hide it to the side or pin it, to float
-/// or dock it, and to close it.
+/// or dock it, and to close it. Its context menu offers the same.
 class CPaneTitleBar : public QWidget
 {
     Q_OBJECT
@@ -19,6 +20,9 @@ public:
     void setMode(Mode mode);
 
     QSize minimumSizeHint() const override;
+    /// What the menu of the title offers in the present mode; "dock", "float", "hide" and "close"
+    /// by object name. The caller owns it.
+    QMenu* makeMenu();
 
 signals:
     void autoHideRequested();
@@ -28,11 +32,13 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void applyMetrics();
 
     QString m_title;
+    Mode m_mode = Mode::Docked;
     CPaneTitleButton* m_autoHide;
     CPaneTitleButton* m_float;
     CPaneTitleButton* m_close;
