@@ -1,17 +1,49 @@
+#include "host/canvas/CCanvas.h"
+#include "host/canvas/CanvasContents.h"
 #include "host/support/WindowFixture.h"
 #include "host/window/commandline/CCommandEdit.h"
 #include "host/window/commandline/CCommandLine.h"
 #include "host/window/commandline/HistoryHighlighter.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
+#include "sdk/IKestIOManager.h"
+#include "sdk/KestStatus.h"
+#include "sdk/OdEdCommandStack.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
 #include <QTimer>
+
+namespace {
+/// A command that asks for an integer with an empty prompt and remembers the answers.
+class PickCommand : public OdEdCommand
+{
+public:
+    explicit PickCommand(std::vector<int>& answers)
+        : m_answers(answers)
+    { }
+    QString groupName() const override { return QStringLiteral("TEST_PICK"); }
+    QString globalName() const override { return QStringLiteral("__ZTR_LAYER_GROUP_FILTER"); }
+    QString localName() const override { return globalName(); }
+    int flags() const override { return OdEd::kNoUndoMarker; }
+    void undefine(bool) override { }
+    void execute(OdEdCommandContext*) override
+    {
+        int answer = -1;
+        if (getIOManagerInterface()->getInt(QString(), answer) == kest::kNormal)
+            m_answers.push_back(answer);
+    }
+
+private:
+    std::vector<int>& m_answers;
+};
+} // namespace
 
 class TestCommandWidget : public WindowFixture
 {
@@ -43,6 +75,12 @@ private slots:
     void keepsTablesAligned();
     void failureColoursAreReadableOnLightAndDark();
     void cancelsAnOpenQuestionWhenTheWindowCloses();
+    void completesTheKeywordsOfAnOpenQuestion();
+    void cancelsWhatRunsForQueuedStringsAndAnswersTheirCommand();
+    void keepsTheTypedLinesOverSessions();
+    void keepsABoundedHistory();
+    void showsMoreOfTheHistoryOnF2();
+    void redrawsWhenAVariableOfTheUserChangesTheDrawing();
 };
 
 void TestCommandWidget::runsWhatIsTyped()
@@ -189,6 +227,103 @@ void TestCommandWidget::cancelsAnOpenQuestionWhenTheWindowCloses()
     typeLine("LWUNITS");
     settle();
     QVERIFY(!window->isVisible());
+}
+
+void TestCommandWidget::completesTheKeywordsOfAnOpenQuestion()
+{
+    open(TestDrawing());
+    QStringList offered;
+    QTimer::singleShot(0, this, [&] {
+        QTest::keyClicks(&edit(), QStringLiteral("l"));
+        const QAbstractItemModel& model = *edit().completer()->popup()->model();
+        for (int row = 0; row < model.rowCount(); ++row)
+            offered << model.index(row, 0).data().toString();
+        press(Qt::Key_Escape);
+        edit().clear();
+        press(Qt::Key_Return);
+    });
+    typeLine("-LAYER");
+    QCOMPARE(
+        offered,
+        QStringList({QStringLiteral("LOck"), QStringLiteral("Ltype"), QStringLiteral("LWeight")}));
+    QVERIFY(!window->commandLine().isAsking());
+    QTest::keyClicks(&edit(), QStringLiteral("rege"));
+    QCOMPARE(edit().completer()->popup()->model()->rowCount(), 2); // commands again
+    edit().clear();
+}
+
+void TestCommandWidget::cancelsWhatRunsForQueuedStringsAndAnswersTheirCommand()
+{
+    open(TestDrawing());
+    std::vector<int> answers;
+    odedRegCmds()->addCommand(odrxCreate<PickCommand>(answers));
+    const auto remove =
+        qScopeGuard([] { odedRegCmds()->removeGroup(QStringLiteral("TEST_PICK")); });
+    const auto send = [this] {
+        for (const char* text : {"^C^C^C^P", "__ZTR_LAYER_GROUP_FILTER", "0", "^P"})
+            core->documents().sendStringToExecute(QLatin1String(text));
+    };
+    QTimer::singleShot(0, this, send);
+    typeLine("-LAYER");
+    QCOMPARE(answers, std::vector<int>{0});
+    QVERIFY(history().contains(QStringLiteral("*Cancel*")));
+    QCOMPARE(variable("CMDNAMES"), QString());
+    send(); // while nothing runs
+    settle();
+    QCOMPARE(answers, (std::vector<int>{0, 0}));
+    QVERIFY(core->queue().isEmpty());
+}
+
+void TestCommandWidget::keepsTheTypedLinesOverSessions()
+{
+    typeLine("LWUNITS 0");
+    typeLine("LWUNITS 1");
+    window->close();
+    settle();
+    frontEnd->attach(nullptr);
+    window = std::make_unique<CMainWindow>(*core);
+    frontEnd->attach(window.get());
+    press(Qt::Key_Up);
+    QCOMPARE(edit().text(), QStringLiteral("LWUNITS 1"));
+    press(Qt::Key_Up);
+    QCOMPARE(edit().text(), QStringLiteral("LWUNITS 0"));
+}
+
+void TestCommandWidget::keepsABoundedHistory()
+{
+    CommandHistory lines;
+    QStringList many;
+    for (int i = 0; i < CommandHistory::kMaxLines + 50; ++i)
+        many << QString::number(i);
+    lines.restore(many);
+    QCOMPARE(lines.lines(), many.mid(50));
+    lines.add(QString(CommandHistory::kLongestLine + 1, QLatin1Char('x')));
+    QCOMPARE(lines.lines().last(), many.last());
+}
+
+void TestCommandWidget::showsMoreOfTheHistoryOnF2()
+{
+    typeLine("LWUNITS 0");
+    press(Qt::Key_F2);
+    auto* more = window->findChild<QWidget*>(QStringLiteral("historyWindow"));
+    QVERIFY(more && more->isVisible());
+    QCOMPARE(more->findChild<QPlainTextEdit*>()->toPlainText(), history());
+    QTest::keyClick(more->findChild<QPlainTextEdit*>(), Qt::Key_F2);
+    QVERIFY(!more->isVisible());
+}
+
+void TestCommandWidget::redrawsWhenAVariableOfTheUserChangesTheDrawing()
+{
+    open(TestDrawing().add({.name = "A"}).addLine("A"));
+    CCanvas& canvas = window->drawings().currentView()->canvas();
+    canvas.completeNow();
+    QSignalSpy read(&canvas.contents(), &CanvasContents::readingProgressed);
+    typeLine("FILEDIA 0");
+    canvas.completeNow();
+    QCOMPARE(read.size(), 0);
+    typeLine("LAYLOCKFADECTL 20");
+    canvas.completeNow();
+    QVERIFY(read.size() > 0);
 }
 
 QTEST_MAIN(TestCommandWidget)

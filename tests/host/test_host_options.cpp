@@ -70,3 +70,10 @@ TEST(HostOptions, UsageNamesEveryOption)
     for (const char* option : {"--batch", "--screenshot", "--config", "--help", "--version"})
         EXPECT_TRUE(HostOptions::usage().contains(QLatin1String(option))) << option;
 }
+
+TEST(HostOptions, StandardInputIsTheScriptOrTheDrawing)
+{
+    EXPECT_EQ(QStringList{QStringLiteral("-")}, parse({"--batch", "a.scr", "-"}).files);
+    EXPECT_EQ("Standard input is the script or the drawing, not both.",
+              error({"--batch", "-", "-"}));
+}

@@ -82,6 +82,36 @@ TEST_F(Programs, HelpAndVersionNeedNoDisplay)
     EXPECT_EQ(0, version.exitCode);
 }
 
+TEST_F(Programs, AnEmptyEnvironmentIsEnough)
+{
+    environment = QProcessEnvironment();
+    environment.insert(QStringLiteral("HOME"), folder.path()); // else the parent's is inherited
+    for (const char* option : {"--help", "--version"}) {
+        const Finished done = kest({QString::fromUtf8(option)});
+        EXPECT_EQ(0, done.exitCode) << option;
+        EXPECT_EQ("", done.errors) << option;
+    }
+    EXPECT_EQ("LWUNITS = 1\n", batch("LWUNITS\n").output);
+}
+
+TEST_F(Programs, ADrawingComesFromStandardInput)
+{
+    QFile script(folder.filePath(QStringLiteral("s.scr")));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    const QString out = folder.filePath(QStringLiteral("piped.dxf"));
+    script.write("DWGTITLED\nCLAYER Walls\nSAVEAS \"" + out.toUtf8() + "\"\n");
+    script.close();
+    const QStringList arguments{QStringLiteral("--batch"), script.fileName(), QStringLiteral("-")};
+    const Finished done = kest(arguments, TestDrawing().add({.name = "Walls"}).bytes());
+    EXPECT_EQ("", done.errors);
+    EXPECT_EQ(0, done.exitCode);
+    EXPECT_EQ("DWGTITLED = 0 (cannot be set)\n", done.output);
+    EXPECT_EQ("CLAYER = \"Walls\"\n", batch("CLAYER\n", out).output);
+    const Finished nothing = kest(arguments, "no drawing");
+    EXPECT_EQ(3, nothing.exitCode);
+    EXPECT_EQ(0u, nothing.errors.find("kest: standard input, line 1: "));
+}
+
 TEST_F(Programs, WrongUsageIsOne)
 {
     const Finished wrong = kest({QStringLiteral("--frob")});

@@ -1,3 +1,6 @@
+#include "database/OdDbDatabase.h"
+#include "database/OdDbLayerTable.h"
+#include "database/OdDbLayerTableRecord.h"
 #include "host/support/OtherProcess.h"
 #include "host/support/WindowFixture.h"
 #include "host/window/CMainWindow.h"
@@ -8,9 +11,11 @@
 #include "sdk/OdEdCommandStack.h"
 #include "toolkit/CXTPDockingPaneManager.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QFile>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 constexpr int kLayerPane = 1000; // the pane that the layer palette's module makes
@@ -42,6 +47,7 @@ private slots:
     void closesThePaletteWithTheLastDrawingAndReopensIt();
     void keepsThePaletteStateOverAnEndOfTheProgram();
     void endsThePaletteWithItsModule();
+    void lockedOutOfThePaletteWhileTheLayerCommandAsks();
 };
 
 void TestWindowSession::opensTheFilesAndThePalette()
@@ -189,6 +195,39 @@ void TestWindowSession::endsThePaletteWithItsModule()
     QVERIFY(!odedRegCmds()->lookup(QStringLiteral("_LAYER")));
     typeLine("NEW");
     QVERIFY(current());
+}
+
+void TestWindowSession::lockedOutOfThePaletteWhileTheLayerCommandAsks()
+{
+    start();
+    open(TestDrawing().add({.name = "Wall"}));
+    auto* grid = window->findChild<QAbstractItemView*>(QStringLiteral("layerGrid"));
+    QVERIFY(grid);
+    constexpr int kLockedColumn = 4;
+    const auto click = [&] {
+        const QModelIndex cell = grid->model()->index(1, kLockedColumn);
+        QVERIFY(cell.isValid());
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(cell).center());
+    };
+    const auto isLocked = [this] {
+        const auto id = current()->database()->layerTable().getAt(QStringLiteral("Wall"));
+        return id.openObject<OdDbLayerTableRecord>()->isLocked();
+    };
+    prompts->willCloseMessage();
+    QString names;
+    QTimer::singleShot(0, this, [&] {
+        names = variable("CMDNAMES");
+        click();
+        window->commandLine().answer(std::nullopt);
+    });
+    typeLine("-LAYER");
+    QCOMPARE(names, QStringLiteral("-LAYER"));
+    QCOMPARE(
+        prompts->texts(),
+        QStringList{QStringLiteral("Unable to modify layers while another command is active.")});
+    QVERIFY(!isLocked());
+    click(); // the command is over
+    QVERIFY(isLocked());
 }
 
 QTEST_MAIN(TestWindowSession)

@@ -77,6 +77,9 @@ HostOptions HostOptions::parse(const QStringList& arguments)
     if (needsOneFile(result.mode) && result.files.size() > 1)
         return failed(
             HostText::tr("One drawing can be given; there are %1.").arg(result.files.size()));
+    if (result.mode == Mode::Batch && result.script == QLatin1String("-")
+        && result.files.contains(QStringLiteral("-")))
+        return failed(HostText::tr("Standard input is the script or the drawing, not both."));
     return result;
 }
 
@@ -89,12 +92,14 @@ QString HostOptions::usage()
         "\n"
         "Opens drawings in a window, or runs a script over one without a window.\n"
         "\n"
-        "  --batch SCRIPT     run the commands of SCRIPT, one per line; - is standard input\n"
+        "  --batch SCRIPT     run the commands of SCRIPT, one per line; - is standard input,\n"
+        "                     for SCRIPT or for FILE\n"
         "  --screenshot PNG   draw the window into a picture, print the layers and end\n"
         "  --config DIR       keep the settings in DIR\n"
         "  --help             show this text\n"
         "  --version          show the version\n"
         "\n"
         "Exit codes: 0 done, 1 wrong usage, 3 input that cannot be read, 4 output that\n"
-        "cannot be written, 6 a command failed.\n");
+        "cannot be written, 6 a command failed, 128 and the signal's number when a signal\n"
+        "stopped the script.\n");
 }

@@ -1,6 +1,14 @@
 #include "host/batch/BatchFrontEnd.h"
 
+#include "host/batch/StopSignal.h"
 #include "io/DrawingFile.h"
+
+namespace {
+bool goesOn(quint64, quint64)
+{
+    return StopSignal::number() == 0;
+}
+} // namespace
 
 void BatchFrontEnd::print(const QString& line)
 {
@@ -11,11 +19,12 @@ void BatchFrontEnd::print(const QString& line)
 
 std::unique_ptr<OdDbDatabase> BatchFrontEnd::readDrawingFile(const QString& path)
 {
-    return readDrawing(path);
+    return readDrawing(path, goesOn);
 }
 
 SaveReport BatchFrontEnd::writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
                                            const SaveOptions& options)
 {
-    return writeDrawing(drawing, path, {}, options);
+    // Taken back at a stop signal: the file is as it was, and nothing lies beside it.
+    return writeDrawing(drawing, path, goesOn, options);
 }

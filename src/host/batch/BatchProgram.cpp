@@ -5,9 +5,11 @@
 #include "host/application/HostOptions.h"
 #include "host/batch/BatchFrontEnd.h"
 #include "host/batch/BatchSession.h"
+#include "host/batch/StopSignal.h"
 
 int runBatchProgram(const HostOptions& options)
 {
+    const StopSignal stop;
     BatchFrontEnd frontEnd(stdout);
     HostCore core(frontEnd, options.configFolder);
     BatchSession session(core, frontEnd, stderr);
@@ -18,5 +20,8 @@ int runBatchProgram(const HostOptions& options)
     if (result == ExitCode::Ok)
         result = session.runFile(options.script);
     core.shutDown();
-    return static_cast<int>(result);
+    // As shells tell it of a program that a signal ended.
+    constexpr int kSignalled = 128;
+    const int signal = StopSignal::number();
+    return signal == 0 ? static_cast<int>(result) : kSignalled + signal;
 }

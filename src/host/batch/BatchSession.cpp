@@ -4,10 +4,17 @@
 #include "host/application/HostCore.h"
 #include "host/batch/BatchFrontEnd.h"
 #include "host/batch/ScriptReader.h"
+#include "host/batch/StandardInput.h"
+#include "host/batch/StopSignal.h"
 #include "host/text/HostText.h"
+#include "io/DrawingFile.h"
 
 #include <QFile>
 #include <QFileInfo>
+
+namespace {
+constexpr QLatin1String kStandardInput("-");
+}
 
 BatchSession::BatchSession(HostCore& core, BatchFrontEnd& frontEnd, std::FILE* errors)
     : m_core(core)
@@ -47,10 +54,19 @@ void BatchSession::tellUnsavedEdits()
     }
 }
 
+void BatchSession::openStandardInput()
+{
+    const QString name = HostText::tr("standard input");
+    m_core.documents().add(readDrawing(StandardInput().readAll(), name), name, false);
+}
+
 ExitCode BatchSession::openDrawing(const QString& path)
 {
     try {
-        m_core.files().open(path);
+        if (path == kStandardInput)
+            openStandardInput();
+        else
+            m_core.files().open(path);
         return ExitCode::Ok;
     } catch (const OdError& error) {
         complain(QStringLiteral("kest"), error.description());
@@ -60,13 +76,14 @@ ExitCode BatchSession::openDrawing(const QString& path)
 
 ExitCode BatchSession::runFile(const QString& path)
 {
+    if (path == kStandardInput) {
+        StandardInput input;
+        return run(input, path);
+    }
     QFile file(path);
-    const bool isStandardInput = path == QLatin1String("-");
     // Opening a folder succeeds on some systems, and reading it then gives nothing.
-    const bool isFolder = !isStandardInput && QFileInfo(path).isDir();
-    const bool isOpen = isStandardInput ? file.open(stdin, QIODevice::ReadOnly)
-                                        : !isFolder && file.open(QIODevice::ReadOnly);
-    if (isOpen)
+    const bool isFolder = QFileInfo(path).isDir();
+    if (!isFolder && file.open(QIODevice::ReadOnly))
         return run(file, path);
     const QString why = isFolder ? HostText::tr("It is a folder") : file.errorString();
     complain(QStringLiteral("kest"),
@@ -80,13 +97,17 @@ ExitCode BatchSession::run(QIODevice& script, const QString& name)
     ExitCode result = ExitCode::Ok;
     ScriptReader reader(script);
     QString line;
-    while (!m_frontEnd.hasQuit() && reader.next(line))
+    while (StopSignal::number() == 0 && !m_frontEnd.hasQuit() && reader.next(line))
         result = worse(result,
                        runLine(line, QStringLiteral("%1:%2").arg(name).arg(reader.lineNumber())));
     if (!reader.error().isEmpty()) {
         complain(QStringLiteral("%1:%2").arg(name).arg(reader.lineNumber()),
                  reader.error() + QLatin1Char(' ') + HostText::tr("The script ends here."));
         result = worse(result, ExitCode::BadInput);
+    }
+    if (StopSignal::number() != 0) {
+        complain(QStringLiteral("%1:%2").arg(name).arg(reader.lineNumber()),
+                 HostText::tr("The script was stopped here."));
     }
     m_core.commandState().setScript(false);
     return result;

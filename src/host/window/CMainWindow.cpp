@@ -34,6 +34,7 @@ struct LayoutKeys
     const char* geometry = "Window/Geometry";
     const char* state = "Window/State";
     const char* panes = "Window/Panes";
+    const char* history = "CommandLine/History";
 };
 constexpr LayoutKeys kKeys;
 } // namespace
@@ -123,6 +124,16 @@ void CMainWindow::connectParts()
     connect(&m_core.queue(), &CommandQueue::queued, this, &CMainWindow::queuedWhileAsking);
     connect(&m_core.queue(), &CommandQueue::queued, this, &CMainWindow::drainQueue,
             Qt::QueuedConnection);
+    connect(&m_core.sysvars(), &HostSysvarManager::userVariableChanged, this,
+            &CMainWindow::showUserVariable);
+}
+
+void CMainWindow::showUserVariable(const QString& name)
+{
+    static const QStringList drawnByThese{QStringLiteral("LAYLOCKFADECTL"),
+                                          QStringLiteral("LWDEFAULT")};
+    if (drawnByThese.contains(name))
+        m_core.frontEnd().regen(true);
 }
 
 void CMainWindow::watchView(CDrawingView& view)
@@ -297,6 +308,8 @@ void CMainWindow::restoreLayout()
     const auto bytes = [this](const char* key) {
         return m_core.settings().value(QLatin1String(key)).toByteArray();
     };
+    m_commandLine->edit().history().restore(
+        m_core.settings().value(QLatin1String(kKeys.history)).toStringList());
     if (!restoreGeometry(bytes(kKeys.geometry)))
         resize(kFirstSize);
     if (restoreState(bytes(kKeys.state)))
@@ -305,6 +318,8 @@ void CMainWindow::restoreLayout()
 
 void CMainWindow::storeLayout()
 {
+    m_core.settings().setValue(QLatin1String(kKeys.history),
+                               m_commandLine->edit().history().lines());
     m_core.settings().setValue(QLatin1String(kKeys.geometry), saveGeometry());
     m_core.settings().setValue(QLatin1String(kKeys.state), saveState());
     m_core.settings().setValue(QLatin1String(kKeys.panes), m_panes->saveState());

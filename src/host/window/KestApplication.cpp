@@ -23,6 +23,9 @@ bool KestApplication::notify(QObject* receiver, QEvent* event)
         show(error.description());
     } catch (const std::exception& error) {
         show(tr("Something went wrong: %1").arg(QString::fromLocal8Bit(error.what())));
+    } catch (...) {
+        // A module may raise anything.
+        show(tr("Something went wrong."));
     }
     return false;
 }

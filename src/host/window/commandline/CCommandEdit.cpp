@@ -62,6 +62,9 @@ void CCommandEdit::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Down:
         setText(m_history.next(text()));
         return;
+    case Qt::Key_F2:
+        emit historyWanted();
+        return;
     case Qt::Key_Escape:
         if (text().isEmpty())
             emit cancelled();

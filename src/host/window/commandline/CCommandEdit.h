@@ -16,11 +16,13 @@ public:
 
     /// Names that the line completes.
     void setNames(const QStringList& names);
-    const CommandHistory& history() const { return m_history; }
+    CommandHistory& history() { return m_history; }
 
 signals:
     void submitted(const QString& text);
     void cancelled();
+    /// F2: more of what was said is wanted.
+    void historyWanted();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

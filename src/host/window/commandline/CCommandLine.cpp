@@ -2,6 +2,7 @@
 
 #include "host/sysvars/SysvarTable.h"
 #include "host/window/commandline/CCommandEdit.h"
+#include "host/window/commandline/CHistoryWindow.h"
 #include "host/window/commandline/HistoryHighlighter.h"
 #include "sdk/OdEdCommandStack.h"
 
@@ -59,6 +60,8 @@ CCommandLine::CCommandLine(QWidget* parent)
     connect(m_edit, &CCommandEdit::submitted, this, &CCommandLine::submit);
     connect(m_edit, &CCommandEdit::cancelled, this, &CCommandLine::cancel);
     connect(m_edit, &CCommandEdit::namesWanted, this, &CCommandLine::refreshNames);
+    connect(m_edit, &CCommandEdit::historyWanted, this, &CCommandLine::toggleHistoryWindow);
+    connect(this, &CCommandLine::questionChanged, this, &CCommandLine::refreshNames);
 }
 
 CCommandLine::~CCommandLine()
@@ -74,12 +77,21 @@ void CCommandLine::showPrompt(const QString& prompt)
 
 void CCommandLine::refreshNames()
 {
-    QStringList names = odedRegCmds()->localNames();
-    for (const SysvarDefinition& variable : sysvarTable())
-        names << QLatin1String(variable.name);
+    QStringList names = m_question ? m_question->keywords : odedRegCmds()->localNames();
+    if (!m_question) {
+        for (const SysvarDefinition& variable : sysvarTable())
+            names << QLatin1String(variable.name);
+    }
     names.removeDuplicates();
     names.sort(Qt::CaseInsensitive);
     m_edit->setNames(names);
+}
+
+void CCommandLine::toggleHistoryWindow()
+{
+    if (!m_historyWindow)
+        m_historyWindow = new CHistoryWindow(*m_history, this);
+    m_historyWindow->toggle();
 }
 
 void CCommandLine::append(const QString& text, int kind)

@@ -7,12 +7,14 @@
 #include <optional>
 
 class CCommandEdit;
+class CHistoryWindow;
 class HistoryHighlighter;
 class QEventLoop;
 class QLabel;
 class QPlainTextEdit;
 
-/// The command line: what was said above, the line to type in below.
+/// The command line: what was said above, the line to type in below. While a question is open that
+/// words answer, the line completes these words, else the names of commands and variables.
 class CCommandLine : public QWidget
 {
     Q_OBJECT
@@ -51,12 +53,14 @@ private:
     void submit(const QString& text);
     void cancel();
     void refreshNames();
+    void toggleHistoryWindow();
     void showPrompt(const QString& prompt);
 
     QPlainTextEdit* m_history;
     QLabel* m_prompt;
     CCommandEdit* m_edit;
     HistoryHighlighter* m_highlighter;
+    CHistoryWindow* m_historyWindow = nullptr;
     QEventLoop* m_loop = nullptr;
     const HostQuestion* m_question = nullptr;
     std::optional<QString> m_answer;

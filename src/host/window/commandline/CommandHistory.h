@@ -8,8 +8,11 @@ class CommandHistory
 {
 public:
     static constexpr int kMaxLines = 200;
+    static constexpr int kLongestLine = 4096;
 
-    /// Remembers a line; the same line twice in a row is kept once.
+    /// Starts with lines of another session, the newest of them where there are too many.
+    void restore(const QStringList& lines);
+    /// Remembers a line; the same line twice in a row is kept once, an overlong one not at all.
     void add(const QString& line);
     /// The line before, starting from `typed`; the oldest one stays.
     QString previous(const QString& typed);
