@@ -1,6 +1,7 @@
 #include "base/WildcardPattern.h"
 
 #include <chrono>
+#include <cstring>
 #include <gtest/gtest.h>
 
 namespace {
@@ -8,7 +9,50 @@ bool matches(const char* pattern, const char* name)
 {
     return matchesWildcard(WildcardPattern(QString::fromUtf8(pattern)), QString::fromUtf8(name));
 }
+
+/// Matches one alternative without brackets and back-quotes, by trying everything.
+bool naive(QStringView pattern, QStringView name)
+{
+    if (pattern.isEmpty())
+        return name.isEmpty();
+    const QChar token = pattern[0];
+    if (token == QLatin1Char('*'))
+        return naive(pattern.mid(1), name) || (!name.isEmpty() && naive(pattern, name.mid(1)));
+    if (name.isEmpty())
+        return false;
+    const QChar c = name[0];
+    const bool fits = token == QLatin1Char('?') || token == c
+        || (token == QLatin1Char('#') && c.isDigit()) || (token == QLatin1Char('@') && c.isLetter())
+        || (token == QLatin1Char('.') && !c.isLetterOrNumber());
+    return fits && naive(pattern.mid(1), name.mid(1));
+}
+
+/// The text of that number, digits of which are taken from the characters.
+QString spelled(quint32 number, const char* characters)
+{
+    const auto base = static_cast<quint32>(std::strlen(characters));
+    QString text;
+    for (; number > 0; number /= base)
+        text += QLatin1Char(characters[number % base]);
+    return text;
+}
 } // namespace
+
+TEST(WildcardPattern, AgreesWithTryingEverything)
+{
+    int matched = 0;
+    for (quint32 i = 0; i < 8000; ++i) {
+        const QString pattern = spelled(i * 2654435761U >> 12, "a*b?1#.@*-");
+        const WildcardPattern compiled(pattern);
+        for (quint32 j = 0; j < 40; ++j) {
+            const QString name = spelled((i + 77) * 40503U * (j + 1) >> 8, "ab1-a");
+            ASSERT_EQ(naive(pattern, name), compiled.matches(name))
+                << pattern.toStdString() << " and " << name.toStdString();
+            matched += compiled.matches(name) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(matched, 1000);
+}
 
 TEST(WildcardPattern, ANameMatchesItselfWhateverItsCase)
 {

@@ -111,7 +111,7 @@ constexpr Stop kTour[] = {
      "CLAYER Wall\n"
      "QUIT Maybe\n"
      "QUIT No\n",
-     "! Yes, No or Cancel is needed; \"Maybe\" is none.\n"
+     "! One of Yes, No, Cancel is needed; \"Maybe\" is none.\n"
      "[quit]\n"},
     {"REDO",
      "OPEN {DIR}/plan.dxf\n"

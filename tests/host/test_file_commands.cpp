@@ -139,7 +139,7 @@ TEST_F(FileCommands, CloseAsksAboutChangesAndDoesAsAnswered)
     EXPECT_EQ("\"Save the changes to plan.dxf? [Yes/No/Cancel]:\" is asked, and the line holds no "
               "answer.",
               run("CLOSE"));
-    EXPECT_EQ("Yes, No or Cancel is needed; \"maybe\" is none.", run("CLOSE maybe"));
+    EXPECT_EQ("One of Yes, No, Cancel is needed; \"maybe\" is none.", run("CLOSE maybe"));
     EXPECT_EQ("*Cancel*", run("CLOSE Cancel"));
     ASSERT_TRUE(current());
     EXPECT_EQ("", run("CLOSE y"));

@@ -18,8 +18,24 @@
 #include <QTimer>
 
 namespace {
+/// Counts the paint events of a widget.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+    int count() const { return m_count; }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        m_count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+private:
+    int m_count = 0;
+};
+
 constexpr int kLayerPane = 1000; // the pane that the layer palette's module makes
-}
+} // namespace
 
 /// The start of the program, with the layer palette's module as it is built.
 class TestWindowSession : public WindowFixture
@@ -48,6 +64,7 @@ private slots:
     void keepsThePaletteStateOverAnEndOfTheProgram();
     void endsThePaletteWithItsModule();
     void lockedOutOfThePaletteWhileTheLayerCommandAsks();
+    void paintsThePaletteAnewWhenTheUnitOfLineweightsChanges();
 };
 
 void TestWindowSession::opensTheFilesAndThePalette()
@@ -228,6 +245,25 @@ void TestWindowSession::lockedOutOfThePaletteWhileTheLayerCommandAsks()
     QVERIFY(!isLocked());
     click(); // the command is over
     QVERIFY(isLocked());
+}
+
+void TestWindowSession::paintsThePaletteAnewWhenTheUnitOfLineweightsChanges()
+{
+    start();
+    auto* grid = window->findChild<QAbstractItemView*>(QStringLiteral("layerGrid"));
+    QVERIFY(grid);
+    settle();
+    const QImage millimetres = grid->viewport()->grab().toImage();
+    PaintCounter painted(*grid->viewport());
+    core->sysvars().setText(QStringLiteral("FILEDIA"), variable("FILEDIA")); // no change
+    settle();
+    QCOMPARE(painted.count(), 0);
+    core->sysvars().setText(QStringLiteral("LWUNITS"), QStringLiteral("0"));
+    settle();
+    QVERIFY(painted.count() > 0);
+    core->sysvars().setText(QStringLiteral("LWUNITS"), QStringLiteral("1"));
+    settle();
+    QCOMPARE(grid->viewport()->grab().toImage(), millimetres);
 }
 
 QTEST_MAIN(TestWindowSession)

@@ -100,20 +100,13 @@ CloseAnswer closeAnswer(const HostCommandRun& run, const HostDocument& document)
 {
     if (run.isInteractive() && !run.hasAnswer())
         return run.core().frontEnd().askToSave(document);
-    const QString prompt =
-        HostText::tr("Save the changes to %1? [Yes/No/Cancel]:").arg(document.displayName());
-    const QString answer = run.answer(prompt);
-    const auto is = [&](const char* word) {
-        return !answer.isEmpty() && QLatin1String(word).startsWith(answer, Qt::CaseInsensitive);
-    };
-    if (is("Yes"))
-        return CloseAnswer::Save;
-    if (is("No"))
-        return CloseAnswer::Discard;
-    if (is("Cancel"))
-        return CloseAnswer::Cancel;
-    throw OdError(OdResult::InvalidInput,
-                  HostText::tr("Yes, No or Cancel is needed; \"%1\" is none.").arg(answer));
+    static constexpr const char* kWords[] = {QT_TRANSLATE_NOOP("Host", "Yes"),
+                                             QT_TRANSLATE_NOOP("Host", "No"),
+                                             QT_TRANSLATE_NOOP("Host", "Cancel")};
+    static constexpr CloseAnswer kAnswers[] = {CloseAnswer::Save, CloseAnswer::Discard,
+                                               CloseAnswer::Cancel};
+    const QString question = HostText::tr("Save the changes to %1?").arg(document.displayName());
+    return kAnswers[run.requireKeyword({question, kWords})];
 }
 
 // Asks about unsaved changes, and saves them where that is the answer.

@@ -52,13 +52,16 @@ std::optional<int> HostCommandRun::askKeyword(const KeywordQuestion& question) c
         keywords.prompt(question.text, none ? keywords.words().value(*none) : QString()));
     asks.keywords = keywords.words();
     return asked(asks, [&](const QString& answer) -> std::optional<int> {
-        if (answer.trimmed().isEmpty())
-            return none;
-        const int index = keywords.find(answer).index;
-        if (index < 0)
-            throw OdError(OdResult::InvalidInput, keywords.complaint(answer));
-        return index;
+        return answer.trimmed().isEmpty() ? none : std::optional(keywords.require(answer));
     });
+}
+
+int HostCommandRun::requireKeyword(const KeywordQuestion& question) const
+{
+    const KeywordList keywords(question.words);
+    HostQuestion asks(keywords.prompt(question.text));
+    asks.keywords = keywords.words();
+    return asked(asks, [&](const QString& answer) { return keywords.require(answer); });
 }
 
 bool HostCommandRun::yes(const QString& text, bool fallback) const

@@ -51,6 +51,8 @@ public:
     /// The index of the word that is answered. The fallback, or nothing where there is none, when
     /// the answer is empty or the line of a script holds no more.
     std::optional<int> askKeyword(const KeywordQuestion& question) const;
+    /// The index of the word that is answered; raises OdError without an answer.
+    int requireKeyword(const KeywordQuestion& question) const;
     /// A question with a default: Enter answers it, and so does the end of a script's line.
     bool yes(const QString& text, bool fallback) const;
     bool hasAnswer() const;

@@ -1,5 +1,6 @@
 #include "host/commands/KeywordList.h"
 
+#include "database/OdError.h"
 #include "host/text/HostText.h"
 
 #include <algorithm>
@@ -48,6 +49,14 @@ KeywordList::Choice KeywordList::find(const QString& answer) const
     const QString word = answer.trimmed();
     return word.startsWith(QLatin1Char('_')) ? findIn(m_global, word.mid(1))
                                              : findIn(m_words, word);
+}
+
+int KeywordList::require(const QString& answer) const
+{
+    const int index = find(answer).index;
+    if (index < 0)
+        throw OdError(OdResult::InvalidInput, complaint(answer));
+    return index;
 }
 
 QString KeywordList::complaint(const QString& answer) const

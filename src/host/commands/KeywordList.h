@@ -26,6 +26,8 @@ public:
 
     const QStringList& words() const { return m_words; }
     Choice find(const QString& answer) const;
+    /// The index of the word; raises OdError with InvalidInput and the complaint for none.
+    int require(const QString& answer) const;
     /// Why an answer is none of the words: "One of Yes, No is needed; "x" is none."
     QString complaint(const QString& answer) const;
     /// "text [Yes/No] <Yes>:", without brackets where there are no words, without a default where

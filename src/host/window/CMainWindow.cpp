@@ -134,6 +134,9 @@ void CMainWindow::showUserVariable(const QString& name)
                                           QStringLiteral("LWDEFAULT")};
     if (drawnByThese.contains(name))
         m_core.frontEnd().regen(true);
+    // Palettes show texts that depend on others, such as the unit of lineweights.
+    for (QWidget* widget : findChildren<QWidget*>())
+        widget->update();
 }
 
 void CMainWindow::watchView(CDrawingView& view)
