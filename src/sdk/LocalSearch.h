@@ -1,6 +1,7 @@
 #pragma once
 
-/// Context help of commands and dialogs.
+/// Context help of commands and dialogs. F1 does the same for a widget, and for what is in it, that
+/// has its topic as the dynamic property "helpTopic" (an int).
 class LocalSearch
 {
 public:

@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr int kFloatingStep = 24;
+
 bool isUpright(Qt::DockWidgetArea area)
 {
     return area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
@@ -50,8 +52,18 @@ void CXTPDockingPane::connectTitleBar()
     connect(m_titleBar, &CPaneTitleBar::closeRequested, this,
             [this] { m_manager.ClosePane(this); });
     connect(m_titleBar, &CPaneTitleBar::autoHideRequested, this, &CXTPDockingPane::ToggleAutoHide);
-    connect(m_titleBar, &CPaneTitleBar::floatRequested, this,
-            [this] { setFloating(!isFloating()); });
+    connect(m_titleBar, &CPaneTitleBar::floatRequested, this, &CXTPDockingPane::toggleFloating);
+}
+
+void CXTPDockingPane::toggleFloating()
+{
+    const QPoint before = mapToGlobal(QPoint(0, 0));
+    setFloating(!isFloating());
+    // One that floats where it was docked looks as if nothing had happened.
+    if (isFloating() && (pos() - before).manhattanLength() < kFloatingStep) {
+        move(pos() + QPoint(kFloatingStep, kFloatingStep));
+        m_manager.keepOnScreens();
+    }
 }
 
 void CXTPDockingPane::SetTitle(const QString& title)

@@ -51,6 +51,7 @@ private:
     friend class AutoHideSides;
     CXTPDockingPane(CXTPDockingPaneManager& manager, int id, QRect initial);
     void connectTitleBar();
+    void toggleFloating();
     void applyTrackSizes();
     /// The first time the pane is shown it gets its initial size, unless a saved state gave it
     /// another.

@@ -60,6 +60,7 @@ private:
 private slots:
     void offerInTheirMenuWhatTheirStateAllows();
     void followTheirMenu();
+    void standOutFromTheirDockWhenTheyFloat();
     void openTheirMenuByRightClickAndByKey();
     void goRoundByF6();
     void slideOutByF6();
@@ -106,6 +107,21 @@ void TestPanePlaces::followTheirMenu()
     QVERIFY(pane->isVisible());
     trigger(title(pane), "close");
     QVERIFY(pane->IsClosed());
+}
+
+void TestPanePlaces::standOutFromTheirDockWhenTheyFloat()
+{
+    showWindow(QSize(500, 400));
+    CXTPDockingPane* pane = createPalette();
+    m_manager->ShowPane(pane);
+    const QPoint docked = pane->mapToGlobal(QPoint(0, 0));
+    trigger(title(pane), "float");
+    QVERIFY((pane->pos() - docked).manhattanLength() >= 24);
+    // Where the user put it is where it floats again.
+    pane->move(200, 150);
+    trigger(title(pane), "dock");
+    trigger(title(pane), "float");
+    QCOMPARE(pane->pos(), QPoint(200, 150));
 }
 
 void TestPanePlaces::openTheirMenuByRightClickAndByKey()

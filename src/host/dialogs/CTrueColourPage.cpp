@@ -27,7 +27,7 @@ const FieldRow kFields[] = {
     {QT_TRANSLATE_NOOP("CTrueColourPage", "B&lue:"), "", 255, 0},
     {QT_TRANSLATE_NOOP("CTrueColourPage", "&Hue:"), "\u00b0", 359, 1},
     {QT_TRANSLATE_NOOP("CTrueColourPage", "&Saturation:"), " %", 100, 1},
-    {QT_TRANSLATE_NOOP("CTrueColourPage", "L&ightness:"), " %", 100, 1},
+    {QT_TRANSLATE_NOOP("CTrueColourPage", "Lightn&ess:"), " %", 100, 1},
 };
 
 constexpr int kRowsPerColumn = 3;

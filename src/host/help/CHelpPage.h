@@ -13,4 +13,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
+
+private:
+    void layOutTables();
 };

@@ -18,6 +18,7 @@
 namespace {
 constexpr QSize kFirstSize(860, 620);
 constexpr int kContentsWidth = 230;
+constexpr int kRowSpace = 6;
 constexpr int kFileRole = Qt::UserRole;
 } // namespace
 
@@ -72,19 +73,20 @@ void CHelpViewer::makeToolBar()
 {
     auto* bar = new QToolBar(this);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const auto add = [&](const QString& text, QStyle::StandardPixmap icon, const char* name,
+    const auto add = [&](const QString& text, const QIcon& icon, const char* name,
                          const QKeySequence& key) {
-        QAction* action = bar->addAction(style()->standardIcon(icon), text);
+        QAction* action = bar->addAction(icon, text);
         action->setObjectName(QLatin1String(name));
         action->setShortcut(key);
         addAction(action);
         return action;
     };
-    QAction* back = add(tr("Back"), QStyle::SP_ArrowBack, "helpBack", QKeySequence::Back);
-    QAction* forward =
-        add(tr("Forward"), QStyle::SP_ArrowForward, "helpForward", QKeySequence::Forward);
-    QAction* home = add(tr("Contents"), QStyle::SP_DirHomeIcon, "helpContents",
-                        QKeySequence(Qt::ALT | Qt::Key_Home));
+    QAction* back = add(tr("Back"), style()->standardIcon(QStyle::SP_ArrowBack), "helpBack",
+                        QKeySequence::Back);
+    QAction* forward = add(tr("Forward"), style()->standardIcon(QStyle::SP_ArrowForward),
+                           "helpForward", QKeySequence::Forward);
+    QAction* home =
+        add(tr("Contents"), QIcon(), "helpContents", QKeySequence(Qt::ALT | Qt::Key_Home));
     back->setEnabled(false);
     forward->setEnabled(false);
     connect(back, &QAction::triggered, m_page, &CHelpPage::backward);
@@ -109,6 +111,7 @@ void CHelpViewer::fill(const QString& text)
     for (const HelpPages::Page* page : m_pages.find(text)) {
         auto* item = new QListWidgetItem(page->title, m_contents);
         item->setData(kFileRole, page->file);
+        item->setSizeHint(QSize(0, fontMetrics().height() + kRowSpace));
     }
     markPage();
 }

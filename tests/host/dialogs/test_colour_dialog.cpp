@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSet>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTest>
@@ -87,6 +88,7 @@ private slots:
     void keepsABookColourThatNobodyTouches();
     void answersNothingOnEscape();
     void givesEveryControlANameForAssistivePrograms();
+    void hasNoAccessKeyTwice();
     void looksLikeItsGoldenImage_data();
     void looksLikeItsGoldenImage();
 };
@@ -340,6 +342,32 @@ void TestColourDialog::givesEveryControlANameForAssistivePrograms()
         QVERIFY(!controlById(&dialog, Control::FirstField + id)->accessibleName().isEmpty());
     QCOMPARE(controlById(&dialog, Control::LargeGrid)->accessibleDescription(),
              QStringLiteral("14"));
+}
+
+void TestColourDialog::hasNoAccessKeyTwice()
+{
+    CColourDialog dialog(question(index(14), true), nullptr);
+    show(dialog);
+    auto* tabs = control<QTabWidget>(dialog, Control::Tabs);
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        tabs->setCurrentIndex(tab);
+        QStringList texts{tabs->tabText(0), tabs->tabText(1)};
+        for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+            if (label->isVisible() && label->buddy())
+                texts << label->text();
+        }
+        for (const QPushButton* button : dialog.findChildren<QPushButton*>()) {
+            if (button->isVisible())
+                texts << button->text();
+        }
+        QSet<QKeySequence> keys;
+        for (const QString& text : texts) {
+            const QKeySequence key = QKeySequence::mnemonic(text);
+            QVERIFY2(key.isEmpty() || !keys.contains(key), qPrintable(text));
+            keys.insert(key);
+        }
+        QVERIFY(keys.size() > 4);
+    }
 }
 
 void TestColourDialog::looksLikeItsGoldenImage_data()

@@ -65,6 +65,7 @@ private slots:
     void openTheHelpOnTheirTopics();
     void openTheHelpOnWhatHasTheFocus();
     void openTheHelpFromItsMenu();
+    void openTheHelpOverThemselvesByF1();
 };
 
 void TestHostDialogs::answerThePickedColour()
@@ -364,6 +365,25 @@ void TestHostDialogs::openTheHelpFromItsMenu()
     QCOMPARE(helpPage(), QStringLiteral("command-line.md"));
     action(WindowAction::HelpContents).trigger();
     QCOMPARE(helpPage(), QStringLiteral("index.md"));
+}
+
+void TestHostDialogs::openTheHelpOverThemselvesByF1()
+{
+    HostPrompts real(core->settings());
+    QTimer::singleShot(0, this, [this] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        QVERIFY(dialog);
+        QTest::keyClick(dialog->focusWidget(), Qt::Key_F1);
+        QCOMPARE(helpPage(), QStringLiteral("lineweights.md"));
+        QCOMPARE(viewer()->parentWidget(), dialog);
+        QTest::keyClick(dialog->focusWidget(), Qt::Key_Down);
+        QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+    });
+    int weight = 25;
+    QCOMPARE(services().pickLineweight({}, weight), kest::kNormal);
+    QCOMPARE(weight, 30);
+    QCOMPARE(viewer()->parentWidget(), window.get());
+    QVERIFY(viewer()->isVisible());
 }
 
 QTEST_MAIN(TestHostDialogs)
