@@ -3,6 +3,7 @@
 #include "database/OdError.h"
 #include "host/application/HostQuestion.h"
 #include "host/commands/KeywordList.h"
+#include "host/canvas/geometry/Vec3.h"
 #include "sdk/OdEdCommand.h"
 
 #include <optional>
@@ -56,6 +57,24 @@ public:
     bool hasAnswer() const;
     /// Takes the next word of the line if it is that one.
     bool takeWord(const QString& word) const;
+    /// A point, a keyword of the question's, or neither where the answer is empty.
+    struct PointAnswer
+    {
+        std::optional<Vec3> point;
+        QString word;
+    };
+    /// What cannot be read is told and asked again; in a script it raises OdError, here and below.
+    PointAnswer pointOrWord(HostQuestion question) const;
+    Vec3 point(const HostQuestion& question) const;
+    /// A length above 0, also as the distance from the question's base point to another one. An
+    /// empty answer is the fallback, where there is one.
+    double distance(HostQuestion question, std::optional<double> fallback = {}) const;
+    /// Degrees, also as the direction from the question's base point to another one; the fallback
+    /// when the answer is empty.
+    double angle(HostQuestion question, double fallback) const;
+    /// Tells what is wrong with an answer, before it is asked again; raises OdError in a script.
+    void refuse(const QString& sentence) const;
+
     bool isInteractive() const;
     void print(const QString& text) const;
     /// Prints where a person reads along; scripts stay silent about what went well.
@@ -94,11 +113,15 @@ private:
     const HostCommandDefinition& m_definition;
 };
 
+std::span<const HostCommandDefinition> drawCommands();
 std::span<const HostCommandDefinition> fileCommands();
 std::span<const HostCommandDefinition> layerCommands();
+std::span<const HostCommandDefinition> selectionCommands();
 std::span<const HostCommandDefinition> undoCommands();
 std::span<const HostCommandDefinition> variableCommands();
 std::span<const HostCommandDefinition> viewCommands();
+std::span<const HostCommandDefinition> viewportCommands();
+std::span<const HostCommandDefinition> zoomCommands();
 
 /// Adds all host commands to the process's command stack, or takes them away.
 void registerHostCommands(HostCore& core);
