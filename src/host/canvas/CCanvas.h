@@ -23,7 +23,7 @@ struct FrameRequest;
 /// The drawing on the screen: model space, or a sheet with its viewports, as the database says.
 /// Follows the database by itself. Pan by dragging with the middle button, or with the left one
 /// while Space is held, or by the wheel with Shift; zoom by the wheel or by pinching; double click
-/// the middle button to see everything. Arrow keys, +, - and Home do the same. The left button
+/// the middle button to see everything. Arrow keys, Ctrl with + or -, and Home do the same. The left button
 /// points: see PointerTool.
 class CCanvas : public QWidget
 {

@@ -160,6 +160,10 @@ bool CCanvas::navigateByKey(const QKeyEvent& event)
     ViewTransform view = m_view;
     const double dx = width() * kKeyPanShare;
     const double dy = height() * kKeyPanShare;
+    // Without Ctrl they begin what is typed: "-5,3".
+    const bool isZoom = event.key() == Qt::Key_Plus || event.key() == Qt::Key_Minus;
+    if (isZoom && !(event.modifiers() & Qt::ControlModifier))
+        return false;
     switch (event.key()) {
     case Qt::Key_Left:
         view.pan({dx, 0});

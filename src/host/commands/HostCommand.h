@@ -2,12 +2,13 @@
 
 #include "database/OdError.h"
 #include "host/application/HostQuestion.h"
-#include "host/commands/KeywordList.h"
 #include "host/canvas/geometry/Vec3.h"
+#include "host/commands/KeywordList.h"
 #include "sdk/OdEdCommand.h"
 
 #include <optional>
 #include <span>
+#include <variant>
 
 class HostCore;
 class HostDocument;
@@ -57,23 +58,25 @@ public:
     bool hasAnswer() const;
     /// Takes the next word of the line if it is that one.
     bool takeWord(const QString& word) const;
-    /// A point, a keyword of the question's, or neither where the answer is empty.
+    /// A point, a word's index, or neither where the answer is empty.
     struct PointAnswer
     {
         std::optional<Vec3> point;
-        QString word;
+        int word = -1;
     };
-    /// What cannot be read is told and asked again; in a script it raises OdError, here and below.
-    PointAnswer pointOrWord(HostQuestion question) const;
+    using Words = std::span<const char* const>; ///< English; see KeywordList
+    /// Points and lengths; the question is without words and colon, the words are added. What
+    /// cannot be read is told and asked again; in a script it raises OdError, here and below.
+    PointAnswer pointOrWord(const HostQuestion& question, Words words) const;
     Vec3 point(const HostQuestion& question) const;
-    /// A length above 0, also as the distance from the question's base point to another one. An
-    /// empty answer is the fallback, where there is one.
-    double distance(HostQuestion question, std::optional<double> fallback = {}) const;
+    /// A length above 0, also as the distance from the question's base point to another one; or a
+    /// word's index.
+    std::variant<double, int> distanceOrWord(const HostQuestion& question, Words words) const;
+    /// An empty answer is the fallback, where there is one.
+    double distance(const HostQuestion& question, std::optional<double> fallback = {}) const;
     /// Degrees, also as the direction from the question's base point to another one; the fallback
     /// when the answer is empty.
-    double angle(HostQuestion question, double fallback) const;
-    /// Tells what is wrong with an answer, before it is asked again; raises OdError in a script.
-    void refuse(const QString& sentence) const;
+    double angle(const HostQuestion& question, double fallback) const;
 
     bool isInteractive() const;
     void print(const QString& text) const;

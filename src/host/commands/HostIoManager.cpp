@@ -120,9 +120,7 @@ int HostIoManager::getPoint(const QString& prompt, KestPoint& point, const KestP
             point = {given->x, given->y, given->z};
             return kest::kNormal;
         }
-        if (!mayAskAgain(
-                HostText::tr("A point is needed, such as 10,20 or @5,0 or @5<90; \"%1\" is none.")
-                    .arg(text)))
+        if (!mayAskAgain(point_text::complaint(text)))
             return kest::kError;
     }
 }

@@ -1,5 +1,7 @@
 #include "host/commands/PointText.h"
 
+#include "host/text/HostText.h"
+
 #include <QLocale>
 #include <QStringList>
 
@@ -65,6 +67,12 @@ std::optional<Vec3> parse(const QString& text, Vec3 base)
     const Vec3 result = isRelative ? base + *point : *point;
     const bool isGood = isSane(result.plan()) && std::abs(result.z) <= kLargestCoordinate;
     return isGood ? std::optional(result) : std::nullopt;
+}
+
+QString complaint(const QString& text)
+{
+    return HostText::tr("A point is needed, such as 10,20 or @5,0 or @5<90; \"%1\" is none.")
+        .arg(text);
 }
 
 QString of(Vec3 point)

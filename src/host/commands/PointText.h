@@ -13,6 +13,8 @@ namespace point_text {
 /// degrees, the latter from `base`; "@" is `base`. Null for anything else, and for numbers that no
 /// drawing can have.
 std::optional<Vec3> parse(const QString& text, Vec3 base);
+/// Why a text is no point.
+QString complaint(const QString& text);
 /// A number that is finite and no larger than a coordinate may be.
 std::optional<double> parseNumber(const QString& text);
 /// The point with all its digits; z only where it is not 0.

@@ -3,21 +3,20 @@
 #include "database/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/commands/CommandLine.h"
-#include "host/commands/Keywords.h"
+#include "host/commands/KeywordList.h"
 #include "host/commands/PointText.h"
 #include "host/text/HostText.h"
 
 namespace {
 
-const QStringList& keywords()
-{
-    static const QStringList words = {
-        QStringLiteral("Window"), QStringLiteral("Crossing"), QStringLiteral("ALL"),
-        QStringLiteral("Last"),   QStringLiteral("LAyer"),    QStringLiteral("Previous"),
-        QStringLiteral("Remove"), QStringLiteral("Add"),      QStringLiteral("Undo"),
-    };
-    return words;
-}
+constexpr const char* kWords[] = {
+    QT_TRANSLATE_NOOP("Host", "Window"), QT_TRANSLATE_NOOP("Host", "Crossing"),
+    QT_TRANSLATE_NOOP("Host", "ALL"),    QT_TRANSLATE_NOOP("Host", "Last"),
+    QT_TRANSLATE_NOOP("Host", "LAyer"),  QT_TRANSLATE_NOOP("Host", "Previous"),
+    QT_TRANSLATE_NOOP("Host", "Remove"), QT_TRANSLATE_NOOP("Host", "Add"),
+    QT_TRANSLATE_NOOP("Host", "Undo"),
+};
+enum Word { kWindow, kCrossing, kAll, kLast, kLayer, kPrevious, kRemove, kAdd, kUndo };
 
 QPointF toQt(Vec2 point)
 {
@@ -109,7 +108,7 @@ SelectionPrompt::Step SelectionPrompt::readOne()
     HostQuestion question(m_isRemoving ? m_rules.removePrompt : m_rules.prompt);
     question.wants = HostQuestion::Wants::Objects;
     if (m_rules.takesKeywords)
-        question.keywords = keywords();
+        question.keywords = KeywordList(kWords).words();
     const std::optional<QString> answer = next(question);
     if (!answer)
         return Step::Cancelled;
@@ -128,13 +127,13 @@ SelectionPrompt::Step SelectionPrompt::readOne()
 
 SelectionPrompt::Step SelectionPrompt::take(const QString& answer)
 {
-    const QString word = m_rules.takesKeywords ? keyword(keywords(), answer) : QString();
-    const Step step = word.isEmpty() ? takePoint(answer) : takeKeyword(word);
+    const int word = m_rules.takesKeywords ? KeywordList(kWords).find(answer).index : -1;
+    const Step step = word < 0 ? takePoint(answer) : takeKeyword(word);
     const bool isEnough = step == Step::Again && !m_rules.takesMany && !m_isRemoving
         && !m_document.selection().isEmpty();
     if (!isEnough)
         return step;
-    m_isEndedByKeyword = !word.isEmpty();
+    m_isEndedByKeyword = word >= 0;
     return Step::Finished;
 }
 
@@ -143,7 +142,7 @@ SelectionPrompt::Step SelectionPrompt::takePoint(const QString& answer)
     const auto point = point_text::parse(answer, m_document.lastPoint());
     if (!point) {
         return refuse(HostText::tr("A point or one of %1 is needed; \"%2\" is neither.")
-                          .arg(keywords().join(QStringLiteral(", ")), answer));
+                          .arg(KeywordList(kWords).words().join(QStringLiteral(", ")), answer));
     }
     m_document.setLastPoint(*point);
     const Entities found = m_finder.at(point->plan());
@@ -183,22 +182,26 @@ std::optional<Vec2> SelectionPrompt::askPoint(const QString& prompt, std::option
     }
 }
 
-SelectionPrompt::Step SelectionPrompt::takeKeyword(const QString& word)
+SelectionPrompt::Step SelectionPrompt::takeKeyword(int word)
 {
-    if (word == QLatin1String("Window") || word == QLatin1String("Crossing"))
-        return takeBox(word == QLatin1String("Crossing"));
-    if (word == QLatin1String("ALL"))
+    switch (word) {
+    case kWindow:
+    case kCrossing:
+        return takeBox(word == kCrossing);
+    case kAll:
         return use(m_finder.all());
-    if (word == QLatin1String("Last"))
+    case kLast:
         return use(m_finder.last());
-    if (word == QLatin1String("LAyer"))
+    case kLayer:
         return takeLayer();
-    if (word == QLatin1String("Previous"))
+    case kPrevious:
         return use(m_document.selection().previous());
-    if (word == QLatin1String("Undo"))
+    case kUndo:
         undoStep();
-    else
-        m_isRemoving = word == QLatin1String("Remove");
+        break;
+    default:
+        m_isRemoving = word == kRemove;
+    }
     return Step::Again;
 }
 

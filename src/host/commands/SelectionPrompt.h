@@ -52,7 +52,7 @@ private:
     Step readOne();
     Step take(const QString& answer);
     Step takePoint(const QString& answer);
-    Step takeKeyword(const QString& word);
+    Step takeKeyword(int word);
     Step takeBox(bool isCrossing);
     Step takeLayer();
     std::optional<Vec2> askPoint(const QString& prompt, std::optional<Vec2> from);

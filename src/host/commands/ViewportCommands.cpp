@@ -40,7 +40,7 @@ void modelSpace(const HostCommandRun& run)
     }
     const SheetViewport* viewport = &viewports.front();
     if (run.hasAnswer()) {
-        const Vec2 point = run.point(HostText::tr("A point of the sheet in the viewport:")).plan();
+        const Vec2 point = run.point(HostText::tr("A point of the sheet in the viewport")).plan();
         viewport = viewportAt(viewports, point);
         if (!viewport) {
             throw OdError(OdResult::InvalidInput,

@@ -2,7 +2,6 @@
 #include "host/application/HostCore.h"
 #include "host/application/HostView.h"
 #include "host/commands/HostCommand.h"
-#include "host/commands/Keywords.h"
 #include "host/commands/PointText.h"
 #include "host/text/HostText.h"
 
@@ -36,14 +35,22 @@ bool isOfSheet(const QString& text)
     return text.trimmed().endsWith(QLatin1String("xp"), Qt::CaseInsensitive);
 }
 
-void refuseFactor(const HostCommandRun& run, const QString& given)
+QString factorNeeded(const QString& given)
 {
-    run.refuse(isOfSheet(given)
-                   ? HostText::tr("\"%1\" would change the scale of a viewport, which kest cannot "
-                                  "do. Use 2 or 2x.")
-                         .arg(given)
-                   : HostText::tr("A factor above 0 is needed, such as 2 or 0.5x; \"%1\" is none.")
-                         .arg(given));
+    return isOfSheet(given)
+        ? HostText::tr(
+              "\"%1\" would change the scale of a viewport, which kest cannot do. Use 2 or "
+              "2x.")
+              .arg(given)
+        : HostText::tr("A factor above 0 is needed, such as 2 or 0.5x; \"%1\" is none.").arg(given);
+}
+
+Factor readFactor(const QString& given)
+{
+    const auto factor = factorOf(given);
+    if (!factor)
+        throw OdError(OdResult::InvalidInput, factorNeeded(given));
+    return *factor;
 }
 
 // Where no window shows the drawing, as in a script, answers are read and nothing is to be seen.
@@ -60,38 +67,28 @@ void scale(const HostCommandRun& run, Factor factor)
 
 void askScale(const HostCommandRun& run)
 {
-    for (;;) {
-        const QString given = run.answer(HostText::tr("Factor, or a factor and x:"));
-        if (const auto factor = factorOf(given)) {
-            scale(run, *factor);
-            return;
-        }
-        refuseFactor(run, given);
-    }
+    scale(run, run.asked(HostText::tr("Factor, or a factor and x:"), readFactor));
 }
 
 void centre(const HostCommandRun& run)
 {
-    const Vec3 middle = run.point(HostText::tr("Center:"));
+    const Vec3 middle = run.point(HostText::tr("Center"));
     HostView* view = run.core().frontEnd().view();
     const double now = view ? view->height() : 1;
-    for (;;) {
+    Factor factor{1, true};
+    if (run.hasAnswer() || run.isInteractive()) {
         const QString prompt = HostText::tr("Height, or a factor and x <%1>:").arg(now);
-        const QString given = run.answerOr(prompt, QStringLiteral("1x"));
-        if (const auto factor = factorOf(given)) {
-            if (view) {
-                view->centreOn(middle.plan(),
-                               factor->isRelative ? now / factor->value : factor->value);
-            }
-            return;
-        }
-        refuseFactor(run, given);
+        factor = run.asked(prompt, [](const QString& given) {
+            return given.trimmed().isEmpty() ? Factor{1, true} : readFactor(given);
+        });
     }
+    if (view)
+        view->centreOn(middle.plan(), factor.isRelative ? now / factor.value : factor.value);
 }
 
 void window(const HostCommandRun& run, Vec2 first)
 {
-    HostQuestion question(HostText::tr("Opposite corner:"));
+    HostQuestion question(HostText::tr("Opposite corner"));
     question.from = QPointF(first.x, first.y);
     question.isCorner = true;
     const Vec2 second = run.point(question).plan();
@@ -106,57 +103,69 @@ void previous(const HostCommandRun& run)
         throw OdError(OdResult::NotApplicable, HostText::tr("There is no view before this one."));
 }
 
-const QStringList& zoomWords()
-{
-    static const QStringList words = {
-        QStringLiteral("All"),      QStringLiteral("Center"), QStringLiteral("Extents"),
-        QStringLiteral("Previous"), QStringLiteral("Scale"),  QStringLiteral("Window"),
-    };
-    return words;
-}
+constexpr const char* kZoomWords[] = {
+    QT_TRANSLATE_NOOP("Host", "Extents"), QT_TRANSLATE_NOOP("Host", "All"),
+    QT_TRANSLATE_NOOP("Host", "Center"),  QT_TRANSLATE_NOOP("Host", "Previous"),
+    QT_TRANSLATE_NOOP("Host", "Scale"),   QT_TRANSLATE_NOOP("Host", "Window"),
+};
+enum ZoomWord { kExtents, kAll, kCentre, kPrevious, kScale, kWindow };
 
-void zoomBy(const HostCommandRun& run, const QString& word)
+void zoomBy(const HostCommandRun& run, int word)
 {
-    switch (zoomWords().indexOf(word)) {
-    case 1:
-        centre(run);
-        break;
-    case 3:
-        previous(run);
-        break;
-    case 4:
-        askScale(run);
-        break;
-    case 5:
-        window(run, run.point(HostText::tr("First corner:")).plan());
-        break;
+    switch (word) {
+    case kCentre:
+        return centre(run);
+    case kPrevious:
+        return previous(run);
+    case kScale:
+        return askScale(run);
+    case kWindow:
+        return window(run, run.point(HostText::tr("First corner")).plan());
     default: // All: model space has no other limits than its extents
         run.core().frontEnd().zoomExtents();
     }
 }
 
+/// A word, a factor, or the first corner of a window.
+using ZoomAnswer = std::variant<int, Factor, Vec2>;
+
+ZoomAnswer readZoom(const QString& given, const KeywordList& words, Vec3 base)
+{
+    if (given.isEmpty())
+        return int(kExtents);
+    if (const int word = words.find(given).index; word >= 0)
+        return word;
+    if (const auto factor = factorOf(given))
+        return *factor;
+    if (const auto corner = point_text::parse(given, base))
+        return corner->plan();
+    if (isOfSheet(given))
+        throw OdError(OdResult::InvalidInput, factorNeeded(given));
+    throw OdError(OdResult::InvalidInput,
+                  HostText::tr("ZOOM knows %1, factors and points; \"%2\" is not known.")
+                      .arg(words.words().join(QStringLiteral(", ")), given));
+}
+
 void zoom(const HostCommandRun& run)
 {
-    HostQuestion question(HostText::tr(
-        "Corner of a window, a factor, or [All/Center/Extents/Previous/Scale/Window] <Extents>:"));
-    question.keywords = zoomWords();
-    question.wants = HostQuestion::Wants::Point;
     HostDocument& document = run.document();
-    for (;;) {
-        const QString given = run.answerOr(question, QStringLiteral("Extents"));
-        if (const QString word = keyword(zoomWords(), given); !word.isEmpty())
-            return zoomBy(run, word);
-        if (const auto factor = factorOf(given))
-            return scale(run, *factor);
-        if (const auto corner = point_text::parse(given, document.lastPoint()))
-            return window(run, corner->plan());
-        if (isOfSheet(given)) {
-            refuseFactor(run, given);
-            continue;
-        }
-        run.refuse(HostText::tr("ZOOM knows %1, factors and points; \"%2\" is not known.")
-                       .arg(zoomWords().join(QStringLiteral(", ")), given));
+    const KeywordList words(kZoomWords);
+    HostQuestion question(
+        words.prompt(HostText::tr("Corner of a window, a factor, or"), words.words().first()));
+    question.keywords = words.words();
+    question.wants = HostQuestion::Wants::Point;
+    ZoomAnswer answer = int(kExtents);
+    if (run.hasAnswer() || run.isInteractive()) {
+        answer = run.asked(question, [&](const QString& given) {
+            return readZoom(given.trimmed(), words, document.lastPoint());
+        });
     }
+    if (const int* word = std::get_if<int>(&answer))
+        zoomBy(run, *word);
+    else if (const Factor* factor = std::get_if<Factor>(&answer))
+        scale(run, *factor);
+    else
+        window(run, std::get<Vec2>(answer));
 }
 
 void drag(const HostCommandRun& run)
@@ -175,16 +184,17 @@ void drag(const HostCommandRun& run)
 
 void pan(const HostCommandRun& run)
 {
-    HostQuestion question(HostText::tr("Base point or displacement, or [Drag] <Drag>:"));
-    question.keywords = QStringList{QStringLiteral("Drag")};
-    const HostCommandRun::PointAnswer first = run.pointOrWord(question);
+    static constexpr const char* kWords[] = {QT_TRANSLATE_NOOP("Host", "Drag")};
+    const HostCommandRun::PointAnswer first =
+        run.pointOrWord(HostText::tr("Base point or displacement, or Enter to drag"), kWords);
     if (!first.point)
         return drag(run);
     Vec2 by = first.point->plan();
     if (run.hasAnswer() || run.isInteractive()) {
-        HostQuestion second(HostText::tr("Second point <the first is the displacement>:"));
+        HostQuestion second(
+            HostText::tr("Second point, or Enter where the first is the displacement"));
         second.from = QPointF(by.x, by.y);
-        if (const auto to = run.pointOrWord(second).point)
+        if (const auto to = run.pointOrWord(second, {}).point)
             by = to->plan() - by;
     }
     if (HostView* view = run.core().frontEnd().view())

@@ -8,7 +8,8 @@ class CElidedLabel;
 class QLabel;
 class QStatusBar;
 
-/// The fields of the status bar: the cursor's position, the current layer, what is not drawn.
+/// The fields of the status bar: the cursor's position, the current layer, how many entities are
+/// selected, what is not drawn.
 class StatusFields : public QObject
 {
     Q_OBJECT
@@ -20,6 +21,7 @@ public:
     void showPosition(QPointF point);
 
 private:
+    QLabel* m_selected;
     QLabel* m_position;
     QLabel* m_layer;
     CElidedLabel* m_undrawn;

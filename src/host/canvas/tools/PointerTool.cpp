@@ -2,12 +2,17 @@
 
 void PointerTool::setQuestion(const HostQuestion* question)
 {
-    m_isAsked = question != nullptr;
-    m_wants = question ? question->wants : Wants::Text;
-    m_isCorner = question && question->isCorner;
-    m_from.reset();
+    std::optional<Vec2> from;
     if (question && question->from)
-        m_from = Vec2{question->from->x(), question->from->y()};
+        from = Vec2{question->from->x(), question->from->y()};
+    const bool isAsked = question != nullptr;
+    const Wants wants = question ? question->wants : Wants::Text;
+    if (isAsked == m_isAsked && wants == m_wants && from == m_from)
+        return;
+    m_isAsked = isAsked;
+    m_wants = wants;
+    m_from = from;
+    m_isCorner = question && question->isCorner;
     cancel();
 }
 

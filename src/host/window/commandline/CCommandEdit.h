@@ -17,6 +17,8 @@ public:
     /// Names that the line completes.
     void setNames(const QStringList& names);
     const CommandHistory& history() const { return m_history; }
+    /// Whether names are offered at the moment.
+    bool isCompleting() const;
 
 signals:
     void submitted(const QString& text);
@@ -32,7 +34,6 @@ signals:
 
 private:
     void submit();
-    bool isCompleting() const;
 
     QStringListModel* m_names;
     CommandHistory m_history;
