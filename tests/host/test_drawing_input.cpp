@@ -301,6 +301,7 @@ void TestDrawingInput::pointsInAViewportAreThoseOfModelSpace()
 {
     open(TestDrawing()
              .addEntity("LINE", "0", "100=AcDbLine 10=90 20=100 11=110 21=100")
+             .addEntity("LINE", "0", "100=AcDbLine 10=90 20=120 11=110 21=120")
              .addViewport(50, 50));
     typeLine("LAYOUT Set Layout1");
     typeLine("MSPACE");
@@ -316,13 +317,17 @@ void TestDrawingInput::pointsInAViewportAreThoseOfModelSpace()
     QTest::mouseClick(&canvas(), Qt::LeftButton, Qt::NoModifier,
                       canvas().view().toWindow({40, 50}).toPoint());
     QCOMPARE(selected(), QStringLiteral("40"));
+    // The other line would be above the viewport, which cuts it off.
+    QTest::mouseClick(&canvas(), Qt::LeftButton, Qt::NoModifier,
+                      canvas().view().toWindow({50, 90}).toPoint());
+    QCOMPARE(selected(), QStringLiteral("40"));
     runAnd("CIRCLE", {[this] { click({100, 105}); }, typed("2")});
     QTest::keyClick(&canvas(), Qt::Key_Escape);
     showAll();
     click({102, 105});
     QCOMPARE(current()->selection().size(), std::size_t(1));
     QTest::keyClick(&canvas(), Qt::Key_A, Qt::ControlModifier);
-    QCOMPARE(current()->selection().size(), std::size_t(2));
+    QCOMPARE(current()->selection().size(), std::size_t(3));
 }
 
 void TestDrawingInput::theMenuOffersWhatCanBeDone()

@@ -33,7 +33,11 @@ CCanvas::CCanvas(QWidget* parent)
 
     connect(&m_pointer, &PointerTool::pointPicked, this, &CCanvas::pointPicked);
     connect(&m_pointer, &PointerTool::entityPicked, this, &CCanvas::entityPicked);
-    connect(&m_pointer, &PointerTool::boxPicked, this, &CCanvas::boxPicked);
+    connect(&m_pointer, &PointerTool::boxPicked, this,
+            [this](const Box2& box, bool isCrossing, bool removes) {
+                if (const Box2 seen = seenPart(box); !seen.isEmpty())
+                    emit boxPicked(seen, isCrossing, removes);
+            });
     connect(m_frames.get(), &FrameScheduler::frameReady, this, qOverload<>(&QWidget::update));
     connect(m_contents.get(), &CanvasContents::lookChanged, this, &CCanvas::contentsChanged);
     connect(m_contents.get(), &CanvasContents::spaceShown, this, &CCanvas::showSpace);

@@ -23,8 +23,8 @@ struct FrameRequest;
 /// The drawing on the screen: model space, or a sheet with its viewports, as the database says.
 /// Follows the database by itself. Pan by dragging with the middle button, or with the left one
 /// while Space is held, or by the wheel with Shift; zoom by the wheel or by pinching; double click
-/// the middle button to see everything. Arrow keys, Ctrl with + or -, and Home do the same. The left button
-/// points: see PointerTool.
+/// the middle button to see everything. Arrow keys, Ctrl with + or -, and Home do the same. The
+/// left button points: see PointerTool.
 class CCanvas : public QWidget
 {
     Q_OBJECT
@@ -105,6 +105,7 @@ private:
     bool zoomByGesture(const QNativeGestureEvent& gesture);
     Vec2 userPoint(QPointF window) const;
     void pressAt(const QMouseEvent& event);
+    Box2 seenPart(const Box2& box) const;
     void refreshPicks() const;
     void paintSelection(QPainter& painter);
     void paintRubber(QPainter& painter) const;

@@ -35,7 +35,8 @@ double CCanvas::pickReach() const
 
 void CCanvas::setQuestion(const HostQuestion* question)
 {
-    m_pointer.setQuestion(question);
+    if (!m_pointer.setQuestion(question))
+        return;
     using Wants = HostQuestion::Wants;
     const Wants wants = question ? question->wants : Wants::Text;
     update(m_crosshair->region());
@@ -69,10 +70,21 @@ void CCanvas::pressAt(const QMouseEvent& event)
 {
     m_pressedAt = event.position();
     const Vec2 point = userPoint(event.position());
-    const bool hits = m_pointer.isSelecting() && m_contents->isReady()
+    // What a viewport cuts off is not there to be picked.
+    const bool isSeen =
+        m_picks->frame.isEmpty() || m_picks->frame.contains(m_view.toWorld(event.position()));
+    const bool hits = m_pointer.isSelecting() && m_contents->isReady() && isSeen
         && EntityPicker(*m_picks).nearest(point, pickReach());
     m_pointer.press(point, hits, event.modifiers() & Qt::ShiftModifier);
     update();
+}
+
+Box2 CCanvas::seenPart(const Box2& box) const
+{
+    refreshPicks();
+    if (m_picks->frame.isEmpty() || !m_picks->placement.isInvertible())
+        return box;
+    return box.intersected(m_picks->placement.inverted().mapBox(m_picks->frame));
 }
 
 void CCanvas::changeView(const ViewTransform& view)

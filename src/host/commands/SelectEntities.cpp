@@ -58,7 +58,8 @@ int selectEntities(HostCore& core, const KestSelectionRequest& request, KestSele
         SelectionPrompt prompt(core, *document, rules);
         const SelectionPrompt::End end = prompt.run();
         selection.entities = prompt.entities();
-        document->selection().clear();
+        if (end == SelectionPrompt::End::Done)
+            document->selection().clear();
         if (request.outFlag)
             *request.outFlag = prompt.isEndedByKeyword();
         switch (end) {

@@ -57,6 +57,8 @@ SelectionPrompt::End SelectionPrompt::run()
 
 SelectionPrompt::End SelectionPrompt::finish(End end)
 {
+    if (isGone())
+        return End::Cancelled;
     if (end == End::Done) {
         m_entities = m_document.selection().entities();
         if (m_rules.isRemembered)
@@ -92,7 +94,14 @@ std::optional<QString> SelectionPrompt::next(const HostQuestion& question)
         m_words.pop_front();
         return word;
     }
-    return m_core.commands().nextAnswer(question);
+    const std::optional<QString> answer = m_core.commands().nextAnswer(question);
+    return isGone() ? std::nullopt : answer;
+}
+
+/// Outside of any command the drawing may be closed while it is asked about.
+bool SelectionPrompt::isGone() const
+{
+    return !m_core.documents().contains(&m_document);
 }
 
 /// Nobody can answer, and the line holds no more: that is its end.

@@ -48,6 +48,7 @@ private:
     enum class Step { Again, Finished, Cancelled };
 
     std::optional<QString> next(const HostQuestion& question);
+    bool isGone() const;
     bool isScriptOver() const;
     Step readOne();
     Step take(const QString& answer);

@@ -104,11 +104,11 @@ void previous(const HostCommandRun& run)
 }
 
 constexpr const char* kZoomWords[] = {
-    QT_TRANSLATE_NOOP("Host", "Extents"), QT_TRANSLATE_NOOP("Host", "All"),
-    QT_TRANSLATE_NOOP("Host", "Center"),  QT_TRANSLATE_NOOP("Host", "Previous"),
+    QT_TRANSLATE_NOOP("Host", "All"),     QT_TRANSLATE_NOOP("Host", "Center"),
+    QT_TRANSLATE_NOOP("Host", "Extents"), QT_TRANSLATE_NOOP("Host", "Previous"),
     QT_TRANSLATE_NOOP("Host", "Scale"),   QT_TRANSLATE_NOOP("Host", "Window"),
 };
-enum ZoomWord { kExtents, kAll, kCentre, kPrevious, kScale, kWindow };
+enum ZoomWord { kAll, kCentre, kExtents, kPrevious, kScale, kWindow };
 
 void zoomBy(const HostCommandRun& run, int word)
 {
@@ -151,7 +151,7 @@ void zoom(const HostCommandRun& run)
     HostDocument& document = run.document();
     const KeywordList words(kZoomWords);
     HostQuestion question(
-        words.prompt(HostText::tr("Corner of a window, a factor, or"), words.words().first()));
+        words.prompt(HostText::tr("Corner of a window, a factor, or"), words.words().at(kExtents)));
     question.keywords = words.words();
     question.wants = HostQuestion::Wants::Point;
     ZoomAnswer answer = int(kExtents);

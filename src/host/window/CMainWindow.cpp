@@ -111,7 +111,7 @@ void CMainWindow::connectParts()
     m_input = new DrawingInput(m_core, *m_commandLine, *m_drawings, this);
     connect(m_input, &DrawingInput::commandWanted, this, &CMainWindow::runCommand);
     connect(m_input, &DrawingInput::selectionChanged, this,
-            [this] { m_status->showView(m_drawings->currentView()); });
+            [this] { m_status->showSelection(m_drawings->currentView()); });
     connect(m_actions, &WindowActions::commandWanted, this, &CMainWindow::runAction);
     connect(m_actions, &WindowActions::ownActionWanted, this, &CMainWindow::runOwnAction);
     connect(m_commandLine, &CCommandLine::lineEntered, this, [this](const QString& line) {

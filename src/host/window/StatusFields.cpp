@@ -59,12 +59,17 @@ StatusFields::StatusFields(QStatusBar& bar)
 void StatusFields::showView(const CDrawingView* view)
 {
     m_layer->setText(view ? tr("Layer: %1").arg(currentLayerName(view->document())) : QString());
-    const std::size_t selected = view ? view->document().selection().size() : 0;
-    m_selected->setText(selected > 0 ? tr("%1 selected").arg(selected) : QString());
-    m_selected->setVisible(selected > 0);
+    showSelection(view);
     m_undrawn->setText(view ? view->canvas().undrawnSummary() : QString());
     if (!view)
         m_position->clear();
+}
+
+void StatusFields::showSelection(const CDrawingView* view)
+{
+    const std::size_t selected = view ? view->document().selection().size() : 0;
+    m_selected->setText(selected > 0 ? tr("%1 selected").arg(selected) : QString());
+    m_selected->setVisible(selected > 0);
 }
 
 void StatusFields::showPosition(QPointF point)

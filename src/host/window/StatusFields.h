@@ -18,6 +18,7 @@ public:
 
     /// Shows the state of that view, or of none.
     void showView(const CDrawingView* view);
+    void showSelection(const CDrawingView* view);
     void showPosition(QPointF point);
 
 private:

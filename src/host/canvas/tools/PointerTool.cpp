@@ -1,6 +1,6 @@
 #include "host/canvas/tools/PointerTool.h"
 
-void PointerTool::setQuestion(const HostQuestion* question)
+bool PointerTool::setQuestion(const HostQuestion* question)
 {
     std::optional<Vec2> from;
     if (question && question->from)
@@ -8,12 +8,13 @@ void PointerTool::setQuestion(const HostQuestion* question)
     const bool isAsked = question != nullptr;
     const Wants wants = question ? question->wants : Wants::Text;
     if (isAsked == m_isAsked && wants == m_wants && from == m_from)
-        return;
+        return false;
     m_isAsked = isAsked;
     m_wants = wants;
     m_from = from;
     m_isCorner = question && question->isCorner;
     cancel();
+    return true;
 }
 
 void PointerTool::press(Vec2 point, bool hits, bool removes)

@@ -25,8 +25,9 @@ public:
 
     using QObject::QObject;
 
-    /// A question is open, or none; ends a rectangle that was begun.
-    void setQuestion(const HostQuestion* question);
+    /// A question is open, or none; another one than before ends a rectangle that was begun. False
+    /// when it is the same.
+    bool setQuestion(const HostQuestion* question);
     Wants wants() const { return m_wants; }
     bool isIdle() const { return !m_isAsked; }
     bool isSelecting() const { return m_wants == Wants::Objects || !m_isAsked; }
