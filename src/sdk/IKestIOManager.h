@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sdk/KestPoint.h"
+
 #include <QStringList>
 
 #include <memory>
@@ -29,6 +31,10 @@ public:
     virtual void print(const QString& line) = 0;
     virtual int getInt(const QString& prompt, int& value) = 0;
     virtual int getString(const QString& prompt, QString& value) = 0;
+    /// Typed, or picked in the drawing. A line from `from`, which "@" counts from, to the cursor is
+    /// shown meanwhile.
+    virtual int getPoint(const QString& prompt, KestPoint& point,
+                         const KestPoint* from = nullptr) = 0;
     /// One of the words, each spelled with the capitals that suffice ("LOck"); they are shown
     /// behind the prompt. Any unique beginning answers, whatever its case.
     virtual int getKeyword(const QString& prompt, const QStringList& words, int& index) = 0;

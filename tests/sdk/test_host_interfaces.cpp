@@ -47,6 +47,7 @@ public:
         return kest::kError;
     }
     int selectFile(const KestFileRequest&, QString&, int&) override { return kest::kCancel; }
+    int getPoint(const QString&, KestPoint&, const KestPoint*) override { return kest::kNone; }
 };
 
 class CountingServices : public IKestServicesManager

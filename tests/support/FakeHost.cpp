@@ -253,6 +253,7 @@ public:
         filterIndex = m_host.pickedFilter;
         return kest::kNormal;
     }
+    int getPoint(const QString&, KestPoint&, const KestPoint*) override { return kest::kError; }
 
 private:
     FakeHost& m_host;

@@ -2,8 +2,19 @@
 
 #include "database/OdDbDatabase.h"
 #include "host/commands/HostCommand.h"
+#include "host/commands/SelectEntities.h"
 #include "host/sysvars/PreferenceSettings.h"
 #include "sdk/KestHost.h"
+
+namespace {
+// The SDK's function has no place for who asks; there is one host per process.
+HostCore* s_core = nullptr;
+
+int selectForModules(const KestSelectionRequest& request, KestSelectionSet& selection)
+{
+    return selectEntities(*s_core, request, selection);
+}
+} // namespace
 
 HostCore::HostCore(HostFrontEnd& frontEnd, const QString& configFolder)
     : m_frontEnd(frontEnd)
@@ -32,11 +43,14 @@ HostCore::~HostCore()
     shutDown();
     unregisterHostCommands();
     ksSetHost({});
+    s_core = nullptr;
 }
 
 void HostCore::setMainWindow(QWidget* window)
 {
-    ksSetHost({&m_sysvars, &m_io, &m_services, &m_documents, &m_undoHistory, window});
+    s_core = this;
+    ksSetHost(
+        {&m_sysvars, &m_io, &m_services, &m_documents, &m_undoHistory, window, selectForModules});
 }
 
 void HostCore::setDialogs(HostDialogs* dialogs)

@@ -24,4 +24,5 @@ struct HostQuestion
     QStringList keywords; ///< answers that are offered, spelled with the capitals that suffice
     Wants wants = Wants::Text;
     std::optional<QPointF> from; ///< a line from here to the cursor is shown
+    bool isCorner = false; ///< of a rectangle that begins at `from`, shown in place of the line
 };

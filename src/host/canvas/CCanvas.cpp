@@ -31,6 +31,13 @@ CCanvas::CCanvas(QWidget* parent)
     setMinimumSize(fontMetrics().height() * 8, fontMetrics().height() * 6);
     updatePointer();
 
+    connect(&m_pointer, &PointerTool::pointPicked, this, &CCanvas::pointPicked);
+    connect(&m_pointer, &PointerTool::entityPicked, this, &CCanvas::entityPicked);
+    connect(&m_pointer, &PointerTool::boxPicked, this,
+            [this](const Box2& box, bool isCrossing, bool removes) {
+                if (const Box2 seen = seenPart(box); !seen.isEmpty())
+                    emit boxPicked(seen, isCrossing, removes);
+            });
     connect(m_frames.get(), &FrameScheduler::frameReady, this, qOverload<>(&QWidget::update));
     connect(m_contents.get(), &CanvasContents::lookChanged, this, &CCanvas::contentsChanged);
     connect(m_contents.get(), &CanvasContents::spaceShown, this, &CCanvas::showSpace);
@@ -62,6 +69,8 @@ void CCanvas::zoomExtents()
     ViewTransform view = m_view;
     view.setSize(size());
     view.fit(m_contents->extents());
+    if (!m_isFitted)
+        m_history.leave(m_view);
     applyView(view);
     m_isFitted = true;
 }
@@ -103,6 +112,7 @@ void CCanvas::showSpace()
 {
     if (m_shownSpace != kNoIndex)
         m_viewsBySpace.insert(m_shownSpace, m_view);
+    m_history.clear();
     m_shownSpace = m_contents->space();
     const auto known = m_viewsBySpace.constFind(m_shownSpace);
     if (known != m_viewsBySpace.cend() && !m_fitWhenReady)
@@ -114,6 +124,8 @@ void CCanvas::showSpace()
 
 void CCanvas::contentsChanged()
 {
+    m_picks.reset();
+    m_glow.invalidate();
     m_frames->invalidate();
     update();
 }
@@ -160,7 +172,9 @@ void CCanvas::paintEvent(QPaintEvent* event)
     painter.fillRect(event->rect(), surround());
     if (m_contents->isReady()) {
         paintFrame(painter);
+        paintSelection(painter);
         paintActiveViewport(painter);
+        paintRubber(painter);
     } else if (m_contents->isReading()) {
         paintProgress(painter);
     }

@@ -256,16 +256,49 @@ Box2 CanvasContents::extents()
     return box;
 }
 
-Box2 CanvasContents::activeViewportFrame() const
+const SheetViewport* CanvasContents::activeViewport() const
 {
     if (!isReady())
-        return {};
+        return nullptr;
     const OdDbObjectId active = m_database->activeViewportId();
     for (const SheetViewport& viewport : m_scene->block(spaceIndex()).viewports()) {
         if (viewport.slot == active.slot() && !active.isNull())
-            return viewport.frame();
+            return &viewport;
     }
-    return {};
+    return nullptr;
+}
+
+Box2 CanvasContents::activeViewportFrame() const
+{
+    const SheetViewport* viewport = activeViewport();
+    return viewport ? viewport->frame() : Box2();
+}
+
+PickScene CanvasContents::pickScene()
+{
+    const std::vector<ScenePart> all = parts();
+    if (all.empty())
+        return {};
+    PickScene picks{m_scene, m_erased, all.back().looks, all.back().block, {}, {}};
+    const SheetViewport* viewport = activeViewport();
+    if (!viewport || viewport->isOff || !viewport->isPlan)
+        return picks;
+    picks.block = m_scene->find(m_database->getModelSpaceId().slot());
+    picks.looks = looksIn(m_database->idOfSlot(viewport->slot));
+    picks.placement = viewport->modelToSheet();
+    picks.frame = viewport->frame();
+    return picks;
+}
+
+std::vector<SheetViewport> CanvasContents::openViewports() const
+{
+    if (!isReady() || m_database->getTILEMODE())
+        return {};
+    std::vector<SheetViewport> open = m_scene->block(spaceIndex()).viewports();
+    std::erase_if(open, [this](const SheetViewport& viewport) {
+        return viewport.isOff || !viewport.isPlan || m_erased->isErased(viewport.slot);
+    });
+    return open;
 }
 
 std::vector<bool> CanvasContents::reachableBlocks() const

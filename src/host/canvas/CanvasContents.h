@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/canvas/picking/PickScene.h"
 #include "host/canvas/render/ErasedFilter.h"
 #include "host/canvas/render/ScenePart.h"
 #include "host/canvas/scene/SceneBuilder.h"
@@ -43,6 +44,12 @@ public:
     const Box2& paper() const { return m_paper; }
     /// Frame of the viewport worked in, on the sheet; empty in model space and on the sheet itself.
     Box2 activeViewportFrame() const;
+    /// What can be pointed at: the current space, or model space in the viewport worked in. Empty
+    /// while nothing is ready.
+    PickScene pickScene();
+    /// The viewports of the current sheet, as far as they can be painted through; none in model
+    /// space and while nothing is ready.
+    std::vector<SheetViewport> openViewports() const;
     /// Number of entities by type that are not drawn in the current space; biggest numbers first.
     QString undrawnSummary() const;
 
@@ -72,6 +79,7 @@ private:
     std::shared_ptr<const LayerLooks> looksIn(OdDbObjectId viewport);
     quint32 spaceIndex() const;
     bool showsModelThroughViewports() const;
+    const SheetViewport* activeViewport() const;
     std::vector<bool> reachableBlocks() const;
 
     OdDbDatabase* m_database = nullptr;

@@ -33,11 +33,16 @@ void Crosshair::paint(QPainter& painter) const
     const QPointF at(std::floor(m_at.x()) + 0.5, std::floor(m_at.y()) + 0.5);
     const qreal arm = std::round(armLength());
     const qreal half = std::round(boxSize() / 2);
+    const qreal gap = m_shape == Shape::Both ? half : 0;
     painter.setPen(QPen(m_widget.palette().color(QPalette::Text), 1));
-    painter.drawLine(at - QPointF(arm, 0), at - QPointF(half, 0));
-    painter.drawLine(at + QPointF(half, 0), at + QPointF(arm, 0));
-    painter.drawLine(at - QPointF(0, arm), at - QPointF(0, half));
-    painter.drawLine(at + QPointF(0, half), at + QPointF(0, arm));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(QRectF(at.x() - half, at.y() - half, 2 * half, 2 * half));
+    if (m_shape != Shape::Box) {
+        painter.drawLine(at - QPointF(arm, 0), at - QPointF(gap, 0));
+        painter.drawLine(at + QPointF(gap, 0), at + QPointF(arm, 0));
+        painter.drawLine(at - QPointF(0, arm), at - QPointF(0, gap));
+        painter.drawLine(at + QPointF(0, gap), at + QPointF(0, arm));
+    }
+    if (m_shape != Shape::Cross) {
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(at.x() - half, at.y() - half, 2 * half, 2 * half));
+    }
 }

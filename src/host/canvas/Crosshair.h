@@ -6,7 +6,8 @@
 class QPainter;
 class QWidget;
 
-/// The cursor of the drawing: two hairlines that cross in a small box.
+/// The cursor of the drawing: two hairlines that cross in a small box; the hairlines alone where a
+/// point is wanted, the box alone where something is to be picked.
 class Crosshair
 {
 public:
@@ -14,6 +15,11 @@ public:
         : m_widget(widget)
     { }
 
+    enum class Shape { Both, Cross, Box };
+
+    void setShape(Shape shape) { m_shape = shape; }
+    /// Side of the box, in window pixels.
+    qreal boxSize() const;
     bool isShown() const { return m_isShown; }
     void show(QPointF at)
     {
@@ -27,9 +33,9 @@ public:
 
 private:
     qreal armLength() const;
-    qreal boxSize() const;
 
     const QWidget& m_widget;
     QPointF m_at;
+    Shape m_shape = Shape::Both;
     bool m_isShown = false;
 };

@@ -96,7 +96,7 @@ CommandOutcome CommandProcessor::runWords(QStringList words)
 CommandOutcome CommandProcessor::execute(const OdEdCommandPtr& command, const QStringList& answers,
                                          const QString& undoName)
 {
-    m_frames.push_back({answers, {}});
+    m_frames.push_back({answers, {}, (command->flags() & OdEd::kUsePickSet) != 0});
     m_state.push(shownName(*command));
     const auto leave = qScopeGuard([this] {
         m_state.pop();

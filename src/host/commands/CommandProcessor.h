@@ -44,6 +44,8 @@ public:
 
     void setFrontEnd(HostFrontEnd& frontEnd) { m_frontEnd = &frontEnd; }
     bool isRunning() const { return !m_frames.empty(); }
+    /// Whether the running command keeps the selection that was made before it.
+    bool runningKeepsPickSet() const { return isRunning() && m_frames.back().keepsPickSet; }
     /// The last line that was run at the top and was not empty.
     const QString& lastLine() const { return m_lastLine; }
 
@@ -52,6 +54,7 @@ private:
     {
         QStringList answers;
         QString failure;
+        bool keepsPickSet = false;
     };
 
     CommandOutcome runWords(QStringList words);

@@ -116,7 +116,8 @@ void HostCommand::undefine(bool)
 void registerHostCommands(HostCore& core)
 {
     for (const auto table :
-         {fileCommands(), layerCommands(), undoCommands(), variableCommands(), viewCommands()})
+         {drawCommands(), fileCommands(), layerCommands(), selectionCommands(), undoCommands(),
+          variableCommands(), viewCommands(), viewportCommands(), zoomCommands()})
     {
         for (const HostCommandDefinition& row : table)
             odedRegCmds()->addCommand(odrxCreate<HostCommand>(core, row));

@@ -2,11 +2,13 @@
 
 #include "database/OdError.h"
 #include "host/application/HostQuestion.h"
+#include "host/canvas/geometry/Vec3.h"
 #include "host/commands/KeywordList.h"
 #include "sdk/OdEdCommand.h"
 
 #include <optional>
 #include <span>
+#include <variant>
 
 class HostCore;
 class HostDocument;
@@ -58,6 +60,26 @@ public:
     bool hasAnswer() const;
     /// Takes the next word of the line if it is that one.
     bool takeWord(const QString& word) const;
+    /// A point, a word's index, or neither where the answer is empty.
+    struct PointAnswer
+    {
+        std::optional<Vec3> point;
+        int word = -1;
+    };
+    using Words = std::span<const char* const>; ///< English; see KeywordList
+    /// Points and lengths; the question is without words and colon, the words are added. What
+    /// cannot be read is told and asked again; in a script it raises OdError, here and below.
+    PointAnswer pointOrWord(const HostQuestion& question, Words words) const;
+    Vec3 point(const HostQuestion& question) const;
+    /// A length above 0, also as the distance from the question's base point to another one; or a
+    /// word's index.
+    std::variant<double, int> distanceOrWord(const HostQuestion& question, Words words) const;
+    /// An empty answer is the fallback, where there is one.
+    double distance(const HostQuestion& question, std::optional<double> fallback = {}) const;
+    /// Degrees, also as the direction from the question's base point to another one; the fallback
+    /// when the answer is empty.
+    double angle(const HostQuestion& question, double fallback) const;
+
     bool isInteractive() const;
     void print(const QString& text) const;
     /// Prints where a person reads along; scripts stay silent about what went well.
@@ -96,11 +118,15 @@ private:
     const HostCommandDefinition& m_definition;
 };
 
+std::span<const HostCommandDefinition> drawCommands();
 std::span<const HostCommandDefinition> fileCommands();
 std::span<const HostCommandDefinition> layerCommands();
+std::span<const HostCommandDefinition> selectionCommands();
 std::span<const HostCommandDefinition> undoCommands();
 std::span<const HostCommandDefinition> variableCommands();
 std::span<const HostCommandDefinition> viewCommands();
+std::span<const HostCommandDefinition> viewportCommands();
+std::span<const HostCommandDefinition> zoomCommands();
 
 /// Adds all host commands to the process's command stack, or takes them away.
 void registerHostCommands(HostCore& core);

@@ -5,6 +5,7 @@
 #include "host/application/HostFrontEnd.h"
 #include "host/commands/CommandProcessor.h"
 #include "host/commands/KeywordList.h"
+#include "host/commands/PointText.h"
 #include "host/text/HostText.h"
 #include "sdk/KestStatus.h"
 
@@ -101,4 +102,25 @@ int HostIoManager::openDrawing(const QString& path, std::unique_ptr<OdDbDatabase
 int HostIoManager::selectFile(const KestFileRequest& request, QString& path, int& filterIndex)
 {
     return m_dialogs ? m_dialogs->selectFile(request, path, filterIndex) : kest::kError;
+}
+
+int HostIoManager::getPoint(const QString& prompt, KestPoint& point, const KestPoint* from)
+{
+    HostQuestion question(prompt);
+    question.wants = HostQuestion::Wants::Point;
+    if (from)
+        question.from = QPointF(from->x, from->y);
+    const Vec3 base = from ? Vec3{from->x, from->y, from->z} : Vec3{};
+    QString text;
+    for (;;) {
+        const int status = textOf(question, text);
+        if (status != kest::kNormal)
+            return status;
+        if (const auto given = point_text::parse(text, base)) {
+            point = {given->x, given->y, given->z};
+            return kest::kNormal;
+        }
+        if (!mayAskAgain(point_text::complaint(text)))
+            return kest::kError;
+    }
 }

@@ -25,6 +25,7 @@ public:
     int getInt(const QString& prompt, int& value) override;
     int getString(const QString& prompt, QString& value) override;
     int getKeyword(const QString& prompt, const QStringList& words, int& index) override;
+    int getPoint(const QString& prompt, KestPoint& point, const KestPoint* from) override;
     int openDrawing(const QString& path, std::unique_ptr<OdDbDatabase>& drawing,
                     QString& why) override;
     int selectFile(const KestFileRequest& request, QString& path, int& filterIndex) override;

@@ -32,18 +32,6 @@ void regenAll(const HostCommandRun& run)
     run.core().frontEnd().regen(true);
 }
 
-void zoom(const HostCommandRun& run)
-{
-    run.document();
-    const QString answer =
-        run.answerOr(HostText::tr("Zoom [Extents] <Extents>:"), QStringLiteral("Extents"));
-    if (!isOption(answer, "Extents")) {
-        throw OdError(OdResult::InvalidInput,
-                      HostText::tr("ZOOM knows Extents; \"%1\" is not known.").arg(answer));
-    }
-    run.core().frontEnd().zoomExtents();
-}
-
 void model(const HostCommandRun& run)
 {
     run.document().database()->setTILEMODE(true);
@@ -82,7 +70,6 @@ constexpr HostCommandDefinition kCommands[] = {
     {"MODEL", 0, model},
     {"REGEN", OdEd::kTransparent | OdEd::kSession, regen},
     {"REGENALL", OdEd::kTransparent | OdEd::kSession, regenAll},
-    {"ZOOM", OdEd::kTransparent | OdEd::kSession, zoom},
 };
 } // namespace
 

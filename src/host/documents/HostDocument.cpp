@@ -14,6 +14,8 @@ HostDocument::HostDocument(std::unique_ptr<OdDbDatabase> database, const QString
     , m_savedStamp(m_database->editStamp())
     , m_file(std::move(file))
     , m_undoNames(*m_database)
+    , m_selection(*m_database)
+    , m_picks(*m_database)
 { }
 
 HostDocument::~HostDocument() = default;

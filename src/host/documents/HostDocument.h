@@ -1,6 +1,9 @@
 #pragma once
 
+#include "host/canvas/geometry/Vec3.h"
 #include "host/documents/DocumentFileState.h"
+#include "host/documents/DrawingSelection.h"
+#include "host/documents/PickSource.h"
 #include "host/documents/UndoNames.h"
 #include "sdk/KsApDocManager.h"
 
@@ -42,6 +45,12 @@ public:
     /// How the file on the disk relates to the drawing in memory.
     const FileLayout& fileLayout();
 
+    DrawingSelection& selection() { return m_selection; }
+    PickSource& picks() { return m_picks; }
+    /// The point that was given last; what "@" counts from.
+    Vec3 lastPoint() const { return m_lastPoint; }
+    void setLastPoint(Vec3 point) { m_lastPoint = point; }
+
     /// Starts an undo record under a command's name, unless a group is open.
     void startUndoRecord(const QString& globalName);
     void endUndoRecord();
@@ -76,4 +85,7 @@ private:
     QSet<QString> m_marks;
     UndoNames m_undoNames;
     std::vector<std::size_t> m_undoMarks; ///< number of records before each
+    DrawingSelection m_selection;
+    PickSource m_picks;
+    Vec3 m_lastPoint;
 };

@@ -7,6 +7,7 @@
 #include "host/dialogs/WindowDialogs.h"
 #include "host/help/HelpKey.h"
 #include "host/help/HelpTopics.h"
+#include "host/window/DrawingInput.h"
 #include "host/window/StatusFields.h"
 #include "host/window/WindowActions.h"
 #include "host/window/commandline/CCommandEdit.h"
@@ -108,6 +109,10 @@ void CMainWindow::makeDrawingsMenu()
 
 void CMainWindow::connectParts()
 {
+    m_input = new DrawingInput(m_core, *m_commandLine, *m_drawings, this);
+    connect(m_input, &DrawingInput::commandWanted, this, &CMainWindow::runCommand);
+    connect(m_input, &DrawingInput::selectionChanged, this,
+            [this] { m_status->showSelection(m_drawings->currentView()); });
     connect(m_actions, &WindowActions::commandWanted, this, &CMainWindow::runAction);
     connect(m_actions, &WindowActions::ownActionWanted, this, &CMainWindow::runOwnAction);
     connect(m_commandLine, &CCommandLine::lineEntered, this, [this](const QString& line) {
@@ -142,6 +147,7 @@ void CMainWindow::showUserVariable(const QString& name)
 void CMainWindow::watchView(CDrawingView& view)
 {
     HelpKey::setTopic(view, help_topics::kCanvas);
+    m_input->watch(view);
     connect(&view, &CDrawingView::drawingChanged, this, &CMainWindow::showCurrentDrawing);
     connect(&view.document(), &HostDocument::fileStateChanged, &view,
             [this] { showCurrentDrawing(); });
@@ -158,6 +164,7 @@ void CMainWindow::showCurrentDrawing()
     HostDocument* document = m_core.documents().curDocument();
     m_center->setCurrentIndex(m_drawings->count() > 0 ? 1 : 0);
     m_actions->refresh(document);
+    m_input->showQuestion();
     m_status->showView(m_drawings->currentView());
     setWindowFilePath(document && document->hasFile() ? document->fileName() : QString());
     const QString title = document && document->isReadOnly() ? tr("%1[*] (read-only) \u2013 kest")

@@ -13,6 +13,7 @@ class CCommandLine;
 class CDrawingTabs;
 class CDrawingView;
 class CXTPDockingPaneManager;
+class DrawingInput;
 class HostCore;
 class HostDocument;
 class QStackedWidget;
@@ -83,5 +84,6 @@ private:
     QStackedWidget* m_center = nullptr;
     CDrawingTabs* m_drawings = nullptr;
     CCommandLine* m_commandLine = nullptr;
+    DrawingInput* m_input = nullptr;
     bool m_mayClose = false;
 };

@@ -41,6 +41,7 @@ QString currentLayerName(const HostDocument& document)
 
 StatusFields::StatusFields(QStatusBar& bar)
     : QObject(&bar)
+    , m_selected(addField(bar, "statusSelected", tr("Selected objects")))
     , m_position(addField(bar, "statusPosition", tr("Cursor position")))
     , m_layer(addField(bar, "statusLayer", tr("Current layer")))
     , m_undrawn(new CElidedLabel(&bar))
@@ -58,9 +59,17 @@ StatusFields::StatusFields(QStatusBar& bar)
 void StatusFields::showView(const CDrawingView* view)
 {
     m_layer->setText(view ? tr("Layer: %1").arg(currentLayerName(view->document())) : QString());
+    showSelection(view);
     m_undrawn->setText(view ? view->canvas().undrawnSummary() : QString());
     if (!view)
         m_position->clear();
+}
+
+void StatusFields::showSelection(const CDrawingView* view)
+{
+    const std::size_t selected = view ? view->document().selection().size() : 0;
+    m_selected->setText(selected > 0 ? tr("%1 selected").arg(selected) : QString());
+    m_selected->setVisible(selected > 0);
 }
 
 void StatusFields::showPosition(QPointF point)

@@ -33,6 +33,13 @@ enum class WindowAction {
     HelpPalette,
     HelpCommandLine,
     About,
+    Erase,
+    ZoomWindow,
+    ZoomPrevious,
+    Pan,
+    Line,
+    Circle,
+    TextLine,
 };
 
 /// The actions of the main window, made from one table; menus and toolbars from two others.

@@ -145,6 +145,12 @@ void WindowFrontEnd::fileUsed(const QString& path)
     m_window->openFiles().note();
 }
 
+HostView* WindowFrontEnd::view()
+{
+    const CDrawingView* view = m_window ? m_window->drawings().currentView() : nullptr;
+    return view ? &view->hostView() : nullptr;
+}
+
 void WindowFrontEnd::regen(bool allViews)
 {
     if (!m_window)

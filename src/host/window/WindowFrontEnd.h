@@ -27,6 +27,7 @@ public:
     void notify(const QString& sentence) override;
     void showStatus(const QString& sentence) override;
     void fileUsed(const QString& path) override;
+    HostView* view() override;
     void regen(bool allViews) override;
     void zoomExtents() override;
     void quit() override;

@@ -80,9 +80,9 @@ private slots:
         QVERIFY(canvas().view().centre().y > 0);
         QTest::keyClick(&canvas(), Qt::Key_Down);
         QVERIFY(isNear(canvas().view().centre(), {0, 0}));
-        QTest::keyClick(&canvas(), Qt::Key_Plus);
+        QTest::keyClick(&canvas(), Qt::Key_Plus, Qt::ControlModifier);
         QVERIFY(canvas().view().scale() > 4);
-        QTest::keyClick(&canvas(), Qt::Key_Minus);
+        QTest::keyClick(&canvas(), Qt::Key_Minus, Qt::ControlModifier);
         QVERIFY(std::abs(canvas().view().scale() - 4) < 1e-9);
         QTest::keyClick(&canvas(), Qt::Key_Home);
         QVERIFY(isNear(canvas().view().centre(), {5, 10}));

@@ -53,6 +53,35 @@ TestDrawing& TestDrawing::addLine(const QByteArray& layerName)
     return *this;
 }
 
+TestDrawing& TestDrawing::append(const QByteArray& type, const QByteArray& space,
+                                 const QByteArray& words)
+{
+    m_entities +=
+        group(0, type) + group(5, nextHandle()) + group(330, space) + group(100, "AcDbEntity");
+    for (const QByteArray& word : words.split(' ')) {
+        const qsizetype equals = word.indexOf('=');
+        QByteArray value = word.mid(equals + 1);
+        m_entities += group(word.left(equals).toInt(), value.replace('~', ' '));
+    }
+    return *this;
+}
+
+TestDrawing& TestDrawing::addEntity(const QByteArray& type, const QByteArray& layerName,
+                                    const QByteArray& words)
+{
+    return append(type, "1F", "8=" + layerName + ' ' + words);
+}
+
+TestDrawing& TestDrawing::addViewport(int x, int y)
+{
+    ++m_viewportCount;
+    const QByteArray number = QByteArray::number(m_viewportCount);
+    return append("VIEWPORT", "1B",
+                  "67=1 8=0 100=AcDbViewport 10=" + QByteArray::number(x) + " 20="
+                      + QByteArray::number(y) + " 30=0 40=60 41=60 68=" + number + " 69=" + number
+                      + " 12=100 22=100 16=0 26=0 36=1 17=0 27=0 37=0 45=30 51=0 90=0");
+}
+
 QByteArray TestDrawing::bytes() const
 {
     QByteArray text = newDrawingTemplate();

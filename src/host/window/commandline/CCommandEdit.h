@@ -17,6 +17,9 @@ public:
     /// Names that the line completes.
     void setNames(const QStringList& names);
     CommandHistory& history() { return m_history; }
+    const CommandHistory& history() const { return m_history; }
+    /// Whether names are offered at the moment.
+    bool isCompleting() const;
 
 signals:
     void submitted(const QString& text);
@@ -34,7 +37,6 @@ signals:
 
 private:
     void submit();
-    bool isCompleting() const;
 
     QStringListModel* m_names;
     CommandHistory m_history;

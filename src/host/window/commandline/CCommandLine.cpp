@@ -163,6 +163,14 @@ void CCommandLine::submit(const QString& text)
     }
 }
 
+void CCommandLine::answerByPointing(const QString& text)
+{
+    if (!isAsking())
+        return;
+    m_edit->clear();
+    submit(text);
+}
+
 void CCommandLine::cancel()
 {
     if (isAsking())

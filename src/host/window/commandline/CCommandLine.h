@@ -34,6 +34,10 @@ public:
     const HostQuestion* question() const { return m_question; }
     /// Answers the open question from elsewhere; null cancels it. Nothing happens without one.
     void answer(const std::optional<QString>& text);
+    /// Answers the open question by what the mouse did; it is shown like an answer that was typed.
+    void answerByPointing(const QString& text);
+    /// As when Enter is pressed in the empty line.
+    void enter() { submit(QString()); }
     /// Types into the line, as when a key is pressed over the drawing.
     void type(const QString& text);
     CCommandEdit& edit() const { return *m_edit; }

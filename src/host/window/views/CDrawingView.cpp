@@ -2,6 +2,8 @@
 
 #include "database/OdDbDatabase.h"
 #include "host/canvas/CCanvas.h"
+#include "host/canvas/CanvasContents.h"
+#include "host/canvas/tools/CanvasHostView.h"
 #include "host/documents/HostDocument.h"
 #include "host/window/views/CLayoutTabs.h"
 #include "host/window/views/DatabaseWatch.h"
@@ -15,6 +17,7 @@ CDrawingView::CDrawingView(HostDocument& document, QWidget* parent)
     , m_canvas(new CCanvas(this))
     , m_layoutTabs(new CLayoutTabs(this))
     , m_watch(new DatabaseWatch(this))
+    , m_hostView(std::make_unique<CanvasHostView>(*m_canvas))
 {
     setObjectName(QStringLiteral("drawingView"));
     auto* layout = new QVBoxLayout(this);
@@ -33,10 +36,25 @@ CDrawingView::CDrawingView(HostDocument& document, QWidget* parent)
         emit drawingChanged();
     });
     connect(m_layoutTabs, &CLayoutTabs::layoutWanted, this, &CDrawingView::layoutWanted);
+    document.picks().setShown(&m_canvas->contents());
+    connect(&document.selection(), &DrawingSelection::changed, this, &CDrawingView::showSelection);
+}
+
+CDrawingView::~CDrawingView() = default;
+
+void CDrawingView::showSelection()
+{
+    std::vector<quint32> entities;
+    for (const OdDbObjectId id : m_document.selection().entities())
+        entities.push_back(id.slot());
+    m_canvas->setSelected(entities);
+    emit selectionShown();
 }
 
 void CDrawingView::release()
 {
+    disconnect(&m_document.selection(), nullptr, this, nullptr);
+    m_document.picks().setShown(nullptr);
     m_watch->setDatabase(nullptr);
     m_canvas->setDatabase(nullptr);
 }

@@ -1,0 +1,66 @@
+#include "host/commands/EntityMaker.h"
+
+#include "database/GroupList.h"
+#include "database/OdDbDatabase.h"
+
+#include <QLocale>
+
+namespace {
+
+void appendReal(GroupList& groups, int code, double value)
+{
+    groups.append(code, QByteArray::number(value, 'g', QLocale::FloatingPointShortest));
+}
+
+void appendPoint(GroupList& groups, int code, Vec3 point)
+{
+    appendReal(groups, code, point.x);
+    appendReal(groups, code + 10, point.y);
+    appendReal(groups, code + 20, point.z);
+}
+
+OdDbObjectId currentSpace(const OdDbDatabase& drawing)
+{
+    if (drawing.getTILEMODE())
+        return drawing.getModelSpaceId();
+    const OdDbObjectId sheet = drawing.getPaperSpaceId();
+    const std::vector<OdDbObjectId> viewports = drawing.viewportsOf(sheet);
+    const bool isInViewport = !viewports.empty() && drawing.activeViewportId() != viewports.front();
+    return isInViewport ? drawing.getModelSpaceId() : sheet;
+}
+
+} // namespace
+
+OdDbObjectId EntityMaker::add(const QByteArray& type, const GroupList& groups) const
+{
+    return m_drawing.addEntity(type, groups, currentSpace(m_drawing), m_drawing.getCLAYER());
+}
+
+OdDbObjectId EntityMaker::line(Vec3 from, Vec3 to) const
+{
+    GroupList groups{{100, "AcDbLine"}};
+    appendPoint(groups, 10, from);
+    appendPoint(groups, 11, to);
+    return add("LINE", groups);
+}
+
+OdDbObjectId EntityMaker::circle(Vec3 centre, double radius) const
+{
+    GroupList groups{{100, "AcDbCircle"}};
+    appendPoint(groups, 10, centre);
+    appendReal(groups, 40, radius);
+    return add("CIRCLE", groups);
+}
+
+OdDbObjectId EntityMaker::text(Vec3 position, double height, double angle,
+                               const QString& text) const
+{
+    GroupList groups{{100, "AcDbText"}};
+    appendPoint(groups, 10, position);
+    appendReal(groups, 40, height);
+    groups.append(1, text.toUtf8());
+    if (angle != 0)
+        appendReal(groups, 50, angle);
+    groups.append(100, QByteArrayView("AcDbText"));
+    return add("TEXT", groups);
+}
