@@ -6,6 +6,14 @@
 
 #include <vector>
 
+/// Where an item stands on the line that it is part of, for linetypes that run on from item to
+/// item.
+struct PathRun
+{
+    double along = 0; ///< length of the line before the item
+    double total = 0; ///< length of the whole line; 0: the item is all of it
+};
+
 /// Items in chunks, each chunk with its bounding box and the range of entities it came from: what a
 /// painter needs to pass over many items at a glance.
 template <class Item>
@@ -21,9 +29,17 @@ public:
         quint32 lastOwner;
     };
 
+    /// Owner of items that an edit of their entity has replaced.
+    static constexpr quint32 kRetired = 0xFFFFFFFEu;
+
     /// `owner`: slot of the entity of the space or block that the item belongs to.
-    void append(const Item& item, const Box2& box, quint32 owner)
+    void append(const Item& item, const Box2& box, quint32 owner, const PathRun& run = {})
     {
+        // Most lists have items that stand for themselves only.
+        if (run.total > 0 || !m_runs.empty()) {
+            m_runs.resize(m_items.size());
+            m_runs.push_back(run);
+        }
         if (m_items.size() % kChunkSize == 0)
             m_chunks.push_back({{}, owner, owner});
         Chunk& chunk = m_chunks.back();
@@ -39,6 +55,7 @@ public:
     const Item& operator[](std::size_t i) const { return m_items[i]; }
     Item& operator[](std::size_t i) { return m_items[i]; }
     quint32 owner(std::size_t i) const { return m_owners[i]; }
+    PathRun run(std::size_t i) const { return m_runs.empty() ? PathRun() : m_runs[i]; }
 
     const std::vector<Chunk>& chunks() const { return m_chunks; }
     std::size_t chunkBegin(std::size_t chunk) const { return chunk * kChunkSize; }
@@ -49,13 +66,33 @@ public:
     /// Brings items that are near each other into one chunk; their order is lost. For lists whose
     /// order does not show.
     void sortByPlace();
+    /// Items of the owners, which are in ascending order, become those of kRetired.
+    void retire(const std::vector<quint32>& owners);
     void setChunkBox(std::size_t chunk, const Box2& box) { m_chunks[chunk].box = box; }
 
 private:
     std::vector<Item> m_items;
     std::vector<quint32> m_owners;
+    std::vector<PathRun> m_runs; ///< empty, or one for each item
     std::vector<Chunk> m_chunks;
 };
+
+template <class Item>
+void ChunkedList<Item>::retire(const std::vector<quint32>& owners)
+{
+    for (std::size_t chunk = 0; chunk < m_chunks.size(); ++chunk) {
+        Chunk& head = m_chunks[chunk];
+        const auto first = std::lower_bound(owners.begin(), owners.end(), head.firstOwner);
+        if (first == owners.end() || *first > head.lastOwner)
+            continue;
+        for (std::size_t i = chunkBegin(chunk); i < chunkEnd(chunk); ++i) {
+            if (std::binary_search(first, owners.end(), m_owners[i])) {
+                m_owners[i] = kRetired;
+                head.lastOwner = kRetired;
+            }
+        }
+    }
+}
 
 template <class Item>
 void ChunkedList<Item>::sortByPlace()
@@ -92,6 +129,6 @@ void ChunkedList<Item>::sortByPlace()
     sorted.m_items.reserve(size());
     sorted.m_owners.reserve(size());
     for (const std::size_t i : order)
-        sorted.append(m_items[i], m_items[i].box(), m_owners[i]);
+        sorted.append(m_items[i], m_items[i].box(), m_owners[i], run(i));
     *this = std::move(sorted);
 }

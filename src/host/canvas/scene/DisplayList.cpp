@@ -1,5 +1,7 @@
 #include "host/canvas/scene/DisplayList.h"
 
+#include <algorithm>
+
 namespace {
 
 template <class Item>
@@ -15,20 +17,40 @@ Box2 boxOf(const ChunkedList<Item>& list)
 
 DisplayList::StrokeGroup& DisplayList::group(Style style)
 {
-    const auto known = m_groupIndex.constFind(style.key());
+    const auto known = m_groupIndex.constFind(style);
     if (known != m_groupIndex.cend())
         return m_groups[known.value()];
-    m_groupIndex.insert(style.key(), static_cast<quint32>(m_groups.size()));
+    m_groupIndex.insert(style, static_cast<quint32>(m_groups.size()));
     m_groups.push_back({style, {}, {}, {}});
     return m_groups.back();
 }
 
 void DisplayList::sortStrokes()
 {
+    // What edits add later stays at the end.
+    if (m_isSorted)
+        return;
+    m_isSorted = true;
     for (StrokeGroup& group : m_groups) {
         group.segments.sortByPlace();
         group.arcs.sortByPlace();
     }
+}
+
+void DisplayList::retire(const std::vector<quint32>& owners)
+{
+    const auto isRetired = [&](quint32 owner) {
+        return std::binary_search(owners.begin(), owners.end(), owner);
+    };
+    for (StrokeGroup& group : m_groups) {
+        group.segments.retire(owners);
+        group.arcs.retire(owners);
+        std::erase_if(group.rays, [&](const Ray& ray) { return isRetired(ray.owner); });
+    }
+    m_fills.retire(owners);
+    m_texts.retire(owners);
+    m_instances.retire(owners);
+    std::erase_if(m_viewports, [&](const SheetViewport& v) { return isRetired(v.slot); });
 }
 
 void DisplayList::addFill(const FillItem& fill, quint32 owner)

@@ -40,10 +40,13 @@ public:
         m_instances.append(instance, {}, owner);
     }
     void addViewport(const SheetViewport& viewport) { m_viewports.push_back(viewport); }
+    void setUndrawn(const QHash<QByteArray, int>& undrawn) { m_undrawn = undrawn; }
     void countUndrawn(const QByteArray& type, int count = 1) { m_undrawn[type] += count; }
 
     /// Arranges strokes for painting parts of the list; to be called when all are there.
     void sortStrokes();
+    /// Takes what these entities, in ascending order, have in the list out of sight for good.
+    void retire(const std::vector<quint32>& owners);
 
     const std::vector<StrokeGroup>& groups() const { return m_groups; }
     const ChunkedList<FillItem>& fills() const { return m_fills; }
@@ -53,6 +56,7 @@ public:
     const ChunkedList<BlockInstance>& instances() const { return m_instances; }
     ChunkedList<BlockInstance>& instances() { return m_instances; }
     const std::vector<SheetViewport>& viewports() const { return m_viewports; }
+    std::vector<SheetViewport>& viewports() { return m_viewports; }
     /// Entities that are not drawn, by type.
     const QHash<QByteArray, int>& undrawn() const { return m_undrawn; }
 
@@ -75,7 +79,7 @@ private:
     quint32 m_slot;
     Vec2 m_basePoint;
     std::vector<StrokeGroup> m_groups;
-    QHash<quint64, quint32> m_groupIndex;
+    QHash<Style, quint32> m_groupIndex;
     ChunkedList<FillItem> m_fills;
     std::vector<Vec2> m_fillPoints;
     std::vector<quint32> m_contourEnds;
@@ -84,4 +88,5 @@ private:
     std::vector<SheetViewport> m_viewports;
     QHash<QByteArray, int> m_undrawn;
     Totals m_totals;
+    bool m_isSorted = false;
 };

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "host/canvas/scene/DisplayList.h"
+#include "host/canvas/scene/Linetypes.h"
+#include "host/canvas/scene/PenTable.h"
 #include "host/canvas/scene/TextPool.h"
 
 #include <memory>
 
 /// Everything that can be painted of a drawing, as far as it was asked for: blocks by index, the
-/// layers that entities use, texts. Grows when another space is shown; what is there stays.
+/// layers that entities use, their pens, texts. Grows when another space is shown; what is there
+/// stays.
 class Scene
 {
 public:
@@ -41,6 +44,10 @@ public:
     /// Slots of the layers by index.
     const std::vector<quint32>& layers() const { return m_layers; }
 
+    PenTable& pens() { return m_pens; }
+    const PenTable& pens() const { return m_pens; }
+    Linetypes& linetypes() { return m_linetypes; }
+    const Linetypes& linetypes() const { return m_linetypes; }
     TextPool& texts() { return m_texts; }
     const TextPool& texts() const { return m_texts; }
 
@@ -49,5 +56,7 @@ private:
     QHash<quint32, quint32> m_index;
     std::vector<quint32> m_layers;
     QHash<quint32, quint32> m_layerIndex;
+    PenTable m_pens;
+    Linetypes m_linetypes;
     TextPool m_texts;
 };
