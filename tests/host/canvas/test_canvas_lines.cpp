@@ -230,7 +230,7 @@ private slots:
 
     void brokenLinetypesAreLinesWithoutGaps()
     {
-        for (const char* lengths : {"nan -10", "1e300 -1e300", "-0", "5 5", "1e400 -10"}) {
+        for (const char* lengths : {"1e300 -1e300", "-0", "5 5"}) {
             show(DrawingText().linetype("BAD", lengths).add(QByteArray("LINE 8=0 6=BAD ") + kLine));
             QCOMPARE(picture().mismatch(P::line({-45, 0}, {45, 0})), QString());
         }

@@ -274,8 +274,7 @@ void SceneBuilder::visit(quint32 slot)
     DisplayList& list = m_scene.block(m_block);
     const bool isOwn = m_store.owner(slot) == list.slot();
     const bool isDrawable = m_store.has(slot, ObjectStore::kEntity)
-        && !m_store.has(slot, ObjectStore::kSubEntity)
-        && !m_store.has(slot, ObjectStore::kSynthetic);
+        && !m_store.has(slot, ObjectStore::kSubEntity);
     if (!isOwn || !isDrawable)
         return;
     if (m_store.has(slot, ObjectStore::kErased))
