@@ -54,15 +54,18 @@ double sheetUnitsPerMillimetre(const OdDbDatabase& database, OdDbObjectId layout
 
 bool scalesLinetypesBySheet(const OdDbDatabase& database, OdDbObjectId layout, bool fallback)
 {
-    enum { kFlags = 70, kBySheet = 1 };
-    EntityFields fields;
-    if (!readLayout(fields, database, layout))
+    enum { kSubclass = 100, kFlags = 70, kBySheet = 1 };
+    const std::unique_ptr<GroupCursor> cursor = database.makeCursor();
+    if (!cursor || layout.isNull())
         return fallback;
     // The plot settings have flags of their own, before those of the layout.
-    int seen = 0;
-    for (const EntityFields::Group& group : fields.groups()) {
-        if (group.code == kFlags && ++seen == 2)
-            return (static_cast<int>(group.value) & kBySheet) != 0;
+    bool isLayout = false;
+    cursor->open(layout.slot());
+    while (cursor->next()) {
+        if (cursor->code() == kSubclass)
+            isLayout = cursor->bytes().trimmed() == "AcDbLayout";
+        else if (isLayout && cursor->code() == kFlags)
+            return (cursor->integer() & kBySheet) != 0;
     }
     return fallback;
 }
