@@ -28,6 +28,7 @@ public:
     void showStatus(const QString& sentence) override;
     void fileUsed(const QString& path) override;
     void regen(bool allViews) override;
+    void repaint() override;
     void zoomExtents() override;
     void quit() override;
 
