@@ -38,7 +38,7 @@ void GeometrySink::line(Vec2 from, Vec2 to, const PathRun& run)
     if (!accept(isSane(from) && isSane(to)))
         return;
     const Segment segment{local(from), local(to)};
-    group().segments.append(segment, segment.box(), m_owner, run);
+    m_list.addSegment(group(), segment, m_owner, run);
 }
 
 void GeometrySink::path(std::span<const Vec2> points, bool closed)
@@ -74,7 +74,7 @@ void GeometrySink::arc(const CurveArc& arc, const PathRun& run)
         return;
     CurveArc moved = arc;
     moved.centre = local(arc.centre);
-    group().arcs.append(moved, moved.box(), m_owner, run);
+    m_list.addArc(group(), moved, m_owner, run);
 }
 
 void GeometrySink::ray(Vec2 from, Vec2 direction, bool isTwoSided)

@@ -14,6 +14,8 @@ struct Segment
     Vec2 to;
 
     Box2 box() const { return Box2::of(from, to); }
+    /// Roughly where it is, at no cost.
+    Vec2 place() const { return (from + to) * 0.5; }
 };
 
 /// Straight stroke without an end, on one side or on both.

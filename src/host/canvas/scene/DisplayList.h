@@ -32,6 +32,8 @@ public:
 
     /// The group of a style; valid until the next call for another style.
     StrokeGroup& group(Style style);
+    void addSegment(StrokeGroup& group, const Segment& segment, quint32 owner, const PathRun& run);
+    void addArc(StrokeGroup& group, const CurveArc& arc, quint32 owner, const PathRun& run);
     void addFill(const FillItem& fill, quint32 owner);
     void addContour(std::span<const Vec2> points);
     void addText(const TextItem& text, quint32 owner) { m_texts.append(text, text.bounds, owner); }
@@ -76,10 +78,14 @@ public:
     Totals ownTotals() const;
 
 private:
+    StrokeGroup& plainGroup(Style style);
+    StrokeGroup& otherGroup(Style style);
+
     quint32 m_slot;
     Vec2 m_basePoint;
     std::vector<StrokeGroup> m_groups;
     QHash<Style, quint32> m_groupIndex;
+    std::vector<quint32> m_plainGroups; ///< by layer: those of entities without own properties
     ChunkedList<FillItem> m_fills;
     std::vector<Vec2> m_fillPoints;
     std::vector<quint32> m_contourEnds;

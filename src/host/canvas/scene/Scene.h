@@ -31,16 +31,20 @@ public:
     /// Index of a layer's slot, made known when it is new.
     quint32 layerIndex(quint32 layerSlot)
     {
-        const auto known = m_layerIndex.constFind(layerSlot);
-        if (known != m_layerIndex.cend())
-            return known.value();
-        const auto index = static_cast<quint32>(m_layers.size());
-        m_layerIndex.insert(layerSlot, index);
-        m_layers.push_back(layerSlot);
+        if (layerSlot >= m_layerIndex.size())
+            m_layerIndex.resize(layerSlot + 1, kNoIndex);
+        quint32& index = m_layerIndex[layerSlot];
+        if (index == kNoIndex) {
+            index = static_cast<quint32>(m_layers.size());
+            m_layers.push_back(layerSlot);
+        }
         return index;
     }
     /// As layerIndex(), but kNoIndex for a layer that no entity uses.
-    quint32 findLayer(quint32 layerSlot) const { return m_layerIndex.value(layerSlot, kNoIndex); }
+    quint32 findLayer(quint32 layerSlot) const
+    {
+        return layerSlot < m_layerIndex.size() ? m_layerIndex[layerSlot] : kNoIndex;
+    }
     /// Slots of the layers by index.
     const std::vector<quint32>& layers() const { return m_layers; }
 
@@ -55,7 +59,7 @@ private:
     std::vector<std::unique_ptr<DisplayList>> m_blocks;
     QHash<quint32, quint32> m_index;
     std::vector<quint32> m_layers;
-    QHash<quint32, quint32> m_layerIndex;
+    std::vector<quint32> m_layerIndex; ///< by slot; tables stand at the start of a drawing
     PenTable m_pens;
     Linetypes m_linetypes;
     TextPool m_texts;

@@ -273,8 +273,8 @@ void SceneBuilder::visit(quint32 slot)
 {
     DisplayList& list = m_scene.block(m_block);
     const bool isOwn = m_store.owner(slot) == list.slot();
-    const bool isDrawable = m_store.has(slot, ObjectStore::kEntity)
-        && !m_store.has(slot, ObjectStore::kSubEntity);
+    const bool isDrawable =
+        m_store.has(slot, ObjectStore::kEntity) && !m_store.has(slot, ObjectStore::kSubEntity);
     if (!isOwn || !isDrawable)
         return;
     if (m_store.has(slot, ObjectStore::kErased))
