@@ -6,8 +6,11 @@
 LineBatcher::Bucket& LineBatcher::bucket(QRgb colour, int width)
 {
     const quint64 key = quint64(static_cast<quint32>(width)) << 32 | colour;
-    return m_buckets.try_emplace(key, colour, width, m_isSmooth || width > kWidestPlain)
-        .first->second;
+    const bool isThin = width <= m_penWidth;
+    Bucket::Way way = isThin ? Bucket::Way::Collected : Bucket::Way::Wide;
+    if (!m_isSmooth && (isThin || width <= kWidestPlain))
+        way = Bucket::Way::Plain;
+    return m_buckets.try_emplace(key, colour, width, way).first->second;
 }
 
 void LineBatcher::flush()
@@ -20,11 +23,7 @@ void LineBatcher::paint(Bucket& bucket)
 {
     if (bucket.m_waiting.empty())
         return;
-    QPen pen(QColor::fromRgb(bucket.m_colour), bucket.m_width);
-    // Lines that meet at an angle, and the chords of curves, would gape otherwise.
-    if (bucket.m_width > m_penWidth)
-        pen.setCapStyle(Qt::RoundCap);
-    m_painter->setPen(pen);
+    m_painter->setPen(QPen(QColor::fromRgb(bucket.m_colour), bucket.m_width));
     m_painter->drawLines(bucket.m_waiting.data(), static_cast<int>(bucket.m_waiting.size()));
     bucket.m_waiting.clear();
 }

@@ -9,9 +9,9 @@
 
 class QPainter;
 
-/// Takes the lines of a picture. Plain ones go straight into the image; smooth and wide ones are
-/// collected by colour and width and painted many at a time, since changing the pen for every line
-/// would cost more than the lines do.
+/// Takes the lines of a picture. Plain and wide ones go straight into the image; smooth thin ones
+/// are collected by colour and painted many at a time, since changing the pen for every line would
+/// cost more than the lines do.
 class LineBatcher
 {
 public:
@@ -19,17 +19,18 @@ public:
     class Bucket
     {
     public:
-        Bucket(QRgb colour, int width, bool isCollected)
+        enum class Way { Plain, Collected, Wide };
+        Bucket(QRgb colour, int width, Way way)
             : m_colour(colour)
             , m_width(width)
-            , m_isCollected(isCollected)
+            , m_way(way)
         { }
 
     private:
         friend class LineBatcher;
         QRgb m_colour;
         int m_width; ///< pixels
-        bool m_isCollected;
+        Way m_way;
         std::vector<QLineF> m_waiting;
     };
 
@@ -51,28 +52,34 @@ public:
     Bucket& bucket(QRgb colour) { return bucket(colour, m_penWidth); }
     void add(Bucket& bucket, double x1, double y1, double x2, double y2)
     {
-        if (!bucket.m_isCollected) {
+        switch (bucket.m_way) {
+        case Bucket::Way::Plain:
             m_raster.line(x1, y1, x2, y2, bucket.m_colour, bucket.m_width);
-            return;
+            break;
+        case Bucket::Way::Wide:
+            m_raster.wideLine(x1, y1, x2, y2, bucket.m_colour, bucket.m_width);
+            break;
+        case Bucket::Way::Collected:
+            bucket.m_waiting.emplace_back(x1, y1, x2, y2);
+            if (bucket.m_waiting.size() >= kFull)
+                paint(bucket);
+            break;
         }
-        bucket.m_waiting.emplace_back(x1, y1, x2, y2);
-        if (bucket.m_waiting.size() >= kFull)
-            paint(bucket);
     }
     void addDot(Bucket& bucket, double x, double y)
     {
-        if (bucket.m_width <= kWidestPlain)
-            m_raster.line(x, y, x, y, bucket.m_colour, bucket.m_width);
+        if (bucket.m_way == Bucket::Way::Wide)
+            m_raster.wideLine(x, y, x, y, bucket.m_colour, bucket.m_width);
         else
-            bucket.m_waiting.emplace_back(x, y, x, y);
+            m_raster.line(x, y, x, y, bucket.m_colour, bucket.m_width);
     }
     /// Paints everything that waits.
     void flush();
 
 private:
     static constexpr std::size_t kFull = 4096;
-    /// Wider lines need proper ends.
-    static constexpr int kWidestPlain = 3;
+    /// Wider ones need proper ends even while everything moves.
+    static constexpr int kWidestPlain = 4;
     void paint(Bucket& bucket);
 
     LineRaster m_raster;

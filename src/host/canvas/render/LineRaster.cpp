@@ -1,6 +1,7 @@
 #include "host/canvas/render/LineRaster.h"
 
 #include "host/canvas/render/LineClip.h"
+#include "host/canvas/render/WideLine.h"
 
 #include <algorithm>
 
@@ -41,6 +42,36 @@ void LineRaster::thickLine(double x1, double y1, double x2, double y2, QRgb colo
         const double dx = isFlat ? 0 : aside;
         const double dy = isFlat ? aside : 0;
         thinLine(x1 + dx, y1 + dy, x2 + dx, y2 + dy, colour);
+    }
+}
+
+void LineRaster::wideLine(double x1, double y1, double x2, double y2, QRgb colour, int width)
+{
+    const Box2 reach = Box2{m_left, m_top, m_right, m_bottom}.grown(width);
+    Vec2 from{x1, y1};
+    Vec2 to{x2, y2};
+    if (reach.isEmpty() || !clipLine(reach, from, to) || !reach.grown(1).contains(from)
+        || !reach.grown(1).contains(to))
+    {
+        return;
+    }
+    const WideLine line(from.x, from.y, to.x, to.y, width);
+    const bool isFlat = line.isFlat();
+    const WideLine::Reach along = line.along();
+    const auto first = static_cast<int>(std::max(along.low, isFlat ? m_left : m_top));
+    const auto last = static_cast<int>(std::min(along.high, isFlat ? m_right : m_bottom));
+    for (int major = first; major <= last; ++major) {
+        const WideLine::Reach across = line.across(major + 0.5);
+        const auto low = static_cast<int>(std::max(across.low, isFlat ? m_top : m_left));
+        const auto high = static_cast<int>(std::min(across.high, isFlat ? m_bottom : m_right));
+        for (int minor = low; minor <= high; ++minor) {
+            const int x = isFlat ? major : minor;
+            const int y = isFlat ? minor : major;
+            const double share = line.coverage(x + 0.5, y + 0.5);
+            const std::ptrdiff_t pixel = y * m_stride + x;
+            if (share > 0 && (m_mask.empty() || m_mask[static_cast<std::size_t>(pixel)] != 0))
+                m_pixels[pixel] = share >= 1 ? colour : blended(m_pixels[pixel], colour, share);
+        }
     }
 }
 

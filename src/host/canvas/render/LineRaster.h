@@ -27,6 +27,9 @@ public:
             thickLine(x1, y1, x2, y2, colour, thickness);
     }
 
+    /// The same with round ends and soft edges.
+    void wideLine(double x1, double y1, double x2, double y2, QRgb colour, int width);
+
 private:
     struct Span
     {
