@@ -61,6 +61,8 @@ public:
     /// The view of the current drawing, or null where no window shows one.
     virtual HostView* view() { return nullptr; }
     virtual void regen(bool allViews) = 0;
+    /// Paints the views again. They follow their drawings by themselves, so nothing is read.
+    virtual void repaint() { }
     virtual void zoomExtents() = 0;
     /// Ends the program once the running command is over; all documents are closed.
     virtual void quit() = 0;

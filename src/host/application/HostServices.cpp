@@ -34,7 +34,7 @@ void HostServices::setUserState(const QString& key, const QByteArray& state)
 void HostServices::refreshView()
 {
     if (m_frontEnd)
-        m_frontEnd->regen(false);
+        m_frontEnd->repaint();
 }
 
 int HostServices::pickColor(const KestPickRequest& request, OdCmColor& color)

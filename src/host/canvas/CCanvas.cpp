@@ -41,6 +41,8 @@ CCanvas::CCanvas(QWidget* parent)
     connect(m_frames.get(), &FrameScheduler::frameReady, this, qOverload<>(&QWidget::update));
     connect(m_contents.get(), &CanvasContents::lookChanged, this, &CCanvas::contentsChanged);
     connect(m_contents.get(), &CanvasContents::spaceShown, this, &CCanvas::showSpace);
+    connect(m_contents.get(), &CanvasContents::entitiesRedrawn, this, &CCanvas::spaceShown,
+            Qt::QueuedConnection);
     connect(m_contents.get(), &CanvasContents::readingProgressed, this, [this] {
         if (!m_contents->isReady())
             update();
@@ -78,6 +80,16 @@ void CCanvas::zoomExtents()
 QString CCanvas::undrawnSummary() const
 {
     return m_contents->undrawnSummary();
+}
+
+void CCanvas::setLockedFade(int percent)
+{
+    m_contents->setLockedFade(percent);
+}
+
+void CCanvas::setDefaultWeight(int weight)
+{
+    m_contents->setDefaultWeight(weight);
 }
 
 void CCanvas::setView(const ViewTransform& view)

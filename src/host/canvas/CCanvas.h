@@ -42,6 +42,10 @@ public:
     /// "3 OLE2FRAME, 1 ACAD_TABLE not drawn", or empty when everything in the current space is
     /// drawn.
     QString undrawnSummary() const;
+    /// Per cent by which what stands on locked layers fades (LAYLOCKFADECTL).
+    void setLockedFade(int percent);
+    /// Lineweight of what has none of its own (LWDEFAULT).
+    void setDefaultWeight(int weight);
 
     const ViewTransform& view() const { return m_view; }
     void setView(const ViewTransform& view);

@@ -1,6 +1,7 @@
 #include "host/canvas/CanvasContents.h"
 
 #include "database/ObjectStore.h"
+#include "database/OdDbBlockTableRecord.h"
 #include "database/OdDbDatabase.h"
 #include "host/canvas/DatabaseWatcher.h"
 #include "host/canvas/render/SceneExtents.h"
@@ -8,12 +9,23 @@
 #include "host/canvas/scene/SheetPaper.h"
 
 #include <algorithm>
+#include <set>
+#include <utility>
 
 namespace {
 
 constexpr int kSliceMilliseconds = 12;
+// More edits at once than that are read with everything else.
+constexpr std::size_t kMostRedrawn = 50'000;
 
+std::vector<quint32> sorted(std::vector<quint32> entities)
+{
+    std::sort(entities.begin(), entities.end());
+    entities.erase(std::unique(entities.begin(), entities.end()), entities.end());
+    return entities;
 }
+
+} // namespace
 
 CanvasContents::CanvasContents(QObject* parent)
     : QObject(parent)
@@ -40,6 +52,9 @@ void CanvasContents::forget()
     m_looks.reset();
     m_viewportLooks.clear();
     m_changedLayers.clear();
+    m_addedEntities.clear();
+    m_changedEntities.clear();
+    m_lines.reset();
     m_space = m_shownSpace = kNoIndex;
     m_paper = {};
     m_shaper = std::make_shared<TextShaper>();
@@ -57,31 +72,121 @@ void CanvasContents::setDatabase(OdDbDatabase* database)
     if (hasContents) {
         m_database = database;
         m_watcher = std::make_unique<DatabaseWatcher>(*database);
-        DatabaseWatcher* watcher = m_watcher.get();
-        connect(watcher, &DatabaseWatcher::layerChanged, this, [this](quint32 slot) {
-            m_changedLayers.push_back(slot);
-            emit lookChanged();
-        });
-        connect(watcher, &DatabaseWatcher::viewportChanged, this, [this](quint32 slot) {
-            m_viewportLooks.remove(slot);
-            emit lookChanged();
-        });
-        connect(watcher, &DatabaseWatcher::entityErased, this, [this](quint32 slot, bool erased) {
-            m_erased->set(slot, erased);
-            emit lookChanged();
-        });
-        connect(watcher, &DatabaseWatcher::geometryChanged, &m_rebuildTimer,
-                qOverload<>(&QTimer::start));
-        connect(watcher, &DatabaseWatcher::spaceChanged, this, &CanvasContents::followSpace);
-        connect(watcher, &DatabaseWatcher::activeViewportChanged, this,
-                &CanvasContents::lookChanged);
-        connect(watcher, &DatabaseWatcher::databaseGone, this, [this] {
-            forget();
-            emit lookChanged();
-        });
+        follow(*m_watcher);
         followSpace();
     }
     emit lookChanged();
+}
+
+void CanvasContents::follow(DatabaseWatcher& watcher)
+{
+    connect(&watcher, &DatabaseWatcher::layerChanged, this, [this](quint32 slot) {
+        m_changedLayers.push_back(slot);
+        emit lookChanged();
+    });
+    connect(&watcher, &DatabaseWatcher::linetypeChanged, this, [this](quint32 slot) {
+        if (m_scene && m_scene->linetypes().refresh(*m_database, m_database->idOfSlot(slot)))
+            emit lookChanged();
+    });
+    connect(&watcher, &DatabaseWatcher::viewportChanged, this, [this](quint32 slot) {
+        m_viewportLooks.remove(slot);
+        entityChanged(slot, m_changedEntities);
+    });
+    connect(&watcher, &DatabaseWatcher::entityErased, this, [this](quint32 slot, bool erased) {
+        m_erased->set(slot, erased);
+        emit lookChanged();
+    });
+    connect(&watcher, &DatabaseWatcher::entityAppended, this,
+            [this](quint32 slot) { entityChanged(slot, m_addedEntities); });
+    connect(&watcher, &DatabaseWatcher::entityModified, this,
+            [this](quint32 slot) { entityChanged(slot, m_changedEntities); });
+    connect(&watcher, &DatabaseWatcher::blockModified, this, &CanvasContents::followBlock);
+    connect(&watcher, &DatabaseWatcher::spaceChanged, this, &CanvasContents::followSpace);
+    connect(&watcher, &DatabaseWatcher::activeViewportChanged, this, &CanvasContents::lookChanged);
+    connect(&watcher, &DatabaseWatcher::variableChanged, this, [this](const QString& name) {
+        if (!DrawingLines::dependOn(name))
+            return;
+        m_lines.reset();
+        emit lookChanged();
+    });
+    connect(&watcher, &DatabaseWatcher::databaseGone, this, [this] {
+        forget();
+        emit lookChanged();
+    });
+}
+
+/// Geometry counts from the base point of its block.
+void CanvasContents::followBlock(quint32 slot)
+{
+    const quint32 block = m_scene ? m_scene->find(slot) : kNoIndex;
+    const auto record = m_database->idOfSlot(slot).openObject<OdDbBlockTableRecord>();
+    if (block == kNoIndex || !record)
+        return;
+    const Vec2 base = SceneBuilder::basePointOf(*record);
+    if (!(base == m_scene->block(block).basePoint()))
+        m_rebuildTimer.start();
+}
+
+/// `list`: where such changes wait until a picture is asked for. Vertices and attributes are drawn
+/// with their entity.
+void CanvasContents::entityChanged(quint32 slot, std::vector<quint32>& list)
+{
+    const ObjectStore& store = m_database->store();
+    while (slot > 0 && store.has(slot, ObjectStore::kSubEntity))
+        --slot;
+    list.push_back(slot);
+    emit lookChanged();
+}
+
+void CanvasContents::applyEntityChanges()
+{
+    const bool isDue = !m_addedEntities.empty() || !m_changedEntities.empty();
+    // A drawing that is being read is up to date only when that has come to its end.
+    if (!isDue || !m_scene || m_builder)
+        return;
+    const std::vector<quint32> added = sorted(std::exchange(m_addedEntities, {}));
+    const std::vector<quint32> changed = sorted(std::exchange(m_changedEntities, {}));
+    if (added.size() + changed.size() > kMostRedrawn) {
+        rebuild();
+        return;
+    }
+    m_growing = m_scene;
+    m_builder = std::make_unique<SceneBuilder>(*m_database, *m_growing);
+    m_builder->redraw(added, changed);
+    // Whoever asked for a picture gets it with the changes: nothing to announce.
+    if (m_builder->step(QDeadlineTimer(kSliceMilliseconds)))
+        takeWhatWasRead();
+    else
+        m_sliceTimer.start();
+    emit entitiesRedrawn();
+}
+
+void CanvasContents::setLockedFade(int percent)
+{
+    if (std::exchange(m_lockedFade, percent) == percent)
+        return;
+    m_lines.reset();
+    emit lookChanged();
+}
+
+void CanvasContents::setDefaultWeight(int weight)
+{
+    if (std::exchange(m_defaultWeight, weight) == weight)
+        return;
+    m_lines.reset();
+    emit lookChanged();
+}
+
+const DrawingLines& CanvasContents::lines()
+{
+    if (!m_lines) {
+        m_lines = DrawingLines::of(*m_database,
+                                   m_database->getTILEMODE() ? OdDbObjectId()
+                                                             : m_database->currentLayoutId());
+        m_lines->own.lockedFade = m_lockedFade;
+        m_lines->own.defaultWeight = m_defaultWeight;
+    }
+    return *m_lines;
 }
 
 void CanvasContents::rebuild()
@@ -122,6 +227,7 @@ void CanvasContents::followSpace()
     const OdDbObjectId space =
         m_database->getTILEMODE() ? m_database->getModelSpaceId() : m_database->getPaperSpaceId();
     m_space = space.isNull() ? kNoIndex : space.slot();
+    m_lines.reset();
     if (isReady()) {
         announceSpace();
     } else if (m_builder) {
@@ -143,11 +249,14 @@ void CanvasContents::finish()
 {
     if (m_rebuildTimer.isActive())
         rebuild();
-    while (m_builder)
-        readSlice(QDeadlineTimer(QDeadlineTimer::Forever));
+    do {
+        while (m_builder)
+            readSlice(QDeadlineTimer(QDeadlineTimer::Forever));
+        applyEntityChanges();
+    } while (m_builder);
 }
 
-void CanvasContents::readingDone()
+void CanvasContents::takeWhatWasRead()
 {
     m_sliceTimer.stop();
     const ObjectStore& store = m_database->store();
@@ -161,6 +270,11 @@ void CanvasContents::readingDone()
     }
     m_growing.reset();
     m_viewportLooks.clear();
+}
+
+void CanvasContents::readingDone()
+{
+    takeWhatWasRead();
     if (isReady() && m_shownSpace != m_space)
         announceSpace();
     emit lookChanged();
@@ -219,6 +333,7 @@ std::shared_ptr<const LayerLooks> CanvasContents::looksIn(OdDbObjectId viewport)
 std::vector<ScenePart> CanvasContents::parts()
 {
     std::vector<ScenePart> parts;
+    applyEntityChanges();
     if (!isReady())
         return parts;
     applyLayerChanges();
@@ -226,6 +341,7 @@ std::vector<ScenePart> CanvasContents::parts()
     ScenePart whole;
     whole.block = space;
     whole.looks = m_looks;
+    whole.lines = lines().own;
     const std::vector<OdDbObjectId> viewports =
         m_database->viewportsOf(m_database->idOfSlot(m_space));
     if (!viewports.empty())
@@ -233,17 +349,25 @@ std::vector<ScenePart> CanvasContents::parts()
     for (const SheetViewport& viewport : m_scene->block(space).viewports()) {
         if (viewport.isOff || !viewport.isPlan || m_erased->isErased(viewport.slot))
             continue;
-        ScenePart part;
-        part.block = m_scene->find(m_database->getModelSpaceId().slot());
-        part.isPlaced = true;
-        part.placement = viewport.modelToSheet();
-        part.frame = viewport.frame();
-        part.looks = looksIn(m_database->idOfSlot(viewport.slot));
+        const ScenePart part = partThrough(viewport);
         if (part.block != kNoIndex)
             parts.push_back(part);
     }
     parts.push_back(whole);
     return parts;
+}
+
+ScenePart CanvasContents::partThrough(const SheetViewport& viewport)
+{
+    ScenePart part;
+    part.block = m_scene->find(m_database->getModelSpaceId().slot());
+    part.isPlaced = true;
+    part.placement = viewport.modelToSheet();
+    part.frame = viewport.frame();
+    part.clip = viewport.clip;
+    part.looks = looksIn(m_database->idOfSlot(viewport.slot));
+    part.lines = lines().through(viewport.scale());
+    return part;
 }
 
 Box2 CanvasContents::extents()
@@ -323,10 +447,31 @@ std::vector<bool> CanvasContents::reachableBlocks() const
     return reached;
 }
 
-QString CanvasContents::undrawnSummary() const
+/// Of those that layers or entities in the blocks have.
+int CanvasContents::linetypesWithSymbols(const std::vector<bool>& blocks) const
 {
+    const Linetypes& linetypes = m_scene->linetypes();
+    std::set<quint32> found;
+    for (quint32 block = 0; block < blocks.size(); ++block) {
+        if (!blocks[block])
+            continue;
+        for (const DisplayList::StrokeGroup& group : m_scene->block(block).groups()) {
+            quint32 linetype = m_scene->pens()[group.style.pen].linetype;
+            if (linetype == Pen::kByLayer)
+                linetype = (*m_looks)[group.style.layer].linetype;
+            if (linetype != Pen::kByBlock && linetypes[linetype].hasSymbols())
+                found.insert(linetype);
+        }
+    }
+    return static_cast<int>(found.size());
+}
+
+QString CanvasContents::undrawnSummary()
+{
+    applyEntityChanges();
     if (!isReady())
         return {};
+    applyLayerChanges();
     QHash<QByteArray, int> counts;
     const std::vector<bool> reached = reachableBlocks();
     for (quint32 block = 0; block < reached.size(); ++block) {
@@ -334,6 +479,8 @@ QString CanvasContents::undrawnSummary() const
         for (auto it = undrawn.cbegin(); reached[block] && it != undrawn.cend(); ++it)
             counts[it.key()] += it.value();
     }
+    if (const int linetypes = linetypesWithSymbols(reached))
+        counts.insert(QByteArrayLiteral("LTYPE symbol"), linetypes);
     if (counts.isEmpty())
         return {};
     std::vector<std::pair<int, QByteArray>> sorted;

@@ -3,11 +3,14 @@
 #include "host/canvas/picking/PickScene.h"
 #include "host/canvas/render/ErasedFilter.h"
 #include "host/canvas/render/ScenePart.h"
+#include "host/canvas/scene/DrawingLines.h"
 #include "host/canvas/scene/SceneBuilder.h"
 #include "host/canvas/text/TextShaper.h"
 
 #include <QObject>
 #include <QTimer>
+
+#include <optional>
 
 class DatabaseWatcher;
 class OdDbDatabase;
@@ -27,6 +30,10 @@ public:
     void rebuild();
     /// Completes reading without returning to the event loop.
     void finish();
+    /// Per cent by which what stands on locked layers fades; 0 or less: not at all.
+    void setLockedFade(int percent);
+    /// Lineweight of what has none of its own, in hundredths of a millimetre.
+    void setDefaultWeight(int weight);
 
     /// Whether the current space can be painted.
     bool isReady() const;
@@ -51,7 +58,7 @@ public:
     /// space and while nothing is ready.
     std::vector<SheetViewport> openViewports() const;
     /// Number of entities by type that are not drawn in the current space; biggest numbers first.
-    QString undrawnSummary() const;
+    QString undrawnSummary();
 
     std::shared_ptr<const Scene> scene() const { return m_scene; }
     std::shared_ptr<TextShaper> shaper() const { return m_shaper; }
@@ -66,21 +73,31 @@ signals:
     void spaceShown();
     /// Reading went on, began or ended.
     void readingProgressed();
+    /// Entities came or changed: undrawnSummary() may answer otherwise.
+    void entitiesRedrawn();
 
 private:
     void forget();
+    void follow(DatabaseWatcher& watcher);
     void followSpace();
+    void followBlock(quint32 slot);
+    void entityChanged(quint32 slot, std::vector<quint32>& list);
+    void applyEntityChanges();
     void announceSpace();
     void startReading(std::shared_ptr<Scene> scene);
     void readSlice(QDeadlineTimer until);
+    void takeWhatWasRead();
     void readingDone();
     void requireSpaces();
     void applyLayerChanges();
+    const DrawingLines& lines();
+    ScenePart partThrough(const SheetViewport& viewport);
     std::shared_ptr<const LayerLooks> looksIn(OdDbObjectId viewport);
     quint32 spaceIndex() const;
     bool showsModelThroughViewports() const;
     const SheetViewport* activeViewport() const;
     std::vector<bool> reachableBlocks() const;
+    int linetypesWithSymbols(const std::vector<bool>& blocks) const;
 
     OdDbDatabase* m_database = nullptr;
     std::unique_ptr<DatabaseWatcher> m_watcher;
@@ -95,6 +112,11 @@ private:
     std::shared_ptr<LayerLooks> m_looks;
     QHash<quint32, std::shared_ptr<const LayerLooks>> m_viewportLooks;
     std::vector<quint32> m_changedLayers;
+    std::vector<quint32> m_addedEntities;
+    std::vector<quint32> m_changedEntities;
+    std::optional<DrawingLines> m_lines; ///< of the current space, once somebody asked
+    int m_lockedFade = LineSettings().lockedFade;
+    int m_defaultWeight = LineSettings().defaultWeight;
     QTimer m_sliceTimer;
     QTimer m_rebuildTimer;
     int m_builds = 0;

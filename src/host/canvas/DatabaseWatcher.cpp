@@ -10,11 +10,6 @@ bool isEntity(const OdDbObject* object)
     return object->kind() == OdDbObjectKind::Entity || object->kind() == OdDbObjectKind::Viewport;
 }
 
-bool isBlock(const OdDbObject* object)
-{
-    return object->kind() == OdDbObjectKind::BlockTableRecord;
-}
-
 } // namespace
 
 DatabaseWatcher::DatabaseWatcher(OdDbDatabase& database, QObject* parent)
@@ -32,8 +27,8 @@ DatabaseWatcher::~DatabaseWatcher()
 
 void DatabaseWatcher::objectAppended(const OdDbDatabase*, const OdDbObject* object)
 {
-    if (isEntity(object) || isBlock(object))
-        emit geometryChanged();
+    if (isEntity(object))
+        emit entityAppended(object->objectId().slot());
 }
 
 void DatabaseWatcher::objectUnAppended(const OdDbDatabase*, const OdDbObject* object)
@@ -58,9 +53,14 @@ void DatabaseWatcher::objectModified(const OdDbDatabase*, const OdDbObject* obje
     case OdDbObjectKind::Viewport:
         emit viewportChanged(slot);
         break;
+    case OdDbObjectKind::Linetype:
+        emit linetypeChanged(slot);
+        break;
     case OdDbObjectKind::Entity:
+        emit entityModified(slot);
+        break;
     case OdDbObjectKind::BlockTableRecord:
-        emit geometryChanged();
+        emit blockModified(slot);
         break;
     default:
         break;
@@ -79,6 +79,8 @@ void DatabaseWatcher::headerSysVarChanged(const OdDbDatabase*, const QString& na
         emit spaceChanged();
     else if (name == QLatin1String("CVPORT"))
         emit activeViewportChanged();
+    else
+        emit variableChanged(name);
 }
 
 void DatabaseWatcher::goodbye(const OdDbDatabase*)

@@ -18,9 +18,13 @@ public:
 signals:
     void layerChanged(quint32 slot);
     void viewportChanged(quint32 slot);
+    void linetypeChanged(quint32 slot);
     void entityErased(quint32 slot, bool erased);
-    /// Entities came or changed: geometry has to be read again.
-    void geometryChanged();
+    void entityAppended(quint32 slot);
+    void entityModified(quint32 slot);
+    void blockModified(quint32 slot);
+    /// A header variable, by its name without the dollar sign.
+    void variableChanged(const QString& name);
     /// Another space is current.
     void spaceChanged();
     void activeViewportChanged();

@@ -8,6 +8,7 @@
 #include "host/help/HelpKey.h"
 #include "host/help/HelpTopics.h"
 #include "host/window/DrawingInput.h"
+#include "host/sysvars/HostSysvarManager.h"
 #include "host/window/StatusFields.h"
 #include "host/window/WindowActions.h"
 #include "host/window/commandline/CCommandEdit.h"
@@ -16,6 +17,7 @@
 #include "host/window/session/FileDrop.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
+#include "sdk/KestStatus.h"
 #include "toolkit/CXTPDockingPaneManager.h"
 #include "toolkit/Prompts.h"
 
@@ -165,12 +167,28 @@ void CMainWindow::showCurrentDrawing()
     m_center->setCurrentIndex(m_drawings->count() > 0 ? 1 : 0);
     m_actions->refresh(document);
     m_input->showQuestion();
+    applyLineVariables();
     m_status->showView(m_drawings->currentView());
     setWindowFilePath(document && document->hasFile() ? document->fileName() : QString());
     const QString title = document && document->isReadOnly() ? tr("%1[*] (read-only) \u2013 kest")
                                                              : tr("%1[*] \u2013 kest");
     setWindowTitle(document ? title.arg(document->displayName()) : tr("kest"));
     setWindowModified(document && document->isModified());
+}
+
+void CMainWindow::applyLineVariables()
+{
+    int fade = 0;
+    int weight = 0;
+    const HostSysvarManager& variables = m_core.sysvars();
+    const bool isKnown = variables.getInt(QStringLiteral("LAYLOCKFADECTL"), fade) == kest::kNormal
+        && variables.getInt(QStringLiteral("LWDEFAULT"), weight) == kest::kNormal;
+    if (!isKnown)
+        return;
+    for (const CDrawingView* view : m_drawings->views()) {
+        view->canvas().setLockedFade(fade);
+        view->canvas().setDefaultWeight(weight);
+    }
 }
 
 void CMainWindow::runCommand(const QString& line)

@@ -42,6 +42,8 @@ public:
 
     CCommandLine& commandLine() const { return *m_commandLine; }
     CDrawingTabs& drawings() const { return *m_drawings; }
+    /// Hands the user's variables about lines (LAYLOCKFADECTL, LWDEFAULT) to the views.
+    void applyLineVariables();
     CXTPDockingPaneManager& panes() const { return *m_panes; }
     WindowActions& actions() const { return *m_actions; }
     RecentFiles& recentFiles() { return m_recent; }

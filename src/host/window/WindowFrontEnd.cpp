@@ -162,6 +162,15 @@ void WindowFrontEnd::regen(bool allViews)
     }
 }
 
+void WindowFrontEnd::repaint()
+{
+    if (!m_window)
+        return;
+    m_window->applyLineVariables();
+    for (CDrawingView* view : m_window->drawings().views())
+        view->canvas().update();
+}
+
 void WindowFrontEnd::zoomExtents()
 {
     if (CDrawingView* view = m_window ? m_window->drawings().currentView() : nullptr)

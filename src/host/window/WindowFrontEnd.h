@@ -29,6 +29,7 @@ public:
     void fileUsed(const QString& path) override;
     HostView* view() override;
     void regen(bool allViews) override;
+    void repaint() override;
     void zoomExtents() override;
     void quit() override;
 

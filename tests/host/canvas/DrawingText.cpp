@@ -53,6 +53,32 @@ DrawingText& DrawingText::layer(const char* name, int colour, int flags, const c
     return *this;
 }
 
+DrawingText& DrawingText::layerWith(const char* name, int colour, const QByteArray& words)
+{
+    m_layers += tags(QByteArray("LAYER 2=") + name + " 70=0 62=" + QByteArray::number(colour) + ' '
+                     + words);
+    return *this;
+}
+
+DrawingText& DrawingText::linetype(const char* name, const QByteArray& lengths,
+                                   const QByteArray& words)
+{
+    const QByteArrayList all = lengths.split(' ');
+    QByteArray record =
+        QByteArray("LTYPE 2=") + name + " 70=0 3=x 72=65 73=" + QByteArray::number(all.size());
+    for (const QByteArray& length : all)
+        record += " 49=" + length;
+    m_linetypes += tags(words.isEmpty() ? record : record + ' ' + words);
+    return *this;
+}
+
+DrawingText& DrawingText::variable(const char* name, const QByteArray& word)
+{
+    const qsizetype equals = word.indexOf('=');
+    m_header += tag("9", name) + tag(word.left(equals), word.mid(equals + 1));
+    return *this;
+}
+
 DrawingText& DrawingText::textStyle(const char* words)
 {
     m_styles += tags(QByteArray("STYLE ") + words);
@@ -87,9 +113,10 @@ QByteArray DrawingText::bytes() const
 {
     const QByteArray zero = tag("0", "LAYER") + tag("2", "0") + tag("70", "0") + tag("62", "7")
         + tag("6", "CONTINUOUS");
-    return section("HEADER", tag("9", "$ACADVER") + tag("1", "AC1018"))
+    return section("HEADER", tag("9", "$ACADVER") + tag("1", "AC1018") + m_header)
         + section("TABLES",
-                  table("LAYER", m_layers.contains("\n2\n0\n") ? m_layers : zero + m_layers)
+                  (m_linetypes.isEmpty() ? QByteArray() : table("LTYPE", m_linetypes))
+                      + table("LAYER", m_layers.contains("\n2\n0\n") ? m_layers : zero + m_layers)
                       + table("STYLE", m_styles)
                       + (m_objects.isEmpty() ? QByteArray() : table("BLOCK_RECORD", kSpaces)))
         + section("BLOCKS", m_blocks) + section("ENTITIES", m_entities)

@@ -10,7 +10,14 @@ class DrawingText
 public:
     /// `colour` negative: the layer is off; `flags`: 1 frozen, 4 locked.
     DrawingText& layer(const char* name, int colour, int flags = 0, const char* handle = nullptr);
+    /// The same with further groups: "6=DASHED 370=50".
+    DrawingText& layerWith(const char* name, int colour, const QByteArray& words);
     DrawingText& textStyle(const char* words);
+    /// A linetype of those lengths: "10 -5 0 -5"; `words`: further groups at the end.
+    DrawingText& linetype(const char* name, const QByteArray& lengths,
+                          const QByteArray& words = {});
+    /// A header variable: "$LTSCALE", "40=2".
+    DrawingText& variable(const char* name, const QByteArray& word);
     /// A block whose base point is (`x`, `y`).
     DrawingText& block(const QByteArray& name, double x, double y, const QByteArray& entities);
     DrawingText& add(const QByteArray& entities);
@@ -24,6 +31,8 @@ public:
     QByteArray bytes() const;
 
 private:
+    QByteArray m_header;
+    QByteArray m_linetypes;
     QByteArray m_layers;
     QByteArray m_styles;
     QByteArray m_blocks;

@@ -8,7 +8,8 @@
 #include <QFileInfo>
 #include <QTest>
 
-/// Drawings from many programs are read and painted, every sheet of them.
+/// Drawings from many programs are read and painted, every sheet of them. The pictures are kept
+/// in the folder that KEST_PICTURES names, to be looked at.
 class CanvasDrawings : public CanvasFixture
 {
     Q_OBJECT
@@ -33,8 +34,10 @@ private slots:
         canvas().setDatabase(m_database.get());
         paint();
         for (const OdDbObjectId id : m_database->layouts()) {
-            m_database->setCTAB(id.openObject<OdDbLayout>()->getLayoutName());
+            const QString layout = id.openObject<OdDbLayout>()->getLayoutName();
+            m_database->setCTAB(layout);
             paint();
+            keepPicture(QFileInfo(path).completeBaseName() + u'-' + layout);
         }
     }
 
@@ -97,6 +100,17 @@ private:
     int greens(const CanvasPicture& seen, const Box2& box)
     {
         return count(seen, box, [](QRgb c) { return qGreen(c) > 60 && qRed(c) == 0; });
+    }
+
+    void keepPicture(const QString& name)
+    {
+        const QString folder = qEnvironmentVariable("KEST_PICTURES");
+        if (folder.isEmpty())
+            return;
+        QVERIFY(canvas().grab().save(folder + u'/' + name + QStringLiteral(".png")));
+        const QString undrawn = canvas().undrawnSummary();
+        if (!undrawn.isEmpty())
+            qInfo("%s: %s", qPrintable(name), qPrintable(undrawn));
     }
 
     void paint()

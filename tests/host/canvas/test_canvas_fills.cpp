@@ -132,6 +132,28 @@ private slots:
         QVERIFY(picture().coverage({9.7, 9.8, 10.3, 10.2}) > 0.999);
     }
 
+    void imagesShowTheirFrameAndAreCounted()
+    {
+        // 20 by 10 pixels of 3 units, turned by a quarter.
+        show(DrawingText().add("IMAGE 8=0 100=AcDbRasterImage 90=0 10=30 20=-30 11=0 21=3 12=-3 "
+                               "22=0 13=20 23=10 340=0 70=7 280=0 71=1 91=2 14=-0.5 24=-0.5 "
+                               "14=19.5 24=9.5"));
+        QCOMPARE(picture().mismatch(P::polyline({{30, -30}, {0, -30}, {0, 30}, {30, 30}}, true)),
+                 QString());
+        QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 IMAGE not drawn"));
+    }
+
+    void wipeoutsShowTheOutlineThatClipsThem()
+    {
+        // A triangle: the middle of its upper edge, and the lower corners.
+        show(DrawingText().add("WIPEOUT 8=0 100=AcDbWipeout 90=0 10=-30 20=-30 11=60 21=0 12=0 "
+                               "22=60 13=1 23=1 340=0 70=7 280=1 71=2 91=4 14=0 24=-0.5 14=0.5 "
+                               "24=0.5 14=-0.5 24=0.5 14=0 24=-0.5"));
+        QCOMPARE(picture().mismatch(P::polyline({{0, 30}, {30, -30}, {-30, -30}}, true)),
+                 QString());
+        QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 WIPEOUT not drawn"));
+    }
+
     void sliversStayVisible()
     {
         show(

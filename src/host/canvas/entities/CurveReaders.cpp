@@ -109,13 +109,13 @@ bool readSpline(EntityScope& scope)
     curve.controlPoints = pointsOf(scope.fields, 10);
     curve.weights = valuesOf(scope.fields, 41);
     if (curve.isValid()) {
-        scope.sink.polyline(plan(curve.points()), false);
+        scope.sink.path(plan(curve.points()), false);
         return true;
     }
     constexpr int kClosed = 1;
     const std::vector<Vec3> fit = pointsOf(scope.fields, 11);
     const bool closed = (scope.fields.integer(70) & kClosed) != 0;
-    scope.sink.polyline(plan(smoothThrough(fit, closed)), false);
+    scope.sink.path(plan(smoothThrough(fit, closed)), false);
     return fit.size() > 1;
 }
 
@@ -123,7 +123,7 @@ bool readLeader(EntityScope& scope)
 {
     std::vector<Vec3> points = pointsOf(scope.fields, 10);
     const bool isSpline = scope.fields.integer(72) == 1;
-    scope.sink.polyline(plan(isSpline ? smoothThrough(points, false) : points), false);
+    scope.sink.path(plan(isSpline ? smoothThrough(points, false) : points), false);
     return points.size() > 1;
 }
 
@@ -171,6 +171,6 @@ bool readMultiLine(EntityScope& scope)
     constexpr int kClosed = 2;
     const bool closed = (scope.fields.integer(71) & kClosed) != 0;
     for (const std::vector<Vec2>& line : elements)
-        scope.sink.polyline(line, closed);
+        scope.sink.path(line, closed);
     return !elements.empty();
 }

@@ -6,7 +6,7 @@
 
 namespace {
 
-enum class Kind { Skip, Real, Integer, Text };
+enum class Kind { Skip, Real, Integer, Text, Linetype };
 
 constexpr int kEmbeddedObject = 101;
 constexpr int kFirstExtendedData = 1000;
@@ -17,13 +17,14 @@ Kind kindOf(int code)
     if ((code >= 10 && code < 60) || (code >= 140 && code < 150) || (code >= 210 && code < 240))
         return Kind::Real;
     if ((code >= 60 && code < 80) || (code >= 90 && code < 100) || (code >= 170 && code < 180)
-        || (code >= 270 && code < 290) || code == 420 || code == 421 || code == 450)
+        || (code >= 270 && code < 290) || code == 370 || code == 420 || code == 421 || code == 440
+        || code == 450)
     {
         return Kind::Integer;
     }
     if ((code >= 1 && code <= 4) || code == 7)
         return Kind::Text;
-    return Kind::Skip;
+    return code == 6 ? Kind::Linetype : Kind::Skip;
 }
 
 } // namespace
@@ -42,6 +43,7 @@ void EntityFields::read(GroupCursor& cursor, quint32 slot, bool withTexts)
     ++m_stamp;
     m_groups.clear();
     m_texts.clear();
+    m_hasLinetype = false;
     cursor.open(slot);
     while (cursor.next()) {
         const int code = cursor.code();
@@ -54,7 +56,19 @@ void EntityFields::read(GroupCursor& cursor, quint32 slot, bool withTexts)
             keep(code, static_cast<double>(cursor.integer()));
         else if (kind == Kind::Text && withTexts)
             m_texts.push_back({code, cursor.text()});
+        else if (kind == Kind::Linetype && !m_hasLinetype)
+            keepLinetype(cursor);
     }
+}
+
+void EntityFields::keepLinetype(const GroupCursor& cursor)
+{
+    m_hasLinetype = true;
+    const QByteArrayView coded = cursor.bytes();
+    if (coded == m_codedLinetype)
+        return;
+    m_codedLinetype = coded.toByteArray();
+    m_linetype = cursor.text();
 }
 
 int EntityFields::integer(int code, int fallback) const

@@ -41,6 +41,8 @@ public:
     Ocs ocs() const;
     /// First text of that code, or an empty one.
     QString text(int code) const;
+    /// Name of the entity's own linetype, group 6; empty: by layer.
+    const QString& linetype() const { return m_hasLinetype ? m_linetype : m_none; }
 
     /// All numbers in file order, for entities whose groups repeat.
     const std::vector<Group>& groups() const { return m_groups; }
@@ -50,10 +52,15 @@ private:
     static constexpr int kCodes = 512;
     static std::size_t index(int code) { return static_cast<std::size_t>(code) % kCodes; }
     void keep(int code, double value);
+    void keepLinetype(const GroupCursor& cursor);
 
     std::array<double, kCodes> m_values{};
     std::array<quint32, kCodes> m_stamps{};
     quint32 m_stamp = 0;
     std::vector<Group> m_groups;
     std::vector<Text> m_texts;
+    bool m_hasLinetype = false;
+    QByteArray m_codedLinetype; ///< of an entity before: most have the same few
+    QString m_linetype;
+    QString m_none;
 };

@@ -24,6 +24,7 @@ bool readPolyline(EntityScope& scope);
 bool readSolid(EntityScope& scope);
 bool readFace(EntityScope& scope);
 bool readHatch(EntityScope& scope);
+bool readImageFrame(EntityScope& scope);
 
 bool readText(EntityScope& scope);
 bool readMText(EntityScope& scope);

@@ -34,6 +34,8 @@ const EntityTessellator::Entry* EntityTessellator::find(RecordType type, const Q
         {Dimension, nullptr, readDimension, true},
         {Leader, nullptr, readLeader, false},
         {Viewport, nullptr, readViewport, false},
+        {Wipeout, nullptr, readImageFrame, false},
+        {FirstOther, "IMAGE", readImageFrame, false},
         {FirstOther, "MLINE", readMultiLine, false},
         {FirstOther, "RAY", readRay, false},
         {FirstOther, "XLINE", readXLine, false},

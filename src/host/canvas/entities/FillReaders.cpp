@@ -12,6 +12,7 @@ bool readSolid(EntityScope& scope)
                                       ocs.toWorld(fourth).plan(), ocs.toWorld(third).plan()};
     scope.sink.fill(corners);
     // The outline keeps slivers visible that are thinner than a pixel.
+    scope.sink.setPen(PenTable::kEdge);
     scope.sink.polyline(corners, true);
     return true;
 }

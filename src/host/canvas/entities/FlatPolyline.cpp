@@ -42,14 +42,28 @@ void FlatPolyline::draw(GeometrySink& sink) const
 {
     if (vertices.size() == 1)
         sink.point(toPlan(vertices.front().at));
+    PathRun run;
+    for (std::size_t i = 0; linetypeRunsOn && i < segmentCount(); ++i)
+        run.total += lengthOf(i);
     for (std::size_t i = 0; i < segmentCount(); ++i) {
         const Vertex& v = vertices[i];
         const bool wide = v.startWidth > 0 || v.endWidth > 0;
         if (wide && !isDegenerate(i))
             drawWide(sink, i);
         else
-            drawThin(sink, i);
+            drawThin(sink, i, run);
+        run.along += linetypeRunsOn ? lengthOf(i) : 0;
     }
+}
+
+double FlatPolyline::lengthOf(std::size_t segment) const
+{
+    const Vertex& from = vertices[segment];
+    const Vertex& to = endOf(segment);
+    if (!isArc(from.bulge) || isDegenerate(segment))
+        return (to.at - from.at).length();
+    const CurveArc arc = CurveArc::fromBulge(from.at, to.at, from.bulge);
+    return arc.u.x * std::abs(arc.sweep);
 }
 
 bool FlatPolyline::isDegenerate(std::size_t segment) const
@@ -57,19 +71,19 @@ bool FlatPolyline::isDegenerate(std::size_t segment) const
     return vertices[segment].at == endOf(segment).at;
 }
 
-void FlatPolyline::drawThin(GeometrySink& sink, std::size_t segment) const
+void FlatPolyline::drawThin(GeometrySink& sink, std::size_t segment, const PathRun& run) const
 {
     const Vertex& from = vertices[segment];
     const Vertex& to = endOf(segment);
     if (!isArc(from.bulge) || isDegenerate(segment)) {
-        sink.line(toPlan(from.at), toPlan(to.at));
+        sink.line(toPlan(from.at), toPlan(to.at), run);
         return;
     }
     CurveArc arc = CurveArc::fromBulge(from.at, to.at, from.bulge);
     arc.centre = toPlan(arc.centre);
     arc.u = ocs.planVector(arc.u);
     arc.v = ocs.planVector(arc.v);
-    sink.arc(arc);
+    sink.arc(arc, run);
 }
 
 Vec2 FlatPolyline::tangent(std::size_t segment, bool atEnd) const
@@ -136,8 +150,10 @@ void FlatPolyline::drawWide(GeometrySink& sink, std::size_t segment) const
     const Vec2 ends[] = {left.front(), right.front(), left.back(), right.back()};
     left.insert(left.end(), right.rbegin(), right.rend());
     sink.fill(left);
+    sink.setPen(PenTable::kEdge);
     if (steps == 1 || !isEven) {
         sink.polyline(left, true);
+        sink.setPen(PenTable::kAsStated);
         return;
     }
     // A band of one width has arcs for edges, which stay round however close one looks.
@@ -145,4 +161,5 @@ void FlatPolyline::drawWide(GeometrySink& sink, std::size_t segment) const
     drawParallel(sink, arc, -from.startWidth / 2);
     sink.line(ends[0], ends[1]);
     sink.line(ends[2], ends[3]);
+    sink.setPen(PenTable::kAsStated);
 }

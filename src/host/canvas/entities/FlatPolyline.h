@@ -2,6 +2,7 @@
 
 #include "host/canvas/geometry/CurveArc.h"
 #include "host/canvas/geometry/Ocs.h"
+#include "host/canvas/scene/ChunkedList.h"
 
 #include <vector>
 
@@ -22,6 +23,7 @@ public:
     Ocs ocs;
     double elevation = 0;
     bool isClosed = false;
+    bool linetypeRunsOn = false; ///< over the vertices; else it starts anew at each
     std::vector<Vertex> vertices;
 
     /// Thin segments become strokes, wide ones filled bands.
@@ -34,7 +36,8 @@ private:
         return vertices[(segment + 1) % vertices.size()];
     }
     Vec2 toPlan(Vec2 p) const { return ocs.plan(p, elevation); }
-    void drawThin(GeometrySink& sink, std::size_t segment) const;
+    double lengthOf(std::size_t segment) const;
+    void drawThin(GeometrySink& sink, std::size_t segment, const PathRun& run) const;
     void drawWide(GeometrySink& sink, std::size_t segment) const;
     void drawParallel(GeometrySink& sink, CurveArc arc, double outwards) const;
     Vec2 tangent(std::size_t segment, bool atEnd) const;

@@ -7,6 +7,7 @@ void GeometrySink::begin(Style style, quint32 owner)
     m_style = style;
     m_owner = owner;
     m_group = nullptr;
+    m_variant = PenTable::kAsStated;
     m_drawn = false;
     m_rejected = false;
     m_fillBegin = m_list.contourCount();
@@ -19,14 +20,44 @@ bool GeometrySink::accept(bool sane)
     return sane;
 }
 
-void GeometrySink::line(Vec2 from, Vec2 to)
+void GeometrySink::setPen(PenTable::Variant variant)
+{
+    m_variant = variant;
+    m_group = nullptr;
+}
+
+DisplayList::StrokeGroup& GeometrySink::group()
+{
+    if (!m_group)
+        m_group = &m_list.group({m_style.layer, m_style.colour, m_style.pen + m_variant});
+    return *m_group;
+}
+
+void GeometrySink::line(Vec2 from, Vec2 to, const PathRun& run)
 {
     if (!accept(isSane(from) && isSane(to)))
         return;
-    if (!m_group)
-        m_group = &m_list.group(m_style);
     const Segment segment{local(from), local(to)};
-    m_group->segments.append(segment, segment.box(), m_owner);
+    m_list.addSegment(group(), segment, m_owner, run);
+}
+
+void GeometrySink::path(std::span<const Vec2> points, bool closed)
+{
+    if (points.size() < 2)
+        return;
+    const bool closes = closed && points.size() > 2;
+    double total = 0;
+    for (std::size_t i = 1; i < points.size(); ++i)
+        total += (points[i] - points[i - 1]).length();
+    if (closes)
+        total += (points.front() - points.back()).length();
+    PathRun run{0, total};
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        line(points[i - 1], points[i], run);
+        run.along += (points[i] - points[i - 1]).length();
+    }
+    if (closes)
+        line(points.back(), points.front(), run);
 }
 
 void GeometrySink::polyline(std::span<const Vec2> points, bool closed)
@@ -37,21 +68,19 @@ void GeometrySink::polyline(std::span<const Vec2> points, bool closed)
         line(points.back(), points.front());
 }
 
-void GeometrySink::arc(const CurveArc& arc)
+void GeometrySink::arc(const CurveArc& arc, const PathRun& run)
 {
     if (!accept(arc.isSane()))
         return;
-    if (!m_group)
-        m_group = &m_list.group(m_style);
     CurveArc moved = arc;
     moved.centre = local(arc.centre);
-    m_group->arcs.append(moved, moved.box(), m_owner);
+    m_list.addArc(group(), moved, m_owner, run);
 }
 
 void GeometrySink::ray(Vec2 from, Vec2 direction, bool isTwoSided)
 {
     if (accept(isSane(from) && isSane(direction)))
-        m_list.group(m_style).rays.push_back({local(from), direction, isTwoSided, m_owner});
+        group().rays.push_back({local(from), direction, isTwoSided, m_owner});
 }
 
 void GeometrySink::fill(std::span<const Vec2> contour)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/canvas/scene/DisplayList.h"
+#include "host/canvas/scene/PenTable.h"
 
 #include <span>
 
@@ -16,11 +17,16 @@ public:
     /// The next items are of that style and belong to the entity `owner`.
     void begin(Style style, quint32 owner);
     Style style() const { return m_style; }
+    /// Which of the entity's pens the next lines and arcs take.
+    void setPen(PenTable::Variant variant);
 
-    void line(Vec2 from, Vec2 to);
+    void line(Vec2 from, Vec2 to, const PathRun& run = {});
     void point(Vec2 at) { line(at, at); }
+    /// Each line for itself.
     void polyline(std::span<const Vec2> points, bool closed);
-    void arc(const CurveArc& arc);
+    /// One line along which a linetype runs on.
+    void path(std::span<const Vec2> points, bool closed);
+    void arc(const CurveArc& arc, const PathRun& run = {});
     void ray(Vec2 from, Vec2 direction, bool isTwoSided);
     /// One filled contour.
     void fill(std::span<const Vec2> contour);
@@ -38,11 +44,13 @@ public:
 
 private:
     bool accept(bool sane);
+    DisplayList::StrokeGroup& group();
     Vec2 local(Vec2 p) const { return p - m_list.basePoint(); }
 
     DisplayList& m_list;
     DisplayList::StrokeGroup* m_group = nullptr;
     Style m_style;
+    PenTable::Variant m_variant = PenTable::kAsStated;
     quint32 m_owner = 0;
     bool m_drawn = false;
     bool m_rejected = false;

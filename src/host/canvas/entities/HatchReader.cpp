@@ -20,6 +20,7 @@ void fillAll(EntityScope& scope, const HatchBoundary& boundary, const Ocs& ocs, 
 
 void outlineAll(EntityScope& scope, const HatchBoundary& boundary, const Ocs& ocs, double elevation)
 {
+    scope.sink.setPen(PenTable::kEdge);
     for (const HatchBoundary::Contour& contour : boundary.contours()) {
         Vec2 previous = contour.back();
         for (const Vec2 p : contour) {
@@ -61,8 +62,9 @@ bool readHatch(EntityScope& scope)
     const double elevation = scope.fields.real(30);
     const bool isSolid = scope.fields.integer(70) == 1;
     if (isSolid) {
+        const Style style = scope.sink.style();
         if (const auto colour = gradientColour(scope.fields))
-            scope.sink.begin({scope.sink.style().layer, *colour}, scope.slot);
+            scope.sink.begin({style.layer, *colour, style.pen}, scope.slot);
         fillAll(scope, boundary, ocs, elevation);
         // Areas thinner than a pixel would vanish without their outline.
         outlineAll(scope, boundary, ocs, elevation);
@@ -76,6 +78,7 @@ bool readHatch(EntityScope& scope)
         return true;
     }
     scope.patternStrokes -= strokes.size();
+    scope.sink.setPen(PenTable::kUnbroken);
     for (const auto& [from, to] : strokes)
         scope.sink.line(ocs.plan(from, elevation), ocs.plan(to, elevation));
     return true;

@@ -147,7 +147,9 @@ void drawArrow(GeometrySink& sink, Vec2 tip, Vec2 towards, double size)
     const Vec2 half = back.left() * (1.0 / 6);
     const std::array<Vec2, 3> corners{tip, tip + back + half, tip + back - half};
     sink.fill(corners);
+    sink.setPen(PenTable::kEdge);
     sink.polyline(corners, true);
+    sink.setPen(PenTable::kAsStated);
 }
 
 void drawLeader(GeometrySink& sink, const Leader& leader, double arrowSize)
@@ -156,7 +158,7 @@ void drawLeader(GeometrySink& sink, const Leader& leader, double arrowSize)
         if (line.empty())
             continue;
         line.push_back(leader.end);
-        sink.polyline(line, false);
+        sink.path(line, false);
         drawArrow(sink, line[0], line[1], arrowSize);
     }
     if (leader.landingLength > 0)

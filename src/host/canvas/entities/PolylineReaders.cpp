@@ -5,7 +5,14 @@
 
 namespace {
 
-enum PolylineFlag { kClosed = 1, k3d = 8, kMesh = 16, kMeshClosedN = 32, kPolyface = 64 };
+enum PolylineFlag {
+    kClosed = 1,
+    k3d = 8,
+    kMesh = 16,
+    kMeshClosedN = 32,
+    kPolyface = 64,
+    kLinetypeRunsOn = 128,
+};
 enum VertexFlag { kFrameControlPoint = 16, kFaceVertex = 64, kFaceRecord = 128 };
 
 struct FaceRecord
@@ -99,6 +106,7 @@ bool readLwPolyline(EntityScope& scope)
     line.ocs = scope.fields.ocs();
     line.elevation = scope.fields.real(38);
     line.isClosed = (scope.fields.integer(70) & kClosed) != 0;
+    line.linetypeRunsOn = (scope.fields.integer(70) & kLinetypeRunsOn) != 0;
     const double width = scope.fields.real(43);
     for (const EntityFields::Group& group : scope.fields.groups()) {
         if (group.code == 10) {
@@ -128,6 +136,7 @@ bool readPolyline(EntityScope& scope)
     line.ocs = scope.fields.ocs();
     line.elevation = scope.fields.real(30);
     line.isClosed = (flags & kClosed) != 0;
+    line.linetypeRunsOn = (flags & kLinetypeRunsOn) != 0;
     const int meshColumns = scope.fields.integer(72);
     constexpr int kSmoothed = 4;
     const int smoothColumns = scope.fields.integer(74);
@@ -145,7 +154,10 @@ bool readPolyline(EntityScope& scope)
                         flags);
     }
     if ((flags & k3d) != 0) {
-        scope.sink.polyline(vertices.points, line.isClosed);
+        if (line.linetypeRunsOn)
+            scope.sink.path(vertices.points, line.isClosed);
+        else
+            scope.sink.polyline(vertices.points, line.isClosed);
         return true;
     }
     line.vertices = std::move(vertices.flat);

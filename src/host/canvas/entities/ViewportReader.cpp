@@ -1,4 +1,5 @@
 #include "database/GroupCursor.h"
+#include "database/ObjectStore.h"
 #include "host/canvas/entities/EntityReaders.h"
 
 #include <numbers>
@@ -6,6 +7,7 @@
 namespace {
 
 constexpr int kViewportOff = 0x20000;
+constexpr int kClippedByEntity = 0x10000;
 constexpr double kStraightDown = 1e-6;
 
 bool looksStraightDown(Vec3 direction)
@@ -51,6 +53,18 @@ View viewFromExtendedData(GroupCursor& cursor, quint32 slot)
             {numbers[8], numbers[9]}};
 }
 
+/// Handle of the entity that outlines the viewport, 0 without one.
+quint64 clipEntity(GroupCursor& cursor, quint32 slot)
+{
+    constexpr int kOutline = 340;
+    cursor.open(slot);
+    while (cursor.next() && cursor.code() < 1000) {
+        if (cursor.code() == kOutline)
+            return cursor.handle();
+    }
+    return 0;
+}
+
 Vec2 turned(Vec2 v, double angle)
 {
     const double c = std::cos(angle);
@@ -81,7 +95,12 @@ bool readViewport(EntityScope& scope)
         return true;
     if (!viewport.isUsable())
         return false;
+    if ((fields.integer(90) & kClippedByEntity) != 0)
+        viewport.clipEntity = clipEntity(scope.cursor, scope.slot);
     scope.list.addViewport(viewport);
+    // The outline shows itself, in place of the frame.
+    if (scope.store.find(viewport.clipEntity) != ObjectStore::kNone)
+        return viewport.isPlan;
     const Box2 frame = viewport.frame();
     const std::array<Vec2, 4> corners{Vec2{frame.minX, frame.minY}, Vec2{frame.maxX, frame.minY},
                                       Vec2{frame.maxX, frame.maxY}, Vec2{frame.minX, frame.maxY}};

@@ -25,6 +25,8 @@ struct CurveArc
     {
         return {map.map(centre), map.mapVector(u), map.mapVector(v), start, sweep};
     }
+    /// Roughly where it is, at no cost.
+    Vec2 place() const { return centre; }
     /// Exact bounding box.
     Box2 box() const;
     bool isSane() const;

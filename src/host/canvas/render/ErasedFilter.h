@@ -5,7 +5,8 @@
 #include <set>
 #include <vector>
 
-/// Entities that are erased at the moment. Their geometry stays, for they may come back.
+/// Entities that are erased at the moment. Their geometry stays, for they may come back. Retired
+/// items are erased for good.
 class ErasedFilter
 {
 public:
@@ -19,7 +20,10 @@ public:
             m_isErased.resize(slot + 1);
         m_isErased[slot] = erased;
     }
-    bool isErased(quint32 slot) const { return slot < m_isErased.size() && m_isErased[slot]; }
+    bool isErased(quint32 slot) const
+    {
+        return slot < m_isErased.size() ? m_isErased[slot] : slot == kRetired;
+    }
     /// Whether any slot of [first, last] is erased.
     bool touches(quint32 first, quint32 last) const
     {
@@ -33,6 +37,9 @@ public:
     }
 
 private:
-    std::set<quint32> m_slots; ///< for ranges
+    /// What edits have replaced, see ChunkedList.
+    static constexpr quint32 kRetired = 0xFFFFFFFEu;
+
+    std::set<quint32> m_slots{kRetired}; ///< for ranges
     std::vector<bool> m_isErased; ///< for single ones
 };

@@ -35,5 +35,5 @@ void FillPainter::paint(QPainter& painter, const DisplayList& list, const FillIt
             path.lineTo(m_points[i].x, m_points[i].y);
         path.closeSubpath();
     }
-    painter.fillPath(path, QColor::fromRgb(colour));
+    painter.fillPath(path, QColor::fromRgba(colour));
 }

@@ -1,14 +1,18 @@
 #include "host/canvas/render/FrameRenderer.h"
 
+#include "host/canvas/render/LineClip.h"
 #include "host/canvas/scene/Scene.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 namespace {
 
 constexpr int kStepsBetweenLooksAtTheClock = 16;
 constexpr double kBeyondTheEdge = 2; ///< pixels
 constexpr double kDot = 1.0;
+// Lineweights of model space: about their true size on a usual screen, however close one looks.
+constexpr double kPixelsPerMillimetre = 4.0;
 
 /// A box that is empty may have any numbers, which pixels have not.
 QRect pixelRect(const Box2& box)
@@ -77,10 +81,41 @@ void FrameRenderer::beginPart(QPainter& painter)
         painter.setClipRect(pixelRect(m_visible.intersected(image)));
     }
     m_batcher.setClip(pixelRect(m_visible.intersected(image)));
-    m_styles.emplace(*part.looks, m_request.background, m_request.isDark);
+    clipToOutline(painter, part);
+    StyleResolver::Surroundings around{m_request.background, m_request.isDark, part.lines};
+    around.thinnest = m_request.penWidth;
+    around.pixelsPerMillimetre = part.lines.paperUnits > 0
+        ? part.lines.paperUnits * m_request.view.scale()
+        : kPixelsPerMillimetre * m_request.penWidth;
+    m_styles.emplace(*part.looks, *m_request.scene, around);
     m_strokes.setVisible(m_visible);
     m_fills.setVisible(m_visible);
     m_texts.setVisible(m_visible);
+}
+
+/// Clips to the outline of a viewport that is no rectangle, besides its frame.
+void FrameRenderer::clipToOutline(QPainter& painter, const ScenePart& part)
+{
+    if (part.clip.empty()) {
+        m_batcher.setMask({});
+        return;
+    }
+    // Cut off first: pixels far away are too many for a painter.
+    std::vector<Vec2> outline;
+    for (const Vec2 p : part.clip)
+        outline.push_back(m_request.view.map(p));
+    clipContour(Box2{0, 0, double(m_image.width()), double(m_image.height())}, outline);
+    QPainterPath path;
+    if (!outline.empty())
+        path.moveTo(outline.front().x, outline.front().y);
+    for (const Vec2 p : outline)
+        path.lineTo(p.x, p.y);
+    path.closeSubpath();
+    painter.setClipPath(path, Qt::IntersectClip);
+    QImage mask(m_image.size(), QImage::Format_Alpha8);
+    mask.fill(0);
+    QPainter(&mask).fillPath(path, Qt::white);
+    m_batcher.setMask(mask);
 }
 
 Affine2 FrameRenderer::rootMap(const ScenePart& part) const
@@ -91,8 +126,8 @@ Affine2 FrameRenderer::rootMap(const ScenePart& part) const
 /// Starts the next pass, or the first pass of the next part; false after the last one.
 bool FrameRenderer::nextPass(QPainter& painter)
 {
+    m_batcher.flush();
     if (m_pass == Pass::End || m_pass == Pass::Texts) {
-        m_batcher.flush();
         if (++m_part > m_request.parts.size())
             return false;
         beginPart(painter);
@@ -154,12 +189,14 @@ bool FrameRenderer::paintStrokes(Level& level)
     if (level.group >= level.list->groups().size())
         return false;
     const DisplayList::StrokeGroup& group = level.list->groups()[level.group];
-    if (level.chunk == 0 && !level.isArcs) {
-        const auto colour = m_styles->visibleColour(group.style, level.context);
-        level.bucket = colour ? &m_batcher.bucket(*colour) : nullptr;
-    }
+    const Affine2& map = level.context.map;
+    if (level.chunk == 0 && !level.isArcs)
+        beginGroup(level, group.style);
     if (level.bucket && !level.isArcs && level.chunk < group.segments.chunks().size()) {
-        m_strokes.segments(group.segments, level.chunk++, level.context.map, *level.bucket);
+        if (level.look.pattern)
+            m_dashes.segments(group.segments, level.chunk++, map, level.look, *level.bucket);
+        else
+            m_strokes.segments(group.segments, level.chunk++, map, *level.bucket);
         return true;
     }
     if (level.bucket && !level.isArcs) {
@@ -167,15 +204,32 @@ bool FrameRenderer::paintStrokes(Level& level)
         level.chunk = 0;
     }
     if (level.bucket && level.chunk < group.arcs.chunks().size()) {
-        m_strokes.arcs(group.arcs, level.chunk++, level.context.map, *level.bucket);
+        if (level.look.pattern)
+            m_dashes.arcs(group.arcs, level.chunk++, map, level.look, *level.bucket);
+        else
+            m_strokes.arcs(group.arcs, level.chunk++, map, *level.bucket);
         return true;
     }
-    if (level.bucket)
-        m_strokes.rays(group.rays, level.context.map, *level.bucket);
+    if (level.bucket && level.look.pattern)
+        m_dashes.rays(group.rays, map, level.look, *level.bucket);
+    else if (level.bucket)
+        m_strokes.rays(group.rays, map, *level.bucket);
     ++level.group;
     level.chunk = 0;
     level.isArcs = false;
     return true;
+}
+
+void FrameRenderer::beginGroup(Level& level, Style style)
+{
+    level.bucket = nullptr;
+    const auto look = m_styles->visibleStroke(style, level.context);
+    if (!look)
+        return;
+    level.bucket = &m_batcher.bucket(look->colour, look->width);
+    level.look = *look;
+    if (!DashedPainter::isWorthIt(*look, level.context.map))
+        level.look.pattern = nullptr;
 }
 
 bool FrameRenderer::paintFills(QPainter& painter, Level& level)
@@ -189,7 +243,7 @@ bool FrameRenderer::paintFills(QPainter& painter, Level& level)
         for (std::size_t i = fills.chunkBegin(level.chunk); i < fills.chunkEnd(level.chunk); ++i) {
             if (hasErased && m_request.erased->isErased(fills.owner(i)))
                 continue;
-            if (const auto colour = m_styles->visibleColour(fills[i].style, level.context))
+            if (const auto colour = m_styles->visibleFill(fills[i].style, level.context))
                 m_fills.paint(painter, *level.list, fills[i], level.context.map, *colour);
         }
     }
@@ -210,7 +264,7 @@ bool FrameRenderer::paintTexts(QPainter& painter, Level& level)
         for (std::size_t i = texts.chunkBegin(level.chunk); i < texts.chunkEnd(level.chunk); ++i) {
             const TextItem& text = texts[i];
             const bool isGated = text.gate != kNoIndex
-                && m_styles->isFrozen(m_styles->layerOf({text.gate, 0}, level.context));
+                && m_styles->isFrozen(m_styles->layerOf({text.gate}, level.context));
             if (isGated || (hasErased && m_request.erased->isErased(texts.owner(i))))
                 continue;
             if (const auto colour = m_styles->visibleColour(text.style, level.context))

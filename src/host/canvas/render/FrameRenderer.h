@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/canvas/render/DashedPainter.h"
 #include "host/canvas/render/FillPainter.h"
 #include "host/canvas/render/ScenePart.h"
 #include "host/canvas/render/StrokePainter.h"
@@ -53,6 +54,7 @@ private:
         std::size_t chunk = 0;
         bool isArcs = false;
         LineBatcher::Bucket* bucket = nullptr;
+        StrokeLook look = {}; ///< of the group; without a pattern where it would not be seen
         std::size_t instance = 0;
         quint64 cell = 0;
     };
@@ -62,7 +64,9 @@ private:
     bool nextPass(QPainter& painter);
     void beginPart(QPainter& painter);
     bool paintOwn(QPainter& painter, Level& level);
+    void clipToOutline(QPainter& painter, const ScenePart& part);
     bool paintStrokes(Level& level);
+    void beginGroup(Level& level, Style style);
     bool paintFills(QPainter& painter, Level& level);
     bool paintTexts(QPainter& painter, Level& level);
     bool descend(Level& level);
@@ -75,6 +79,7 @@ private:
     QImage m_image;
     LineBatcher m_batcher;
     StrokePainter m_strokes;
+    DashedPainter m_dashes{m_strokes};
     FillPainter m_fills;
     TextPainter m_texts;
     std::optional<StyleResolver> m_styles;

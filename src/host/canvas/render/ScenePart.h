@@ -2,6 +2,7 @@
 
 #include "host/canvas/geometry/Affine2.h"
 #include "host/canvas/scene/LayerLooks.h"
+#include "host/canvas/scene/LineSettings.h"
 
 #include <memory>
 
@@ -13,5 +14,7 @@ struct ScenePart
     bool isPlaced = false; ///< through a viewport: `placement` and `frame` count
     Affine2 placement; ///< to the coordinates of the picture
     Box2 frame; ///< nothing shows outside, in the coordinates of the picture
+    std::vector<Vec2> clip; ///< outline besides the frame, in those coordinates; may be empty
     std::shared_ptr<const LayerLooks> looks;
+    LineSettings lines;
 };

@@ -13,18 +13,6 @@ constexpr double kDot = 1.0;
 
 } // namespace
 
-/// Settles chunks that are out of sight or shrink to one pixel.
-template <class Chunk>
-bool StrokePainter::isDone(const Chunk& chunk, const Box2& box, Bucket& bucket)
-{
-    if (!box.meets(m_visible))
-        return true;
-    if (box.width() >= kDot || box.height() >= kDot || m_erased.touches(chunk))
-        return false;
-    m_batcher.addDot(bucket, box.minX, box.minY);
-    return true;
-}
-
 void StrokePainter::segments(const ChunkedList<Segment>& list, std::size_t chunk,
                              const Affine2& map, Bucket& bucket)
 {
@@ -55,6 +43,14 @@ void StrokePainter::line(Vec2 from, Vec2 to, Bucket& bucket)
         m_batcher.add(bucket, from.x, from.y, to.x, to.y);
 }
 
+void StrokePainter::dash(Vec2 from, Vec2 to, Bucket& bucket)
+{
+    if (from == to)
+        m_batcher.addDot(bucket, from.x, from.y);
+    else
+        line(from, to, bucket);
+}
+
 void StrokePainter::arcs(const ChunkedList<CurveArc>& list, std::size_t chunk, const Affine2& map,
                          Bucket& bucket)
 {
@@ -71,17 +67,27 @@ void StrokePainter::arcs(const ChunkedList<CurveArc>& list, std::size_t chunk, c
 void StrokePainter::rays(const std::vector<Ray>& rays, const Affine2& map, Bucket& bucket)
 {
     for (const Ray& ray : rays) {
-        const Vec2 from = map.map(ray.from);
-        const Vec2 direction = map.mapVector(ray.direction);
-        const double length = direction.length();
-        if (m_erased.isErased(ray.owner) || !(length > 0))
-            continue;
-        // Far enough to pass all that is in sight.
-        const double reach =
-            (m_visible.centre() - from).length() + m_visible.width() + m_visible.height();
-        const Vec2 end = direction * (reach / length);
-        line(ray.isTwoSided ? from - end : from, from + end, bucket);
+        Vec2 first;
+        Vec2 last;
+        if (!m_erased.isErased(ray.owner) && endsOf(ray, map, first, last))
+            line(first, last, bucket);
     }
+}
+
+bool StrokePainter::endsOf(const Ray& ray, const Affine2& map, Vec2& first, Vec2& last) const
+{
+    const Vec2 from = map.map(ray.from);
+    const Vec2 direction = map.mapVector(ray.direction);
+    const double length = direction.length();
+    // Far enough to pass all that is in sight.
+    const double reach =
+        (m_visible.centre() - from).length() + m_visible.width() + m_visible.height();
+    if (!(length > 0) || !std::isfinite(length) || !std::isfinite(reach))
+        return false;
+    const Vec2 end = direction * (reach / length);
+    first = ray.isTwoSided ? from - end : from;
+    last = from + end;
+    return true;
 }
 
 void StrokePainter::arc(const CurveArc& arc, Bucket& bucket)

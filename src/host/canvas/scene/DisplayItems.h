@@ -3,6 +3,8 @@
 #include "host/canvas/geometry/CurveArc.h"
 #include "host/canvas/scene/Style.h"
 
+#include <vector>
+
 inline constexpr quint32 kNoIndex = 0xFFFFFFFFu;
 
 /// Straight stroke; one of no length is a point.
@@ -12,6 +14,8 @@ struct Segment
     Vec2 to;
 
     Box2 box() const { return Box2::of(from, to); }
+    /// Roughly where it is, at no cost.
+    Vec2 place() const { return (from + to) * 0.5; }
 };
 
 /// Straight stroke without an end, on one side or on both.
@@ -83,6 +87,8 @@ struct SheetViewport
     Vec2 viewCentre; ///< in model space, below the viewport's centre
     double viewHeight = 0;
     double twist = 0; ///< radians, counter-clockwise turn of the picture
+    quint64 clipEntity = 0; ///< handle of the entity that is the outline; 0: a rectangle
+    std::vector<Vec2> clip; ///< outline on the sheet; empty: the frame is all there is
 
     bool isUsable() const
     {
@@ -94,9 +100,11 @@ struct SheetViewport
         const Vec2 half{width / 2, height / 2};
         return Box2::of(centre - half, centre + half);
     }
+    /// Sheet units per unit of the model.
+    double scale() const { return height / viewHeight; }
     Affine2 modelToSheet() const
     {
-        const double scale = height / viewHeight;
+        const double scale = this->scale();
         const double c = std::cos(twist) * scale;
         const double s = std::sin(twist) * scale;
         return {{c, s}, {-s, c}, centre, viewCentre};

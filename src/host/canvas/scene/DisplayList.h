@@ -32,6 +32,8 @@ public:
 
     /// The group of a style; valid until the next call for another style.
     StrokeGroup& group(Style style);
+    void addSegment(StrokeGroup& group, const Segment& segment, quint32 owner, const PathRun& run);
+    void addArc(StrokeGroup& group, const CurveArc& arc, quint32 owner, const PathRun& run);
     void addFill(const FillItem& fill, quint32 owner);
     void addContour(std::span<const Vec2> points);
     void addText(const TextItem& text, quint32 owner) { m_texts.append(text, text.bounds, owner); }
@@ -40,10 +42,13 @@ public:
         m_instances.append(instance, {}, owner);
     }
     void addViewport(const SheetViewport& viewport) { m_viewports.push_back(viewport); }
+    void setUndrawn(const QHash<QByteArray, int>& undrawn) { m_undrawn = undrawn; }
     void countUndrawn(const QByteArray& type, int count = 1) { m_undrawn[type] += count; }
 
     /// Arranges strokes for painting parts of the list; to be called when all are there.
     void sortStrokes();
+    /// Takes what these entities, in ascending order, have in the list out of sight for good.
+    void retire(const std::vector<quint32>& owners);
 
     const std::vector<StrokeGroup>& groups() const { return m_groups; }
     const ChunkedList<FillItem>& fills() const { return m_fills; }
@@ -53,6 +58,7 @@ public:
     const ChunkedList<BlockInstance>& instances() const { return m_instances; }
     ChunkedList<BlockInstance>& instances() { return m_instances; }
     const std::vector<SheetViewport>& viewports() const { return m_viewports; }
+    std::vector<SheetViewport>& viewports() { return m_viewports; }
     /// Entities that are not drawn, by type.
     const QHash<QByteArray, int>& undrawn() const { return m_undrawn; }
 
@@ -72,10 +78,14 @@ public:
     Totals ownTotals() const;
 
 private:
+    StrokeGroup& plainGroup(Style style);
+    StrokeGroup& otherGroup(Style style);
+
     quint32 m_slot;
     Vec2 m_basePoint;
     std::vector<StrokeGroup> m_groups;
-    QHash<quint64, quint32> m_groupIndex;
+    QHash<Style, quint32> m_groupIndex;
+    std::vector<quint32> m_plainGroups; ///< by layer: those of entities without own properties
     ChunkedList<FillItem> m_fills;
     std::vector<Vec2> m_fillPoints;
     std::vector<quint32> m_contourEnds;
@@ -84,4 +94,5 @@ private:
     std::vector<SheetViewport> m_viewports;
     QHash<QByteArray, int> m_undrawn;
     Totals m_totals;
+    bool m_isSorted = false;
 };

@@ -5,7 +5,31 @@
 #include "database/OdDbLayerTableRecord.h"
 #include "host/canvas/scene/Scene.h"
 
-void LayerLooks::extend(const OdDbDatabase& database, const Scene& scene)
+namespace {
+
+/// Colour and lines of a layer, in a viewport where one is given.
+void readProperties(LayerLooks::Look& look, const OdDbLayerTableRecord& record,
+                    const OdDbDatabase& database, Scene& scene, OdDbObjectId viewport)
+{
+    look.colour = record.color(viewport).color();
+    look.linetype = scene.linetypes().indexOf(database, record.linetypeObjectId(viewport));
+    look.weight = record.lineWeight(viewport);
+    look.alpha = alphaOf(record.transparency(viewport));
+}
+
+} // namespace
+
+quint8 alphaOf(quint32 transparency)
+{
+    constexpr quint32 kStated = 0x02000000;
+    // What would not be seen at all is a mistake of the file.
+    constexpr quint32 kFaintest = 25;
+    return (transparency & kStated) != 0
+        ? static_cast<quint8>(std::max(transparency & 0xFFu, kFaintest))
+        : quint8{255};
+}
+
+void LayerLooks::extend(const OdDbDatabase& database, Scene& scene)
 {
     const auto first = static_cast<quint32>(m_looks.size());
     m_looks.resize(scene.layers().size());
@@ -13,18 +37,22 @@ void LayerLooks::extend(const OdDbDatabase& database, const Scene& scene)
         refresh(database, scene, layer);
 }
 
-void LayerLooks::refresh(const OdDbDatabase& database, const Scene& scene, quint32 layer)
+void LayerLooks::refresh(const OdDbDatabase& database, Scene& scene, quint32 layer)
 {
     const OdDbObjectId id = database.idOfSlot(scene.layers()[layer]);
     const auto record = id.openObject<OdDbLayerTableRecord>(OdDb::kForRead, true);
     if (!record)
         return;
     const LayerState& state = record->state();
-    m_looks[layer] = {state.color.color(), state.frozen, state.off, state.locked,
-                      !state.overrides.empty()};
+    Look& look = m_looks[layer];
+    look.isFrozen = state.frozen;
+    look.isOff = state.off;
+    look.isLocked = state.locked;
+    look.hasOverrides = !state.overrides.empty();
+    readProperties(look, *record, database, scene, {});
 }
 
-LayerLooks LayerLooks::inViewport(const OdDbDatabase& database, const Scene& scene,
+LayerLooks LayerLooks::inViewport(const OdDbDatabase& database, Scene& scene,
                                   OdDbObjectId viewport) const
 {
     LayerLooks looks = *this;
@@ -40,7 +68,7 @@ LayerLooks LayerLooks::inViewport(const OdDbDatabase& database, const Scene& sce
             continue;
         const OdDbObjectId id = database.idOfSlot(scene.layers()[layer]);
         if (const auto record = id.openObject<OdDbLayerTableRecord>(OdDb::kForRead, true))
-            looks.m_looks[layer].colour = record->color(viewport).color();
+            readProperties(looks.m_looks[layer], *record, database, scene, viewport);
     }
     return looks;
 }

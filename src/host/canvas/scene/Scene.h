@@ -1,12 +1,15 @@
 #pragma once
 
 #include "host/canvas/scene/DisplayList.h"
+#include "host/canvas/scene/Linetypes.h"
+#include "host/canvas/scene/PenTable.h"
 #include "host/canvas/scene/TextPool.h"
 
 #include <memory>
 
 /// Everything that can be painted of a drawing, as far as it was asked for: blocks by index, the
-/// layers that entities use, texts. Grows when another space is shown; what is there stays.
+/// layers that entities use, their pens, texts. Grows when another space is shown; what is there
+/// stays.
 class Scene
 {
 public:
@@ -28,19 +31,27 @@ public:
     /// Index of a layer's slot, made known when it is new.
     quint32 layerIndex(quint32 layerSlot)
     {
-        const auto known = m_layerIndex.constFind(layerSlot);
-        if (known != m_layerIndex.cend())
-            return known.value();
-        const auto index = static_cast<quint32>(m_layers.size());
-        m_layerIndex.insert(layerSlot, index);
-        m_layers.push_back(layerSlot);
+        if (layerSlot >= m_layerIndex.size())
+            m_layerIndex.resize(layerSlot + 1, kNoIndex);
+        quint32& index = m_layerIndex[layerSlot];
+        if (index == kNoIndex) {
+            index = static_cast<quint32>(m_layers.size());
+            m_layers.push_back(layerSlot);
+        }
         return index;
     }
     /// As layerIndex(), but kNoIndex for a layer that no entity uses.
-    quint32 findLayer(quint32 layerSlot) const { return m_layerIndex.value(layerSlot, kNoIndex); }
+    quint32 findLayer(quint32 layerSlot) const
+    {
+        return layerSlot < m_layerIndex.size() ? m_layerIndex[layerSlot] : kNoIndex;
+    }
     /// Slots of the layers by index.
     const std::vector<quint32>& layers() const { return m_layers; }
 
+    PenTable& pens() { return m_pens; }
+    const PenTable& pens() const { return m_pens; }
+    Linetypes& linetypes() { return m_linetypes; }
+    const Linetypes& linetypes() const { return m_linetypes; }
     TextPool& texts() { return m_texts; }
     const TextPool& texts() const { return m_texts; }
 
@@ -48,6 +59,8 @@ private:
     std::vector<std::unique_ptr<DisplayList>> m_blocks;
     QHash<quint32, quint32> m_index;
     std::vector<quint32> m_layers;
-    QHash<quint32, quint32> m_layerIndex;
+    std::vector<quint32> m_layerIndex; ///< by slot; tables stand at the start of a drawing
+    PenTable m_pens;
+    Linetypes m_linetypes;
     TextPool m_texts;
 };

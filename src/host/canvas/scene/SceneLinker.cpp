@@ -9,6 +9,13 @@ bool isSaneOrEmpty(const Box2& box)
 
 } // namespace
 
+void SceneLinker::relink()
+{
+    for (quint32 block = 0; block < m_scene.blockCount(); ++block)
+        m_scene.block(block).setTotals({});
+    link();
+}
+
 void SceneLinker::link()
 {
     for (quint32 block = 0; block < m_scene.blockCount(); ++block) {
@@ -90,6 +97,8 @@ void SceneLinker::finish(quint32 block)
         Box2 box;
         for (std::size_t i = instances.chunkBegin(chunk); i < instances.chunkEnd(chunk); ++i) {
             BlockInstance& instance = instances[i];
+            if (instance.block == kNoIndex)
+                continue;
             const bool follows = mayFollow(instance, sum);
             if (follows)
                 instance.bounds = boundsOf(instance, m_scene.block(instance.block).totals().box);

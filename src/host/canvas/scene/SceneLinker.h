@@ -17,6 +17,8 @@ public:
         , m_open(scene.blockCount(), false)
     { }
 
+    /// Links all blocks anew, after edits.
+    void relink();
     /// Links all blocks that are not yet. No recursion: files decide how deep blocks nest.
     void link();
 
