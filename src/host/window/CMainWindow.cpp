@@ -7,8 +7,8 @@
 #include "host/dialogs/WindowDialogs.h"
 #include "host/help/HelpKey.h"
 #include "host/help/HelpTopics.h"
-#include "host/window/DrawingInput.h"
 #include "host/sysvars/HostSysvarManager.h"
+#include "host/window/DrawingInput.h"
 #include "host/window/StatusFields.h"
 #include "host/window/WindowActions.h"
 #include "host/window/commandline/CCommandEdit.h"
@@ -140,7 +140,7 @@ void CMainWindow::showUserVariable(const QString& name)
     static const QStringList drawnByThese{QStringLiteral("LAYLOCKFADECTL"),
                                           QStringLiteral("LWDEFAULT")};
     if (drawnByThese.contains(name))
-        m_core.frontEnd().regen(true);
+        applyLineVariables();
     // Palettes show texts that depend on others, such as the unit of lineweights.
     for (QWidget* widget : findChildren<QWidget*>())
         widget->update();
@@ -159,6 +159,7 @@ void CMainWindow::watchView(CDrawingView& view)
     });
     connect(&view.canvas(), &CCanvas::cursorMoved, m_status, &StatusFields::showPosition);
     connect(&view.canvas(), &CCanvas::spaceShown, this, &CMainWindow::showCurrentDrawing);
+    applyLineVariables();
 }
 
 void CMainWindow::showCurrentDrawing()
@@ -167,7 +168,6 @@ void CMainWindow::showCurrentDrawing()
     m_center->setCurrentIndex(m_drawings->count() > 0 ? 1 : 0);
     m_actions->refresh(document);
     m_input->showQuestion();
-    applyLineVariables();
     m_status->showView(m_drawings->currentView());
     setWindowFilePath(document && document->hasFile() ? document->fileName() : QString());
     const QString title = document && document->isReadOnly() ? tr("%1[*] (read-only) \u2013 kest")
