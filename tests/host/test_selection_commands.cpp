@@ -4,6 +4,7 @@
 #include "sdk/KestSSGet.h"
 #include "sdk/KestStatus.h"
 #include "sdk/OdEdCommandStack.h"
+#include "support/SharedDrawings.h"
 
 #include <functional>
 
@@ -319,6 +320,31 @@ TEST_F(SelectionCommands, ErasedEntitiesDropOutOfTheSelection)
     EXPECT_EQ("43 45 46 47", selected());
     EXPECT_TRUE(drawing().undo());
     EXPECT_EQ("43 45 46 47", selected());
+}
+
+TEST_F(SelectionCommands, AScriptErasesPartOfARealDrawingAndBringsItBack)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    core.files().open(
+        SharedDrawings::file(QStringLiteral("egghunters+dxf-viewer-examples__dxf_4.dxf")));
+    EXPECT_EQ("", run("MODEL"));
+    EXPECT_EQ("", run("SELECT All"));
+    const std::size_t all = selection().size();
+    const Box2 box = core.documents().curDocument()->picks().contents().extents();
+    const Vec2 middle = box.centre();
+    const auto erase = QStringLiteral("ERASE Crossing %1,%2 %3,%4")
+                           .arg(box.minX, 0, 'g', 17)
+                           .arg(box.minY, 0, 'g', 17)
+                           .arg(middle.x, 0, 'g', 17)
+                           .arg(middle.y, 0, 'g', 17);
+    EXPECT_EQ("", run(erase.toUtf8().constData()));
+    EXPECT_EQ("", run("SELECT All"));
+    EXPECT_LT(selection().size(), all);
+    EXPECT_GT(selection().size(), 0u);
+    EXPECT_EQ("", run("U"));
+    EXPECT_EQ("", run("SELECT All"));
+    EXPECT_EQ(all, selection().size());
+    EXPECT_TRUE(drawing().audit().isEmpty());
 }
 
 TEST_F(SelectionCommands, AnotherSpaceEndsTheSelection)

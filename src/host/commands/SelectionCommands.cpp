@@ -24,7 +24,7 @@ SelectionPrompt::Entities select(const HostCommandRun& run, const SelectionPromp
 void selectObjects(const HostCommandRun& run)
 {
     SelectionPrompt::Rules rules;
-    rules.takesPickSet = run.isInteractive() && !run.hasAnswer();
+    rules.takesPickSet = run.isInteractive();
     select(run, rules);
 }
 

@@ -69,11 +69,12 @@ SelectionPrompt::End SelectionPrompt::finish(End end)
     return end;
 }
 
-/// What was selected before the command, if the command wants it and something of it fits.
+/// What was selected before the command, if the command wants it, its line names nothing else, and
+/// something of it fits.
 bool SelectionPrompt::takePickSet()
 {
     DrawingSelection& selection = m_document.selection();
-    if (!m_rules.takesPickSet || selection.isEmpty())
+    if (!m_rules.takesPickSet || selection.isEmpty() || m_core.commands().hasAnswer())
         return false;
     const std::size_t found = selection.size();
     const auto kept =

@@ -1,8 +1,15 @@
 #include "CanvasFixture.h"
+#include "database/OdError.h"
 #include "host/canvas/CanvasContents.h"
 #include "host/canvas/picking/EntityPicker.h"
+#include "io/DrawingFile.h"
+#include "support/SharedDrawings.h"
 
+#include <QFileInfo>
+#include <QRandomGenerator>
 #include <QTest>
+
+#include <algorithm>
 
 /// What lies under the cursor or in a rectangle is found, whatever block or layer it is on.
 class CanvasPicking : public CanvasFixture
@@ -37,6 +44,27 @@ class CanvasPicking : public CanvasFixture
         for (const quint32 slot : found)
             result << database().idOfSlot(slot).getHandle().value();
         return result;
+    }
+    /// What a click finds, a crossing of the same size touches, and the other way round; what is
+    /// inside of a window is touched by it too.
+    void checkAgreement(const EntityPicker& picker, const Box2& all)
+    {
+        if (all.isEmpty() || !(all.width() > 0 && all.height() > 0))
+            return;
+        QRandomGenerator random(7);
+        for (int i = 0; i < 40; ++i) {
+            const Vec2 point{all.minX + all.width() * random.generateDouble(),
+                             all.minY + all.height() * random.generateDouble()};
+            const double half = all.width() * std::pow(10, -4 * random.generateDouble());
+            const Box2 square = Box2::of(point, point).grown(half);
+            const auto hit = picker.nearest(point, half);
+            const auto crossed = picker.touched(square);
+            QCOMPARE(hit.has_value(), !crossed.empty());
+            QVERIFY(!hit || std::binary_search(crossed.begin(), crossed.end(), *hit));
+            const auto enclosed = picker.inside(square);
+            QVERIFY(
+                std::includes(crossed.begin(), crossed.end(), enclosed.begin(), enclosed.end()));
+        }
     }
     CanvasContents& contents() { return const_cast<CanvasContents&>(canvas().contents()); }
 
@@ -197,6 +225,32 @@ private slots:
         QCOMPARE(at(10, 0), 0u);
         QVERIFY(database().undo());
         QCOMPARE(at(10, 0), 0xA1u);
+    }
+
+    void clicksAndRectanglesAgreeInDrawingsOfManyPrograms_data()
+    {
+        KEST_QTEST_NEEDS_DRAWINGS();
+        QTest::addColumn<QString>("path");
+        for (const QString& path : SharedDrawings::files())
+            QTest::newRow(qPrintable(QFileInfo(path).fileName())) << path;
+    }
+    void clicksAndRectanglesAgreeInDrawingsOfManyPrograms()
+    {
+        KEST_QTEST_NEEDS_DRAWINGS();
+        QFETCH(QString, path);
+        try {
+            m_database = readDrawing(path);
+        } catch (const OdError& error) {
+            QSKIP(qPrintable(error.description()));
+        }
+        canvas().setDatabase(m_database.get());
+        for (const bool isModel : {true, false}) {
+            m_database->setTILEMODE(isModel);
+            canvas().completeNow();
+            const PickScene picks = contents().pickScene();
+            QVERIFY(!picks.isEmpty());
+            checkAgreement(EntityPicker(picks), contents().extents());
+        }
     }
 
     void nothingIsPickedWithoutADrawing()

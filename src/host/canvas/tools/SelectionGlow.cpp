@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr double kOpacity = 0.6;
-constexpr int kThickness = 5; ///< window pixels
+constexpr double kOpacity = 0.7;
+constexpr int kThickness = 3; ///< window pixels
 constexpr double kTolerance = 0.25; ///< pixels between an arc and its chords
 constexpr double kBeyondTheEdge = 8; ///< pixels
 
