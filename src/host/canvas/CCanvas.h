@@ -109,6 +109,7 @@ private:
     bool zoomByGesture(const QNativeGestureEvent& gesture);
     Vec2 userPoint(QPointF window) const;
     void pressAt(const QMouseEvent& event);
+    bool isSeen(QPointF window) const;
     Box2 seenPart(const Box2& box) const;
     void refreshPicks() const;
     void paintSelection(QPainter& painter);

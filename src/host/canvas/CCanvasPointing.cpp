@@ -2,6 +2,7 @@
 #include "host/canvas/CanvasContents.h"
 #include "host/canvas/Crosshair.h"
 #include "host/canvas/picking/EntityPicker.h"
+#include "host/canvas/picking/ShapeTests.h"
 #include "host/canvas/tools/RubberPainter.h"
 
 #include <QMouseEvent>
@@ -66,14 +67,22 @@ void CCanvas::setDragging(bool on)
     updatePointer();
 }
 
+/// What a viewport cuts off is not there to be picked.
+bool CCanvas::isSeen(QPointF window) const
+{
+    refreshPicks();
+    const Vec2 at = m_view.toWorld(window);
+    if (m_picks->frame.isEmpty())
+        return true;
+    return m_picks->frame.contains(at)
+        && (m_picks->clip.empty() || shape_tests::isAround(m_picks->clip, at));
+}
+
 void CCanvas::pressAt(const QMouseEvent& event)
 {
     m_pressedAt = event.position();
     const Vec2 point = userPoint(event.position());
-    // What a viewport cuts off is not there to be picked.
-    const bool isSeen =
-        m_picks->frame.isEmpty() || m_picks->frame.contains(m_view.toWorld(event.position()));
-    const bool hits = m_pointer.isSelecting() && m_contents->isReady() && isSeen
+    const bool hits = m_pointer.isSelecting() && m_contents->isReady() && isSeen(event.position())
         && EntityPicker(*m_picks).nearest(point, pickReach());
     m_pointer.press(point, hits, event.modifiers() & Qt::ShiftModifier);
     update();

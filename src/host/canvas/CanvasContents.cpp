@@ -403,7 +403,7 @@ PickScene CanvasContents::pickScene()
     const std::vector<ScenePart> all = parts();
     if (all.empty())
         return {};
-    PickScene picks{m_scene, m_erased, all.back().looks, all.back().block, {}, {}};
+    PickScene picks{m_scene, m_erased, all.back().looks, all.back().block, {}, {}, {}};
     const SheetViewport* viewport = activeViewport();
     if (!viewport || viewport->isOff || !viewport->isPlan)
         return picks;
@@ -411,6 +411,7 @@ PickScene CanvasContents::pickScene()
     picks.looks = looksIn(m_database->idOfSlot(viewport->slot));
     picks.placement = viewport->modelToSheet();
     picks.frame = viewport->frame();
+    picks.clip = viewport->clip;
     return picks;
 }
 

@@ -5,6 +5,7 @@
 #include "host/canvas/scene/Scene.h"
 
 #include <memory>
+#include <vector>
 
 /// What can be pointed at in a drawing at the moment: one space with the looks of its layers. In a
 /// sheet with a viewport worked in, that is model space as the viewport shows it.
@@ -17,6 +18,7 @@ struct PickScene
     /// From the space to what the window shows; differs from 1:1 in a viewport only.
     Affine2 placement;
     Box2 frame; ///< of the viewport on the sheet; empty without one
+    std::vector<Vec2> clip; ///< outline of the viewport on the sheet; empty: the frame is all
 
     bool isEmpty() const { return !scene || block == kNoIndex; }
 };

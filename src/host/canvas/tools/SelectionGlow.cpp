@@ -6,6 +6,7 @@
 #include "host/canvas/render/LineRaster.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 namespace {
 
@@ -19,7 +20,8 @@ class GlowItems : public ItemVisitor
 {
 public:
     GlowItems(QImage& image, const Affine2& toPixels, const Box2& clip, int thickness, QRgb colour)
-        : m_raster(image, thickness)
+        : m_raster(image)
+        , m_thickness(thickness)
         , m_toPixels(toPixels)
         , m_clip(clip)
         , m_colour(colour)
@@ -83,10 +85,11 @@ private:
     void line(Vec2 from, Vec2 to)
     {
         if (clipLine(m_clip, from, to))
-            m_raster.line(from.x, from.y, to.x, to.y, m_colour);
+            m_raster.line(from.x, from.y, to.x, to.y, m_colour, m_thickness);
     }
 
     LineRaster m_raster;
+    int m_thickness;
     Affine2 m_toPixels;
     Box2 m_clip;
     QRgb m_colour;
@@ -138,7 +141,16 @@ void SelectionGlow::paint(QPainter& painter, const PickScene& picks, const ViewT
         return;
     if (m_image.isNull() || m_view != view)
         render(picks, view, pixelRatio, isDark);
+    painter.save();
+    if (!picks.clip.empty()) {
+        QPolygonF outline;
+        for (const Vec2 point : picks.clip)
+            outline << view.toWindow(point);
+        QPainterPath path;
+        path.addPolygon(outline);
+        painter.setClipPath(path);
+    }
     painter.setOpacity(kOpacity);
     painter.drawImage(QRectF(QPointF(0, 0), view.size()), m_image);
-    painter.setOpacity(1);
+    painter.restore();
 }
