@@ -7,7 +7,8 @@
 
 namespace {
 /// One command of the host: lines that show what it does and what it refuses, and all that is said
-/// meanwhile. "{DIR}" is a folder with the drawings plan.dxf and other.dxf; what fails is marked
+/// meanwhile. "{DIR}" is a folder with the drawings plan.dxf, sheet.dxf and other.dxf; what fails
+/// is marked
 /// "!", what the window is told to do stands in brackets.
 struct Stop
 {
@@ -39,6 +40,17 @@ constexpr Stop kTour[] = {
      "CLAYER = \"Roof\"\n"
      "! The layer \"Roof\" is current and cannot be frozen.\n"
      "CLAYER = \"0\"\n"},
+    {"CIRCLE",
+     "OPEN {DIR}/other.dxf\n"
+     "CIRCLE 5,5 2.5\n"
+     "CIRCLE 2P 0,0 10,0\n"
+     "CIRCLE 5,5 -1\n"
+     "DBMOD\n"
+     "UNDO 2\n"
+     "DBMOD\n",
+     "! A length above 0 is needed; \"-1\" is none.\n"
+     "DBMOD = 1 (cannot be set)\n"
+     "DBMOD = 0 (cannot be set)\n"},
     {"CLOSE",
      "OPEN {DIR}/plan.dxf\n"
      "CLAYER Wall\n"
@@ -64,6 +76,16 @@ constexpr Stop kTour[] = {
      "CLAYER\n",
      "DWGNAME = \"\" (cannot be set)\n"
      "CLAYER = \"Wall\"\n"},
+    {"ERASE",
+     "OPEN {DIR}/plan.dxf\n"
+     "LINE 0,0 10,0 10,10\n"
+     "ERASE Last\n"
+     "-LAYER DELete Wall\n"
+     "ERASE All\n"
+     "DBMOD\n"
+     "ERASE\n",
+     "DBMOD = 1 (cannot be set)\n"
+     "! Objects are to be selected, and the line names none.\n"},
     {"LAYERS",
      "LAYERS\n"
      "OPEN {DIR}/other.dxf\n"
@@ -83,12 +105,33 @@ constexpr Stop kTour[] = {
      "  Model\n"
      "* Layout1\n"
      "! There is no layout \"Attic\".\n"},
+    {"LINE",
+     "OPEN {DIR}/plan.dxf\n"
+     "-LAYER Set Door\n"
+     "LINE 0,0 10,0 @0,10 Close\n"
+     "LINE 0,0 home\n"
+     "-LAYER Set 0 DELete Door\n",
+     "! A point is needed, such as 10,20 or @5,0 or @5<90; \"home\" is none.\n"
+     "! The layer \"Door\" cannot be deleted: objects lie on it.\n"},
     {"MODEL",
      "OPEN {DIR}/plan.dxf\n"
      "TILEMODE 0\n"
      "MODEL\n"
      "CTAB\n",
      "CTAB = \"Model\"\n"},
+    {"MSPACE",
+     "OPEN {DIR}/plan.dxf\n"
+     "MSPACE\n"
+     "OPEN {DIR}/sheet.dxf\n"
+     "LAYOUT Set Layout1\n"
+     "CVPORT\n"
+     "MSPACE 50,50\n"
+     "CVPORT\n"
+     "MSPACE 5000,5000\n",
+     "! Viewports are worked in on a sheet; this is model space.\n"
+     "CVPORT = 1\n"
+     "CVPORT = 2\n"
+     "! There is no viewport at 5000,5000.\n"},
     {"NEW",
      "NEW\n"
      "DWGNAME\n"
@@ -106,6 +149,21 @@ constexpr Stop kTour[] = {
      "DWGNAME = \"other.dxf\" (cannot be set)\n"
      "DWGNAME = \"plan.dxf\" (cannot be set)\n"
      "! \"File to open:\" is asked, and the line holds no answer.\n"},
+    {"PAN",
+     "PAN 1,1\n"
+     "OPEN {DIR}/plan.dxf\n"
+     "PAN 1,1\n"
+     "PAN 0,0 5,5\n",
+     "! There is no drawing open.\n"},
+    {"PSPACE",
+     "OPEN {DIR}/sheet.dxf\n"
+     "PSPACE\n"
+     "LAYOUT Set Layout1\n"
+     "MSPACE\n"
+     "PSPACE\n"
+     "CVPORT\n",
+     "! Viewports are worked in on a sheet; this is model space.\n"
+     "CVPORT = 1\n"},
     {"QUIT",
      "OPEN {DIR}/plan.dxf\n"
      "CLAYER Wall\n"
@@ -157,6 +215,17 @@ constexpr Stop kTour[] = {
      "! {DIR}/no/such/folder/copy.dxf cannot be written: No such file or directory. The file is "
      "as it was.\n"
      "DWGNAME = \"copy.dxf\" (cannot be set)\n"},
+    {"SELECT",
+     "OPEN {DIR}/plan.dxf\n"
+     "SELECT\n"
+     "SELECT LAyer Roof\n"
+     "SELECT LAyer Wall All\n"
+     "SELECT nothing\n",
+     "! Objects are to be selected, and the line names none.\n"
+     "! There is no layer \"Roof\".\n"
+     "! A point or one of Window, Crossing, ALL, Last, LAyer, Previous, Remove, Add, Undo is "
+     "needed; "
+     "\"nothing\" is neither.\n"},
     {"SETVAR",
      "OPEN {DIR}/plan.dxf\n"
      "SETVAR LWUNITS 0\n"
@@ -169,6 +238,16 @@ constexpr Stop kTour[] = {
      "LWUNITS = 0\n"
      "! LWUNITS takes an integer from 0 to 1; 2 is out of range.\n"
      "LTSCALE = 0.5\n"},
+    {"TEXT",
+     "OPEN {DIR}/plan.dxf\n"
+     "TEXT 0,0 2 0 \"Living room\"\n"
+     "DBMOD\n"
+     "TEXT 0,0 2 east Hall\n"
+     "U\n"
+     "U\n",
+     "DBMOD = 1 (cannot be set)\n"
+     "! An angle in degrees is needed; \"east\" is none.\n"
+     "! There is nothing to undo.\n"},
     {"U",
      "OPEN {DIR}/plan.dxf\n"
      "CLAYER Wall\n"
@@ -209,6 +288,7 @@ class CommandTour : public HostFixture, public testing::WithParamInterface<Stop>
 protected:
     void SetUp() override
     {
+        TestDrawing().addViewport(50, 50).writeTo(folder.path(), QStringLiteral("sheet.dxf"));
         TestDrawing()
             .add({.name = "Wall"})
             .add({.name = "Door"})

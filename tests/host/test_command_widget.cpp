@@ -317,13 +317,11 @@ void TestCommandWidget::redrawsWhenAVariableOfTheUserChangesTheDrawing()
     open(TestDrawing().add({.name = "A"}).addLine("A"));
     CCanvas& canvas = window->drawings().currentView()->canvas();
     canvas.completeNow();
-    QSignalSpy read(&canvas.contents(), &CanvasContents::readingProgressed);
+    QSignalSpy looks(&canvas.contents(), &CanvasContents::lookChanged);
     typeLine("FILEDIA 0");
-    canvas.completeNow();
-    QCOMPARE(read.size(), 0);
-    typeLine("LAYLOCKFADECTL 20");
-    canvas.completeNow();
-    QVERIFY(read.size() > 0);
+    QCOMPARE(looks.size(), 0);
+    core->sysvars().setText(QStringLiteral("LAYLOCKFADECTL"), QStringLiteral("20"));
+    QVERIFY(looks.size() > 0);
 }
 
 QTEST_MAIN(TestCommandWidget)

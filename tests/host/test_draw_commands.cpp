@@ -147,3 +147,38 @@ TEST_F(DrawCommands, ModulesAskForPointsToo)
     EXPECT_EQ(kest::kNone, getIOManagerInterface()->getPoint(QStringLiteral("p"), point));
     EXPECT_EQ(kest::kCancel, getIOManagerInterface()->getPoint(QStringLiteral("p"), point));
 }
+
+TEST_F(DrawCommands, NewEntitiesHaveTheColorLinetypeAndLineweightThatTheDrawingSays)
+{
+    EXPECT_EQ("", run("LINE 0,0 1,1"));
+    for (const char* line :
+         {"CECOLOR red", "CELTYPE ByBlock", "CELWEIGHT 35", "CELTSCALE 2.5", "LINE 0,0 2,2"})
+        EXPECT_EQ("", run(line)) << line;
+    std::string said;
+    const ObjectStore& store = drawing().store();
+    const auto cursor = drawing().makeCursor();
+    for (quint32 slot = 0; slot < store.size(); ++slot) {
+        if (store.typeName(slot) != "LINE")
+            continue;
+        said += "LINE";
+        cursor->open(slot);
+        while (cursor->next()) {
+            const int code = cursor->code();
+            if (code == 6 || code == 48 || code == 62 || code == 370)
+                said += ' ' + std::to_string(code) + '=' + cursor->text().toStdString();
+        }
+        said += ';';
+    }
+    EXPECT_EQ("LINE;LINE 6=ByBlock 62=1 370=35 48=2.5;", said);
+    EXPECT_TRUE(drawing().audit().isEmpty());
+}
+
+TEST_F(DrawCommands, TextIsAsHighAsTextsizeSaysUnlessAskedOtherwise)
+{
+    EXPECT_EQ("", run("TEXTSIZE 7"));
+    EXPECT_EQ("", run("TEXT 0,0 \"\" 0 Hall"));
+    EXPECT_EQ("", run("TEXT 0,9 3 0 Roof"));
+    const std::string drawn = model();
+    EXPECT_NE(std::string::npos, drawn.find(" 40=7 ")) << drawn;
+    EXPECT_NE(std::string::npos, drawn.find(" 40=3 ")) << drawn;
+}

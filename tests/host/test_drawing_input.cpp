@@ -105,6 +105,8 @@ private:
 
 private slots:
     void clicksSelectAndShiftTakesAway();
+    void clicksAddOrReplaceAsPickaddSays();
+    void nothingIsPickedBeforeACommandWithoutPickfirst();
     void rectanglesSelectWithoutACommand();
     void escapeGivesUpARectangleThenTheSelection();
     void theWholeDrawingIsSelectedWithoutLockedLayers();
@@ -134,6 +136,29 @@ void TestDrawingInput::clicksSelectAndShiftTakesAway()
     click({50, 0}, Qt::ShiftModifier);
     QCOMPARE(selected(), QStringLiteral("44"));
     QVERIFY(!window->isWindowModified());
+}
+
+void TestDrawingInput::clicksAddOrReplaceAsPickaddSays()
+{
+    openPlan();
+    typeLine("PICKADD 0");
+    click({50, 0});
+    click({50, 10});
+    QCOMPARE(selected(), QStringLiteral("43"));
+    typeLine("PICKADD 1");
+    click({50, 0});
+    QCOMPARE(selected(), QStringLiteral("42 43"));
+}
+
+void TestDrawingInput::nothingIsPickedBeforeACommandWithoutPickfirst()
+{
+    openPlan();
+    typeLine("PICKFIRST 0");
+    click({50, 0});
+    drag({-2, -2}, {102, 12});
+    QCOMPARE(selected(), QString());
+    runAnd("SELECT", {[this] { click({50, 0}); }, typed("")});
+    QCOMPARE(selected(), QStringLiteral("42"));
 }
 
 void TestDrawingInput::rectanglesSelectWithoutACommand()

@@ -111,3 +111,23 @@ TEST(LineweightText, HalfwayBetweenTwoWeightsTheThinnerOneShows)
 {
     EXPECT_EQ("0.05 mm", millimetres(7));
 }
+
+TEST(LineweightText, ReadsBackEveryValidWeightInBothUnits)
+{
+    for (const bool millimetres : {true, false}) {
+        for (const int weight : validLineweights())
+            EXPECT_EQ(weight, lineweightFromText(lineweightText(weight, !millimetres), millimetres))
+                << weight;
+        EXPECT_EQ(-3, lineweightFromText(QStringLiteral(" default "), millimetres));
+    }
+}
+
+TEST(LineweightText, TakesTheNearestWeightAndRefusesOthers)
+{
+    EXPECT_EQ(35, lineweightFromText(QStringLiteral("0.37"), true));
+    EXPECT_EQ(25, lineweightFromText(QStringLiteral("0.25MM"), false));
+    EXPECT_EQ(25, lineweightFromText(QStringLiteral("0.01"), false));
+    EXPECT_EQ(211, lineweightFromText(QStringLiteral("2.11"), true));
+    for (const char* text : {"", "thick", "-0.1", "2.2", "nan", "inf", "1e300", "ByLayer"})
+        EXPECT_FALSE(lineweightFromText(QString::fromUtf8(text), true)) << text;
+}

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr double kFirstTextHeight = 2.5;
-
 /// A question for a point, with a line from `from` to the cursor.
 HostQuestion pointFrom(const QString& prompt, Vec3 from)
 {
@@ -145,8 +143,9 @@ void text(const HostCommandRun& run)
 {
     OdDbDatabase& drawing = *run.document().database();
     const Vec3 position = run.point(HostText::tr("Start point"));
-    const double height =
-        run.distance(pointFrom(HostText::tr("Height"), position), kFirstTextHeight);
+    double usual = 1;
+    run.core().sysvars().getReal(QStringLiteral("TEXTSIZE"), usual);
+    const double height = run.distance(pointFrom(HostText::tr("Height"), position), usual);
     const double angle = run.angle(pointFrom(HostText::tr("Rotation in degrees"), position), 0);
     const QString words = run.answer(HostText::tr("Text:"));
     if (!words.trimmed().isEmpty())

@@ -1,6 +1,8 @@
 #include "host/commands/EntityMaker.h"
 
+#include "base/NumberText.h"
 #include "database/GroupList.h"
+#include "database/HeaderVariables.h"
 #include "database/OdDbDatabase.h"
 
 #include <QLocale>
@@ -29,11 +31,36 @@ OdDbObjectId currentSpace(const OdDbDatabase& drawing)
     return isInViewport ? drawing.getModelSpaceId() : sheet;
 }
 
+// What the drawing's settings give to new entities; what is by layer is not written.
+GroupList currentProperties(const OdDbDatabase& drawing)
+{
+    const HeaderVariables& header = drawing.header();
+    constexpr int kByLayerColor = 256;
+    constexpr int kByLayerWeight = -1;
+    GroupList groups;
+    const QString linetype = header.value(QStringLiteral("$CELTYPE"));
+    if (!linetype.isEmpty() && linetype.compare(QLatin1String("ByLayer"), Qt::CaseInsensitive) != 0)
+        groups.append(6, linetype.toUtf8());
+    const int color = header.intValue(QStringLiteral("$CECOLOR"), kByLayerColor);
+    if (color != kByLayerColor)
+        groups.append(62, qint64(color));
+    const int weight = header.intValue(QStringLiteral("$CELWEIGHT"), kByLayerWeight);
+    if (weight != kByLayerWeight)
+        groups.append(370, qint64(weight));
+    const auto scale = NumberText::real(header.value(QStringLiteral("$CELTSCALE")).toLatin1());
+    if (scale && *scale != 1)
+        appendReal(groups, 48, *scale);
+    return groups;
+}
+
 } // namespace
 
 OdDbObjectId EntityMaker::add(const QByteArray& type, const GroupList& groups) const
 {
-    return m_drawing.addEntity(type, groups, currentSpace(m_drawing), m_drawing.getCLAYER());
+    GroupList all = currentProperties(m_drawing);
+    for (const GroupList::Group group : groups)
+        all.append(group);
+    return m_drawing.addEntity(type, all, currentSpace(m_drawing), m_drawing.getCLAYER());
 }
 
 OdDbObjectId EntityMaker::line(Vec3 from, Vec3 to) const

@@ -9,8 +9,9 @@
 class GroupList;
 class OdDbDatabase;
 
-/// Makes entities in the current space of a drawing, on the current layer. In a viewport that is
-/// worked in, the current space is model space.
+/// Makes entities in the current space of a drawing, on the current layer, with the color,
+/// linetype, lineweight and linetype scale that the drawing gives to new ones. In a viewport that
+/// is worked in, the current space is model space.
 class EntityMaker
 {
 public:

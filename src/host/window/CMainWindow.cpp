@@ -135,12 +135,9 @@ void CMainWindow::connectParts()
             &CMainWindow::showUserVariable);
 }
 
-void CMainWindow::showUserVariable(const QString& name)
+void CMainWindow::showUserVariable()
 {
-    static const QStringList drawnByThese{QStringLiteral("LAYLOCKFADECTL"),
-                                          QStringLiteral("LWDEFAULT")};
-    if (drawnByThese.contains(name))
-        applyLineVariables();
+    applyLineVariables();
     // Palettes show texts that depend on others, such as the unit of lineweights.
     for (QWidget* widget : findChildren<QWidget*>())
         widget->update();

@@ -68,7 +68,7 @@ private:
     CommandOutcome runAndReport(const QString& line);
     void drainQueue();
     void queuedWhileAsking();
-    void showUserVariable(const QString& name);
+    void showUserVariable();
     void report(const CommandOutcome& outcome);
     void runOwnAction(WindowAction id);
     void showDrawingBeside(int step);

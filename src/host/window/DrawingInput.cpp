@@ -57,6 +57,25 @@ bool DrawingInput::isSelecting() const
     return question && question->wants == HostQuestion::Wants::Objects;
 }
 
+/// Picks outside of commands select only where PICKFIRST says so; PICKADD says what becomes of what
+/// was selected before.
+void DrawingInput::choose(CDrawingView& view, const std::vector<OdDbObjectId>& found, bool removes)
+{
+    int picksFirst = 1;
+    int adds = 1;
+    m_core.sysvars().getInt(QStringLiteral("PICKFIRST"), picksFirst);
+    m_core.sysvars().getInt(QStringLiteral("PICKADD"), adds);
+    if (picksFirst == 0)
+        return;
+    DrawingSelection& selection = view.document().selection();
+    if (removes)
+        selection.remove(found);
+    else if (adds != 0)
+        selection.add(found);
+    else
+        selection.set(found);
+}
+
 void DrawingInput::answerPoint(Vec2 point)
 {
     m_commandLine.answerByPointing(point_text::of(point));
@@ -70,12 +89,7 @@ void DrawingInput::pickEntity(CDrawingView& view, Vec2 point, bool removes)
         m_commandLine.answerByPointing(removes ? QStringLiteral("Remove %1 Add").arg(text) : text);
         return;
     }
-    DrawingSelection& selection = view.document().selection();
-    const auto found = SelectionFinder(view.document(), &view.hostView()).at(point);
-    if (removes)
-        selection.remove(found);
-    else
-        selection.add(found);
+    choose(view, SelectionFinder(view.document(), &view.hostView()).at(point), removes);
 }
 
 void DrawingInput::pickBox(CDrawingView& view, const Box2& box, bool isCrossing, bool removes)
@@ -90,11 +104,7 @@ void DrawingInput::pickBox(CDrawingView& view, const Box2& box, bool isCrossing,
         return;
     }
     const SelectionFinder finder(view.document(), &view.hostView());
-    const auto found = isCrossing ? finder.touched(box) : finder.inside(box);
-    if (removes)
-        view.document().selection().remove(found);
-    else
-        view.document().selection().add(found);
+    choose(view, isCrossing ? finder.touched(box) : finder.inside(box), removes);
 }
 
 /// Into the viewport at that point of the sheet, or out of the one that is worked in.

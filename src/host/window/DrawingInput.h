@@ -1,8 +1,11 @@
 #pragma once
 
+#include "database/OdDbObjectId.h"
 #include "host/canvas/geometry/Box2.h"
 
 #include <QObject>
+
+#include <vector>
 
 class CCommandLine;
 class CDrawingTabs;
@@ -35,6 +38,7 @@ protected:
 
 private:
     bool isSelecting() const;
+    void choose(CDrawingView& view, const std::vector<OdDbObjectId>& found, bool removes);
     void answerPoint(Vec2 point);
     void pickEntity(CDrawingView& view, Vec2 point, bool removes);
     void pickBox(CDrawingView& view, const Box2& box, bool isCrossing, bool removes);
