@@ -57,13 +57,18 @@ void CXTPDockingPane::connectTitleBar()
 
 void CXTPDockingPane::toggleFloating()
 {
-    const QPoint before = mapToGlobal(QPoint(0, 0));
-    setFloating(!isFloating());
-    // One that floats where it was docked looks as if nothing had happened.
-    if (isFloating() && (pos() - before).manhattanLength() < kFloatingStep) {
-        move(pos() + QPoint(kFloatingStep, kFloatingStep));
-        m_manager.keepOnScreens();
+    if (isFloating()) {
+        m_floating = geometry();
+        return setFloating(false);
     }
+    const QPoint docked = mapToGlobal(QPoint(0, 0));
+    setFloating(true);
+    // One that floats where it was docked looks as if nothing had happened.
+    if (m_floating.isValid())
+        setGeometry(m_floating);
+    else if ((pos() - docked).manhattanLength() < kFloatingStep)
+        move(pos() + QPoint(kFloatingStep, kFloatingStep));
+    m_manager.keepOnScreens();
 }
 
 void CXTPDockingPane::SetTitle(const QString& title)

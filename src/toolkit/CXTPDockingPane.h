@@ -63,6 +63,7 @@ private:
     CXTPDockingPaneManager& m_manager;
     int m_id;
     QRect m_initial;
+    QRect m_floating; ///< where it floated before it was docked by its title
     QSize m_minTrack;
     QSize m_maxTrack;
     bool m_hasSize = false;
