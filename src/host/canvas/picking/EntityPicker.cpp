@@ -57,6 +57,7 @@ public:
 
     std::optional<quint32> owner() const { return m_owner; }
 
+    Box2 region() const override { return m_square; }
     Interest interest(const Box2& box) const override
     {
         return box.meets(m_square) ? Interest::Items : Interest::None;
@@ -158,6 +159,7 @@ public:
 
     std::vector<quint32> owners() const { return m_found.sorted(); }
 
+    Box2 region() const override { return m_window; }
     Interest interest(const Box2& box) const override
     {
         if (!box.meets(m_window))
@@ -219,6 +221,11 @@ public:
         return all;
     }
 
+    Box2 region() const override
+    {
+        constexpr double kInfinite = std::numeric_limits<double>::infinity();
+        return {-kInfinite, -kInfinite, kInfinite, kInfinite};
+    }
     Interest interest(const Box2& box) const override
     {
         const bool isInside = !box.isEmpty() && m_window.contains(box);

@@ -17,6 +17,8 @@ public:
 
     virtual ~ItemVisitor() = default;
 
+    /// Outside of it nothing matters at all; does not change while items are told.
+    virtual Box2 region() const = 0;
     virtual Interest interest(const Box2& box) const = 0;
     /// Whether the items of that entity matter (still).
     virtual bool wants(quint32 owner) const = 0;

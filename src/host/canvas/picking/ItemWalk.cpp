@@ -20,6 +20,7 @@ ItemWalk::ItemWalk(const PickScene& picks, ItemVisitor& visitor)
     , m_looks(*picks.looks)
     , m_space(picks.block)
     , m_visitor(visitor)
+    , m_region(visitor.region())
     , m_shows(2 * std::size_t(picks.scene->blockCount()))
 { }
 
@@ -52,6 +53,16 @@ void ItemWalk::walk(const DisplayList& list, const Context& context)
     walkInstances(list, context);
 }
 
+/// By boxes that cost nothing; those of arcs do.
+template <class Item>
+bool ItemWalk::isFar(const Item& item) const
+{
+    if constexpr (std::is_same_v<Item, CurveArc>)
+        return false;
+    else
+        return !item.box().meets(m_region);
+}
+
 template <class Item, class Tell>
 void ItemWalk::walkChunks(const ChunkedList<Item>& items, const Context& context, Tell tell)
 {
@@ -59,11 +70,14 @@ void ItemWalk::walkChunks(const ChunkedList<Item>& items, const Context& context
         if (context.isNested && !m_visitor.wants(context.owner))
             return;
         const auto& head = items.chunks()[chunk];
-        const Interest interest = m_visitor.interest(context.map.mapBox(head.box));
+        const Box2 box = context.isNested ? context.map.mapBox(head.box) : head.box;
+        const Interest interest = box.meets(m_region) ? m_visitor.interest(box) : Interest::None;
         if (interest == Interest::None)
             continue;
         const bool hasErased = m_erased.touches(head);
         for (std::size_t i = items.chunkBegin(chunk); i < items.chunkEnd(chunk); ++i) {
+            if (!context.isNested && isFar(items[i]))
+                continue;
             const quint32 owner = ownerOf(items.owner(i), context);
             const bool isErased = hasErased && m_erased.isErased(items.owner(i));
             if (!isErased && m_visitor.wants(owner))

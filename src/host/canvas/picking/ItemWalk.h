@@ -4,6 +4,7 @@
 #include "host/canvas/picking/PickScene.h"
 
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 /// Tells a visitor about the items of a space that can be seen: not erased, on layers that show,
@@ -28,6 +29,8 @@ private:
     bool isShown(quint32 layer, const Context& context) const;
     quint32 ownerOf(quint32 itemOwner, const Context& context) const;
     void walk(const DisplayList& list, const Context& context);
+    template <class Item>
+    bool isFar(const Item& item) const;
     template <class Item, class Tell>
     void walkChunks(const ChunkedList<Item>& items, const Context& context, Tell tell);
     void walkStrokes(const DisplayList::StrokeGroup& group, const Context& context);
@@ -47,5 +50,6 @@ private:
     const LayerLooks& m_looks;
     const quint32 m_space;
     ItemVisitor& m_visitor;
+    const Box2 m_region;
     std::vector<std::optional<bool>> m_shows; ///< of nested blocks, by layer zero's state
 };

@@ -35,6 +35,10 @@ public:
     }
     void setSelected(const std::vector<bool>& isSelected) { m_isSelected = &isSelected; }
 
+    Box2 region() const override
+    {
+        return m_toPixels.isInvertible() ? m_toPixels.inverted().mapBox(m_clip) : Box2();
+    }
     Interest interest(const Box2& box) const override
     {
         return m_toPixels.mapBox(box).meets(m_clip) ? Interest::Items : Interest::None;
