@@ -208,6 +208,34 @@ private slots:
         QVERIFY(picture().litCount() < lit / 4);
     }
 
+    void whatAViewportCutsOffIsNeitherPickedNorDoesItGlow()
+    {
+        // The line runs through a circle of 50 across, the outline of a viewport 120 wide.
+        show(DrawingText()
+                 .layer("Hidden", 3, 1)
+                 .add("LINE 5=A1 8=0 10=-300 20=0 11=300 21=0\n"
+                      "VIEWPORT 5=C1 67=1 8=Hidden 10=0 20=0 40=200 41=150 68=1 69=1 12=0 22=0 "
+                      "36=1 45=150\n"
+                      "VIEWPORT 5=C2 67=1 8=Hidden 10=0 20=0 40=120 41=60 68=2 69=2 12=0 22=0 "
+                      "36=1 45=120 90=65536 340=E1\n"
+                      "CIRCLE 5=E1 67=1 8=Hidden 10=0 20=0 40=25"));
+        database().setTILEMODE(false);
+        database().setActiveViewport(byHandle(0xC2));
+        canvas().completeNow();
+        look({0, 0}, 4);
+        QSignalSpy picked(&canvas(), &CCanvas::entityPicked);
+        click({40, 0});
+        QVERIFY(canvas().cancelRectangle());
+        click({20, 0});
+        QCOMPARE(picked.count(), 1);
+        QCOMPARE(picked[0][0].value<Vec2>(), (Vec2{40, 0})); // twice as far out in the model
+        const QImage before = seen();
+        canvas().setSelected(slotsOf({0xA1}));
+        const QImage after = seen();
+        QVERIFY(before.pixel(pixel({20, 0})) != after.pixel(pixel({20, 0})));
+        QVERIFY(before.pixel(pixel({40, 0})) == after.pixel(pixel({40, 0})));
+    }
+
     void zoomPreviousGoesBackThroughTheViews()
     {
         CanvasHostView view(canvas());
