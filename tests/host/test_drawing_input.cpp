@@ -147,7 +147,7 @@ void TestDrawingInput::clicksAddOrReplaceAsPickaddSays()
     QCOMPARE(selected(), QStringLiteral("43"));
     typeLine("PICKADD 1");
     click({50, 0});
-    QCOMPARE(selected(), QStringLiteral("42 43"));
+    QCOMPARE(selected(), QStringLiteral("43 42"));
 }
 
 void TestDrawingInput::nothingIsPickedBeforeACommandWithoutPickfirst()
