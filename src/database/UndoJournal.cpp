@@ -2,6 +2,7 @@
 
 #include "database/HeaderVariables.h"
 #include "database/ObjectStore.h"
+#include "database/OdDbDictionary.h"
 
 #include <utility>
 
@@ -127,6 +128,7 @@ void UndoJournal::exchange(const std::shared_ptr<Record>& record, bool backwards
     // Held here: a reactor that edits the drawing clears the redo stack.
     const std::shared_ptr<Record> held = record;
     auto& changes = held->changes;
+    QStringList variables = dictionaryVariables(changes);
     if (backwards) {
         for (auto it = changes.rbegin(); it != changes.rend(); ++it)
             exchange(*it);
@@ -137,6 +139,32 @@ void UndoJournal::exchange(const std::shared_ptr<Record>& record, bool backwards
     // Only once the whole state is consistent.
     for (std::size_t i = 0; i < changes.size(); ++i)
         announce(changes[backwards ? changes.size() - 1 - i : i]);
+    // A variable that came or went has its name before, or after.
+    variables += dictionaryVariables(changes);
+    variables.removeDuplicates();
+    for (const QString& name : variables)
+        m_database.notifyHeader(name);
+}
+
+QStringList UndoJournal::dictionaryVariables(const std::vector<Change>& changes) const
+{
+    const ObjectStore& store = m_database.store();
+    QStringList names;
+    const auto note = [&](quint32 slot) {
+        if (store.type(slot) != RecordType::DictionaryVar)
+            return;
+        const OdDbObjectId id = m_database.idOfSlot(slot);
+        const auto owner = m_database.idOfSlot(store.owner(slot)).openObject<OdDbDictionary>();
+        if (const QString name = owner ? owner->nameAt(id) : QString(); !name.isEmpty())
+            names << name;
+    };
+    for (const Change& change : changes) {
+        if (const auto* state = std::get_if<StateChange>(&change))
+            note(state->slot);
+        else if (const auto* existence = std::get_if<ExistenceChange>(&change))
+            note(existence->slot);
+    }
+    return names;
 }
 
 void UndoJournal::exchange(Change& change)

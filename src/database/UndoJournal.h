@@ -84,6 +84,8 @@ private:
     void exchange(const std::shared_ptr<Record>& record, bool backwards);
     void exchange(Change& change);
     void announce(const Change& change);
+    /// Names of the variables among them that the drawing's dictionary of variables holds.
+    QStringList dictionaryVariables(const std::vector<Change>& changes) const;
 
     OdDbDatabase& m_database;
     std::vector<std::shared_ptr<Record>> m_undo;

@@ -109,16 +109,7 @@ TEST_F(Commands, LayoutsAreListedAndSet)
     EXPECT_EQ("", run("MODEL"));
     EXPECT_EQ("Model", variable("CTAB"));
     EXPECT_EQ("There is no layout \"Nowhere\".", run("LAYOUT S Nowhere"));
-    EXPECT_EQ("LAYOUT knows Set and ?; \"New\" is not known.", run("LAYOUT New"));
-}
-
-TEST_F(Commands, ZoomKnowsTheExtents)
-{
-    open(TestDrawing());
-    EXPECT_EQ("", run("ZOOM E"));
-    EXPECT_EQ("", run("ZOOM"));
-    EXPECT_EQ("ZOOM knows Extents; \"W\" is not known.", run("ZOOM W"));
-    EXPECT_EQ((std::vector<std::string>{"zoom extents", "zoom extents"}), frontEnd.calls);
+    EXPECT_EQ("One of Set, ? is needed; \"New\" is none.", run("LAYOUT New"));
 }
 
 TEST_F(Commands, LayersPrintsTheTableInTheUnitOfLwunits)

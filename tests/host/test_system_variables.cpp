@@ -337,6 +337,7 @@ TEST_F(SystemVariables, EveryVariableOfTheDrawingThatCanBeSetIsUndoneAndToldToLi
         EXPECT_TRUE(listener.names.contains(variable)) << name;
         listener.names.clear();
         EXPECT_TRUE(drawing.undo()) << name;
+        EXPECT_TRUE(listener.names.contains(variable)) << name << " is undone";
         EXPECT_EQ(before.toStdString(), core.sysvars().text(variable).toStdString()) << name;
         EXPECT_NE(before, QLatin1String(value)) << name;
     }
@@ -344,6 +345,22 @@ TEST_F(SystemVariables, EveryVariableOfTheDrawingThatCanBeSetIsUndoneAndToldToLi
         const bool isKept = row.place == SysvarPlace::Drawing && !row.isReadOnly();
         EXPECT_TRUE(!isKept || covered.contains(QLatin1String(row.name))) << row.name;
     }
+}
+
+TEST_F(SystemVariables, AVariableThatTheDrawingDidNotHaveIsToldWhenItComesGoesAndComesAgain)
+{
+    OdDbDatabase& drawing = *open(threeLayers()).database();
+    const QString name = QStringLiteral("SOMETHING");
+    HeaderListener listener(drawing);
+    drawing.startUndoRecord();
+    drawing.setDictionaryVariable(name, QStringLiteral("5"));
+    EXPECT_EQ(QStringList{name}, std::exchange(listener.names, {}));
+    EXPECT_TRUE(drawing.undo());
+    EXPECT_EQ(QString(), drawing.dictionaryVariable(name));
+    EXPECT_EQ(QStringList{name}, std::exchange(listener.names, {}));
+    EXPECT_TRUE(drawing.redo());
+    EXPECT_EQ("5", drawing.dictionaryVariable(name).toStdString());
+    EXPECT_EQ(QStringList{name}, listener.names);
 }
 
 TEST_F(SystemVariables, VariablesOfTheDrawingAreSavedWithIt)

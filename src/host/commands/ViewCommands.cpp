@@ -6,11 +6,6 @@
 #include "host/text/LayerTableText.h"
 
 namespace {
-bool isOption(const QString& answer, const char* option)
-{
-    return !answer.isEmpty() && QLatin1String(option).startsWith(answer, Qt::CaseInsensitive);
-}
-
 void layers(const HostCommandRun& run)
 {
     int millimetres = 1;
@@ -50,18 +45,16 @@ void listLayouts(const HostCommandRun& run)
 
 void layout(const HostCommandRun& run)
 {
+    static constexpr const char* kWords[] = {QT_TRANSLATE_NOOP("Host", "Set"), "?"};
     OdDbDatabase& drawing = *run.document().database();
-    const QString option =
-        run.answerOr(HostText::tr("Layout [Set/?] <Set>:"), QStringLiteral("Set"));
-    if (option == QLatin1String("?")) {
+    if (run.askKeyword({HostText::tr("Layout"), kWords, 0}) == 1) {
         listLayouts(run);
-    } else if (isOption(option, "Set")) {
-        const QString name = run.answer(HostText::tr("Layout to make current:"));
-        drawing.setCTAB(name.isEmpty() ? drawing.getCTAB() : name);
-    } else {
-        throw OdError(OdResult::InvalidInput,
-                      HostText::tr("LAYOUT knows Set and ?; \"%1\" is not known.").arg(option));
+        return;
     }
+    run.asked(HostText::tr("Layout to make current:"), [&](const QString& name) {
+        drawing.setCTAB(name.isEmpty() ? drawing.getCTAB() : name);
+        return true;
+    });
 }
 
 constexpr HostCommandDefinition kCommands[] = {
