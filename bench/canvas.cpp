@@ -1,6 +1,8 @@
 #include "bench/support/GeneratedDrawing.h"
+#include "database/GroupList.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
+#include "database/OdDbLinetypeTableRecord.h"
 #include "host/canvas/CCanvas.h"
 #include "host/canvas/scene/Scene.h"
 #include "host/canvas/scene/SceneBuilder.h"
@@ -70,18 +72,37 @@ void readGeometry(benchmark::State& state)
     }
 }
 
-/// Everything in sight, after a small move.
-void paintAll(benchmark::State& state)
+/// The picture after a small move, again and again.
+void paintRepeatedly(benchmark::State& state, CCanvas& canvas)
 {
-    const auto canvas = completeCanvas(state.range(0));
-    ViewTransform view = canvas->view();
+    ViewTransform view = canvas.view();
     double step = 1;
     for (auto _ : state) {
         view.pan({step, 0});
         step = -step;
-        canvas->setView(view);
-        canvas->completeNow();
+        canvas.setView(view);
+        canvas.completeNow();
     }
+}
+
+/// Everything in sight.
+void paintAll(benchmark::State& state)
+{
+    const auto canvas = completeCanvas(state.range(0));
+    paintRepeatedly(state, *canvas);
+}
+
+/// A linetype whose dashes and gaps can be told apart while everything is in sight.
+OdDbObjectId dashedLinetype(OdDbDatabase& database)
+{
+    const QString name = QStringLiteral("BENCH");
+    OdDbSymbolTable& table = database.table(OdDbTableKind::Linetype);
+    if (table.has(name))
+        return table.getAt(name);
+    auto record = std::make_unique<OdDbLinetypeTableRecord>();
+    record->stateForLoading().name = name;
+    record->stateForLoading().dashes = {600, -300};
+    return table.addRecord(std::move(record));
 }
 
 /// The smooth picture that follows when nothing happens; it is painted in slices.
@@ -105,13 +126,8 @@ void paintCloseUp(benchmark::State& state)
     const auto canvas = completeCanvas(state.range(0));
     ViewTransform view = canvas->view();
     view.zoomAbout(QPointF(kWindow.width() / 2.0, kWindow.height() / 2.0), 100);
-    double step = 1;
-    for (auto _ : state) {
-        view.pan({step, 0});
-        step = -step;
-        canvas->setView(view);
-        canvas->completeNow();
-    }
+    canvas->setView(view);
+    paintRepeatedly(state, *canvas);
 }
 
 /// From the change of a layer to the complete picture.
@@ -127,6 +143,66 @@ void toggleLayer(benchmark::State& state)
             layer->setIsOff(!layer->isOff());
         }
         canvas->completeNow();
+    }
+}
+
+/// From thawing all layers to the complete picture.
+void thawAllLayers(benchmark::State& state)
+{
+    OdDbDatabase& database = drawing(state.range(0));
+    const auto canvas = completeCanvas(state.range(0));
+    const auto freeze = [&](bool frozen) {
+        database.startUndoRecord();
+        for (const OdDbObjectId id : database.layerTable().records())
+            id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setIsFrozen(frozen);
+        canvas->completeNow();
+    };
+    for (auto _ : state) {
+        state.PauseTiming();
+        freeze(true);
+        state.ResumeTiming();
+        freeze(false);
+    }
+}
+
+/// A whole picture whose layers all have a linetype with gaps that show.
+void paintDashed(benchmark::State& state)
+{
+    OdDbDatabase& database = drawing(state.range(0));
+    const auto canvas = completeCanvas(state.range(0));
+    database.startUndoRecord();
+    const OdDbObjectId dashed = dashedLinetype(database);
+    for (const OdDbObjectId id : database.layerTable().records())
+        id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setLinetypeObjectId(dashed);
+    paintRepeatedly(state, *canvas);
+    database.undo();
+}
+
+/// A whole picture whose lines all have a weight of half a millimetre.
+void paintWeights(benchmark::State& state)
+{
+    OdDbDatabase& database = drawing(state.range(0));
+    const auto canvas = completeCanvas(state.range(0));
+    database.startUndoRecord();
+    database.setHeaderVariable(QStringLiteral("$LWDISPLAY"), 290, QStringLiteral("1"));
+    for (const OdDbObjectId id : database.layerTable().records())
+        id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setLineWeight(50);
+    paintRepeatedly(state, *canvas);
+    database.undo();
+}
+
+/// From the making of an entity to the complete picture.
+void addEntity(benchmark::State& state)
+{
+    OdDbDatabase& database = drawing(state.range(0));
+    const auto canvas = completeCanvas(state.range(0));
+    const GroupList groups{{100, "AcDbLine"}, {10, "0"},  {20, "0"}, {30, "0"},
+                           {11, "100"},       {21, "50"}, {31, "0"}};
+    for (auto _ : state) {
+        database.addEntity("LINE", groups, database.getModelSpaceId(), database.getLayerZeroId());
+        canvas->completeNow();
+    }
+    while (database.undo()) {
     }
 }
 
@@ -154,3 +230,7 @@ BENCHMARK(paintSmooth)->Apply(sizes);
 BENCHMARK(paintCloseUp)->Apply(sizes);
 BENCHMARK(toggleLayer)->Apply(sizes);
 BENCHMARK(toggleAllLayers)->Apply(sizes);
+BENCHMARK(thawAllLayers)->Apply(sizes);
+BENCHMARK(paintDashed)->Apply(sizes);
+BENCHMARK(paintWeights)->Apply(sizes);
+BENCHMARK(addEntity)->Apply(sizes);

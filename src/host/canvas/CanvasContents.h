@@ -32,8 +32,10 @@ public:
     void finish();
     /// Per cent by which what stands on locked layers fades; 0 or less: not at all.
     void setLockedFade(int percent);
+    int lockedFade() const { return m_lockedFade; }
     /// Lineweight of what has none of its own, in hundredths of a millimetre.
     void setDefaultWeight(int weight);
+    int defaultWeight() const { return m_defaultWeight; }
 
     /// Whether the current space can be painted.
     bool isReady() const;

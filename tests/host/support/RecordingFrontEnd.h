@@ -33,6 +33,7 @@ public:
     void fileUsed(const QString& path) override { used << path; }
     HostView* view() override { return shownView; }
     void regen(bool allViews) override { calls.emplace_back(allViews ? "regen all" : "regen"); }
+    void repaint() override { calls.emplace_back("repaint"); }
     void zoomExtents() override { calls.emplace_back("zoom extents"); }
     void quit() override { calls.emplace_back("quit"); }
 
