@@ -2,10 +2,12 @@
 #include "host/canvas/geometry/CurveArc.h"
 #include "host/canvas/geometry/NurbsCurve.h"
 #include "host/canvas/geometry/Ocs.h"
+#include "host/canvas/render/DashWalk.h"
 #include "host/canvas/render/ErasedFilter.h"
 #include "host/canvas/render/LineClip.h"
 #include "host/canvas/render/LineRaster.h"
 #include "host/canvas/render/ViewTransform.h"
+#include "host/canvas/render/WideLine.h"
 #include "host/canvas/text/PlainText.h"
 
 #include <QImage>
@@ -158,6 +160,8 @@ TEST(ClipLine, RefusesLinesThatPassBy)
 
 namespace {
 
+constexpr QRgb kLit = qRgb(255, 255, 255);
+
 QImage blackImage()
 {
     QImage image(20, 10, QImage::Format_RGB32);
@@ -180,7 +184,7 @@ int litPixels(const QImage& image)
 TEST(LineRaster, SetsOnePixelPerStep)
 {
     QImage image = blackImage();
-    LineRaster(image, 1).line(2.5, 3.5, 11.5, 6.5, qRgb(255, 255, 255));
+    LineRaster(image).line(2.5, 3.5, 11.5, 6.5, kLit, 1);
     EXPECT_EQ(litPixels(image), 10);
     EXPECT_EQ(image.pixel(2, 3), qRgb(255, 255, 255));
     EXPECT_EQ(image.pixel(11, 6), qRgb(255, 255, 255));
@@ -190,8 +194,8 @@ TEST(LineRaster, DrawsTheSameLineBackwards)
 {
     QImage forwards = blackImage();
     QImage backwards = blackImage();
-    LineRaster(forwards, 1).line(1.2, 8.9, 7.1, 0.4, qRgb(255, 255, 255));
-    LineRaster(backwards, 1).line(7.1, 0.4, 1.2, 8.9, qRgb(255, 255, 255));
+    LineRaster(forwards).line(1.2, 8.9, 7.1, 0.4, kLit, 1);
+    LineRaster(backwards).line(7.1, 0.4, 1.2, 8.9, kLit, 1);
     EXPECT_EQ(forwards, backwards);
     EXPECT_EQ(litPixels(forwards), 9);
 }
@@ -199,12 +203,21 @@ TEST(LineRaster, DrawsTheSameLineBackwards)
 TEST(LineRaster, StaysInsideItsClip)
 {
     QImage image = blackImage();
-    LineRaster raster(image, 1);
+    LineRaster raster(image);
     raster.setClip(QRect(5, 2, 4, 3));
     for (int i = -30; i < 50; ++i) {
-        raster.line(i, -40, 20 - i, 60, qRgb(255, 255, 255));
-        raster.line(-1e12, i, 1e12, 10 - i, qRgb(255, 255, 255));
-        raster.line(NAN, i, 5, 5, qRgb(255, 255, 255));
+        raster.line(i, -40, 20 - i, 60, kLit, 1);
+        raster.line(-1e12, i, 1e12, 10 - i, kLit, 1);
+        raster.wideLine(i, -40, 20 - i, 60, kLit, 5);
+        raster.wideLine(-1e12, i, 1e12, 10 - i, kLit, 5);
+    }
+    for (const double none : {double(NAN), double(INFINITY), -double(INFINITY)}) {
+        raster.line(none, 3, 6, 3, kLit, 1);
+        raster.line(6, 3, none, 3, kLit, 1);
+        raster.line(6, 3, 6, none, kLit, 3);
+        raster.line(6, none, 7, none, kLit, 1);
+        raster.wideLine(6, 3, none, 3, kLit, 5);
+        raster.wideLine(none, none, none, none, kLit, 5);
     }
     EXPECT_EQ(litPixels(image), 12);
     EXPECT_EQ(litPixels(image.copy(5, 2, 4, 3)), 12);
@@ -213,8 +226,84 @@ TEST(LineRaster, StaysInsideItsClip)
 TEST(LineRaster, WidensLinesOfMorePixels)
 {
     QImage image = blackImage();
-    LineRaster(image, 3).line(2.5, 5.5, 11.5, 5.5, qRgb(255, 255, 255));
+    LineRaster(image).line(2.5, 5.5, 11.5, 5.5, kLit, 3);
     EXPECT_EQ(litPixels(image), 30);
+}
+
+TEST(LineRaster, LeavesOutWhatIsMasked)
+{
+    QImage image = blackImage();
+    QImage mask(image.size(), QImage::Format_Alpha8);
+    mask.fill(0);
+    for (int x = 4; x < 8; ++x)
+        mask.scanLine(5)[x] = 255;
+    LineRaster raster(image);
+    raster.setMask(mask);
+    raster.line(2.5, 5.5, 11.5, 5.5, kLit, 1);
+    raster.wideLine(2.5, 5.5, 11.5, 5.5, kLit, 4);
+    EXPECT_EQ(litPixels(image), 4);
+    raster.setMask({});
+    raster.line(2.5, 5.5, 11.5, 5.5, kLit, 1);
+    EXPECT_EQ(litPixels(image), 10);
+}
+
+TEST(WideLine, HasRoundEndsAndSoftEdges)
+{
+    const WideLine line(10, 10, 30, 10, 6);
+    EXPECT_EQ(line.coverage(20, 10), 1);
+    EXPECT_EQ(line.coverage(20, 12.4), 1);
+    EXPECT_NEAR(line.coverage(20, 13), 0.5, 1e-9);
+    EXPECT_EQ(line.coverage(20, 13.6), 0);
+    EXPECT_NEAR(line.coverage(7, 10), 0.5, 1e-9);
+    EXPECT_EQ(line.coverage(7.2, 12.8), 0);
+    const WideLine dot(5, 5, 5, 5, 2);
+    EXPECT_NEAR(dot.coverage(6, 5), 0.5, 1e-9);
+}
+
+namespace {
+
+using Dashes = std::vector<std::pair<double, double>>;
+
+Dashes dashesOf(const std::vector<double>& lengths, double total, double from, double to)
+{
+    const DashPattern pattern(lengths, false);
+    Dashes dashes;
+    DashWalk(pattern, 1, total).between(from, to, [&](double a, double b) {
+        dashes.emplace_back(a, b);
+    });
+    return dashes;
+}
+
+} // namespace
+
+TEST(DashWalk, EndsALineWithDashesOfEqualLength)
+{
+    // Three patterns of 10 in 34 units: 4 are left over, and go to the ends.
+    const Dashes expected{{0, 4.5}, {9.5, 14.5}, {19.5, 24.5}, {29.5, 34}};
+    EXPECT_EQ(dashesOf({5, -5}, 34, 0, 34), expected);
+}
+
+TEST(DashWalk, CutsDashesOffWhereItIsAskedTo)
+{
+    const Dashes expected{{3, 4.5}, {9.5, 12}};
+    EXPECT_EQ(dashesOf({5, -5}, 34, 3, 12), expected);
+}
+
+TEST(DashWalk, LeavesTheEndsOpenWhereAPatternBeginsWithADot)
+{
+    const Dashes expected{{2, 2}, {12, 12}, {22, 22}};
+    EXPECT_EQ(dashesOf({0, -10}, 24, 0, 24), expected);
+}
+
+TEST(DashWalk, HasNoGapsInALineShorterThanItsPattern)
+{
+    EXPECT_EQ(dashesOf({5, -5}, 9, 0, 9), (Dashes{{0, 9}}));
+}
+
+TEST(DashWalk, BoundsTheNumberOfDashes)
+{
+    EXPECT_EQ(dashesOf({5, -5}, 1e9, 0, 1e9).size(), 1u);
+    EXPECT_EQ(dashesOf({5, -5}, 1e9, 5e8, 5e8 + 100).size(), 11u);
 }
 
 TEST(ClipContour, KeepsTheCommonArea)

@@ -110,6 +110,9 @@ private slots:
         // Ends of no length: dots every ten units.
         QCOMPARE(picture().litCount(), 10);
         QVERIFY(picture().isLit({-45, 0}) && picture().isLit({5, 0}));
+        show(dashed().add("LINE 8=C 6=DOTS 10=-45 20=0 11=50 21=0"));
+        QCOMPARE(picture().litCount(), 10);
+        QVERIFY(picture().isLit({-42.5, 0}));
     }
 
     void shortLinesHaveNoGaps()

@@ -7,7 +7,7 @@
 
 /// Where the dashes of a linetype fall on a line of some length. The line begins and ends with a
 /// dash of equal length, at least half the pattern's first one; the patterns stand between. A line
-/// too short for one pattern has no gaps.
+/// too short for one pattern has no gaps. A pattern that begins with a dot leaves the ends open.
 class DashWalk
 {
 public:
@@ -41,10 +41,10 @@ public:
         const bool isEndless = std::isinf(m_total);
         const double head = isEndless ? from : m_shift + m_lead;
         const double tail = isEndless ? to : m_total - head;
-        if (from < head)
+        if (from < head && m_lead > 0)
             dash(from, std::min(to, head));
         patterns(std::max(from, head), std::min(to, tail), dash);
-        if (to > tail && tail < m_total)
+        if (to > tail && tail < m_total && m_lead > 0)
             dash(std::max(from, tail), to);
     }
 
