@@ -71,6 +71,12 @@ TEST_F(DrawCommands, CircleTakesARadiusADiameterOrPoints)
               model());
 }
 
+TEST_F(DrawCommands, ARadiusToAPointWithThreeDigitsBehindTheCommaIsNoNumber)
+{
+    EXPECT_EQ("", run("CIRCLE 10,100 10,200"));
+    EXPECT_EQ("CIRCLE 0 10=10 20=100 40=100", model());
+}
+
 TEST_F(DrawCommands, CirclesThatCannotBeAreRefused)
 {
     EXPECT_EQ("A length above 0 is needed; \"0\" is none.", run("CIRCLE 5,5 0"));

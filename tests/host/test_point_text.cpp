@@ -37,6 +37,15 @@ TEST(PointText, ADistanceAndAnAngleAreAPoint)
     EXPECT_EQ("5,0", read("5<720"));
 }
 
+TEST(PointText, ACommaPartsCoordinatesAndNeverThousands)
+{
+    EXPECT_EQ("10,200", read("10,200"));
+    EXPECT_EQ("1,200,300", read("1,200,300"));
+    for (const char* text : {"10,200", "1,200,300", "1,5", "1.000,5"})
+        EXPECT_FALSE(point_text::parseNumber(QString::fromUtf8(text))) << text;
+    EXPECT_EQ(1500, point_text::parseNumber(QStringLiteral("1500")));
+}
+
 TEST(PointText, AnythingElseIsNone)
 {
     for (const char* text : {"", "1", "1,", ",1", "a,b", "1,2,3,4", "1<2<3", "<5", "5<", "@5",

@@ -1,3 +1,4 @@
+#include "database/GroupCursor.h"
 #include "database/HeaderVariables.h"
 #include "database/OdDbLayerTable.h"
 #include "host/application/HostView.h"
@@ -457,4 +458,43 @@ TEST_F(SystemVariables, AQuestionMarkListsWhatMatchesAPattern)
     frontEnd.printed.clear();
     EXPECT_EQ("", run("SETVAR ? X*"));
     EXPECT_EQ(QStringList{QStringLiteral("No system variable matches \"X*\".")}, frontEnd.printed);
+}
+
+TEST_F(SystemVariables, WhatAFileSaysOutOfRangeCountsAsNotSaidAndCanBeSetRight)
+{
+    QByteArray bytes = TestDrawing().bytes();
+    const auto say = [&](const char* name, const char* value) {
+        const qsizetype at = bytes.indexOf(name);
+        ASSERT_GT(at, 0) << name;
+        const qsizetype code = bytes.indexOf('\n', at) + 1;
+        const qsizetype begin = bytes.indexOf('\n', code) + 1;
+        bytes.replace(begin, bytes.indexOf('\n', begin) - begin, value);
+    };
+    say("$LTSCALE", "nan");
+    say("$TEXTSIZE", "inf");
+    say("$CELTSCALE", "-1");
+    say("$CELWEIGHT", "12345");
+    say("$CECOLOR", "99999");
+    QFile file(path("odd.dxf"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    file.close();
+    OdDbDatabase& drawing = *core.files().open(path("odd.dxf")).database();
+    EXPECT_EQ("LTSCALE = 1|TEXTSIZE = 2.5|CELTSCALE = 1|CELWEIGHT = -1|CECOLOR = \"ByLayer\"", [&] {
+        for (const char* name : {"LTSCALE", "TEXTSIZE", "CELTSCALE", "CELWEIGHT", "CECOLOR"})
+            EXPECT_EQ("", run(name));
+        return frontEnd.printed.join(QLatin1Char('|')).toStdString();
+    }());
+    EXPECT_EQ("", run("TEXT 0,0 \"\" 0 Hall"));
+    for (quint32 slot = 0; slot < drawing.store().size(); ++slot) {
+        if (drawing.store().typeName(slot) != "TEXT")
+            continue;
+        const auto groups = drawing.makeCursor();
+        groups->open(slot);
+        while (groups->next()) {
+            EXPECT_TRUE(groups->code() != 48 && groups->code() != 62 && groups->code() != 370);
+            EXPECT_TRUE(groups->code() != 40 || groups->text() == QLatin1String("2.5"));
+        }
+    }
+    EXPECT_EQ("", run("LTSCALE 1"));
+    EXPECT_EQ("1.0", drawing.header().value(QStringLiteral("$LTSCALE")).toStdString());
 }

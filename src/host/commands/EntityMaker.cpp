@@ -4,8 +4,12 @@
 #include "database/GroupList.h"
 #include "database/HeaderVariables.h"
 #include "database/OdDbDatabase.h"
+#include "database/OdDbSymbolTable.h"
+#include "host/text/LineweightText.h"
 
 #include <QLocale>
+
+#include <algorithm>
 
 namespace {
 
@@ -31,7 +35,17 @@ OdDbObjectId currentSpace(const OdDbDatabase& drawing)
     return isInViewport ? drawing.getModelSpaceId() : sheet;
 }
 
-// What the drawing's settings give to new entities; what is by layer is not written.
+bool isLineweight(int weight)
+{
+    constexpr int kByBlock = -2;
+    constexpr int kDefault = -3;
+    const auto valid = validLineweights();
+    return weight == kByBlock || weight == kDefault
+        || std::find(valid.begin(), valid.end(), weight) != valid.end();
+}
+
+// What the drawing's settings give to new entities. What is by layer is not written, nor what is
+// no such value: a file's header may say anything.
 GroupList currentProperties(const OdDbDatabase& drawing)
 {
     const HeaderVariables& header = drawing.header();
@@ -39,17 +53,19 @@ GroupList currentProperties(const OdDbDatabase& drawing)
     constexpr int kByLayerWeight = -1;
     GroupList groups;
     const QString linetype = header.value(QStringLiteral("$CELTYPE"));
-    if (!linetype.isEmpty() && linetype.compare(QLatin1String("ByLayer"), Qt::CaseInsensitive) != 0)
+    const bool isByLayer = linetype.compare(QLatin1String("ByLayer"), Qt::CaseInsensitive) == 0;
+    if (!isByLayer && !drawing.table(OdDbTableKind::Linetype).getAt(linetype).isNull())
         groups.append(6, linetype.toUtf8());
     const int color = header.intValue(QStringLiteral("$CECOLOR"), kByLayerColor);
-    if (color != kByLayerColor)
+    if (color >= 0 && color < kByLayerColor)
         groups.append(62, qint64(color));
     const int weight = header.intValue(QStringLiteral("$CELWEIGHT"), kByLayerWeight);
-    if (weight != kByLayerWeight)
+    if (isLineweight(weight))
         groups.append(370, qint64(weight));
-    const auto scale = NumberText::real(header.value(QStringLiteral("$CELTSCALE")).toLatin1());
-    if (scale && *scale != 1)
-        appendReal(groups, 48, *scale);
+    const double scale =
+        NumberText::real(header.value(QStringLiteral("$CELTSCALE")).toLatin1()).value_or(1);
+    if (scale > 0 && scale <= kLargestCoordinate && scale != 1)
+        appendReal(groups, 48, scale);
     return groups;
 }
 

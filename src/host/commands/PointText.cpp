@@ -47,7 +47,8 @@ std::optional<Vec3> polar(const QString& text)
 std::optional<double> parseNumber(const QString& text)
 {
     bool isNumber = false;
-    const double value = QLocale::c().toDouble(text.trimmed(), &isNumber);
+    // A comma parts coordinates, never thousands: QLocale would read "10,200" as a number.
+    const double value = text.trimmed().toDouble(&isNumber);
     if (!isNumber || !(std::abs(value) <= kLargestCoordinate))
         return std::nullopt;
     return value;

@@ -29,13 +29,6 @@ QString settingsKey(const SysvarDefinition& variable)
     return QStringLiteral("Variables/") + QLatin1String(variable.name);
 }
 
-bool inRange(const SysvarDefinition& variable, double value)
-{
-    const bool above =
-        variable.type == SysvarType::Real ? value > variable.minimum : value >= variable.minimum;
-    return above && value <= variable.maximum;
-}
-
 // What the variable takes: "CLAYER takes text".
 QString taken(const SysvarDefinition& variable)
 {
@@ -63,7 +56,7 @@ void checkRange(const SysvarDefinition& variable, const SysvarValue& value)
 {
     const int* integer = std::get_if<int>(&value);
     const double* real = std::get_if<double>(&value);
-    if ((!integer && !real) || inRange(variable, integer ? *integer : *real))
+    if ((!integer && !real) || variable.isInRange(integer ? *integer : *real))
         return;
     throw OdError(
         OdResult::OutOfRange,
@@ -161,7 +154,7 @@ int HostSysvarManager::userValue(const SysvarDefinition& variable) const
     bool isNumber = false;
     int value = m_settings.value(settingsKey(variable), fallback).toInt(&isNumber);
     // A settings file edited by hand may hold anything.
-    if (!isNumber || !inRange(variable, value))
+    if (!isNumber || !variable.isInRange(value))
         value = fallback;
     m_userValues.insert(&variable, value);
     return value;

@@ -65,4 +65,10 @@ struct SysvarDefinition
     const char* text = ""; ///< `fallback` of texts
 
     bool isReadOnly() const { return place != SysvarPlace::User && !set; }
+    /// Whether a number is in the range; what is no number is not.
+    bool isInRange(double value) const
+    {
+        const bool isAbove = type == SysvarType::Real ? value > minimum : value >= minimum;
+        return isAbove && value <= maximum;
+    }
 };
