@@ -1,4 +1,4 @@
-#include "host/commands/PointText.h"
+#include "host/commands/drawing/PointText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "database/ObjectStore.h"
-#include "host/commands/SelectEntities.h"
+#include "host/commands/selection/SelectEntities.h"
 #include "host/support/HostFixture.h"
 #include "sdk/KestSSGet.h"
 #include "sdk/KestStatus.h"

@@ -2,7 +2,7 @@
 
 #include "database/OdDbDatabase.h"
 #include "host/commands/HostCommand.h"
-#include "host/commands/SelectEntities.h"
+#include "host/commands/selection/SelectEntities.h"
 #include "host/sysvars/PreferenceSettings.h"
 #include "sdk/KestHost.h"
 

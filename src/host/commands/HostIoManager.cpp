@@ -5,7 +5,7 @@
 #include "host/application/HostFrontEnd.h"
 #include "host/commands/CommandProcessor.h"
 #include "host/commands/KeywordList.h"
-#include "host/commands/PointText.h"
+#include "host/commands/drawing/PointText.h"
 #include "host/text/HostText.h"
 #include "sdk/KestStatus.h"
 

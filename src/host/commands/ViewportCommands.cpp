@@ -1,7 +1,7 @@
 #include "database/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/commands/HostCommand.h"
-#include "host/commands/PointText.h"
+#include "host/commands/drawing/PointText.h"
 #include "host/text/HostText.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #include "host/application/HostCore.h"
 #include "host/application/HostView.h"
 #include "host/commands/HostCommand.h"
-#include "host/commands/PointText.h"
+#include "host/commands/drawing/PointText.h"
 #include "host/text/HostText.h"
 
 #include <QScopeGuard>

@@ -1,9 +1,9 @@
 #include "host/dialogs/HostPrompts.h"
 
-#include "host/dialogs/CColourDialog.h"
-#include "host/dialogs/CLinetypeDialog.h"
 #include "host/dialogs/CLineweightDialog.h"
 #include "host/dialogs/CPlotStyleDialog.h"
+#include "host/dialogs/color/CColourDialog.h"
+#include "host/dialogs/linetype/CLinetypeDialog.h"
 #include "host/sysvars/UserSettings.h"
 
 #include <QDir>

@@ -7,7 +7,7 @@
 #include "database/OdDbLinetypeTableRecord.h"
 #include "host/application/FileFilterList.h"
 #include "host/application/HostCore.h"
-#include "host/dialogs/ColourValues.h"
+#include "host/dialogs/color/ColourValues.h"
 #include "host/help/CHelpViewer.h"
 #include "host/help/HelpKey.h"
 #include "host/resources/DataFiles.h"

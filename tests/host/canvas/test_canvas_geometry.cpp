@@ -2,12 +2,12 @@
 #include "host/canvas/geometry/CurveArc.h"
 #include "host/canvas/geometry/NurbsCurve.h"
 #include "host/canvas/geometry/Ocs.h"
-#include "host/canvas/render/DashWalk.h"
 #include "host/canvas/render/ErasedFilter.h"
-#include "host/canvas/render/LineClip.h"
-#include "host/canvas/render/LineRaster.h"
 #include "host/canvas/render/ViewTransform.h"
-#include "host/canvas/render/WideLine.h"
+#include "host/canvas/strokes/DashWalk.h"
+#include "host/canvas/strokes/LineClip.h"
+#include "host/canvas/strokes/LineRaster.h"
+#include "host/canvas/strokes/WideLine.h"
 #include "host/canvas/text/PlainText.h"
 
 #include <QImage>

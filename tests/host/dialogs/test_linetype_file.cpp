@@ -1,5 +1,5 @@
-#include "host/dialogs/LinetypeFile.h"
-#include "host/dialogs/LinetypePreview.h"
+#include "host/dialogs/linetype/LinetypeFile.h"
+#include "host/dialogs/linetype/LinetypePreview.h"
 
 #include <QSet>
 #include <QTemporaryDir>

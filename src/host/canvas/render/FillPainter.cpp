@@ -1,6 +1,6 @@
 #include "host/canvas/render/FillPainter.h"
 
-#include "host/canvas/render/LineClip.h"
+#include "host/canvas/strokes/LineClip.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,7 +1,7 @@
 #include "host/canvas/render/FrameRenderer.h"
 
-#include "host/canvas/render/LineClip.h"
 #include "host/canvas/scene/Scene.h"
+#include "host/canvas/strokes/LineClip.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "host/canvas/render/DashedPainter.h"
 #include "host/canvas/render/FillPainter.h"
 #include "host/canvas/render/ScenePart.h"
-#include "host/canvas/render/StrokePainter.h"
 #include "host/canvas/render/StyleResolver.h"
 #include "host/canvas/render/TextPainter.h"
+#include "host/canvas/strokes/DashedPainter.h"
+#include "host/canvas/strokes/StrokePainter.h"
 
 #include <QDeadlineTimer>
 #include <QImage>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "host/canvas/geometry/Affine2.h"
-#include "host/canvas/render/StrokeLook.h"
 #include "host/canvas/scene/LayerLooks.h"
 #include "host/canvas/scene/LineSettings.h"
 #include "host/canvas/scene/Pen.h"
 #include "host/canvas/scene/Style.h"
+#include "host/canvas/strokes/StrokeLook.h"
 
 #include <optional>
 

@@ -1,6 +1,6 @@
 #include "host/canvas/render/TextPainter.h"
 
-#include "host/canvas/render/LineClip.h"
+#include "host/canvas/strokes/LineClip.h"
 #include "host/canvas/text/TextExtent.h"
 
 #include <QPainter>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/canvas/render/LineBatcher.h"
 #include "host/canvas/scene/DisplayItems.h"
+#include "host/canvas/strokes/LineBatcher.h"
 #include "host/canvas/text/TextShaper.h"
 
 /// Paints texts: readable ones by their outlines, smaller ones as a line where they stand.

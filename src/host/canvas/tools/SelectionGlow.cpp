@@ -2,8 +2,8 @@
 
 #include "host/canvas/picking/ItemWalk.h"
 #include "host/canvas/picking/ShapeTests.h"
-#include "host/canvas/render/LineClip.h"
-#include "host/canvas/render/LineRaster.h"
+#include "host/canvas/strokes/LineClip.h"
+#include "host/canvas/strokes/LineRaster.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,7 +1,7 @@
-#include "host/canvas/render/LineRaster.h"
+#include "host/canvas/strokes/LineRaster.h"
 
-#include "host/canvas/render/LineClip.h"
-#include "host/canvas/render/WideLine.h"
+#include "host/canvas/strokes/LineClip.h"
+#include "host/canvas/strokes/WideLine.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "host/canvas/render/LineBatcher.h"
+#include "host/canvas/strokes/LineBatcher.h"
 
 #include <QPainter>
 #include <QPen>

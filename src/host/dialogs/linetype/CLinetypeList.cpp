@@ -1,6 +1,6 @@
-#include "host/dialogs/CLinetypeList.h"
+#include "host/dialogs/linetype/CLinetypeList.h"
 
-#include "host/dialogs/LinetypePreview.h"
+#include "host/dialogs/linetype/LinetypePreview.h"
 
 #include <QHeaderView>
 

@@ -1,8 +1,8 @@
-#include "host/commands/SelectEntities.h"
+#include "host/commands/selection/SelectEntities.h"
 
 #include "database/OdError.h"
 #include "host/application/HostCore.h"
-#include "host/commands/SelectionPrompt.h"
+#include "host/commands/selection/SelectionPrompt.h"
 #include "host/text/HostText.h"
 #include "sdk/KestSSGet.h"
 #include "sdk/KestStatus.h"

@@ -1,10 +1,10 @@
-#include "host/commands/SelectionPrompt.h"
+#include "host/commands/selection/SelectionPrompt.h"
 
 #include "database/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/commands/CommandLine.h"
 #include "host/commands/KeywordList.h"
-#include "host/commands/PointText.h"
+#include "host/commands/drawing/PointText.h"
 #include "host/text/HostText.h"
 
 namespace {

@@ -1,6 +1,6 @@
-#include "host/canvas/render/StrokePainter.h"
+#include "host/canvas/strokes/StrokePainter.h"
 
-#include "host/canvas/render/LineClip.h"
+#include "host/canvas/strokes/LineClip.h"
 
 namespace {
 

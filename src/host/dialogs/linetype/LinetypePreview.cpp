@@ -1,4 +1,4 @@
-#include "host/dialogs/LinetypePreview.h"
+#include "host/dialogs/linetype/LinetypePreview.h"
 
 #include <QPainter>
 

@@ -1,4 +1,4 @@
-#include "host/dialogs/LinetypeFile.h"
+#include "host/dialogs/linetype/LinetypeFile.h"
 
 #include "host/text/HostText.h"
 

@@ -1,4 +1,4 @@
-#include "host/canvas/render/LineClip.h"
+#include "host/canvas/strokes/LineClip.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include "host/canvas/render/DashedPainter.h"
+#include "host/canvas/strokes/DashedPainter.h"
 
-#include "host/canvas/render/DashWalk.h"
-#include "host/canvas/render/LineClip.h"
+#include "host/canvas/strokes/DashWalk.h"
+#include "host/canvas/strokes/LineClip.h"
 
 #include <limits>
 

@@ -1,9 +1,9 @@
-#include "host/dialogs/CLinetypeDialog.h"
+#include "host/dialogs/linetype/CLinetypeDialog.h"
 
-#include "host/dialogs/CLinetypeList.h"
-#include "host/dialogs/CLinetypeLoadDialog.h"
 #include "host/dialogs/DialogButtons.h"
 #include "host/dialogs/SearchKeys.h"
+#include "host/dialogs/linetype/CLinetypeList.h"
+#include "host/dialogs/linetype/CLinetypeLoadDialog.h"
 #include "host/help/HelpTopics.h"
 #include "toolkit/ControlRegistry.h"
 #include "toolkit/Prompts.h"

@@ -1,4 +1,4 @@
-#include "host/commands/EntityMaker.h"
+#include "host/commands/drawing/EntityMaker.h"
 
 #include "base/NumberText.h"
 #include "database/GroupList.h"

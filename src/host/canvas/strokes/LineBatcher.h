@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/canvas/render/LineRaster.h"
+#include "host/canvas/strokes/LineRaster.h"
 
 #include <QLineF>
 

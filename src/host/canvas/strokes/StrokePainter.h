@@ -1,8 +1,8 @@
 #pragma once
 
 #include "host/canvas/render/ErasedFilter.h"
-#include "host/canvas/render/LineBatcher.h"
 #include "host/canvas/scene/DisplayList.h"
+#include "host/canvas/strokes/LineBatcher.h"
 
 /// Maps strokes to the image, leaves out what is out of sight, and hands the rest to a batcher.
 class StrokePainter

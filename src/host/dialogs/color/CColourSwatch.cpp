@@ -1,6 +1,6 @@
-#include "host/dialogs/CColourSwatch.h"
+#include "host/dialogs/color/CColourSwatch.h"
 
-#include "host/dialogs/ColourValues.h"
+#include "host/dialogs/color/ColourValues.h"
 
 #include <QPainter>
 

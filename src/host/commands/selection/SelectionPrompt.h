@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/commands/SelectionFinder.h"
+#include "host/commands/selection/SelectionFinder.h"
 
 #include <deque>
 #include <functional>

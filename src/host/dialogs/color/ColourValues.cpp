@@ -1,4 +1,4 @@
-#include "host/dialogs/ColourValues.h"
+#include "host/dialogs/color/ColourValues.h"
 
 #include "database/OdCmColor.h"
 

@@ -1,7 +1,7 @@
 #include "database/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/commands/HostCommand.h"
-#include "host/commands/SelectionPrompt.h"
+#include "host/commands/selection/SelectionPrompt.h"
 #include "host/text/HostText.h"
 
 namespace {

@@ -1,6 +1,6 @@
-#include "host/dialogs/CColourGrid.h"
+#include "host/dialogs/color/CColourGrid.h"
 
-#include "host/dialogs/ColourValues.h"
+#include "host/dialogs/color/ColourValues.h"
 
 #include <QAccessible>
 #include <QKeyEvent>

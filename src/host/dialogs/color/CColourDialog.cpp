@@ -1,11 +1,11 @@
-#include "host/dialogs/CColourDialog.h"
+#include "host/dialogs/color/CColourDialog.h"
 
-#include "host/dialogs/CColourGrid.h"
-#include "host/dialogs/CColourPlane.h"
-#include "host/dialogs/CColourSwatch.h"
-#include "host/dialogs/CTrueColourPage.h"
-#include "host/dialogs/ColourValues.h"
 #include "host/dialogs/DialogButtons.h"
+#include "host/dialogs/color/CColourGrid.h"
+#include "host/dialogs/color/CColourPlane.h"
+#include "host/dialogs/color/CColourSwatch.h"
+#include "host/dialogs/color/CTrueColourPage.h"
+#include "host/dialogs/color/ColourValues.h"
 #include "host/help/HelpTopics.h"
 #include "toolkit/ControlRegistry.h"
 

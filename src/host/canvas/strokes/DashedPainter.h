@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/canvas/render/StrokeLook.h"
-#include "host/canvas/render/StrokePainter.h"
+#include "host/canvas/strokes/StrokeLook.h"
+#include "host/canvas/strokes/StrokePainter.h"
 
 class DashWalk;
 

@@ -1,4 +1,4 @@
-#include "host/dialogs/CColourPlane.h"
+#include "host/dialogs/color/CColourPlane.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

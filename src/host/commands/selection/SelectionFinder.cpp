@@ -1,4 +1,4 @@
-#include "host/commands/SelectionFinder.h"
+#include "host/commands/selection/SelectionFinder.h"
 
 #include "database/ObjectStore.h"
 #include "database/OdDbBlockTableRecord.h"

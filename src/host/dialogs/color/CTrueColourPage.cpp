@@ -1,6 +1,6 @@
-#include "host/dialogs/CTrueColourPage.h"
+#include "host/dialogs/color/CTrueColourPage.h"
 
-#include "host/dialogs/CColourPlane.h"
+#include "host/dialogs/color/CColourPlane.h"
 
 #include <QColor>
 #include <QGridLayout>
