@@ -4,6 +4,7 @@
 #include "host/window/commandline/CCommandEdit.h"
 #include "host/window/commandline/CCommandLine.h"
 #include "host/window/commandline/HistoryHighlighter.h"
+#include "host/window/look/CElidedLabel.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
 #include "sdk/IKestIOManager.h"
@@ -12,7 +13,6 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QScopeGuard>
 #include <QSignalSpy>
@@ -53,7 +53,7 @@ private:
     CCommandEdit& edit() const { return window->commandLine().edit(); }
     QString prompt() const
     {
-        return window->findChild<QLabel*>(QStringLiteral("commandPrompt"))->text();
+        return window->findChild<CElidedLabel*>(QStringLiteral("commandPrompt"))->text();
     }
     const QTextDocument& document() const
     {
@@ -81,6 +81,7 @@ private slots:
     void keepsABoundedHistory();
     void showsMoreOfTheHistoryOnF2();
     void redrawsWhenAVariableOfTheUserChangesTheDrawing();
+    void leavesRoomForTheAnswerToALongQuestion();
 };
 
 void TestCommandWidget::runsWhatIsTyped()
@@ -322,6 +323,26 @@ void TestCommandWidget::redrawsWhenAVariableOfTheUserChangesTheDrawing()
     QCOMPARE(looks.size(), 0);
     core->sysvars().setText(QStringLiteral("LAYLOCKFADECTL"), QStringLiteral("20"));
     QVERIFY(looks.size() > 0);
+}
+
+void TestCommandWidget::leavesRoomForTheAnswerToALongQuestion()
+{
+    window->resize(640, 480);
+    settle();
+    const int width = window->width();
+    QTimer::singleShot(0, this, [this, width] {
+        auto* label = window->findChild<CElidedLabel*>(QStringLiteral("commandPrompt"));
+        settle();
+        QCOMPARE(window->width(), width);
+        QVERIFY(edit().width() >= edit().minimumWidth());
+        QVERIFY(label->width() > edit().width());
+        // The question belongs to the line beside it.
+        window->drawings().setFocus();
+        QTest::mouseClick(label, Qt::LeftButton);
+        QVERIFY(edit().hasFocus());
+        window->commandLine().answer(std::nullopt);
+    });
+    window->commandLine().ask(QString(300, QLatin1Char('x')));
 }
 
 QTEST_MAIN(TestCommandWidget)

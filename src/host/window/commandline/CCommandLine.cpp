@@ -4,13 +4,14 @@
 #include "host/window/commandline/CCommandEdit.h"
 #include "host/window/commandline/CHistoryWindow.h"
 #include "host/window/commandline/HistoryHighlighter.h"
+#include "host/window/look/CElidedLabel.h"
 #include "sdk/OdEdCommandStack.h"
 
 #include <QBoxLayout>
 #include <QEvent>
 #include <QEventLoop>
 #include <QFontDatabase>
-#include <QLabel>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QStyle>
@@ -18,12 +19,13 @@
 
 namespace {
 constexpr int kMaxHistoryLines = 10000;
-}
+constexpr int kLeastCharacters = 24; // of the line, beside a long question
+} // namespace
 
 CCommandLine::CCommandLine(QWidget* parent)
     : QWidget(parent)
     , m_history(new QPlainTextEdit(this))
-    , m_prompt(new QLabel(this))
+    , m_prompt(new CElidedLabel(this))
     , m_edit(new CCommandEdit(this))
     , m_highlighter(new HistoryHighlighter(m_history->document(), palette()))
 {
@@ -41,8 +43,8 @@ CCommandLine::CCommandLine(QWidget* parent)
     m_history->setTabChangesFocus(true);
     m_history->setMinimumHeight(m_history->fontMetrics().lineSpacing() * 2);
     m_prompt->setObjectName(QStringLiteral("commandPrompt"));
-    m_prompt->setTextFormat(Qt::PlainText);
-    m_prompt->setBuddy(m_edit);
+    m_prompt->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    m_edit->setMinimumWidth(m_edit->fontMetrics().averageCharWidth() * kLeastCharacters);
 
     auto* inputRow = new QHBoxLayout;
     const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin) / 2;
@@ -186,6 +188,13 @@ void CCommandLine::type(const QString& text)
 QString CCommandLine::historyText() const
 {
     return m_history->toPlainText();
+}
+
+void CCommandLine::mousePressEvent(QMouseEvent* event)
+{
+    // The prompt belongs to the line beside it.
+    if (event->button() == Qt::LeftButton)
+        m_edit->setFocus(Qt::MouseFocusReason);
 }
 
 void CCommandLine::changeEvent(QEvent* event)

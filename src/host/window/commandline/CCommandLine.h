@@ -7,10 +7,10 @@
 #include <optional>
 
 class CCommandEdit;
+class CElidedLabel;
 class CHistoryWindow;
 class HistoryHighlighter;
 class QEventLoop;
-class QLabel;
 class QPlainTextEdit;
 
 /// The command line: what was said above, the line to type in below. While a question is open that
@@ -50,6 +50,7 @@ signals:
     void questionChanged();
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -61,7 +62,7 @@ private:
     void showPrompt(const QString& prompt);
 
     QPlainTextEdit* m_history;
-    QLabel* m_prompt;
+    CElidedLabel* m_prompt;
     CCommandEdit* m_edit;
     HistoryHighlighter* m_highlighter;
     CHistoryWindow* m_historyWindow = nullptr;
