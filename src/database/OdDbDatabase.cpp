@@ -14,6 +14,7 @@
 #include "database/OdDbNamedRecord.h"
 #include "database/OdDbObjectSource.h"
 #include "database/OdDbXrecord.h"
+#include "database/ReactorTrouble.h"
 #include "database/UndoJournal.h"
 
 #include <algorithm>
@@ -253,8 +254,13 @@ void OdDbDatabase::notify(const std::function<void(OdDbDatabaseReactor&)>& call)
 {
     ++m_notifyDepth;
     for (std::size_t i = 0; i < m_reactors.size(); ++i) {
-        if (m_reactors[i])
+        if (!m_reactors[i])
+            continue;
+        try {
             call(*m_reactors[i]);
+        } catch (...) {
+            reactor_trouble::tell();
+        }
     }
     if (--m_notifyDepth == 0)
         std::erase(m_reactors, nullptr);

@@ -48,6 +48,57 @@ TEST_F(Commands, ARunningCommandIsInCmdnamesAndItsContextIsTheDrawing)
     EXPECT_EQ("", variable("CMDNAMES"));
 }
 
+namespace {
+/// Raises something whenever a layer changes, or a drawing is closed.
+class TroubledReactor : public OdDbDatabaseReactor, public KsApDocManagerReactor
+{
+public:
+    void objectModified(const OdDbDatabase*, const OdDbObject*) override
+    {
+        throw std::runtime_error("no luck");
+    }
+    void documentToBeDestroyed(KsApDocument*) override { throw OdError_InvalidIndex(); }
+};
+
+class CountingReactor : public OdDbDatabaseReactor
+{
+public:
+    void objectModified(const OdDbDatabase*, const OdDbObject*) override { ++count; }
+    int count = 0;
+};
+} // namespace
+
+TEST_F(Commands, WhatAReactorRaisesIsToldOnceAndTheEditStands)
+{
+    OdDbDatabase& drawing =
+        *open(TestDrawing().add({.name = "Wall"}).add({.name = "Door"})).database();
+    TroubledReactor troubled;
+    CountingReactor next;
+    drawing.addReactor(&troubled);
+    drawing.addReactor(&next);
+    EXPECT_EQ("", run("-LAYER OFF Wall,Door"));
+    EXPECT_EQ("A change could not be followed: no luck",
+              frontEnd.printed.join(QLatin1Char('|')).toStdString());
+    EXPECT_EQ(2, next.count);
+    EXPECT_EQ("", run("U"));
+    EXPECT_EQ(4, next.count);
+    drawing.removeReactor(&troubled);
+    drawing.removeReactor(&next);
+    EXPECT_TRUE(drawing.audit().isEmpty());
+}
+
+TEST_F(Commands, ADrawingIsClosedWhateverAReactorRaises)
+{
+    open(TestDrawing());
+    TroubledReactor troubled;
+    core.documents().addReactor(&troubled);
+    EXPECT_EQ("", run("CLOSE"));
+    core.documents().removeReactor(&troubled);
+    EXPECT_EQ(0, core.documents().documentCount());
+    EXPECT_EQ("A change could not be followed: The index is out of range.",
+              frontEnd.printed.join(QLatin1Char('|')).toStdString());
+}
+
 TEST_F(Commands, ACommandThatFailsLeavesNothingRunning)
 {
     addCommand("FALL", [](OdEdCommandContext*) { throw OdError_InvalidIndex(); });

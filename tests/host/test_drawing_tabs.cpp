@@ -1,7 +1,9 @@
+#include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
 #include "host/canvas/CCanvas.h"
 #include "host/support/WindowFixture.h"
 #include "host/window/WindowActions.h"
+#include "host/window/commandline/CCommandLine.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
 
@@ -14,6 +16,7 @@
 #include <QMimeData>
 #include <QTabBar>
 #include <QTest>
+#include <QTimer>
 #include <QUrl>
 
 namespace {
@@ -62,11 +65,30 @@ private:
         open(TestDrawing(), QStringLiteral("three.dxf"));
     }
 
+    /// Runs a line that asks; each question is answered by the next step. How many were taken.
+    std::size_t runThrough(const char* line, const std::vector<std::function<void()>>& steps)
+    {
+        std::size_t step = 0;
+        QTimer next;
+        next.setInterval(0);
+        connect(&next, &QTimer::timeout, this, [&] {
+            if (step < steps.size() && window->commandLine().isAsking())
+                steps[step++]();
+        });
+        next.start();
+        typeLine(line);
+        next.stop();
+        settle();
+        return step;
+    }
+
 private slots:
     void openFilesThatAreDropped();
     void leaveWhatIsNoFileToOthers();
     void followEachOtherByKeys();
     void areListedInTheWindowMenu();
+    void cancelTheCommandThatAsksWhenAnotherOneIsShown();
+    void closeWhileACommandAsksInAnotherOne();
     void closeUnderTheMiddleButton();
     void offerTheirFilesPath();
     void closeTogetherOnceAllQuestionsAreAnswered();
@@ -123,6 +145,37 @@ void TestDrawingTabs::areListedInTheWindowMenu()
     QCOMPARE(current()->displayName(), QStringLiteral("two.dxf"));
     emit menu.aboutToShow(); // lists them anew, not once more
     QCOMPARE(menu.actions().size(), 7);
+}
+
+void TestDrawingTabs::cancelTheCommandThatAsksWhenAnotherOneIsShown()
+{
+    openThree();
+    const HostDocument& drawn = *current();
+    const std::size_t before = drawn.database()->store().size();
+    const std::vector<std::function<void()>> steps = {
+        [this] { typeLine("0,0"); },          [this] { typeLine("5,5"); },
+        [this] { typeLine("'ZOOM Window"); }, // a question within the question
+        [this] { bar().setCurrentIndex(0); }, [this] { typeLine("9,9"); }, // to be asked no more
+    };
+    const std::size_t step = runThrough("LINE", steps);
+    QCOMPARE(step, std::size_t(4));
+    QVERIFY(!core->commands().isRunning());
+    QCOMPARE(current()->displayName(), QStringLiteral("one.dxf"));
+    QCOMPARE(drawn.database()->store().size(), before + 1);
+    QVERIFY(drawn.isModified() && !current()->isModified());
+}
+
+void TestDrawingTabs::closeWhileACommandAsksInAnotherOne()
+{
+    openThree();
+    const std::size_t step =
+        runThrough("LINE",
+                   {[this] { typeLine("0,0"); }, [this] { typeLine("'ZOOM Window"); },
+                    [this] { QTest::mouseClick(&bar(), Qt::MiddleButton, {}, tabCentre(1)); },
+                    [this] { typeLine("9,9"); }});
+    QCOMPARE(step, std::size_t(3));
+    QVERIFY(!core->commands().isRunning() && core->queue().isEmpty());
+    QCOMPARE(openNames(), (QStringList{QStringLiteral("one.dxf"), QStringLiteral("three.dxf")}));
 }
 
 void TestDrawingTabs::closeUnderTheMiddleButton()

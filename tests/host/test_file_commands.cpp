@@ -181,3 +181,17 @@ TEST_F(FileCommands, QuitAsksForEveryChangedDrawingAndEndsTheProgram)
     EXPECT_EQ("", run("QUIT"));
     EXPECT_EQ(std::vector<std::string>{"quit"}, frontEnd.calls);
 }
+
+TEST_F(FileCommands, ACommandThatWaitsBehindACancelIsNoAnswerToClose)
+{
+    frontEnd.interactive = true;
+    frontEnd.closeAnswer = CloseAnswer::Discard;
+    open(TestDrawing());
+    run("LWDISPLAY 1");
+    core.documents().sendStringToExecute(QStringLiteral("^C^CNEW"));
+    EXPECT_EQ("", run("CLOSE"));
+    EXPECT_EQ(QStringList{QStringLiteral("plan.dxf")}, frontEnd.askedToSave);
+    EXPECT_EQ(nullptr, current());
+    EXPECT_EQ(std::size_t(1), core.commands().drainQueue().size());
+    EXPECT_TRUE(current());
+}

@@ -92,6 +92,14 @@ TEST_F(LayerCommandLine, APatternThatMatchesNoneIsToldAndIsNoFailure)
     EXPECT_EQ("No layer matches \"X*\".", printed());
 }
 
+TEST_F(LayerCommandLine, AScriptThatForgetsTheLayersFailsWhereNoneIsMeant)
+{
+    EXPECT_EQ("\"Layers to freeze:\" is asked, and the line holds no answer.",
+              run("-LAYER Freeze"));
+    EXPECT_EQ("", run("-LAYER Freeze \"\""));
+    EXPECT_EQ("", run("-LAYER Color red"));
+}
+
 TEST_F(LayerCommandLine, TheCurrentLayerIsNotFrozen)
 {
     EXPECT_EQ("The layer \"0\" is current and cannot be frozen.", run("-LAYER Freeze 0,A-WALL"));

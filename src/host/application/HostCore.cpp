@@ -1,6 +1,7 @@
 #include "host/application/HostCore.h"
 
 #include "database/OdDbDatabase.h"
+#include "database/ReactorTrouble.h"
 #include "host/commands/HostCommand.h"
 #include "host/commands/selection/SelectEntities.h"
 #include "host/sysvars/PreferenceSettings.h"
@@ -34,6 +35,7 @@ HostCore::HostCore(HostFrontEnd& frontEnd, const QString& configFolder)
     m_services.setFrontEnd(frontEnd);
     m_files.setFrontEnd(frontEnd);
     loadPreferences(m_settings);
+    reactor_trouble::setTeller([this](const QString& sentence) { tellTrouble(sentence); });
     registerHostCommands(*this);
     setMainWindow(nullptr);
 }
@@ -42,8 +44,20 @@ HostCore::~HostCore()
 {
     shutDown();
     unregisterHostCommands();
+    reactor_trouble::setTeller({});
     ksSetHost({});
     s_core = nullptr;
+}
+
+void HostCore::tellTrouble(const QString& sentence)
+{
+    // One edit of many layers may go wrong in the same way for each of them.
+    constexpr qint64 kPause = 1000; // milliseconds
+    const bool isNews = sentence != m_trouble || m_sinceTrouble.hasExpired(kPause);
+    m_trouble = sentence;
+    m_sinceTrouble.start();
+    if (isNews)
+        m_frontEnd.print(sentence);
 }
 
 void HostCore::setMainWindow(QWidget* window)

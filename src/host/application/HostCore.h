@@ -14,6 +14,8 @@
 #include "host/sysvars/HostSysvarManager.h"
 #include "host/sysvars/UserSettings.h"
 
+#include <QElapsedTimer>
+
 class QWidget;
 
 /// The host without a face: settings, system variables, documents, commands and modules. There is
@@ -46,7 +48,11 @@ public:
     HostFrontEnd& frontEnd() { return m_frontEnd; }
 
 private:
+    void tellTrouble(const QString& sentence);
+
     HostFrontEnd& m_frontEnd;
+    QString m_trouble; ///< that a reactor had, as it was told last
+    QElapsedTimer m_sinceTrouble;
     UserSettings m_settings;
     CommandState m_state;
     CommandQueue m_queue;

@@ -155,7 +155,7 @@ std::vector<CommandOutcome> CommandProcessor::drainQueue()
 
 bool CommandProcessor::hasAnswer() const
 {
-    return (isRunning() && !m_frames.back().answers.isEmpty()) || !m_queue.isEmpty();
+    return (isRunning() && !m_frames.back().answers.isEmpty()) || m_queue.holdsAnswer();
 }
 
 bool CommandProcessor::takeWord(const QString& word)
@@ -175,11 +175,9 @@ void CommandProcessor::dropAnswers()
 
 std::optional<QString> CommandProcessor::nextAnswer(const HostQuestion& question)
 {
-    if (m_isCancelling)
-        return std::nullopt;
-    if (isRunning() && !m_frames.back().answers.isEmpty())
+    if (!m_isCancelling && isRunning() && !m_frames.back().answers.isEmpty())
         return m_frames.back().answers.takeFirst();
-    for (;;) {
+    while (!m_isCancelling) {
         if (const auto input = m_queue.take()) {
             if (!input->cancels)
                 return input->text;
@@ -191,6 +189,7 @@ std::optional<QString> CommandProcessor::nextAnswer(const HostQuestion& question
         if (answer || m_queue.isEmpty())
             return answer;
     }
+    return std::nullopt;
 }
 
 void CommandProcessor::cancelRunning(const CommandQueue::Input& input)
@@ -203,7 +202,8 @@ void CommandProcessor::cancelRunning(const CommandQueue::Input& input)
 
 std::optional<QString> CommandProcessor::answerFromUser(const HostQuestion& question)
 {
-    while (m_frontEnd) {
+    // A command in between may end with all of them.
+    while (m_frontEnd && !m_isCancelling) {
         std::optional<QString> answer = m_frontEnd->ask(question);
         if (!answer || !callsTransparentCommand(*answer))
             return answer;

@@ -21,6 +21,8 @@ public:
 
     void append(const QString& string);
     bool isEmpty() const { return m_inputs.empty(); }
+    /// Whether the next input answers what is asked, rather than cancelling it.
+    bool holdsAnswer() const { return !m_inputs.empty() && !m_inputs.front().cancels; }
     /// The next input; inputs that say nothing are left out.
     std::optional<Input> take();
     /// Puts an input in front of all others.

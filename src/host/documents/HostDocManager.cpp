@@ -1,6 +1,7 @@
 #include "host/documents/HostDocManager.h"
 
 #include "database/OdDbDatabase.h"
+#include "database/ReactorTrouble.h"
 #include "host/commands/CommandQueue.h"
 #include "host/commands/CommandState.h"
 
@@ -45,8 +46,14 @@ void HostDocManager::notify(const std::function<void(KsApDocManagerReactor&)>& c
     // Reactors may come and go while they are told; those that left are told no more.
     const std::vector<KsApDocManagerReactor*> told = m_reactors;
     for (KsApDocManagerReactor* reactor : told) {
-        if (std::find(m_reactors.begin(), m_reactors.end(), reactor) != m_reactors.end())
+        if (std::find(m_reactors.begin(), m_reactors.end(), reactor) == m_reactors.end())
+            continue;
+        try {
             call(*reactor);
+        } catch (...) {
+            // Half closed or half opened, a drawing would be of no use to anybody.
+            reactor_trouble::tell();
+        }
     }
 }
 

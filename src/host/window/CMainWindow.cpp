@@ -122,8 +122,10 @@ void CMainWindow::connectParts()
         runCommand(line.trimmed().isEmpty() ? m_core.commands().lastLine() : line);
     });
     connect(m_drawings, &CDrawingTabs::viewAdded, this, [this](CDrawingView* v) { watchView(*v); });
-    connect(m_drawings, &CDrawingTabs::currentDrawingChanged, this,
-            &CMainWindow::showCurrentDrawing);
+    connect(m_drawings, &CDrawingTabs::currentDrawingChanged, this, [this] {
+        cancelQuestion();
+        showCurrentDrawing();
+    });
     connect(m_drawings, &CDrawingTabs::closeWanted, this, [this](HostDocument* document) {
         m_core.documents().setCurrent(*document);
         runAction(QStringLiteral("CLOSE"));
@@ -230,6 +232,13 @@ void CMainWindow::queuedWhileAsking()
     // The question ends without an answer of its own: the command finds that in the queue.
     if (m_commandLine->isAsking())
         m_commandLine->answer(std::nullopt);
+}
+
+void CMainWindow::cancelQuestion()
+{
+    // What is asked is about the drawing that was shown: the answers would go to another one.
+    if (m_commandLine->isAsking())
+        m_core.documents().sendStringToExecute(QStringLiteral("^C^C"));
 }
 
 void CMainWindow::report(const CommandOutcome& outcome)

@@ -65,6 +65,7 @@ private:
     void storeLayout();
     void watchView(CDrawingView& view);
     void showCurrentDrawing();
+    void cancelQuestion();
     CommandOutcome runAndReport(const QString& line);
     void drainQueue();
     void queuedWhileAsking();

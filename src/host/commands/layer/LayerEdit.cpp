@@ -29,7 +29,9 @@ LayerChoice LayerEdit::layers(const QString& prompt, bool orCurrent)
 {
     const auto layer = current().openObject<OdDbLayerTableRecord>();
     const QString fallback = orCurrent && layer ? layer->getName() : QString();
-    const QString list = m_run.answerOr(KeywordList(QStringList()).prompt(prompt, fallback), {});
+    const QString asks = KeywordList(QStringList()).prompt(prompt, fallback);
+    // A script that names no layers means the current one, or has forgotten them.
+    const QString list = orCurrent ? m_run.answerOr(asks, {}) : m_run.answer(asks);
     if (list.trimmed().isEmpty())
         return orCurrent ? LayerChoice(current()) : LayerChoice();
     LayerChoice choice(m_drawing, list);
