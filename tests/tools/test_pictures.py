@@ -1,0 +1,26 @@
+"""The pictures of docs/pictures.md are the ones that the tests compare with. Argument: the project's folder."""
+
+import re
+import sys
+import unittest
+from pathlib import Path
+
+PROJECT = Path(sys.argv.pop(1))
+GOLDEN = {path.read_bytes() for path in (PROJECT / "tests/golden").glob("*.png")}
+TAKEN_BY_HAND = {"palette.png"}
+
+
+class Pictures(unittest.TestCase):
+    def test_are_those_of_the_golden_files(self):
+        for picture in sorted((PROJECT / "docs/images").glob("*.png")):
+            if picture.name not in TAKEN_BY_HAND:
+                self.assertIn(picture.read_bytes(), GOLDEN, f"{picture.name} is outdated: copy its golden file")
+
+    def test_are_all_shown(self):
+        page = (PROJECT / "docs/pictures.md").read_text()
+        shown = set(re.findall(r"images/([\w.]+)", page))
+        self.assertEqual(shown, {path.name for path in (PROJECT / "docs/images").glob("*.png")})
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
