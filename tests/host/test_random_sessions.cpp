@@ -9,7 +9,9 @@
 #include "host/window/views/CDrawingView.h"
 
 #include <QAction>
+#include <QDir>
 #include <QRandomGenerator>
+#include <QScopeGuard>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -231,6 +233,10 @@ void TestRandomSessions::leaveNothingRunningAndEveryDrawingSound()
 {
     QFETCH(const quint32, seed);
     m_dice = QRandomGenerator(seed);
+    // Anything may be taken for the name of a file to save to.
+    const QString before = QDir::currentPath();
+    const auto goBack = qScopeGuard([&before] { QDir::setCurrent(before); });
+    QVERIFY(QDir::setCurrent(folder->path()));
     QStringList files;
     for (const char* name : {"one.dxf", "two.dxf"}) {
         TestDrawing drawing;

@@ -56,6 +56,7 @@ private slots:
     void leavesThePaletteClosedWhenTheUserClosedIt();
     void tellsAFileThatCannotBeOpenedAndGoesOn();
     void opensAgainWhatWasOpenLast();
+    void opensTheOthersBesideADrawingThatWasRecovered();
     void opensNothingAgainWhereTheUserWantsThatNot();
     void leavesOutFilesThatAreGoneOrInUse();
     void tellsSettingsThatCannotBeUnderstood();
@@ -124,6 +125,21 @@ void TestWindowSession::opensAgainWhatWasOpenLast()
     start({three});
     QCOMPARE(window->drawings().count(), 1);
     QCOMPARE(current()->fileName(), three);
+}
+
+void TestWindowSession::opensTheOthersBesideADrawingThatWasRecovered()
+{
+    const QString one = TestDrawing().writeTo(folder->path(), QStringLiteral("one.dxf"));
+    const QString two = TestDrawing().writeTo(folder->path(), QStringLiteral("two.dxf"));
+    start({one, two});
+    window->runCommand(QStringLiteral("QUIT"));
+    restart();
+    HostDocument& recovered = core->files().open(two);
+    recovered.markModified();
+    start();
+    QCOMPARE(window->drawings().count(), 2);
+    QVERIFY(core->documents().findByFile(one));
+    QCOMPARE(core->documents().findByFile(two), &recovered);
 }
 
 void TestWindowSession::opensNothingAgainWhereTheUserWantsThatNot()

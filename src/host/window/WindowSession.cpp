@@ -40,6 +40,8 @@ void WindowSession::reopenLastFiles()
         return;
     const OpenFiles& open = m_window.openFiles();
     for (const QString& file : open.lastFiles()) {
+        if (m_core.documents().findByFile(file))
+            continue; // with the edits that were recovered
         // Nobody asked for these now: what cannot be had is told and not asked about.
         if (!QFileInfo(file).isFile())
             m_core.frontEnd().print(HostText::tr("%1 is gone and not opened again.").arg(file));
@@ -63,7 +65,7 @@ void WindowSession::start(const QStringList& files)
         RecoverySession(m_core.recovery(), m_core.files(), *m_journals, m_core.frontEnd()).offer();
     for (const QString& file : files)
         m_window.runAction(QStringLiteral("OPEN ") + CommandLine::quoted(file));
-    if (files.isEmpty() && m_core.documents().documentCount() == 0)
+    if (files.isEmpty())
         reopenLastFiles();
     if (m_core.documents().documentCount() == 0)
         m_window.runAction(QStringLiteral("NEW"));
