@@ -1,3 +1,5 @@
+#include "database/OdDbBlockTableRecord.h"
+#include "database/OdDbDatabase.h"
 #include "host/canvas/CCanvas.h"
 #include "host/canvas/CanvasContents.h"
 #include "host/support/WindowFixture.h"
@@ -82,6 +84,7 @@ private slots:
     void showsMoreOfTheHistoryOnF2();
     void redrawsWhenAVariableOfTheUserChangesTheDrawing();
     void leavesRoomForTheAnswerToALongQuestion();
+    void takesLinesThatAreTypedFasterThanTheyAreRead();
 };
 
 void TestCommandWidget::runsWhatIsTyped()
@@ -343,6 +346,25 @@ void TestCommandWidget::leavesRoomForTheAnswerToALongQuestion()
         window->commandLine().answer(std::nullopt);
     });
     window->commandLine().ask(QString(300, QLatin1Char('x')));
+}
+
+void TestCommandWidget::takesLinesThatAreTypedFasterThanTheyAreRead()
+{
+    open(TestDrawing());
+    // All in one turn of the event loop: the first point, two more, the end, and another command.
+    QTimer::singleShot(0, this, [this] {
+        for (const char* line : {"0,0", "10,0", "10,5", "", "LWDISPLAY 1"}) {
+            QTest::keyClicks(&edit(), QLatin1String(line));
+            QTest::keyClick(&edit(), Qt::Key_Return);
+        }
+    });
+    typeLine("LINE");
+    settle();
+    QVERIFY(!core->commands().isRunning());
+    QCOMPARE(variable("LWDISPLAY"), QStringLiteral("1"));
+    const auto space = current()->database()->getModelSpaceId().openObject<OdDbBlockTableRecord>();
+    const EntityRun run = space->entityRuns().back();
+    QCOMPARE(run.end - run.first, 2u);
 }
 
 QTEST_MAIN(TestCommandWidget)

@@ -132,6 +132,11 @@ std::optional<QString> CCommandLine::ask(const HostQuestion& question)
 {
     if (m_loop)
         return std::nullopt;
+    if (!m_typedAhead.isEmpty()) {
+        const QString text = m_typedAhead.takeFirst();
+        printInput(question.prompt + QLatin1Char(' ') + text);
+        return text;
+    }
     QEventLoop loop;
     m_loop = &loop;
     m_question = &question;
@@ -157,9 +162,13 @@ void CCommandLine::answer(const std::optional<QString>& text)
 
 void CCommandLine::submit(const QString& text)
 {
-    if (isAsking()) {
+    if (isAsking() && m_loop->isRunning()) {
         printInput(m_prompt->text() + QLatin1Char(' ') + text);
         answer(text);
+    } else if (isAsking()) {
+        // The line before is not taken yet: this one answers what is asked next, or is a command.
+        m_typedAhead.append(text);
+        QMetaObject::invokeMethod(this, &CCommandLine::runTypedAhead, Qt::QueuedConnection);
     } else {
         emit lineEntered(text);
     }
@@ -173,8 +182,15 @@ void CCommandLine::answerByPointing(const QString& text)
     submit(text);
 }
 
+void CCommandLine::runTypedAhead()
+{
+    if (!isAsking() && !m_typedAhead.isEmpty())
+        emit lineEntered(m_typedAhead.takeFirst());
+}
+
 void CCommandLine::cancel()
 {
+    m_typedAhead.clear();
     if (isAsking())
         answer(std::nullopt);
 }

@@ -57,6 +57,7 @@ private:
     void append(const QString& text, int kind);
     void submit(const QString& text);
     void cancel();
+    void runTypedAhead();
     void refreshNames();
     void toggleHistoryWindow();
     void showPrompt(const QString& prompt);
@@ -69,4 +70,5 @@ private:
     QEventLoop* m_loop = nullptr;
     const HostQuestion* m_question = nullptr;
     std::optional<QString> m_answer;
+    QStringList m_typedAhead; ///< lines that were entered before the one before them was taken
 };
