@@ -82,7 +82,7 @@ TEST(DxfLandmarks, EntitiesMayStandInSeveralSections)
     bytes.replace("0\nLINE\n5\n1001\n", "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n5\n1001\n");
     const auto database = read(bytes, 0);
     EXPECT_EQ(database->audit(), QStringList());
-    for (const quint64 handle : {0x1000, 0x1001})
+    for (const quint64 handle : {0x1000u, 0x1001u})
         EXPECT_EQ(database->store().owner(database->getOdDbObjectId(OdDbHandle(handle)).slot()),
                   database->getModelSpaceId().slot());
     EXPECT_EQ(database->getModelSpaceId().openObject<OdDbBlockTableRecord>()->entityRuns().size(),

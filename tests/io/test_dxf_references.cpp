@@ -397,9 +397,9 @@ TEST(ErasedEntity, TakesItsPartsAlongAndUndoBringsAllBack)
 {
     const EditedDrawing drawing(withMore(sequences()));
     drawing->startUndoRecord();
-    for (const quint64 handle : {0x200, 0x204})
+    for (const quint64 handle : {0x200u, 0x204u})
         drawing.object(handle).safeOpenObject<OdDbEntity>(OdDb::kForWrite)->erase();
-    for (const quint64 handle : {0x201, 0x202, 0x203, 0x205, 0x206})
+    for (const quint64 handle : {0x201u, 0x202u, 0x203u, 0x205u, 0x206u})
         EXPECT_TRUE(drawing.object(handle).isErased()) << handle;
     EXPECT_EQ(drawing.saved(), withMore({}));
     drawing->undo();
