@@ -101,6 +101,7 @@ void addViewports(const OdDbDatabase& database, QStringList& lines)
             if (!layer.isErased())
                 frozen.append(nameOf(layer));
         }
+        frozen.sort(); // a set: the file keeps one that was thawed and frozen again in its place
         lines.append(QStringLiteral("viewport %1 frozen: %2")
                          .arg(handle(database.idOfSlot(slot)), frozen.join(QLatin1Char(','))));
     }
