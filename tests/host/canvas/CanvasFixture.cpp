@@ -3,6 +3,10 @@
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTable.h"
 #include "io/DrawingFile.h"
+#include "support/SharedDrawings.h"
+
+#include <QFileInfo>
+#include <QTest>
 
 void CanvasFixture::prepare()
 {
@@ -56,4 +60,12 @@ OdDbObjectId CanvasFixture::layer(const char* name) const
 OdDbObjectId CanvasFixture::byHandle(quint64 handle) const
 {
     return m_database->getOdDbObjectId(OdDbHandle(handle));
+}
+
+void CanvasFixture::addRowsOfDrawings()
+{
+    KEST_QTEST_NEEDS_DRAWINGS();
+    QTest::addColumn<QString>("path");
+    for (const QString& path : SharedDrawings::files())
+        QTest::newRow(qPrintable(QFileInfo(path).fileName())) << path;
 }

@@ -36,6 +36,8 @@ protected:
     OdDbObjectId layer(const char* name) const;
     OdDbObjectId byHandle(quint64 handle) const;
     void setDark(bool dark);
+    /// Gives the running test function a row "path" for each drawing of other programs.
+    static void addRowsOfDrawings();
 
     std::unique_ptr<OdDbDatabase> m_database;
     std::unique_ptr<CCanvas> m_canvas;

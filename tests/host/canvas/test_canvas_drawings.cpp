@@ -15,13 +15,7 @@ class CanvasDrawings : public CanvasFixture
     Q_OBJECT
 
 private slots:
-    void everySpaceOfEveryDrawingIsPainted_data()
-    {
-        KEST_QTEST_NEEDS_DRAWINGS();
-        QTest::addColumn<QString>("path");
-        for (const QString& path : SharedDrawings::files())
-            QTest::newRow(qPrintable(QFileInfo(path).fileName())) << path;
-    }
+    void everySpaceOfEveryDrawingIsPainted_data() { addRowsOfDrawings(); }
     void everySpaceOfEveryDrawingIsPainted()
     {
         KEST_QTEST_NEEDS_DRAWINGS();

@@ -5,7 +5,6 @@
 #include "io/DrawingFile.h"
 #include "support/SharedDrawings.h"
 
-#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -227,13 +226,7 @@ private slots:
         QCOMPARE(at(10, 0), 0xA1u);
     }
 
-    void clicksAndRectanglesAgreeInDrawingsOfManyPrograms_data()
-    {
-        KEST_QTEST_NEEDS_DRAWINGS();
-        QTest::addColumn<QString>("path");
-        for (const QString& path : SharedDrawings::files())
-            QTest::newRow(qPrintable(QFileInfo(path).fileName())) << path;
-    }
+    void clicksAndRectanglesAgreeInDrawingsOfManyPrograms_data() { addRowsOfDrawings(); }
     void clicksAndRectanglesAgreeInDrawingsOfManyPrograms()
     {
         KEST_QTEST_NEEDS_DRAWINGS();

@@ -1,8 +1,7 @@
 #include "host/canvas/picking/ShapeTests.h"
 
+#include "host/canvas/geometry/ArcChords.h"
 #include "host/canvas/strokes/LineClip.h"
-
-#include <vector>
 
 namespace shape_tests {
 
@@ -43,24 +42,7 @@ bool anyChord(const CurveArc& arc, const Box2& box, double tolerance,
     const double radius = arc.u.length() + arc.v.length();
     const double finest = std::max(tolerance, radius * kFinest);
     const double longest = radius > 0 ? std::sqrt(8 * finest / radius) : kTurn;
-    std::vector<CurveArc> pending{arc};
-    while (!pending.empty()) {
-        CurveArc part = pending.back();
-        pending.pop_back();
-        if (!part.box().meets(box))
-            continue;
-        if (std::abs(part.sweep) <= longest) {
-            if (call(part.first(), part.last()))
-                return true;
-            continue;
-        }
-        part.sweep /= 2;
-        CurveArc second = part;
-        second.start += part.sweep;
-        pending.push_back(second);
-        pending.push_back(part);
-    }
-    return false;
+    return anyChordNear(arc, box, longest, call);
 }
 
 bool isAround(std::span<const Vec2> contour, Vec2 point)

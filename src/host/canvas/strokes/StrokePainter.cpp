@@ -1,5 +1,6 @@
 #include "host/canvas/strokes/StrokePainter.h"
 
+#include "host/canvas/geometry/ArcChords.h"
 #include "host/canvas/strokes/LineClip.h"
 
 namespace {
@@ -130,20 +131,8 @@ void StrokePainter::arcBySteps(const CurveArc& arc, int steps, Bucket& bucket)
 
 void StrokePainter::arcByHalves(const CurveArc& whole, double longestStep, Bucket& bucket)
 {
-    std::vector<CurveArc> pending{whole};
-    while (!pending.empty()) {
-        CurveArc part = pending.back();
-        pending.pop_back();
-        if (!part.box().meets(m_visible))
-            continue;
-        if (std::abs(part.sweep) <= longestStep) {
-            line(part.first(), part.last(), bucket);
-            continue;
-        }
-        part.sweep /= 2;
-        CurveArc second = part;
-        second.start += part.sweep;
-        pending.push_back(second);
-        pending.push_back(part);
-    }
+    anyChordNear(whole, m_visible, longestStep, [&](Vec2 from, Vec2 to) {
+        line(from, to, bucket);
+        return false;
+    });
 }
