@@ -75,6 +75,26 @@ void LineRaster::wideLine(double x1, double y1, double x2, double y2, QRgb colou
     }
 }
 
+/// Calls for one pixel per step along the major axis, by its index in the image.
+template <class Set>
+void LineRaster::walk(const Span& span, std::ptrdiff_t majorStep, std::ptrdiff_t minorStep, Set set)
+{
+    constexpr int kFraction = 20;
+    constexpr double kOne = 1 << kFraction;
+    const auto begin = static_cast<std::ptrdiff_t>(span.from);
+    const auto end = static_cast<std::ptrdiff_t>(span.to);
+    const std::ptrdiff_t steps = end - begin;
+    auto across = static_cast<std::int64_t>(span.first * kOne);
+    const std::int64_t slope =
+        steps > 0 ? static_cast<std::int64_t>((span.last - span.first) * kOne) / steps : 0;
+    std::ptrdiff_t at = begin * majorStep;
+    for (std::ptrdiff_t i = 0; i <= steps; ++i) {
+        set(at + (across >> kFraction) * minorStep);
+        at += majorStep;
+        across += slope;
+    }
+}
+
 void LineRaster::thinLine(double x1, double y1, double x2, double y2, QRgb colour)
 {
     // Ends that are no numbers are inside of nothing, before or after.
@@ -101,49 +121,12 @@ void LineRaster::thinLine(double x1, double y1, double x2, double y2, QRgb colou
     const Span span = isFlat ? Span{x1, x2, y1, y2} : Span{y1, y2, x1, x2};
     const std::ptrdiff_t majorStep = isFlat ? 1 : m_stride;
     const std::ptrdiff_t minorStep = isFlat ? m_stride : 1;
-    if (m_mask.empty())
-        walk(span, majorStep, minorStep, colour);
-    else
-        walkMasked(span, majorStep, minorStep, colour);
-}
-
-/// Sets one pixel per step along the major axis.
-void LineRaster::walk(const Span& span, std::ptrdiff_t majorStep, std::ptrdiff_t minorStep,
-                      QRgb colour)
-{
-    constexpr int kFraction = 20;
-    constexpr double kOne = 1 << kFraction;
-    const auto begin = static_cast<std::ptrdiff_t>(span.from);
-    const auto end = static_cast<std::ptrdiff_t>(span.to);
-    const std::ptrdiff_t steps = end - begin;
-    auto across = static_cast<std::int64_t>(span.first * kOne);
-    const std::int64_t slope =
-        steps > 0 ? static_cast<std::int64_t>((span.last - span.first) * kOne) / steps : 0;
-    QRgb* at = m_pixels + begin * majorStep;
-    for (std::ptrdiff_t i = 0; i <= steps; ++i) {
-        at[(across >> kFraction) * minorStep] = colour;
-        at += majorStep;
-        across += slope;
-    }
-}
-
-void LineRaster::walkMasked(const Span& span, std::ptrdiff_t majorStep, std::ptrdiff_t minorStep,
-                            QRgb colour)
-{
-    constexpr int kFraction = 20;
-    constexpr double kOne = 1 << kFraction;
-    const auto begin = static_cast<std::ptrdiff_t>(span.from);
-    const auto end = static_cast<std::ptrdiff_t>(span.to);
-    const std::ptrdiff_t steps = end - begin;
-    auto across = static_cast<std::int64_t>(span.first * kOne);
-    const std::int64_t slope =
-        steps > 0 ? static_cast<std::int64_t>((span.last - span.first) * kOne) / steps : 0;
-    std::ptrdiff_t at = begin * majorStep;
-    for (std::ptrdiff_t i = 0; i <= steps; ++i) {
-        const std::ptrdiff_t pixel = at + (across >> kFraction) * minorStep;
-        if (m_mask[static_cast<std::size_t>(pixel)] != 0)
-            m_pixels[pixel] = colour;
-        at += majorStep;
-        across += slope;
+    if (m_mask.empty()) {
+        walk(span, majorStep, minorStep, [&](std::ptrdiff_t pixel) { m_pixels[pixel] = colour; });
+    } else {
+        walk(span, majorStep, minorStep, [&](std::ptrdiff_t pixel) {
+            if (m_mask[static_cast<std::size_t>(pixel)] != 0)
+                m_pixels[pixel] = colour;
+        });
     }
 }

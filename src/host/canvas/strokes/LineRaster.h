@@ -42,9 +42,8 @@ private:
     }
     void thickLine(double x1, double y1, double x2, double y2, QRgb colour, int thickness);
     void thinLine(double x1, double y1, double x2, double y2, QRgb colour);
-    void walk(const Span& span, std::ptrdiff_t majorStep, std::ptrdiff_t minorStep, QRgb colour);
-    void walkMasked(const Span& span, std::ptrdiff_t majorStep, std::ptrdiff_t minorStep,
-                    QRgb colour);
+    template <class Set>
+    static void walk(const Span& span, std::ptrdiff_t majorStep, std::ptrdiff_t minorStep, Set set);
 
     QRgb* m_pixels;
     std::ptrdiff_t m_stride; ///< in pixels
