@@ -1,11 +1,10 @@
 #pragma once
 
+#include "base/WildcardAlternative.h"
+
 #include <QStringList>
-#include <QStringView>
 
-#include <vector>
-
-/// A wildcard pattern for names, compiled once. Letters match whatever their case.
+/// A wildcard pattern for names, compiled once.
 ///
 ///     *        any run of characters, also none      ?   any one character
 ///     #        one digit                             @   one letter
@@ -14,12 +13,20 @@
 ///     [~abc]   one that is not in the set            `   the next character as it is
 ///     ,        separates patterns: a name that matches one of them matches
 ///
-/// A bracket that is not closed is an ordinary character. Time and memory are bounded by the
-/// pattern's length times the name's, whatever the pattern.
+/// A bracket that is not closed is an ordinary character. A back-quote works inside a set too; a
+/// bracket does not keep a comma from separating.
+///
+/// Where case does not matter, pattern and name are folded character by character, each to one
+/// character, as the names of a table are for their index; the kinds of characters are those of the
+/// folded ones. A character is a code point.
+///
+/// Matching allocates nothing and takes no more time than the pattern's length times the name's,
+/// whatever the pattern; the memory of a pattern grows with its length.
 class WildcardPattern
 {
 public:
-    explicit WildcardPattern(QStringView pattern);
+    explicit WildcardPattern(QStringView pattern,
+                             Qt::CaseSensitivity sensitivity = Qt::CaseInsensitive);
 
     bool matches(QStringView name) const;
 
@@ -31,33 +38,8 @@ public:
     static QString unescaped(QStringView alternative);
 
 private:
-    enum class Kind : quint8 { Exactly, AnyRun, AnyOne, Digit, Letter, Other, OneOf, NoneOf };
-    struct Range
-    {
-        char32_t first;
-        char32_t last;
-    };
-    struct Token
-    {
-        Kind kind = Kind::Exactly;
-        char32_t character = 0;
-        std::vector<Range> ranges = {};
-
-        bool accepts(char32_t character) const;
-    };
-    struct Alternative
-    {
-        bool negated = false;
-        std::vector<Token> tokens = {};
-
-        bool matches(const char32_t* name, std::size_t length) const;
-    };
-
-    static Alternative compile(const std::vector<char32_t>& text);
-    static bool readSet(const std::vector<char32_t>& text, std::size_t& at, Token& token);
-    static std::vector<std::vector<char32_t>> split(QStringView pattern);
-
-    std::vector<Alternative> m_alternatives;
+    Qt::CaseSensitivity m_sensitivity;
+    std::vector<WildcardAlternative> m_alternatives;
 };
 
 /// Whether a name matches; see WildcardPattern. A pattern that is tried on many names is compiled

@@ -1,8 +1,10 @@
+#include "base/CharacterReader.h"
 #include "base/WildcardPattern.h"
+#include "support/ReferenceWildcard.h"
 
 #include <chrono>
-#include <cstring>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace {
 bool matches(const char* pattern, const char* name)
@@ -10,48 +12,163 @@ bool matches(const char* pattern, const char* name)
     return matchesWildcard(WildcardPattern(QString::fromUtf8(pattern)), QString::fromUtf8(name));
 }
 
-/// Matches one alternative without brackets and back-quotes, by trying everything.
-bool naive(QStringView pattern, QStringView name)
+bool matchesCase(const char* pattern, const char* name)
 {
-    if (pattern.isEmpty())
-        return name.isEmpty();
-    const QChar token = pattern[0];
-    if (token == QLatin1Char('*'))
-        return naive(pattern.mid(1), name) || (!name.isEmpty() && naive(pattern, name.mid(1)));
-    if (name.isEmpty())
-        return false;
-    const QChar c = name[0];
-    const bool fits = token == QLatin1Char('?') || token == c
-        || (token == QLatin1Char('#') && c.isDigit()) || (token == QLatin1Char('@') && c.isLetter())
-        || (token == QLatin1Char('.') && !c.isLetterOrNumber());
-    return fits && naive(pattern.mid(1), name.mid(1));
+    return WildcardPattern(QString::fromUtf8(pattern), Qt::CaseSensitive)
+        .matches(QString::fromUtf8(name));
 }
 
-/// The text of that number, digits of which are taken from the characters.
-QString spelled(quint32 number, const char* characters)
+/// Texts of random pieces from a list, of which repeated ones come more often.
+class RandomText
 {
-    const auto base = static_cast<quint32>(std::strlen(characters));
-    QString text;
-    for (; number > 0; number /= base)
-        text += QLatin1Char(characters[number % base]);
-    return text;
+public:
+    explicit RandomText(quint32 seed)
+        : m_random(seed)
+    { }
+
+    QString of(const QStringList& pieces, int least, int most)
+    {
+        QString text;
+        for (int left = least + below(most - least + 1); left > 0; --left)
+            text += pieces[below(static_cast<int>(pieces.size()))];
+        return text;
+    }
+    int below(int bound) { return static_cast<int>(m_random() % static_cast<quint32>(bound)); }
+
+private:
+    std::mt19937 m_random;
+};
+
+QStringList pieces(const char* separatedByBlanks)
+{
+    return QString::fromUtf8(separatedByBlanks).split(QLatin1Char(' '));
+}
+
+/// Half of a pair of surrogates alone, twice, and whole pairs.
+QStringList surrogates()
+{
+    return {QString(QChar(0xD801)), QString(QChar(0xDC01)), QString::fromUtf8("\U00010401"),
+            QString::fromUtf8("\U00010429"), QString::fromUtf8("\U0001D11E")};
+}
+
+struct Agreement
+{
+    int matched = 0;
+    int different = 0;
+};
+
+/// Compares with the reference, in both ways to treat case; gives the number of matches.
+Agreement compare(const QString& pattern, const QStringList& names)
+{
+    Agreement result;
+    for (const Qt::CaseSensitivity sensitivity : {Qt::CaseInsensitive, Qt::CaseSensitive}) {
+        const WildcardPattern compiled(pattern, sensitivity);
+        for (const QString& name : names) {
+            const bool expected = referenceWildcardMatch(name, pattern, sensitivity);
+            EXPECT_EQ(compiled.matches(name), expected)
+                << pattern.toStdString() << " and " << name.toStdString();
+            result.matched += expected ? 1 : 0;
+            result.different += compiled.matches(name) != expected ? 1 : 0;
+        }
+    }
+    return result;
+}
+
+/// Random patterns on random names, until one is different.
+void expectAgreement(quint32 seed, const QStringList& ofPattern, const QStringList& ofName,
+                     int longestName)
+{
+    constexpr int kPatterns = 1500;
+    constexpr int kNames = 12;
+    RandomText random(seed);
+    Agreement all;
+    for (int i = 0; i < kPatterns && all.different == 0; ++i) {
+        const QString pattern = random.of(ofPattern, 0, 9);
+        QStringList names;
+        for (int j = 0; j < kNames; ++j)
+            names << random.of(ofName, 0, longestName);
+        const Agreement one = compare(pattern, names);
+        all.matched += one.matched;
+        all.different += one.different;
+    }
+    EXPECT_EQ(all.different, 0);
+    // Else the alphabets are badly chosen: hardly anything fits, or everything.
+    EXPECT_GT(all.matched, kPatterns * kNames * 2 / 20);
+    EXPECT_LT(all.matched, kPatterns * kNames * 2 * 19 / 20);
+}
+
+/// Counts the characters that a match looks at.
+class CountingReader
+{
+public:
+    explicit CountingReader(QStringView text)
+        : m_reader(text, Qt::CaseInsensitive)
+    { }
+
+    qsizetype size() const { return m_reader.size(); }
+    char32_t next(qsizetype& at) const
+    {
+        ++m_reads;
+        return m_reader.next(at);
+    }
+    char32_t previous(qsizetype& at) const
+    {
+        ++m_reads;
+        return m_reader.previous(at);
+    }
+    qsizetype reads() const { return m_reads; }
+
+private:
+    CharacterReader m_reader;
+    mutable qsizetype m_reads = 0;
+};
+
+qsizetype readsOf(const QString& pattern, const QString& name)
+{
+    const CountingReader reader(name);
+    WildcardAlternative(pattern, Qt::CaseInsensitive).matches(reader);
+    return reader.reads();
 }
 } // namespace
 
-TEST(WildcardPattern, AgreesWithTryingEverything)
+TEST(WildcardPattern, AgreesWithTheReferenceOnPlainNames)
 {
+    expectAgreement(1, pieces("a A b B 1 - * * ? # @ ."), pieces("a b B 1 -"), 9);
+}
+
+TEST(WildcardPattern, AgreesWithTheReferenceOnEveryMark)
+{
+    expectAgreement(2, pieces("a b B 1 * * ? # @ . [ [ ] ] ~ - ` , [a-b] [~1] [] [~]"),
+                    pieces("a b B 1 - [ ] ~ ` ,"), 7);
+}
+
+TEST(WildcardPattern, AgreesWithTheReferenceOnLongNames)
+{
+    // Places around every border of words and blocks, and on both sides of the longest flat name.
+    expectAgreement(3, pieces("WALL wall EX?T - - * * * 2ND @@@@ A-B-C-D-E [A-Z]"),
+                    pieces("wall Wall EXIT EXST - - 2nd A-B-C-D-E xyz"), 12);
+    RandomText random(4);
     int matched = 0;
-    for (quint32 i = 0; i < 8000; ++i) {
-        const QString pattern = spelled(i * 2654435761U >> 12, "a*b?1#.@*-");
-        const WildcardPattern compiled(pattern);
-        for (quint32 j = 0; j < 40; ++j) {
-            const QString name = spelled((i + 77) * 40503U * (j + 1) >> 8, "ab1-a");
-            ASSERT_EQ(naive(pattern, name), compiled.matches(name))
-                << pattern.toStdString() << " and " << name.toStdString();
-            matched += compiled.matches(name) ? 1 : 0;
-        }
+    for (int length = 200; length < 300; ++length) {
+        QString name = random.of(pieces("a b ab ba"), length, length);
+        name.truncate(length);
+        const QString pattern =
+            QLatin1Char('*') + name.mid(random.below(length), 5) + QStringLiteral("*b*a?a*");
+        const Agreement one = compare(pattern, {name, name.mid(1), name + name});
+        matched += one.matched;
     }
-    EXPECT_GT(matched, 1000);
+    EXPECT_GT(matched, 300);
+}
+
+TEST(WildcardPattern, AgreesWithTheReferenceBeyondAscii)
+{
+    expectAgreement(5, pieces("a k ä Ä σ ς ſ s K * * * * * ? ? # @ @ . . ٣ [ä-ö] [~ä] ß ½"),
+                    pieces("a k Ä ä Σ s S ſ K ٣ 3 ß - ½ ö ͅ ι"), 6);
+}
+
+TEST(WildcardPattern, AgreesWithTheReferenceOnSurrogatesWholeAndBroken)
+{
+    expectAgreement(6, pieces("a * * ? @ . [~a]") + surrogates(), pieces("a A") + surrogates(), 6);
 }
 
 TEST(WildcardPattern, ANameMatchesItselfWhateverItsCase)
@@ -62,6 +179,27 @@ TEST(WildcardPattern, ANameMatchesItselfWhateverItsCase)
     EXPECT_FALSE(matches("Walls", "Wall"));
     EXPECT_TRUE(matches("", ""));
     EXPECT_FALSE(matches("", "A"));
+}
+
+TEST(WildcardPattern, CaseMattersWhereThatIsAskedFor)
+{
+    EXPECT_TRUE(matchesCase("Wall*", "Walls"));
+    EXPECT_FALSE(matchesCase("Wall*", "WALLS"));
+    EXPECT_FALSE(matchesCase("*ALL*", "Walls"));
+    EXPECT_TRUE(matchesCase("[A-C]", "B"));
+    EXPECT_FALSE(matchesCase("[A-C]", "b"));
+    EXPECT_TRUE(matchesCase("[~A-C]", "b"));
+    EXPECT_FALSE(matchesCase("Ä", "ä"));
+    EXPECT_FALSE(matchesCase("\U00010401", "\U00010429"));
+    EXPECT_TRUE(matches("\U00010401", "\U00010429"));
+}
+
+TEST(WildcardPattern, ACharacterFoldsToOneCharacter)
+{
+    EXPECT_TRUE(matches("STRASSE", "strasse"));
+    EXPECT_FALSE(matches("STRASSE", "straße"));
+    EXPECT_TRUE(matches("stra?e", "STRAßE"));
+    EXPECT_TRUE(matches("ΣΑΣ", "σας"));
 }
 
 TEST(WildcardPattern, AStarStandsForAnyRun)
@@ -108,6 +246,15 @@ TEST(WildcardPattern, SetsTakeMembersAndRanges)
     EXPECT_TRUE(matches("[`]]", "]"));
     EXPECT_TRUE(matches("[*?]", "?"));
     EXPECT_FALSE(matches("[*?]", "a"));
+    EXPECT_TRUE(matches("[!-`]]", "5")); // from "!" to "]"
+    EXPECT_FALSE(matches("[!-`]]", "!]"));
+    EXPECT_TRUE(matches("[a`-c]", "-"));
+    EXPECT_FALSE(matches("[a`-c]", "b"));
+    EXPECT_TRUE(matches("[~~]", "a"));
+    EXPECT_FALSE(matches("[~~]", "~"));
+    EXPECT_TRUE(matches("[`~a]", "~"));
+    EXPECT_FALSE(matches("[a]", "ab"));
+    EXPECT_FALSE(matches("[a]", ""));
 }
 
 TEST(WildcardPattern, ABracketThatIsNotClosedIsACharacter)
@@ -117,6 +264,13 @@ TEST(WildcardPattern, ABracketThatIsNotClosedIsACharacter)
     EXPECT_TRUE(matches("[]", "[]"));
     EXPECT_TRUE(matches("[~", "[~"));
     EXPECT_FALSE(matches("A[1", "A1"));
+    EXPECT_TRUE(matches("[`", "[`"));
+    EXPECT_TRUE(matches("[a`]", "[a]"));
+    EXPECT_TRUE(matches("[#", "[7"));
+    EXPECT_TRUE(matches("[a,b]", "[a")); // a bracket does not keep a comma from separating
+    EXPECT_TRUE(matches("[a,b]", "b]"));
+    EXPECT_FALSE(matches("[a,b]", "a"));
+    EXPECT_TRUE(matches("[a`,b]", ","));
 }
 
 TEST(WildcardPattern, ABackQuoteTakesTheNextCharacterAsItIs)
@@ -144,6 +298,67 @@ TEST(WildcardPattern, CommasSeparateAndATildeTurnsAround)
     EXPECT_FALSE(matches("~", ""));
     EXPECT_TRUE(matches("A,", ""));
     EXPECT_TRUE(matches("A~B", "a~b"));
+    EXPECT_TRUE(matches("~~A", "A"));
+    EXPECT_FALSE(matches("~~A", "~A"));
+    EXPECT_TRUE(matches("B,~A*,C", "Dx"));
+    EXPECT_TRUE(matches(",", ""));
+    EXPECT_FALSE(matches(",", "A"));
+}
+
+TEST(WildcardPattern, AStarAloneMatchesWhateverStandsThere)
+{
+    for (const char* name : {"", "a", "a,b", "~", "äöü", "\U0001D11E"})
+        EXPECT_TRUE(matches("*", name)) << name;
+    EXPECT_TRUE(WildcardPattern(u"*").matches(QString(1, QChar(0xD800))));
+    EXPECT_TRUE(WildcardPattern(u"*").matches(QString(1000, QLatin1Char('x'))));
+}
+
+TEST(WildcardPattern, CharactersThatAreNeitherLetterNorDigitMatchAFullStop)
+{
+    for (const char* name : {"-", " ", "_", ".", "|", "½", "\U0001D11E", "Ⅳ"}) {
+        EXPECT_TRUE(matches(".", name)) << name;
+        EXPECT_FALSE(matches("@", name)) << name;
+        EXPECT_FALSE(matches("#", name)) << name;
+    }
+    EXPECT_TRUE(matches("#", "٣"));
+    EXPECT_TRUE(matches("@", "Σ"));
+    EXPECT_TRUE(matches("@", "\U00010401"));
+    EXPECT_FALSE(matches(".", ""));
+}
+
+TEST(WildcardPattern, ABackQuoteAtTheEndStaysWhenOthersAreTakenOff)
+{
+    EXPECT_EQ(WildcardPattern::unescaped(u"a`*b``"), QStringLiteral("a*b`"));
+    EXPECT_EQ(WildcardPattern::unescaped(u"A`"), QStringLiteral("A`"));
+    EXPECT_EQ(WildcardPattern::unescaped(u"A```"), QStringLiteral("A``"));
+    EXPECT_TRUE(WildcardPattern::isLiteral(u"a`*`["));
+    EXPECT_FALSE(WildcardPattern::isLiteral(u"a``*"));
+    EXPECT_FALSE(WildcardPattern::isLiteral(u"~a"));
+}
+
+TEST(WildcardPattern, NoPatternLooksAtACharacterMoreThanOnceForEachOfItsOwn)
+{
+    const QString run(3000, QLatin1Char('a'));
+    for (const char* text : {"*a*a*a*a*b", "*aaaaaaaaab", "*aaaaab*", "*a*a*a*a*b*", "a*a*a*ab*a",
+                             "*ab*aab*aaab*", "*[a-z]?@a*.*", "aaaa", "*a"})
+    {
+        const QString pattern = QString::fromUtf8(text);
+        EXPECT_LE(readsOf(pattern, run), (pattern.size() + 1) * (run.size() + 1)) << text;
+    }
+    // Of segments that are found early only those behind the last one search on.
+    EXPECT_LE(readsOf(QStringLiteral("*a").repeated(1000), run), 2 * run.size());
+    EXPECT_EQ(readsOf(QStringLiteral("*"), run), 0);
+    EXPECT_EQ(readsOf(QStringLiteral("b*"), run), 1);
+    EXPECT_EQ(readsOf(QStringLiteral("*b"), run), 1);
+}
+
+TEST(WildcardPattern, TheWorkGrowsWithTheNameNotWithItsSquare)
+{
+    const QString pattern = QStringLiteral("*a*a*a*a*a*a*ab*");
+    const qsizetype few = readsOf(pattern, QString(1000, QLatin1Char('a')));
+    const qsizetype many = readsOf(pattern, QString(100'000, QLatin1Char('a')));
+    EXPECT_LE(many, 101 * few);
+    EXPECT_FALSE(WildcardPattern(pattern).matches(QString(100'000, QLatin1Char('a'))));
 }
 
 TEST(WildcardPattern, HostilePatternsTakeNoTime)
