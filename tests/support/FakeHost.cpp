@@ -1,5 +1,6 @@
 #include "support/FakeHost.h"
 
+#include "host/text/LineweightText.h"
 #include "sdk/CKsUndoRedoCommandHistory.h"
 #include "sdk/IKestSysvarManager.h"
 #include "sdk/KsApDocManager.h"
@@ -175,11 +176,7 @@ public:
     { }
     QString lineWeightText(int weight) const override
     {
-        if (weight < 0)
-            return QStringLiteral("Default");
-        return m_host.ints.value(QStringLiteral("LWUNITS")) == 0
-            ? QStringLiteral("%1\"").arg(weight / 2540.0, 0, 'f', 3)
-            : QStringLiteral("%1 mm").arg(weight / 100.0, 0, 'f', 2);
+        return lineweightText(weight, m_host.ints.value(QStringLiteral("LWUNITS")) != 0);
     }
     QByteArray userState(const QString& key) const override { return m_host.userStates.value(key); }
     void setUserState(const QString& key, const QByteArray& state) override

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/WildcardPattern.h"
+#include "database/OdDbEntity.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "layermanager/filters/LayerFilterRow.h"
 
@@ -9,7 +10,8 @@
 class OdDbDatabase;
 
 /// A row made ready for many layers: its pattern compiled, the current viewport looked up once. It
-/// holds for as long as the drawing's current viewport and what is frozen there stay.
+/// holds for as long as the drawing's current viewport stays, and keeps that viewport open where
+/// the row asks what is frozen there: not to be kept beyond one walk over the layers.
 class LayerRowMatcher
 {
 public:
@@ -19,9 +21,14 @@ public:
     bool matches(const OdDbLayerTableRecord& layer) const;
 
 private:
+    bool usageMatches(const OdDbLayerTableRecord& layer) const;
+    bool flagsMatch(const OdDbLayerTableRecord& layer) const;
+    bool looksMatch(const OdDbLayerTableRecord& layer) const;
+
     LayerFilterRow m_row;
     std::optional<WildcardPattern> m_name;
     OdDbObjectId m_viewport; ///< null in model space
+    OdDbViewportPtr m_freezing; ///< open where the row asks what is frozen there
 };
 
 /// Whether one layer meets every criterion that a row sets. Takes the open record and closes it on
