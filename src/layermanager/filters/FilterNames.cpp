@@ -1,0 +1,101 @@
+#include "layermanager/filters/FilterNames.h"
+
+#include "sdk/KsResString.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+namespace {
+/// In the order that the message quotes them. The backslash is one of them, the apostrophe is not:
+/// deliberately unlike the name field of the filter editor.
+constexpr QLatin1String kForbidden("<>/\\\":;?*|,=`");
+
+bool isSameName(const QString& a, const QString& b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+QString defaultName(FilterKind kind, qsizetype number)
+{
+    const QString pattern = kind == FilterKind::Group ? QStringLiteral("Group Filter%1")
+                                                      : QStringLiteral("Properties Filter%1");
+    return pattern.arg(number);
+}
+} // namespace
+
+std::vector<OdLyLayerFilterPtr> filtersOfTree(const OdLyLayerFilterPtr& root)
+{
+    std::vector<OdLyLayerFilterPtr> found;
+    std::vector<OdLyLayerFilterPtr> waiting;
+    if (root)
+        waiting.push_back(root);
+    while (!waiting.empty()) {
+        const OdLyLayerFilterPtr filter = waiting.back();
+        waiting.pop_back();
+        const auto& nested = filter->getNestedFilters();
+        waiting.insert(waiting.end(), nested.rbegin(), nested.rend());
+        found.push_back(filter);
+    }
+    return found;
+}
+
+OdLyLayerFilterPtr findFilter(const OdLyLayerFilterPtr& root, const QString& name)
+{
+    const std::vector<OdLyLayerFilterPtr> filters = filtersOfTree(root);
+    const auto found =
+        std::find_if(filters.begin(), filters.end(), [&](const OdLyLayerFilterPtr& filter) {
+            return isSameName(filter->name(), name);
+        });
+    return found != filters.end() ? *found : OdLyLayerFilterPtr();
+}
+
+QString MakeDefaultFilterName(const OdLyLayerFilterPtr& root, FilterKind kind)
+{
+    QSet<QString> names;
+    for (const OdLyLayerFilterPtr& filter : filtersOfTree(root))
+        names.insert(filter->name());
+    qsizetype number = 1;
+    while (names.contains(defaultName(kind, number)))
+        ++number;
+    return defaultName(kind, number);
+}
+
+QString typedFilterName(const QString& text)
+{
+    return text.trimmed();
+}
+
+FilterNameVerdict checkFilterRename(const OdLyLayerFilterPtr& root, const QString& oldName,
+                                    const QString& newText)
+{
+    const QString name = typedFilterName(newText);
+    if (isSameName(name, oldName))
+        return FilterNameVerdict::Unchanged;
+    if (std::any_of(name.begin(), name.end(), [](QChar c) { return kForbidden.contains(c); }))
+        return FilterNameVerdict::InvalidCharacters;
+    if (findFilter(root, name))
+        return FilterNameVerdict::NotUnique;
+    return FilterNameVerdict::Accepted;
+}
+
+QString filterNameRefusal(FilterNameVerdict verdict)
+{
+    switch (verdict) {
+    case FilterNameVerdict::InvalidCharacters:
+        // "Followinf" is deliberate: the text is known by that spelling.
+        return KsResString(84539,
+                           QStringLiteral("Invalid Characters in filter name.\n\n"
+                                          "Followinf characters are not valid in Filter names:\n"
+                                          "    %1")
+                               .arg(kForbidden));
+    case FilterNameVerdict::NotUnique:
+        // The blank in front of the last line is deliberate.
+        return KsResString(84540,
+                           QStringLiteral("Invalid Filter name.\n\n Filter name must be unique."));
+    case FilterNameVerdict::Accepted:
+    case FilterNameVerdict::Unchanged:
+        break;
+    }
+    return {};
+}
