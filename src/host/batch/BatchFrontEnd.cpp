@@ -1,6 +1,6 @@
 #include "host/batch/BatchFrontEnd.h"
 
-#include "host/batch/StopSignal.h"
+#include "base/StopSignal.h"
 #include "io/DrawingFile.h"
 
 namespace {

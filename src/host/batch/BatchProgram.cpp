@@ -1,11 +1,11 @@
 #include "host/batch/BatchProgram.h"
 
+#include "base/StopSignal.h"
 #include "database/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/application/HostOptions.h"
 #include "host/batch/BatchFrontEnd.h"
 #include "host/batch/BatchSession.h"
-#include "host/batch/StopSignal.h"
 
 int runBatchProgram(const HostOptions& options)
 {

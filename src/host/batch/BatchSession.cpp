@@ -1,11 +1,11 @@
 #include "host/batch/BatchSession.h"
 
+#include "base/StandardInput.h"
+#include "base/StopSignal.h"
 #include "database/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/batch/BatchFrontEnd.h"
 #include "host/batch/ScriptReader.h"
-#include "host/batch/StandardInput.h"
-#include "host/batch/StopSignal.h"
 #include "host/text/HostText.h"
 #include "io/DrawingFile.h"
 

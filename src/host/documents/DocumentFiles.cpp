@@ -27,13 +27,6 @@ QString absolutePath(const QString& path)
 {
     throw OdError_FileAccess(OdResult::CantWriteFile, sentence);
 }
-
-QString editedElsewhere(const QString& path, const QString& holder)
-{
-    return holder.isEmpty()
-        ? HostText::tr("%1 is being edited in another program; it is not overwritten.").arg(path)
-        : HostText::tr("%1 is being edited by %2; it is not overwritten.").arg(path, holder);
-}
 } // namespace
 
 bool DocumentFiles::isPristine(const HostDocument& document)
@@ -213,7 +206,7 @@ std::unique_ptr<DrawingLock> DocumentFiles::lockForSaving(HostDocument& document
         return nullptr;
     auto lock = std::make_unique<DrawingLock>(path);
     if (lock->state() == DrawingLock::State::Elsewhere && !(isOwn && state.ignoresLock))
-        refuseToWrite(editedElsewhere(path, lock->holder()));
+        refuseToWrite(lock->refusal(path));
     return lock;
 }
 

@@ -49,3 +49,10 @@ std::optional<OdCmColor> colorFromText(const QString& typed)
         return std::nullopt;
     return OdCmColor::fromRgb(*red, *green, *blue);
 }
+
+QString colorRefusal(const QString& text)
+{
+    return HostText::tr("A color is an index from 1 to 255, a name from red to white, or "
+                        "\"r,g,b\"; \"%1\" is none.")
+        .arg(text);
+}

@@ -1,5 +1,7 @@
 #include "host/text/LineweightText.h"
 
+#include "host/text/HostText.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -78,4 +80,10 @@ QString lineweightText(int weight, bool millimetres)
     const int valid = nearestValid(weight);
     return millimetres ? QStringLiteral("%1 mm").arg(valid / 100.0, 0, 'f', 2)
                        : inchText(valid) + QLatin1Char('"');
+}
+
+QString lineweightRefusal(const QString& text, bool millimetres)
+{
+    return HostText::tr("A lineweight is Default or a width from %1 to %2; \"%3\" is none.")
+        .arg(lineweightText(0, millimetres), lineweightText(kWeights.back(), millimetres), text);
 }

@@ -20,3 +20,5 @@ QString lineweightText(int weight, bool millimetres);
 /// "Default". A width between two valid ones is the nearest, the thinner of two that are as near.
 /// Nothing for other texts, and for widths below zero or above the widest one.
 std::optional<int> lineweightFromText(const QString& text, bool millimetres);
+/// What is said of a text that is no lineweight.
+QString lineweightRefusal(const QString& text, bool millimetres);

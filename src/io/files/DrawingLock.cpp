@@ -43,3 +43,15 @@ QString DrawingLock::holder() const
         return {};
     return QCoreApplication::translate("DrawingLock", "process %1 on %2").arg(process).arg(host);
 }
+
+QString DrawingLock::refusal(const QString& drawing) const
+{
+    const QString who = holder();
+    return who.isEmpty()
+        ? QCoreApplication::translate(
+              "DrawingLock", "%1 is being edited in another program; it is not overwritten.")
+              .arg(drawing)
+        : QCoreApplication::translate("DrawingLock",
+                                      "%1 is being edited by %2; it is not overwritten.")
+              .arg(drawing, who);
+}

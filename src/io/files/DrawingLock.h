@@ -28,6 +28,8 @@ public:
     State retry();
     /// Who has it, while it is Elsewhere: "process 17 on workshop", or empty when not known.
     QString holder() const;
+    /// What is said to somebody who wants to write the drawing while it is Elsewhere.
+    QString refusal(const QString& drawing) const;
 
     static QString lockPath(const QString& drawing);
 

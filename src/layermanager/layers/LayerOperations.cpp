@@ -3,6 +3,7 @@
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "layermanager/layers/LayerUndoRecord.h"
+#include "sdk/KsResString.h"
 
 #include <algorithm>
 
@@ -24,6 +25,27 @@ void writeFlag(Record& layer, OdDbObjectId, const LayerValue& value)
     (layer.*set)(std::get<bool>(value));
 }
 
+template <auto get>
+LayerValue readValue(const Record& layer, OdDbObjectId viewport)
+{
+    return (layer.*get)(viewport);
+}
+
+template <auto set, class Value>
+void writeValue(Record& layer, OdDbObjectId viewport, const LayerValue& value)
+{
+    (layer.*set)(std::get<Value>(value), viewport);
+}
+
+constexpr auto readColor = readValue<&Record::color>;
+constexpr auto writeColor = writeValue<&Record::setColor, OdCmColor>;
+constexpr auto readLinetype = readValue<&Record::linetypeObjectId>;
+constexpr auto writeLinetype = writeValue<&Record::setLinetypeObjectId, OdDbObjectId>;
+constexpr auto readLineweight = readValue<&Record::lineWeight>;
+constexpr auto writeLineweight = writeValue<&Record::setLineWeight, qint16>;
+constexpr auto readPlotStyle = readValue<&Record::plotStyleName>;
+constexpr auto writePlotStyle = writeValue<&Record::setPlotStyleName, QString>;
+
 constexpr LayerProperty kProperties[] = {
     {On, LayerSpread::Differing, readFlag<&Record::isOff>, writeFlag<&Record::setIsOff>},
     {Freeze, LayerSpread::Differing, readFlag<&Record::isFrozen>, writeFlag<&Record::setIsFrozen>},
@@ -31,6 +53,14 @@ constexpr LayerProperty kProperties[] = {
     {Plot, LayerSpread::OwnValue, readFlag<&Record::isPlottable>,
      writeFlag<&Record::setIsPlottable>},
     {NewVpFreeze, LayerSpread::Differing, readFlag<&Record::VPDFLT>, writeFlag<&Record::setVPDFLT>},
+    {Color, LayerSpread::Differing, readColor, writeColor},
+    {Linetype, LayerSpread::Differing, readLinetype, writeLinetype},
+    {Lineweight, LayerSpread::Differing, readLineweight, writeLineweight},
+    {PlotStyle, LayerSpread::ClickedOnly, readPlotStyle, writePlotStyle},
+    {VpColor, LayerSpread::Differing, readColor, writeColor},
+    {VpLinetype, LayerSpread::Differing, readLinetype, writeLinetype},
+    {VpLineweight, LayerSpread::Differing, readLineweight, writeLineweight},
+    {VpPlotStyle, LayerSpread::ClickedOnly, readPlotStyle, writePlotStyle},
 };
 
 bool isRenamable(const Record& layer)
@@ -61,6 +91,22 @@ const LayerProperty* layerProperty(LayerColumn column)
     return found == std::end(kProperties) ? nullptr : found;
 }
 
+QString layerVerdictText(LayerVerdict verdict)
+{
+    switch (verdict) {
+    case LayerVerdict::CannotFreezeCurrent:
+        return KsResString(
+            84782, QStringLiteral("Cannot freeze current layer. Specify a different layer"));
+    case LayerVerdict::CannotRename:
+        return KsResString(
+            85989,
+            QStringLiteral("The selected layer cannot be renamed.\n\n The following layers cannot "
+                           "be renamed: \n 1. Layer 0 \n 2. Xref-dependent Layers"));
+    default:
+        return {};
+    }
+}
+
 LayerVerdict mayEditLayerCell(const OdDbLayerTableRecord& layer, LayerColumn column,
                               std::optional<OdDbObjectId> currentLayer)
 {
@@ -89,7 +135,7 @@ int changeLayers(OdDbDatabase& database, const LayerChange& change)
         return 0;
     beginLayerUndoRecord(database);
     int changed = writeProperty(*property, change.clicked, change) ? 1 : 0;
-    if (property->spread == LayerSpread::OwnValue)
+    if (property->spread != LayerSpread::Differing)
         return changed;
     const bool freezes = change.column == Freeze && std::get<bool>(change.value);
     const OdDbObjectId currentLayer = database.getCLAYER();

@@ -18,6 +18,7 @@ using LayerValue = std::variant<bool, OdCmColor, OdDbObjectId, qint16, QString>;
 enum class LayerSpread {
     Differing, ///< all whose value differs
     OwnValue, ///< all get their own value back and so stay as they are; deliberate
+    ClickedOnly, ///< none
 };
 
 /// A property that a cell changes. `viewport` is null for the layer's own properties.
@@ -29,7 +30,8 @@ struct LayerProperty
     void (*write)(OdDbLayerTableRecord& layer, OdDbObjectId viewport, const LayerValue& value);
 };
 
-/// The property of a column, or null where a click changes none.
+/// The property of a column; null for those that are not given a value layer by layer: status,
+/// name, description, and what is frozen in a viewport.
 const LayerProperty* layerProperty(LayerColumn column);
 
 /// What the rules say to a change of a cell.
@@ -40,6 +42,9 @@ enum class LayerVerdict {
     CannotFreezeCurrent,
     AskTurnOffCurrent, ///< allowed unless the user keeps the current layer on
 };
+
+/// The message that tells a refusal; empty for the other verdicts.
+QString layerVerdictText(LayerVerdict verdict);
 
 /// The rules. `currentLayer` is nothing where it could not be read, which allows the change.
 LayerVerdict mayEditLayerCell(const OdDbLayerTableRecord& layer, LayerColumn column,

@@ -30,9 +30,7 @@ void color(LayerEdit& edit)
     const auto read = [](const QString& text) {
         const auto color = colorFromText(text);
         if (!color)
-            refuseValue(HostText::tr("A color is an index from 1 to 255, a name from red to white, "
-                                     "or \"r,g,b\"; \"%1\" is none.")
-                            .arg(text));
+            refuseValue(colorRefusal(text));
         return *color;
     };
     setValue(edit, HostText::tr("Color, as an index, a name or r,g,b"), read,
@@ -60,11 +58,7 @@ void lineweight(LayerEdit& edit)
     const auto read = [millimetres](const QString& text) {
         const auto weight = lineweightFromText(text, millimetres != 0);
         if (!weight)
-            refuseValue(HostText::tr("A lineweight is Default or a width from %1 to %2; \"%3\" is "
-                                     "none.")
-                            .arg(lineweightText(0, millimetres != 0),
-                                 lineweightText(validLineweights().back(), millimetres != 0),
-                                 text));
+            refuseValue(lineweightRefusal(text, millimetres != 0));
         return static_cast<qint16>(*weight);
     };
     setValue(edit, HostText::tr("Lineweight, or Default"), read,

@@ -61,7 +61,8 @@ bool CLayerListCtrl::cellAction(int row, int column)
         return true; // its text is refused and wants correcting first
     setFocus(Qt::MouseFocusReason);
     const auto clicked = static_cast<LayerColumn>(columnData(column).subItem);
-    if (clickModifiers() || !layerProperty(clicked))
+    const LayerColumnInfo& info = layerColumnInfo(clicked);
+    if (clickModifiers() || info.kind != LayerCellKind::Flag || info.layoutsOnly)
         return false;
     toggleFlag(row, clicked);
     return true;
@@ -101,19 +102,8 @@ bool CLayerListCtrl::isAllowed(LayerVerdict verdict)
         // Only this one answer keeps the layer on; closing the question turns it off. Deliberate.
         return prompts.ask(this, turnOffQuestion()) != kKeepCurrentOn;
     case LayerVerdict::CannotFreezeCurrent:
-        prompts.message(
-            this,
-            KsResString(84782,
-                        QStringLiteral("Cannot freeze current layer. Specify a different layer")));
-        return false;
     case LayerVerdict::CannotRename:
-        prompts.message(
-            this,
-            KsResString(
-                85989,
-                QStringLiteral("The selected layer cannot be renamed.\n\n The following "
-                               "layers cannot be renamed: \n 1. Layer 0 \n 2. Xref-dependent "
-                               "Layers")));
+        prompts.message(this, layerVerdictText(verdict));
         return false;
     case LayerVerdict::NotByClick:
         break;

@@ -1,6 +1,6 @@
-#include "host/batch/StandardInput.h"
+#include "base/StandardInput.h"
 
-#include "host/batch/StopSignal.h"
+#include "base/StopSignal.h"
 
 #include <QtGlobal>
 

@@ -1,4 +1,4 @@
-#include "host/batch/StopSignal.h"
+#include "base/StopSignal.h"
 
 #include <csignal>
 

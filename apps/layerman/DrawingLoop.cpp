@@ -1,0 +1,29 @@
+#include "layerman/DrawingLoop.h"
+
+#include "base/StopSignal.h"
+#include "io/DrawingFile.h"
+#include "layerman/Output.h"
+
+std::unique_ptr<OdDbDatabase> DrawingLoop::read(const QString& file)
+{
+    return readDrawing(file, [](quint64, quint64) { return StopSignal::number() == 0; });
+}
+
+void DrawingLoop::run(const QStringList& files, const Work& work, const Failure& failed)
+{
+    for (const QString& file : files) {
+        if (StopSignal::number() != 0)
+            return;
+        try {
+            work(file);
+            m_report.drawingDone();
+        } catch (const OdError& error) {
+            const QString why = error.description();
+            if (failed)
+                failed(file, why);
+            m_output.complain(QStringLiteral("layerman"), why);
+            m_report.drawingFailed(error.code() == OdResult::CantWriteFile ? ExitStatus::CannotWrite
+                                                                           : ExitStatus::BadInput);
+        }
+    }
+}

@@ -1,0 +1,91 @@
+#include "layerman/choice/ExpressionChoice.h"
+
+#include "database/OdDbDatabase.h"
+#include "database/filters/FilterCriteria.h"
+#include "database/filters/FilterExpressionText.h"
+#include "layerman/CompanionText.h"
+#include "layerman/arguments/NearestName.h"
+#include "layerman/arguments/UsageError.h"
+#include "layermanager/filters/FilterExpression.h"
+
+#include <QStringList>
+
+namespace {
+constexpr const char* kKeys[] = {"USED",       "VPOVERRIDES", "NAME",         "OFF",
+                                 "FROZEN",     "LOCKED",      "COLOR",        "LINETYPE",
+                                 "LINEWEIGHT", "PLOTTABLE",   "NEWVPFROZEN",  "VPFROZEN",
+                                 "VPCOLOR",    "VPLINETYPE",  "VPLINEWEIGHT", "DESC"};
+
+[[noreturn]] void refuse(const QString& sentence)
+{
+    throw UsageError(sentence);
+}
+
+bool namesLinetype(const FilterCriterion& criterion)
+{
+    const FilterCriteria::Criterion* known = FilterCriteria::find(criterion.key);
+    return known && known->kind == FilterCriteria::Kind::Linetype;
+}
+
+FilterRows parsed(const QString& text)
+{
+    const auto rows = FilterExpressionParser(text).rows();
+    if (!rows) {
+        refuse(CompanionText::tr("--expr \"%1\" is no filter expression; expected criteria such "
+                                 "as NAME==\"A*\" or LOCKED==\"True\", joined with AND, OR and "
+                                 "parentheses.")
+                   .arg(text));
+    }
+    return *rows;
+}
+
+void requireKnownKeys(const FilterRows& rows)
+{
+    for (const FilterRow& row : rows) {
+        for (const FilterCriterion& criterion : row) {
+            if (FilterCriteria::find(criterion.key))
+                continue;
+            QStringList keys;
+            for (const char* key : kKeys)
+                keys << QLatin1String(key);
+            refuse(CompanionText::tr("--expr knows no criterion %1; the nearest is %2.")
+                       .arg(criterion.key, nearest_name::of(criterion.key, keys).value(0)));
+        }
+    }
+}
+} // namespace
+
+ExpressionChoice::ExpressionChoice(const QString& text)
+    : m_text(text)
+{
+    FilterRows rows = parsed(text);
+    requireKnownKeys(rows);
+    for (FilterRow& row : rows)
+        std::erase_if(row, namesLinetype);
+    // No criterion that is left asks for anything of a drawing.
+    const OdDbDatabase none;
+    if (!FilterCriteria::spelled(none, rows)) {
+        refuse(CompanionText::tr("--expr \"%1\" cannot be said in rows of criteria; expected True "
+                                 "or False, a color from 1 to 255, a valid lineweight or Default "
+                                 "as values, one value for each key of a row, and not NEWVPFROZEN "
+                                 "beside VPFROZEN.")
+                   .arg(text));
+    }
+}
+
+LayerFilterRows ExpressionChoice::rows(const OdDbDatabase& drawing, const QString& file) const
+{
+    for (const FilterRow& row : parsed(m_text)) {
+        for (const FilterCriterion& criterion : row) {
+            if (namesLinetype(criterion)
+                && !drawing.table(OdDbTableKind::Linetype).has(criterion.value)) {
+                throw OdError(OdResult::KeyNotFound,
+                              CompanionText::tr("%1 has no linetype \"%2\", which --expr asks for.")
+                                  .arg(file, criterion.value));
+            }
+        }
+    }
+    LayerFilterRows rows;
+    ParseFilterExpression(drawing, FilterExpressionText::spelled(drawing, m_text).text, rows);
+    return rows;
+}

@@ -1,0 +1,173 @@
+#include "layermanager/layers/LayerEdits.h"
+
+#include "database/OdDbDatabase.h"
+#include "database/OdDbEntity.h"
+#include "database/OdDbLayerTable.h"
+#include "database/OdDbLayerTableRecord.h"
+#include "sdk/KsResString.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+using Record = OdDbLayerTableRecord;
+
+/// In the order in which the message lists them.
+constexpr QLatin1String kForbidden("<>/\":;?*|,=`\\");
+constexpr qsizetype kTooLong = 255;
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("LayerEdits", text);
+}
+
+LayerEditOutcome refused(const QString& why)
+{
+    return {false, why};
+}
+
+/// Runs an edit; what the drawing refuses is a refusal like any other.
+template <class Edit>
+LayerEditOutcome attempt(const Edit& edit)
+{
+    try {
+        return edit();
+    } catch (const OdError& error) {
+        return refused(error.description());
+    }
+}
+
+} // namespace
+
+LayerEditOutcome giveLayerValue(OdDbObjectId id, LayerColumn column, const LayerValue& value,
+                                const LayerCellContext& context)
+{
+    const LayerProperty* property = layerProperty(column);
+    const bool needsViewport = layerColumnInfo(column).layoutsOnly;
+    if (!property || (needsViewport && !context.viewportReadable()))
+        return {};
+    return attempt([&]() -> LayerEditOutcome {
+        const OdDbObjectId viewport = needsViewport ? context.viewport : OdDbObjectId();
+        {
+            const auto layer = id.safeOpenObject<Record>();
+            if (property->read(*layer, viewport) == value)
+                return {};
+            const LayerVerdict verdict = mayEditLayerCell(*layer, column, context.currentLayer);
+            if (const QString why = layerVerdictText(verdict); !why.isEmpty())
+                return refused(why);
+        }
+        property->write(*id.safeOpenObject<Record>(OdDb::kForWrite), viewport, value);
+        return {true, {}};
+    });
+}
+
+QString layerNameRefusal(const QString& name)
+{
+    if (name.isEmpty())
+        return tr("A name is needed.");
+    const auto isForbidden = [](QChar character) { return kForbidden.contains(character); };
+    if (std::any_of(name.begin(), name.end(), isForbidden)) {
+        return KsResString(
+                   84506,
+                   QStringLiteral("The following characters are not valid in Layer Names:\n"))
+            + kForbidden;
+    }
+    // 255 characters are refused already; deliberate.
+    if (name.size() >= kTooLong)
+        return KsResString(84919, QStringLiteral("The name cannot be longer than 255 characters"));
+    const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
+    if (std::any_of(name.begin(), name.end(), isControl))
+        return tr("A layer's name holds no control characters.");
+    return {};
+}
+
+LayerEditOutcome renameLayer(OdDbObjectId id, const QString& name)
+{
+    return attempt([&]() -> LayerEditOutcome {
+        {
+            const auto layer = id.safeOpenObject<Record>();
+            if (layer->getName() == name)
+                return {};
+            const LayerVerdict verdict = mayEditLayerCell(*layer, LayerColumn::Name, {});
+            if (const QString why = layerVerdictText(verdict); !why.isEmpty())
+                return refused(why);
+        }
+        if (const QString why = layerNameRefusal(name); !why.isEmpty())
+            return refused(why);
+        id.safeOpenObject<Record>(OdDb::kForWrite)->setName(name);
+        return {true, {}};
+    });
+}
+
+LayerEditOutcome describeLayer(OdDbObjectId id, const QString& text)
+{
+    return attempt([&]() -> LayerEditOutcome {
+        if (id.safeOpenObject<Record>()->description() == text)
+            return {};
+        id.safeOpenObject<Record>(OdDb::kForWrite)->setDescription(text);
+        return {true, {}};
+    });
+}
+
+QString severalCurrentLayersText()
+{
+    // The small "please" is deliberate.
+    return KsResString(40433,
+                       QStringLiteral("Multiple layers cannot be made current. please select a "
+                                      "single layer."));
+}
+
+LayerEditOutcome makeLayerCurrent(OdDbObjectId id)
+{
+    return attempt([&]() -> LayerEditOutcome {
+        const auto layer = id.safeOpenObject<Record>();
+        OdDbDatabase& database = *id.database();
+        if (database.getCLAYER() == id)
+            return {};
+        if (layer->isFrozen() || layer->isDependent()) {
+            return refused(KsResString(84516,
+                                       QStringLiteral("The following Layers Cannot be made "
+                                                      "current.\n .Xref dependent layers\n "
+                                                      ".Frozen layers")));
+        }
+        database.setCLAYER(id);
+        return {true, {}};
+    });
+}
+
+std::vector<OdDbObjectId> freezeLayersInViewport(OdDbObjectId id,
+                                                 std::span<const OdDbObjectId> layers, bool frozen)
+{
+    std::vector<OdDbObjectId> differing;
+    const auto viewport = id.openObject<OdDbViewport>(OdDb::kForWrite);
+    if (!viewport)
+        return differing;
+    std::copy_if(
+        layers.begin(), layers.end(), std::back_inserter(differing),
+        [&](OdDbObjectId layer) { return viewport->isLayerFrozenInViewport(layer) != frozen; });
+    if (frozen)
+        viewport->freezeLayersInViewport(differing);
+    else
+        viewport->thawLayersInViewport(differing);
+    return differing;
+}
+
+std::vector<OdDbObjectId>
+markLayersReconciled(OdDbDatabase& database, std::span<const OdDbObjectId> layers, bool reconciled)
+{
+    std::vector<OdDbObjectId> differing;
+    for (const OdDbObjectId id : layers) {
+        const auto layer = id.openObject<Record>();
+        if (layer && layer->isReconciled() != reconciled)
+            differing.push_back(id);
+    }
+    if (!differing.empty() && !reconciled && !database.layerTable().hasReconciledBaseline()) {
+        for (const OdDbObjectId id : database.layerTable().records())
+            id.safeOpenObject<Record>(OdDb::kForWrite)->setIsReconciled(true);
+    }
+    for (const OdDbObjectId id : differing)
+        id.safeOpenObject<Record>(OdDb::kForWrite)->setIsReconciled(reconciled);
+    return differing;
+}
