@@ -48,20 +48,22 @@ bool LayerRowMatcher::flagsMatch(const OdDbLayerTableRecord& layer) const
 
 bool LayerRowMatcher::looksMatch(const OdDbLayerTableRecord& layer) const
 {
-    const auto isColor = [](qint32 wanted, const OdCmColor& color) {
-        return wanted == LayerFilterRow::kNoColor || color.colorIndex() == wanted;
+    // What is not asked for is not fetched either: large drawings are mostly waiting for memory.
+    const auto isColor = [&](qint32 wanted, OdDbObjectId viewport) {
+        return wanted == LayerFilterRow::kNoColor || layer.color(viewport).colorIndex() == wanted;
     };
-    const auto isWeight = [](qint32 wanted, qint16 weight) {
-        return wanted == LayerFilterRow::kNoLineweight || weight == wanted;
+    const auto isLinetype = [&](OdDbObjectId wanted, OdDbObjectId viewport) {
+        return wanted.isNull() || layer.linetypeObjectId(viewport) == wanted;
     };
-    const LayerFilterRow& row = m_row;
-    return isColor(row.m_nColor, layer.color()) && isColor(row.m_nVpColor, layer.color(m_viewport))
+    const auto isWeight = [&](qint32 wanted, OdDbObjectId viewport) {
+        return wanted == LayerFilterRow::kNoLineweight || layer.lineWeight(viewport) == wanted;
+    };
+    constexpr OdDbObjectId kOwn;
+    return isColor(m_row.m_nColor, kOwn) && isColor(m_row.m_nVpColor, m_viewport)
         && (!m_name || m_name->matches(layer.getName()))
-        && (row.m_strDesc.isEmpty() || layer.description() == row.m_strDesc)
-        && (row.m_idLinetype.isNull() || layer.linetypeObjectId() == row.m_idLinetype)
-        && (row.m_idVpLinetype.isNull() || layer.linetypeObjectId(m_viewport) == row.m_idVpLinetype)
-        && isWeight(row.m_nLineweight, layer.lineWeight())
-        && isWeight(row.m_nVpLineweight, layer.lineWeight(m_viewport));
+        && (m_row.m_strDesc.isEmpty() || layer.description() == m_row.m_strDesc)
+        && isLinetype(m_row.m_idLinetype, kOwn) && isLinetype(m_row.m_idVpLinetype, m_viewport)
+        && isWeight(m_row.m_nLineweight, kOwn) && isWeight(m_row.m_nVpLineweight, m_viewport);
 }
 
 bool LayerMatchesRow(const OdDbDatabase& database, const LayerFilterRow& row,

@@ -107,9 +107,10 @@ void GetLayersOfFilter(OdDbDatabase& database, const OdLyLayerFilter& filter, La
         // The filter shows the same whether or not the grid shows usage.
         readHostInt(QStringLiteral("SHOWLAYERUSAGE"));
         database.layerTable().generateUsageData();
-        return divideByRecord(
-            database, [](const OdDbLayerTableRecord& layer) { return layer.isInUse(); }, inLayers,
-            otherLayers);
+        return divide(
+            database,
+            [&](OdDbObjectId id) { return database.layerTable().useCount(id.slot()) > 0; },
+            inLayers, otherLayers);
     case Meaning::Expression: {
         LayerFilterRows rows;
         ParseFilterExpression(database, filter.filterExpression(), rows);
