@@ -65,6 +65,13 @@ void oneName(benchmark::State& state)
 }
 BENCHMARK(oneName)->Apply(sizes);
 
+/// A fifth of the layers has a true color.
+void oneColor(benchmark::State& state)
+{
+    Drawing(state).measureExpression(state, "COLOR==\"7\" ");
+}
+BENCHMARK(oneColor)->Apply(sizes);
+
 /// Criteria that most layers pass, so that each is asked.
 void fiveCriteria(benchmark::State& state)
 {

@@ -2,12 +2,41 @@
 
 #include "database/OdDbDatabase.h"
 
+#include <algorithm>
+
 namespace {
 
 /// Values other than 1 and 2 ask for nothing.
 bool agrees(qint32 wanted, bool value)
 {
     return wanted == (value ? 1 : 2) || wanted < 1 || wanted > 2;
+}
+
+int squaredDistance(OdRgb a, OdRgb b)
+{
+    const auto channel = [&](int shift) {
+        const int difference = int(a >> shift & 0xFF) - int(b >> shift & 0xFF);
+        return difference * difference;
+    };
+    return channel(16) + channel(8) + channel(0);
+}
+
+/// Whether some index is nearer to a true color. Found early for most: searching the nearest index
+/// of each layer would cost more than all other criteria.
+bool isOtherNearer(const OdCmColor& color, qint32 index)
+{
+    const std::array<OdRgb, 256>& table = aci::table();
+    if (color.colorMethod() != OdCmColor::kByColor || index < 1 || index > 255)
+        return false;
+    const int distance = squaredDistance(table[static_cast<std::size_t>(index)], color.color());
+    return std::any_of(table.begin() + 1, table.end(), [&](OdRgb other) {
+        return squaredDistance(other, color.color()) < distance;
+    });
+}
+
+bool hasIndex(const OdCmColor& color, qint32 index)
+{
+    return !isOtherNearer(color, index) && color.colorIndex() == index;
 }
 
 } // namespace
@@ -50,7 +79,7 @@ bool LayerRowMatcher::looksMatch(const OdDbLayerTableRecord& layer) const
 {
     // What is not asked for is not fetched either: large drawings are mostly waiting for memory.
     const auto isColor = [&](qint32 wanted, OdDbObjectId viewport) {
-        return wanted == LayerFilterRow::kNoColor || layer.color(viewport).colorIndex() == wanted;
+        return wanted == LayerFilterRow::kNoColor || hasIndex(layer.color(viewport), wanted);
     };
     const auto isLinetype = [&](OdDbObjectId wanted, OdDbObjectId viewport) {
         return wanted.isNull() || layer.linetypeObjectId(viewport) == wanted;

@@ -136,6 +136,24 @@ TEST_F(MatchingLayer, PassesByItsColor)
     EXPECT_TRUE(isPlain([](Row& r) { r.m_nColor = 1; })) << "a true color by its nearest index";
 }
 
+TEST_F(MatchingLayer, OfATrueColorPassesByTheNearestIndexAlone)
+{
+    const OdCmColor colors[] = {
+        OdCmColor::fromRgb(0, 0, 0),     OdCmColor::fromRgb(255, 255, 255),
+        OdCmColor::fromRgb(1, 2, 3),     OdCmColor::fromRgb(128, 128, 128),
+        OdCmColor::fromRgb(255, 127, 0), OdCmColor::fromRgb(90, 200, 17, QStringLiteral("B$C")),
+        OdCmColor::fromIndex(0),         OdCmColor::fromIndex(256),
+    };
+    for (const OdCmColor& color : colors) {
+        write(m_database, "Plain")->setColor(color);
+        for (int index = -1; index <= 257; ++index) {
+            EXPECT_EQ(passes("Plain", [&](Row& r) { r.m_nColor = index; }),
+                      color.colorIndex() == index)
+                << color.colorNameForDisplay().toStdString() << ' ' << index;
+        }
+    }
+}
+
 TEST_F(MatchingLayer, PassesByItsColorInTheViewport)
 {
     EXPECT_TRUE(isOdd([](Row& r) { r.m_nVpColor = 3; })) << "in model space by its own";
