@@ -1,4 +1,5 @@
 #include "GridControlFixture.h"
+#include "base/NameCharacters.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QHeaderView>
@@ -117,7 +118,7 @@ void TestInPlaceEdit::keepsAnEditorWithAForbiddenCharacter_data()
 {
     QTest::addColumn<QString>("character");
     QTest::addColumn<bool>("forbidden");
-    QCOMPARE(InPlaceEdit::forbiddenCharacters().size(), 13);
+    QCOMPARE(name_characters::kNotInLayers.size(), 13);
     for (const QChar c : QStringLiteral("<>/\":;?*|,=`\\"))
         QTest::newRow(qPrintable(QString(c))) << QString(c) << true;
     for (const QChar c : QStringLiteral("'[](){}.-_$#@!%^&+~ "))

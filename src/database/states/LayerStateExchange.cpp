@@ -1,5 +1,6 @@
 #include "database/states/LayerStateExchange.h"
 
+#include "base/NameCharacters.h"
 #include "database/GroupCursor.h"
 #include "database/NameIndex.h"
 #include "database/ObjectStore.h"
@@ -12,7 +13,6 @@
 #include "database/states/SavedSettings.h"
 #include "database/states/StoredLayerReader.h"
 
-#include <algorithm>
 #include <set>
 
 namespace {
@@ -22,15 +22,6 @@ bool isPortable(int code)
 {
     return code > 0 && code != 5 && code < 480 && !(code >= 100 && code <= 105)
         && !(code >= 310 && code <= 369) && !(code >= 390 && code <= 399);
-}
-
-bool canNameRecord(const QString& name)
-{
-    static const QString forbidden = QStringLiteral("<>/\\\":;?*|=,`");
-    constexpr int kLongest = 255;
-    return !name.isEmpty() && name.size() <= kLongest
-        && std::none_of(name.begin(), name.end(),
-                        [](QChar c) { return c < QLatin1Char(' ') || forbidden.contains(c); });
 }
 
 QByteArray handleText(OdDbObjectId id)
@@ -154,7 +145,7 @@ OdDbObjectId LayerStateExchange::layerFor(const StoredLayer& saved, bool& made)
 {
     const QString name = QString::fromUtf8(saved.layerName);
     const OdDbObjectId present = m_drawing.layerTable().getAt(name);
-    made = present.isNull() && canNameRecord(name);
+    made = present.isNull() && name_characters::canNameRecord(name);
     return made ? m_drawing.layerTable().add(name) : present;
 }
 
@@ -174,7 +165,7 @@ OdDbObjectId LayerStateExchange::linetypeFor(const QByteArray& name)
 void LayerStateExchange::addLinetype(const LinetypeState& linetype)
 {
     OdDbSymbolTable& table = m_drawing.table(OdDbTableKind::Linetype);
-    if (!canNameRecord(linetype.name) || table.has(linetype.name))
+    if (!name_characters::canNameRecord(linetype.name) || table.has(linetype.name))
         return;
     auto record = std::make_unique<OdDbLinetypeTableRecord>();
     record->stateForLoading() = linetype;

@@ -1,5 +1,6 @@
 #include "host/dialogs/WindowDialogs.h"
 
+#include "base/NameCharacters.h"
 #include "database/HeaderVariables.h"
 #include "database/OdCmColor.h"
 #include "database/OdDbDatabase.h"
@@ -18,10 +19,7 @@
 #include <QApplication>
 #include <QFileInfo>
 
-#include <algorithm>
-
 namespace {
-constexpr qsizetype kLongestName = 255;
 
 QString nameOf(OdDbObjectId linetype)
 {
@@ -62,14 +60,6 @@ QStringList plotStylesOf(const OdDbDatabase& drawing)
     return names;
 }
 
-/// Characters that names of records may not hold.
-bool canBeName(const QString& name)
-{
-    static const QString forbidden = QStringLiteral("<>/\\\":;?*|,=`");
-    return !name.isEmpty() && name.size() <= kLongestName
-        && std::none_of(name.cbegin(), name.cend(),
-                        [](QChar c) { return forbidden.contains(c) || c < QLatin1Char(' '); });
-}
 } // namespace
 
 WindowDialogs::WindowDialogs(HostCore& core, QWidget& window)
@@ -141,7 +131,7 @@ int WindowDialogs::pickLinetype(const KestPickRequest& request, OdDbObjectId& li
 
 QString WindowDialogs::addLinetype(const LinetypeItem& item) const
 {
-    if (!canBeName(item.name))
+    if (!name_characters::canNameRecord(item.name))
         return HostText::tr("\"%1\" cannot be the name of a linetype.").arg(item.name);
     HostDocument* document = m_core.documents().curDocument();
     OdDbDatabase* database = drawing();

@@ -1,16 +1,15 @@
 #include "layermanager/filters/FilterNames.h"
 
+#include "base/NameCharacters.h"
 #include "sdk/KsResString.h"
 
 #include <QSet>
 
 #include <algorithm>
 
-namespace {
-/// In the order that the message quotes them. The backslash is one of them, the apostrophe is not:
-/// deliberately unlike the name field of the filter editor.
-constexpr QLatin1String kForbidden("<>/\\\":;?*|,=`");
+using namespace name_characters;
 
+namespace {
 bool isSameName(const QString& a, const QString& b)
 {
     return a.compare(b, Qt::CaseInsensitive) == 0;
@@ -72,7 +71,7 @@ FilterNameVerdict checkFilterRename(const OdLyLayerFilterPtr& root, const QStrin
     const QString name = typedFilterName(newText);
     if (isSameName(name, oldName))
         return FilterNameVerdict::Unchanged;
-    if (std::any_of(name.begin(), name.end(), [](QChar c) { return kForbidden.contains(c); }))
+    if (containsAnyOf(name, kNotInFilters))
         return FilterNameVerdict::InvalidCharacters;
     if (findFilter(root, name))
         return FilterNameVerdict::NotUnique;
@@ -88,7 +87,7 @@ QString filterNameRefusal(FilterNameVerdict verdict)
                            QStringLiteral("Invalid Characters in filter name.\n\n"
                                           "Followinf characters are not valid in Filter names:\n"
                                           "    %1")
-                               .arg(kForbidden));
+                               .arg(kNotInFilters));
     case FilterNameVerdict::NotUnique:
         // The blank in front of the last line is deliberate.
         return KsResString(84540,

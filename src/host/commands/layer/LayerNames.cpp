@@ -1,13 +1,15 @@
 #include "host/commands/layer/LayerNames.h"
 
+#include "base/NameCharacters.h"
 #include "database/OdError.h"
 #include "host/text/HostText.h"
 
 #include <algorithm>
 
+using namespace name_characters;
+
 namespace {
 constexpr int kLongest = 254;
-constexpr char kForbidden[] = "<>/\":;?*|,=`\\";
 
 bool isControl(QChar character)
 {
@@ -28,9 +30,7 @@ void requireLayerName(const QString& name)
                    .arg(name.size()));
     if (std::any_of(name.begin(), name.end(), isControl))
         refuse(HostText::tr("A layer's name holds no control characters."));
-    for (const char forbidden : QLatin1String(kForbidden)) {
-        if (name.contains(QLatin1Char(forbidden)))
-            refuse(HostText::tr("\"%1\" cannot be a layer's name: none of %2 may be in it.")
-                       .arg(name, QLatin1String(kForbidden)));
-    }
+    if (containsAnyOf(name, kNotInLayers))
+        refuse(HostText::tr("\"%1\" cannot be a layer's name: none of %2 may be in it.")
+                   .arg(name, kNotInLayers));
 }

@@ -1,5 +1,6 @@
 #include "layermanager/layers/grid/CInPlaceEdit.h"
 
+#include "base/NameCharacters.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QFocusEvent>
@@ -52,14 +53,7 @@ void CKestListCtrl::CInPlaceEdit::place(QRect cellRect)
 
 bool CKestListCtrl::CInPlaceEdit::isClean(const QString& text)
 {
-    const QString& forbidden = forbiddenCharacters();
-    return std::none_of(text.begin(), text.end(), [&](QChar c) { return forbidden.contains(c); });
-}
-
-const QString& CKestListCtrl::CInPlaceEdit::forbiddenCharacters()
-{
-    static const QString characters = QStringLiteral("<>/\":;?*|,=`\\");
-    return characters;
+    return !name_characters::containsAnyOf(text, name_characters::kNotInLayers);
 }
 
 bool CKestListCtrl::CInPlaceEdit::event(QEvent* event)

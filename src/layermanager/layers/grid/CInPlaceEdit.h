@@ -25,8 +25,6 @@ public:
 
     /// True when the text has none of the characters that layer names refuse.
     static bool isClean(const QString& text);
-    /// < > / " : ; ? * | , = ` \ in the order in which messages list them.
-    static const QString& forbiddenCharacters();
 
 protected:
     bool event(QEvent* event) override;
