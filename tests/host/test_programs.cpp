@@ -50,10 +50,6 @@ protected:
         arguments << QStringLiteral("--config") << folder.path();
         return runProgram(KEST_PROGRAM, arguments, input, environment);
     }
-    Finished layerman(const QStringList& arguments)
-    {
-        return runProgram(LAYERMAN_PROGRAM, arguments, {}, environment);
-    }
     Finished batch(const QByteArray& script, const QString& drawing = {})
     {
         QStringList arguments{QStringLiteral("--batch"), QStringLiteral("-")};
@@ -200,29 +196,4 @@ TEST_F(Programs, SettingsThatCannotBeUnderstoodAreToldAndLeftAlone)
     EXPECT_EQ("LWUNITS = 1\n", done.output);
     EXPECT_NE(std::string::npos,
               done.errors.find("kest.ini cannot be understood; defaults are used."));
-}
-
-TEST_F(Programs, LayermanListsDrawingsAndTellsThoseThatItCannotRead)
-{
-    const QString absent = folder.filePath(QStringLiteral("absent.dxf"));
-    const Finished list =
-        layerman({QStringLiteral("list"), house("a.dxf"), absent, house("b.dxf")});
-    EXPECT_EQ(3, list.exitCode);
-    EXPECT_NE(std::string::npos, list.output.find("a.dxf:\n"));
-    EXPECT_NE(std::string::npos, list.output.find("b.dxf:\n"));
-    EXPECT_NE(std::string::npos, list.output.find(" 0.35 mm "));
-    EXPECT_NE(std::string::npos, list.errors.find("absent.dxf"));
-    const Finished inches = layerman({QStringLiteral("list"), QStringLiteral("--inches"), house()});
-    EXPECT_EQ(0, inches.exitCode);
-    EXPECT_NE(std::string::npos, inches.output.find(" 0.014\" "));
-}
-
-TEST_F(Programs, LayermanKnowsItsUsage)
-{
-    EXPECT_EQ("layerman " KEST_VERSION "\n", layerman({QStringLiteral("--version")}).output);
-    EXPECT_EQ(0u, layerman({QStringLiteral("--help")}).output.find("Usage: layerman list "));
-    EXPECT_EQ(1, layerman({}).exitCode);
-    EXPECT_EQ(1, layerman({QStringLiteral("list")}).exitCode);
-    EXPECT_EQ(1, layerman({QStringLiteral("frob")}).exitCode);
-    EXPECT_EQ(1, layerman({QStringLiteral("list"), QStringLiteral("--frob"), house()}).exitCode);
 }

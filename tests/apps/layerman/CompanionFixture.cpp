@@ -1,0 +1,117 @@
+#include "CompanionFixture.h"
+
+#include "io/DrawingFile.h"
+#include "support/TestFailure.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+CompanionFixture::CompanionFixture()
+    : environment(QProcessEnvironment::systemEnvironment())
+{
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none-at-all"));
+    environment.remove(QStringLiteral("DISPLAY"));
+    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+}
+
+CompanionFixture::Finished CompanionFixture::layerman(const QStringList& arguments,
+                                                      const QByteArray& input) const
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder.path());
+    process.start(QStringLiteral(LAYERMAN_PROGRAM), arguments);
+    EXPECT_TRUE(process.waitForStarted());
+    process.write(input);
+    process.closeWriteChannel();
+    EXPECT_TRUE(process.waitForFinished());
+    EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
+    return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+            process.readAllStandardError().toStdString()};
+}
+
+CompanionFixture::Finished CompanionFixture::layerman(const char* words,
+                                                      const QByteArray& input) const
+{
+    return layerman(QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts), input);
+}
+
+QString CompanionFixture::write(const char* name, const QByteArray& bytes) const
+{
+    const QString fileName = QString::fromUtf8(name);
+    QFile file(path(fileName));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        reportTestFailure(QStringLiteral("%1 cannot be written.").arg(fileName));
+    return fileName;
+}
+
+QString CompanionFixture::drawing(const char* name, const Layers& layers) const
+{
+    return write(name, DrawingText::withLayers(layers));
+}
+
+QString CompanionFixture::sheet(const char* name, const Layers& layers) const
+{
+    QByteArray text = DrawingText::withLayers(layers);
+    text.replace("$TILEMODE\n 70\n     1\n", "$TILEMODE\n 70\n     0\n");
+    return write(name, text);
+}
+
+QString CompanionFixture::styled(const char* name, const Layers& layers) const
+{
+    Layers withStyles = layers;
+    for (DrawingText::Layer& layer : withStyles)
+        layer.more += DrawingText::groups({"390", "81"});
+    QByteArray text = DrawingText::withLayers(withStyles);
+    text.replace("9\n$TILEMODE", "9\n$PSTYLEMODE\n290\n0\n9\n$TILEMODE");
+    text.replace("3\nACAD_LAYOUT\n", "3\nACAD_PLOTSTYLENAME\n350\n80\n3\nACAD_LAYOUT\n");
+    text.replace("0\nENDSEC\n0\nEOF",
+                 DrawingText::groups({"0",   "DICTIONARY",
+                                      "5",   "80",
+                                      "330", "60",
+                                      "100", "AcDbDictionary",
+                                      "281", "1",
+                                      "3",   "Normal",
+                                      "350", "81",
+                                      "3",   "Thin",
+                                      "350", "82",
+                                      "0",   "ACDBPLACEHOLDER",
+                                      "5",   "81",
+                                      "330", "80",
+                                      "0",   "ACDBPLACEHOLDER",
+                                      "5",   "82",
+                                      "330", "80"})
+                     + "0\nENDSEC\n0\nEOF");
+    return write(name, text);
+}
+
+QByteArray CompanionFixture::bytesOf(const QString& name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+std::unique_ptr<OdDbDatabase> CompanionFixture::read(const QString& name) const
+{
+    return readDrawing(path(name));
+}
+
+QStringList CompanionFixture::files() const
+{
+    return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+}
+
+QStringList CompanionFixture::changedLines(const QByteArray& before, const QByteArray& after)
+{
+    const QList<QByteArray> old = before.split('\n');
+    const QList<QByteArray> now = after.split('\n');
+    if (old.size() != now.size())
+        return {QStringLiteral("%1 lines -> %2 lines").arg(old.size()).arg(now.size())};
+    QStringList changed;
+    for (qsizetype i = 0; i < old.size(); ++i) {
+        if (old[i] != now[i])
+            changed << QString::fromUtf8(old[i].trimmed() + " -> " + now[i].trimmed());
+    }
+    return changed;
+}
