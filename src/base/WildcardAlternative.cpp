@@ -101,4 +101,18 @@ WildcardAlternative::WildcardAlternative(QStringView text, Qt::CaseSensitivity s
             m_segments.emplace_back();
         }
     }
+    noteFirst(sensitivity);
+}
+
+void WildcardAlternative::noteFirst(Qt::CaseSensitivity sensitivity)
+{
+    const WildcardSegment& segment = m_segments.front();
+    if (segment.length() == 0 || segment.tokens().front().kind != Kind::Exactly)
+        return;
+    const char32_t first = segment.tokens().front().character;
+    if (first >= 0x80)
+        return;
+    m_first = static_cast<char16_t>(first);
+    const bool isLetter = first >= U'a' && first <= U'z';
+    m_firstCase = isLetter && sensitivity == Qt::CaseInsensitive ? 0x20 : 0;
 }

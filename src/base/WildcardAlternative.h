@@ -11,6 +11,19 @@ class WildcardAlternative
 public:
     WildcardAlternative(QStringView text, Qt::CaseSensitivity sensitivity);
 
+    /// Whether the length of a name and its first unit are enough to know that it does not fit;
+    /// matches() is isNegated() then.
+    bool isRuledOutAtSight(QStringView name) const
+    {
+        if (name.size() < m_leastLength)
+            return true;
+        if (m_first == 0)
+            return false;
+        const char16_t unit = name.front().unicode();
+        return unit < 0x80 && (unit | m_firstCase) != m_first;
+    }
+    bool isNegated() const { return m_negated; }
+
     bool matches(const FlatName& name) const { return fits(name) != m_negated; }
     /// The same for a text of any kind, read like CharacterReader does. Reads each character at
     /// most once for each token, and once more.
@@ -21,6 +34,7 @@ public:
     }
 
 private:
+    void noteFirst(Qt::CaseSensitivity sensitivity);
     bool fits(const FlatName& name) const;
     template <class Reader>
     bool fits(const Reader& text) const;
@@ -34,6 +48,8 @@ private:
 
     bool m_negated = false;
     qsizetype m_leastLength = 0; ///< in characters
+    char16_t m_first = 0; ///< where the pattern begins with a character of ASCII
+    char16_t m_firstCase = 0; ///< the bit that tells its upper from its lower case, if that is all
     std::vector<WildcardSegment> m_segments;
 };
 

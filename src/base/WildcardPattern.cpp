@@ -51,6 +51,8 @@ WildcardPattern::WildcardPattern(QStringView pattern, Qt::CaseSensitivity sensit
 
 bool WildcardPattern::matches(QStringView name) const
 {
+    if (m_alternatives.size() == 1 && m_alternatives.front().isRuledOutAtSight(name))
+        return m_alternatives.front().isNegated();
     const FlatName flat(name, m_sensitivity);
     if (flat.isFlat())
         return matchesAny(m_alternatives, flat);
