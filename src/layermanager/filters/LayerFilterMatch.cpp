@@ -41,13 +41,17 @@ bool hasIndex(const OdCmColor& color, qint32 index)
 
 } // namespace
 
-LayerRowMatcher::LayerRowMatcher(const OdDbDatabase& database, const LayerFilterRow& row)
+OdDbObjectId LayerRowMatcher::currentViewport(const OdDbDatabase& database)
+{
+    return database.getTILEMODE() ? OdDbObjectId() : database.activeViewportId();
+}
+
+LayerRowMatcher::LayerRowMatcher(const LayerFilterRow& row, OdDbObjectId viewport)
     : m_row(row)
+    , m_viewport(viewport)
 {
     if (!m_row.m_strName.isEmpty())
         m_name.emplace(m_row.m_strName);
-    if (!database.getTILEMODE())
-        m_viewport = database.activeViewportId();
     if (m_row.m_nVpFrozen != 0 && !m_viewport.isNull())
         m_freezing = m_viewport.safeOpenObject<OdDbViewport>();
 }

@@ -15,7 +15,14 @@ class OdDbDatabase;
 class LayerRowMatcher
 {
 public:
-    LayerRowMatcher(const OdDbDatabase& database, const LayerFilterRow& row);
+    LayerRowMatcher(const OdDbDatabase& database, const LayerFilterRow& row)
+        : LayerRowMatcher(row, currentViewport(database))
+    { }
+    /// For many rows of one drawing: with the viewport asked for once.
+    LayerRowMatcher(const LayerFilterRow& row, OdDbObjectId viewport);
+
+    /// The viewport that rows ask about; a null id in model space.
+    static OdDbObjectId currentViewport(const OdDbDatabase& database);
 
     /// Whether the layer meets every criterion that the row sets. Usage must have been counted.
     bool matches(const OdDbLayerTableRecord& layer) const;

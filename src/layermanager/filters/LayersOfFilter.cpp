@@ -74,9 +74,11 @@ void getLayersOfRows(OdDbDatabase& database, const LayerFilterRows& rows, LayerI
                      LayerIds* otherLayers)
 {
     database.layerTable().generateUsageData();
+    const OdDbObjectId viewport = LayerRowMatcher::currentViewport(database);
     std::vector<LayerRowMatcher> matchers;
+    matchers.reserve(rows.size());
     for (const LayerFilterRow& row : rows)
-        matchers.emplace_back(database, row);
+        matchers.emplace_back(row, viewport);
     const auto passesAny = [&](const OdDbLayerTableRecord& layer) {
         return std::any_of(matchers.begin(), matchers.end(),
                            [&](const LayerRowMatcher& row) { return row.matches(layer); });

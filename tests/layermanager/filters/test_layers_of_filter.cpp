@@ -133,6 +133,37 @@ TEST_F(LayersOfFilter, ForAnExpressionWithoutRowsAreNone)
         EXPECT_EQ(shown("Mine", expression), " | 0 Walls Doors Windows") << expression;
 }
 
+TEST_F(LayersOfFilter, OfAnotherProgramsExpressionAreThoseOfTheCriteriaThatAreKnown)
+{
+    struct Foreign
+    {
+        const char* expression;
+        const char* shown;
+    };
+    constexpr Foreign kForeign[] = {
+        {"PLOTSTYLE==\"Normal\"", ""},
+        {"NAME!=\"Walls\"", ""},
+        {"LINETYPE==\"CONT*\"", ""},
+        {"LINEWEIGHT==\"2.11\"", ""},
+        {"( NAME == \"W*\" ) AND ( PLOTSTYLE == \"x\" )", ""},
+        {"NAME==\"W*\" AND PLOTSTYLE==\"x\"", "Walls Windows"},
+        {"NAME==\"W*\" AND NAME==\"*ls\"", "Walls Windows"},
+        {"( NAME==\"Walls\"", "Walls"},
+        {"NAME==\"Walls", "Walls"},
+        {"OFF==\"maybe\"", "0 Walls Doors Windows"},
+        {"COLOR==\"7,34,56\"", "0 Walls Doors Windows"},
+        {"NAME==\"A OR B\" OR NAME==\"Doors\"", "Doors"},
+    };
+    for (const Foreign& foreign : kForeign) {
+        const auto filter = odrxCreate<OdLyLayerFilter>(QStringLiteral("Foreign"));
+        const QString text = QString::fromLatin1(foreign.expression);
+        filter->setOrigin({{}, text, false, false}, text);
+        LayerIds in;
+        GetLayersOfFilter(m_database, *filter, in);
+        EXPECT_EQ(joined(in), foreign.shown) << foreign.expression;
+    }
+}
+
 TEST_F(LayersOfFilter, InModelSpacePassARowThatAsksOnlyWhatAViewportFreezes)
 {
     EXPECT_EQ(shown("Mine", "VPFROZEN==\"True\" "), "0 Walls Doors Windows | ");
