@@ -1,5 +1,6 @@
 #include "layermanager/filters/LayersOfFilter.h"
 
+#include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
@@ -14,12 +15,12 @@ namespace {
 
 /// Sorts the layers of the table into the two lists, in its order.
 template <class IsIn>
-void divide(const OdDbDatabase& database, IsIn isIn, LayerIds& inLayers, LayerIds* otherLayers)
+void divide(const LayerIds& table, IsIn isIn, LayerIds& inLayers, LayerIds* otherLayers)
 {
     inLayers.clear();
     if (otherLayers)
         otherLayers->clear();
-    for (const OdDbObjectId id : database.layerTable().records()) {
+    for (const OdDbObjectId id : table) {
         if (isIn(id))
             inLayers.push_back(id);
         else if (otherLayers)
@@ -27,13 +28,39 @@ void divide(const OdDbDatabase& database, IsIn isIn, LayerIds& inLayers, LayerId
     }
 }
 
-/// The same by the layers' records.
+/// Has the memory of a record brought near, as far as the compiler can say that. Not read yet, it
+/// has none.
+void fetch(const OdDbDatabase& database, OdDbObjectId layer)
+{
+#ifdef __GNUC__
+    constexpr std::size_t kLine = 64; // bytes; what filters ask stands in the first two
+    static_assert(sizeof(OdDbLayerTableRecord) > kLine);
+    if (const OdDbObject* record = database.store().object(layer.slot())) {
+        __builtin_prefetch(record);
+        __builtin_prefetch(reinterpret_cast<const char*>(record) + kLine);
+    }
+#else
+    Q_UNUSED(database)
+    Q_UNUSED(layer)
+#endif
+}
+
+/// The same by the layers' records. In a large table waiting for their memory would take half of
+/// the time, so each is asked for some layers ahead.
 template <class IsIn>
 void divideByRecord(const OdDbDatabase& database, IsIn isIn, LayerIds& inLayers,
                     LayerIds* otherLayers)
 {
+    constexpr std::size_t kAhead = 8;
+    const LayerIds table = database.layerTable().records();
+    std::size_t next = kAhead;
     divide(
-        database, [&](OdDbObjectId id) { return isIn(*id.safeOpenObject<OdDbLayerTableRecord>()); },
+        table,
+        [&](OdDbObjectId id) {
+            if (next < table.size())
+                fetch(database, table[next++]);
+            return isIn(*id.safeOpenObject<OdDbLayerTableRecord>());
+        },
         inLayers, otherLayers);
 }
 
@@ -96,7 +123,7 @@ void GetLayersOfFilter(OdDbDatabase& database, const OdLyLayerFilter& filter, La
         const auto isIn = [&](OdDbObjectId id) {
             return id.slot() < isMember.size() && isMember[id.slot()];
         };
-        return divide(database, isIn, inLayers, otherLayers);
+        return divide(database.layerTable().records(), isIn, inLayers, otherLayers);
     }
     case Meaning::Unreconciled:
         return divideByRecord(
@@ -104,13 +131,14 @@ void GetLayersOfFilter(OdDbDatabase& database, const OdLyLayerFilter& filter, La
             inLayers, otherLayers);
     case Meaning::All:
         return divide(
-            database, [](OdDbObjectId) { return true; }, inLayers, otherLayers);
+            database.layerTable().records(), [](OdDbObjectId) { return true; }, inLayers,
+            otherLayers);
     case Meaning::Used:
         // The filter shows the same whether or not the grid shows usage.
         readHostInt(QStringLiteral("SHOWLAYERUSAGE"));
         database.layerTable().generateUsageData();
         return divide(
-            database,
+            database.layerTable().records(),
             [&](OdDbObjectId id) { return database.layerTable().useCount(id.slot()) > 0; },
             inLayers, otherLayers);
     case Meaning::Expression: {
