@@ -5,6 +5,8 @@
 namespace {
 bool isUnsafe(QChar c)
 {
+    if (c.unicode() >= 0x20 && c.unicode() < 0x7F)
+        return false;
     const auto category = c.category();
     return category == QChar::Other_Control || category == QChar::Separator_Line
         || category == QChar::Separator_Paragraph;

@@ -45,13 +45,17 @@ OdLyLayerFilterPtr filterOf(OdDbDatabase& drawing, const QString& name, const QS
     OdLyLayerFilterPtr filter = findFilter(root, name);
     if (!filter)
         refuseUnknown(root, name, file);
-    if (!LayerPicker::canEvaluate(*filter)) {
-        throw OdError(OdResult::NotApplicable,
-                      CompanionText::tr("%1: the filter \"%2\" holds an expression of another "
-                                        "program that rows of criteria cannot say: %3")
-                          .arg(file, filter->name(), filter->filterExpression()));
-    }
     return filter;
+}
+
+/// What is said of an expression that is understood in parts only; empty for all others.
+QString halfUnderstood(const OdLyLayerFilter& filter)
+{
+    if (filter.isIdFilter() || filter.isEditable() || filter.filterExpression().isEmpty())
+        return {};
+    return CompanionText::tr("The filter \"%1\" holds an expression of another program that rows "
+                             "of criteria cannot say: %2")
+        .arg(filter.name(), filter.filterExpression());
 }
 
 QString nameOf(OdDbObjectId id)
@@ -64,6 +68,7 @@ QString nameOf(OdDbObjectId id)
 LayerPicker::LayerPicker(const ParsedCommand& command)
     : m_filter(command.value(OptionId::Filter))
     , m_isInverted(command.has(OptionId::Invert))
+    , m_isForChanges(command.command().id == CommandId::Set)
 {
     if (m_filter && command.has(OptionId::Expr)) {
         throw UsageError(
@@ -77,23 +82,23 @@ LayerPicker::LayerPicker(const ParsedCommand& command)
         throw UsageError(CompanionText::tr("--invert needs --filter, --expr or --search."));
 }
 
-bool LayerPicker::canEvaluate(const OdLyLayerFilter& filter)
-{
-    return filter.isIdFilter() || filter.isEditable() || filter.filterExpression().isEmpty();
-}
-
-LayerIds LayerPicker::chosenByFilter(OdDbDatabase& drawing, const QString& file) const
+LayerIds LayerPicker::chosenByFilter(OdDbDatabase& drawing, const QString& file,
+                                     QString& note) const
 {
     LayerIds shown;
     LayerIds others;
-    if (m_filter)
-        GetLayersOfFilter(drawing, *filterOf(drawing, *m_filter, file), shown, &others);
-    else
+    if (m_filter) {
+        const OdLyLayerFilterPtr filter = filterOf(drawing, *m_filter, file);
+        note = halfUnderstood(*filter);
+        if (m_isForChanges && !note.isEmpty())
+            throw OdError(OdResult::NotApplicable, note);
+        GetLayersOfFilter(drawing, *filter, shown, &others);
+    } else {
         getLayersOfRows(drawing, m_expression->rows(drawing, file), shown, &others);
-    LayerIds chosen = m_isInverted ? others : shown;
-    if (m_search) {
-        std::erase_if(chosen, [this](OdDbObjectId id) { return !m_search->matches(nameOf(id)); });
     }
+    LayerIds chosen = m_isInverted ? others : shown;
+    if (m_search)
+        std::erase_if(chosen, [this](OdDbObjectId id) { return !m_search->matches(nameOf(id)); });
     return chosen;
 }
 
@@ -108,10 +113,11 @@ LayerIds LayerPicker::chosenByName(const OdDbDatabase& drawing) const
     return chosen;
 }
 
-LayerIds LayerPicker::pick(OdDbDatabase& drawing, const QString& file) const
+PickedLayers LayerPicker::pick(OdDbDatabase& drawing, const QString& file) const
 {
-    LayerIds chosen =
-        m_filter || m_expression ? chosenByFilter(drawing, file) : chosenByName(drawing);
-    sortLayers(chosen, {}, LayerCellContext::of(drawing));
-    return chosen;
+    PickedLayers picked;
+    picked.layers = m_filter || m_expression ? chosenByFilter(drawing, file, picked.note)
+                                             : chosenByName(drawing);
+    sortLayers(picked.layers, {}, LayerCellContext::of(drawing));
+    return picked;
 }

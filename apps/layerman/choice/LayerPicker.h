@@ -9,8 +9,14 @@
 #include <optional>
 
 class OdDbDatabase;
-class OdLyLayerFilter;
 class ParsedCommand;
+
+/// The layers that were chosen in a drawing.
+struct PickedLayers
+{
+    LayerIds layers; ///< by name, as the grid orders them
+    QString note; ///< what is to be told about the choice; mostly empty
+};
 
 /// The layers that --filter, --expr, --search and --invert choose.
 class LayerPicker
@@ -21,21 +27,19 @@ public:
 
     /// Whether anything was said about which layers.
     bool isChoosy() const { return m_filter || m_expression || m_search; }
-    /// The layers of a drawing by name, as the grid orders them. Without filter and expression
-    /// those whose names hold an asterisk are left out, as in the grid. Raises OdError for a filter
-    /// or linetype that the drawing has not, or a filter that cannot be evaluated.
-    LayerIds pick(OdDbDatabase& drawing, const QString& file) const;
-
-    /// Whether a filter's layers can be told. Not those of an expression of another program that
-    /// says more than rows of criteria can: part of it would choose other layers.
-    static bool canEvaluate(const OdLyLayerFilter& filter);
+    /// Without filter and expression, layers whose names hold an asterisk are left out, as in the
+    /// grid. Raises OdError for a filter or linetype that the drawing has not. A filter of another
+    /// program that says more than rows of criteria can shows the layers that the palette shows,
+    /// with a note; layers to be changed are not chosen by half an expression, but refused.
+    PickedLayers pick(OdDbDatabase& drawing, const QString& file) const;
 
 private:
-    LayerIds chosenByFilter(OdDbDatabase& drawing, const QString& file) const;
+    LayerIds chosenByFilter(OdDbDatabase& drawing, const QString& file, QString& note) const;
     LayerIds chosenByName(const OdDbDatabase& drawing) const;
 
     std::optional<QString> m_filter;
     std::optional<ExpressionChoice> m_expression;
     std::optional<WildcardPattern> m_search;
     bool m_isInverted;
+    bool m_isForChanges;
 };

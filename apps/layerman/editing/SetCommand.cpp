@@ -73,7 +73,7 @@ public:
         const auto drawing = DrawingLoop::read(file);
         host.setDrawing(drawing.get());
         LayerEditRun run(*drawing, file, m_properties);
-        run.apply(m_picker.pick(*drawing, file), m_options, output);
+        run.apply(m_picker.pick(*drawing, file).layers, m_options, output);
         host.setDrawing(nullptr);
         if (m_targets.isInPlace() && run.changed() > 0)
             replace(*drawing, file, identity, output);

@@ -5,7 +5,6 @@
 #include "host/text/TextTable.h"
 #include "layerman/CompanionText.h"
 #include "layerman/Output.h"
-#include "layerman/choice/LayerPicker.h"
 #include "layerman/listing/JsonText.h"
 #include "layermanager/filters/LayersOfFilter.h"
 
@@ -22,15 +21,18 @@ Kind kindOf(const OdLyLayerFilter& filter)
 ListedFilter listed(OdDbDatabase& drawing, const OdLyLayerFilter& filter,
                     const OdLyLayerFilter* current)
 {
-    ListedFilter result{
-        filter.name(), kindOf(filter), &filter == current, filter.filterExpression(), 0, {}, {}};
+    LayerIds shown;
+    GetLayersOfFilter(drawing, filter, shown);
+    ListedFilter result{filter.name(),
+                        kindOf(filter),
+                        &filter == current,
+                        filter.filterExpression(),
+                        0,
+                        filter.isEditable(),
+                        static_cast<int>(shown.size()),
+                        {}};
     if (const auto* group = dynamic_cast<const OdLyLayerGroup*>(&filter))
         result.held = static_cast<int>(group->layerIds().size());
-    if (LayerPicker::canEvaluate(filter)) {
-        LayerIds shown;
-        GetLayersOfFilter(drawing, filter, shown);
-        result.shown = static_cast<int>(shown.size());
-    }
     for (const OdLyLayerFilterPtr& nested : filter.getNestedFilters())
         result.nested.push_back(listed(drawing, *nested, current));
     return result;
@@ -50,8 +52,7 @@ void addRows(TextTable& table, const ListedFilter& filter, int depth)
 {
     table.addRow({filter.isCurrent ? QStringLiteral("*") : QString(),
                   QString(depth * 2, QLatin1Char(' ')) + Output::escaped(filter.name),
-                  kindText(filter.kind),
-                  filter.shown ? QString::number(*filter.shown) : QStringLiteral("?"),
+                  kindText(filter.kind), QString::number(filter.shown),
                   Output::escaped(definition(filter))});
     for (const ListedFilter& nested : filter.nested)
         addRows(table, nested, depth + 1);
@@ -109,11 +110,11 @@ QString filterJson(const ListedFilter& filter, int indent)
         + name("kind") + string(QLatin1String(kindKey(filter.kind))) + QStringLiteral(", ")
         + name("current") + boolean(filter.isCurrent);
     if (filter.kind == Kind::Property)
-        text += QStringLiteral(", ") + name("expression") + string(filter.expression);
+        text += QStringLiteral(", ") + name("expression") + string(filter.expression)
+            + QStringLiteral(", ") + name("editable") + boolean(filter.isEditable);
     if (filter.kind == Kind::Group)
         text += QStringLiteral(", ") + name("held") + QString::number(filter.held);
-    text += QStringLiteral(", ") + name("layers")
-        + (filter.shown ? QString::number(*filter.shown) : QStringLiteral("null"))
+    text += QStringLiteral(", ") + name("layers") + QString::number(filter.shown)
         + QStringLiteral(", ") + name("filters") + QLatin1Char('[');
     const QString line = QLatin1Char('\n') + QString(indent + 2, QLatin1Char(' '));
     for (std::size_t i = 0; i < filter.nested.size(); ++i)

@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include <optional>
 #include <vector>
 
 class OdDbDatabase;
@@ -19,7 +18,8 @@ struct ListedFilter
     bool isCurrent;
     QString expression; ///< of property filters
     int held; ///< layers that a group holds
-    std::optional<int> shown; ///< layers that it shows; nothing where that cannot be told
+    bool isEditable; ///< false for an expression of another program that rows cannot say
+    int shown; ///< layers that it shows, as the palette does
     std::vector<ListedFilter> nested;
 };
 

@@ -35,9 +35,11 @@ void runListCommand(const ParsedCommand& command, Output& output, Report& report
         const auto drawing = DrawingLoop::read(file);
         host.setDrawing(drawing.get());
         drawing->layerTable().generateUsageData();
-        const LayerIds layers = picker.pick(*drawing, file);
-        writer->drawing(file, layers, LayerCellContext::of(*drawing));
-        report.listed(static_cast<int>(layers.size()), drawing->layerTable().count());
+        const PickedLayers picked = picker.pick(*drawing, file);
+        if (!picked.note.isEmpty())
+            output.complain(file, picked.note);
+        writer->drawing(file, picked.layers, LayerCellContext::of(*drawing));
+        report.listed(static_cast<int>(picked.layers.size()), drawing->layerTable().count());
         host.setDrawing(nullptr);
     };
     DrawingLoop(output, report).run(files, list, [&](const QString& file, const QString& why) {

@@ -29,9 +29,18 @@ int characterWidth(char32_t character)
         : 1;
 }
 
+/// Characters of most names: one column each, and nothing that has to be replaced.
+bool isPlain(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0x7F; });
+}
+
 // A line break or an escape inside a cell would break the table, or the terminal.
 QString printable(QString text)
 {
+    if (isPlain(text))
+        return text;
     for (QChar& c : text) {
         if (c.category() == QChar::Other_Control)
             c = QChar::ReplacementCharacter;
@@ -59,6 +68,8 @@ void TextTable::addRow(QStringList cells)
 
 int TextTable::displayWidth(QStringView text)
 {
+    if (isPlain(text))
+        return static_cast<int>(text.size());
     int width = 0;
     for (const char32_t character : text.toUcs4())
         width += characterWidth(character);
@@ -72,7 +83,8 @@ QString TextTable::toString() const
         QString line;
         for (std::size_t i = 0; i < m_widths.size(); ++i) {
             const QString cell = cellAt(i);
-            line += cell + QString(m_widths[i] - displayWidth(cell) + 2, QLatin1Char(' '));
+            line += cell;
+            line.resize(line.size() + m_widths[i] - displayWidth(cell) + 2, QLatin1Char(' '));
         }
         while (line.endsWith(QLatin1Char(' ')))
             line.chop(1);

@@ -1,5 +1,6 @@
 #include "layermanager/layers/LayerEdits.h"
 
+#include "base/NameCharacters.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbEntity.h"
 #include "database/OdDbLayerTable.h"
@@ -14,8 +15,6 @@ namespace {
 
 using Record = OdDbLayerTableRecord;
 
-/// In the order in which the message lists them.
-constexpr QLatin1String kForbidden("<>/\":;?*|,=`\\");
 constexpr qsizetype kTooLong = 255;
 
 QString tr(const char* text)
@@ -67,12 +66,11 @@ QString layerNameRefusal(const QString& name)
 {
     if (name.isEmpty())
         return tr("A name is needed.");
-    const auto isForbidden = [](QChar character) { return kForbidden.contains(character); };
-    if (std::any_of(name.begin(), name.end(), isForbidden)) {
+    if (name_characters::containsAnyOf(name, name_characters::kNotInLayers)) {
         return KsResString(
                    84506,
                    QStringLiteral("The following characters are not valid in Layer Names:\n"))
-            + kForbidden;
+            + name_characters::kNotInLayers;
     }
     // 255 characters are refused already; deliberate.
     if (name.size() >= kTooLong)

@@ -69,7 +69,7 @@ TEST_F(CompanionFilters, AreATreeWithTheirCounts)
               "       Shell            group     1       holds 1 layer\n"
               "         Core           group     2       holds 2 layers\n"
               "           Locked       property  1       LOCKED==\"True\"\n"
-              "       Foreign          property  ?       NAME==\"W*\" AND FROB==\"x\"\n",
+              "       Foreign          property  1       NAME==\"W*\" AND FROB==\"x\"\n",
               done.output);
     EXPECT_EQ("1 drawing, 7 filters listed.\n", done.errors);
     EXPECT_EQ(0, done.exitCode);
@@ -93,13 +93,14 @@ TEST_F(CompanionFilters, AreNestedObjectsInJson)
                            {QStringLiteral("kind"), QStringLiteral("property")},
                            {QStringLiteral("current"), true},
                            {QStringLiteral("expression"), QStringLiteral("COLOR==\"1\" ")},
+                           {QStringLiteral("editable"), true},
                            {QStringLiteral("layers"), 2},
                            {QStringLiteral("filters"), QJsonArray()}}),
               nested[1].toObject());
     EXPECT_EQ(1, nested[2][QStringLiteral("held")].toInt());
     const QJsonValue locked = nested[2][QStringLiteral("filters")][0][QStringLiteral("filters")][0];
     EXPECT_EQ(QStringLiteral("Locked"), locked[QStringLiteral("name")].toString());
-    EXPECT_TRUE(nested[3][QStringLiteral("layers")].isNull());
+    EXPECT_FALSE(nested[3][QStringLiteral("editable")].toBool(true));
 }
 
 TEST_F(CompanionFilters, ChooseTheLayersToList)
@@ -114,19 +115,20 @@ TEST_F(CompanionFilters, ChooseTheLayersToList)
     EXPECT_EQ("name\n", listed("All", "--invert"));
 }
 
-TEST_F(CompanionFilters, OfAnotherProgramAreRefusedRatherThanHalfUnderstood)
+TEST_F(CompanionFilters, OfAnotherProgramShowWhatIsKnownOfThemAndChangeNothing)
 {
     writePlan();
-    for (const char* command :
-         {"list plan.dxf --filter foreign", "set plan.dxf --filter foreign locked=yes --in-place"})
-    {
-        const Finished done = layerman(command);
-        EXPECT_EQ(3, done.exitCode);
-        EXPECT_EQ("", done.output.substr(0, done.output.find("Status")));
-        EXPECT_EQ(0u,
-                  done.errors.find("layerman: plan.dxf: the filter \"Foreign\" holds an expression "
-                                   "of another program that rows of criteria cannot say: "
-                                   "NAME==\"W*\" AND FROB==\"x\"\n"))
-            << done.errors;
-    }
+    const QByteArray before = bytesOf(QStringLiteral("plan.dxf"));
+    const std::string sentence = "plan.dxf: The filter \"Foreign\" holds an expression of another "
+                                 "program that rows of criteria cannot say: NAME==\"W*\" AND "
+                                 "FROB==\"x\"\n";
+    const Finished list = layerman("list plan.dxf --filter foreign --columns name --format csv");
+    EXPECT_EQ(0, list.exitCode);
+    EXPECT_EQ("name\nWalls\n", list.output);
+    EXPECT_EQ(sentence + "1 drawing, 1 of 4 layers listed.\n", list.errors);
+    const Finished set = layerman("set plan.dxf --filter foreign locked=yes --in-place");
+    EXPECT_EQ(3, set.exitCode);
+    EXPECT_EQ("layerman: " + sentence + "1 drawing: 0 layers changed, 1 drawing failed.\n",
+              set.errors);
+    EXPECT_EQ(before, bytesOf(QStringLiteral("plan.dxf")));
 }

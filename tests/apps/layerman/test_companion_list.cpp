@@ -334,8 +334,9 @@ TEST_F(CompanionList, DrawingsThatCannotBeReadAreThree)
     EXPECT_EQ(3, one.exitCode);
     EXPECT_EQ(0u, one.errors.find("layerman: broken.dxf, line 1: "));
     EXPECT_EQ(3, layerman("list broken.dxf absent.dxf").exitCode);
-    EXPECT_EQ(0u, layerman("list ./broken.dxf")
-                      .errors.find("layerman: ./broken.dxf: broken.dxf, line 1: "));
+    EXPECT_EQ(
+        0u,
+        layerman("list ./broken.dxf").errors.find("layerman: ./broken.dxf: broken.dxf, line 1: "));
 }
 
 TEST_F(CompanionList, AFilterThatADrawingLacksIsThreeAndNearOnesAreNamed)
