@@ -133,7 +133,8 @@ QString exampleTexts()
 
 QString manPage()
 {
-    return QStringLiteral(".TH LAYERMAN 1 \"\" \"layerman " KEST_VERSION "\"\n")
+    // Neither hyphens nor wide blanks in what is to be typed.
+    return QStringLiteral(".TH LAYERMAN 1 \"\" \"layerman " KEST_VERSION "\"\n.nh\n.ad l\n")
         + section(QStringLiteral("NAME")) + QStringLiteral("layerman \\- ")
         + line(CompanionText::tr("list and change the layers of drawings from the command line"))
         + synopsis() + section(QStringLiteral("DESCRIPTION"))

@@ -49,16 +49,17 @@ LayerEditOutcome giveLayerValue(OdDbObjectId id, LayerColumn column, const Layer
         return {};
     return attempt([&]() -> LayerEditOutcome {
         const OdDbObjectId viewport = needsViewport ? context.viewport : OdDbObjectId();
-        {
-            const auto layer = id.safeOpenObject<Record>();
-            if (property->read(*layer, viewport) == value)
-                return {};
-            const LayerVerdict verdict = mayEditLayerCell(*layer, column, context.currentLayer);
-            if (const QString why = layerVerdictText(verdict); !why.isEmpty())
-                return refused(why);
-        }
-        property->write(*id.safeOpenObject<Record>(OdDb::kForWrite), viewport, value);
-        return {true, {}};
+        const LayerValue before = property->read(*id.safeOpenObject<Record>(), viewport);
+        if (before == value)
+            return {};
+        const LayerVerdict verdict =
+            mayEditLayerCell(*id.safeOpenObject<Record>(), column, context.currentLayer);
+        if (const QString why = layerVerdictText(verdict); !why.isEmpty())
+            return refused(why);
+        const auto layer = id.safeOpenObject<Record>(OdDb::kForWrite);
+        property->write(*layer, viewport, value);
+        // A name in another case may stand for the value that is there.
+        return {property->read(*layer, viewport) != before, {}};
     });
 }
 

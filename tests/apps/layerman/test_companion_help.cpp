@@ -140,6 +140,20 @@ TEST_F(CompanionHelp, TypesettersFindNothingToWarnAbout)
     EXPECT_EQ("", man.value_or(""));
 }
 
+TEST_F(CompanionHelp, TheProgramLinksNoWindowSystem)
+{
+    const QString ldd = QStandardPaths::findExecutable(QStringLiteral("ldd"));
+    if (ldd.isEmpty())
+        GTEST_SKIP() << "ldd is not installed; what the program links was not looked at.";
+    QProcess process;
+    process.start(ldd, {QStringLiteral(LAYERMAN_PROGRAM)});
+    ASSERT_TRUE(process.waitForFinished());
+    const std::string libraries = process.readAllStandardOutput().toStdString();
+    EXPECT_NE(std::string::npos, libraries.find("libkest_io"));
+    for (const char* unwanted : {"Qt6Widgets", "Qt6Gui"})
+        EXPECT_EQ(std::string::npos, libraries.find(unwanted)) << libraries;
+}
+
 TEST_F(CompanionHelp, AWrongCallIsToldWithItsUsageAndIsOne)
 {
     const auto wrong = [this](const char* words, const std::string& sentence, const char* usage) {

@@ -136,6 +136,8 @@ TEST_F(CompanionSet, GivesPlotStylesWhereTheyHaveNames)
     styled("plan.dxf", {{"Walls"}, {"Doors"}});
     EXPECT_EQ("plan.dxf: Walls: plotstyle Normal -> Thin\n",
               wouldDo("--search Walls plotstyle=Thin"));
+    EXPECT_EQ("1 drawing: 0 layers would change.\n",
+              layerman("set plan.dxf --dry-run --search Walls plotstyle=NORMAL").errors);
     const Finished unknown = layerman("set plan.dxf --in-place --search Walls plotstyle=Thick");
     EXPECT_EQ(3, unknown.exitCode);
     EXPECT_EQ("layerman: plan.dxf has no plot style \"Thick\".\n"
