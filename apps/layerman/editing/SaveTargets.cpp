@@ -84,3 +84,13 @@ void SaveTargets::makeFolder() const
                                  CompanionText::tr("The folder %1 cannot be made.").arg(m_output));
     }
 }
+
+void requireUnchanged(const QString& file, const FileIdentity& whenRead)
+{
+    if (FileIdentity::of(file) != whenRead) {
+        throw OdError_FileAccess(OdResult::CantWriteFile,
+                                 CompanionText::tr("%1 was changed by another program meanwhile; "
+                                                   "it is not overwritten.")
+                                     .arg(file));
+    }
+}

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 class ParsedCommand;
+struct FileIdentity;
 
 /// Where edited drawings are written.
 class SaveTargets
@@ -28,3 +29,6 @@ private:
     bool m_isInPlace;
     bool m_isDryRun;
 };
+
+/// Raises OdError_FileAccess unless the file is still the one that was read.
+void requireUnchanged(const QString& file, const FileIdentity& whenRead);

@@ -75,24 +75,16 @@ public:
         LayerEditRun run(*drawing, file, m_properties);
         run.apply(m_picker.pick(*drawing, file).layers, m_options, output);
         host.setDrawing(nullptr);
-        if (m_targets.isInPlace() && run.changed() > 0)
-            replace(*drawing, file, identity, output);
-        else if (!m_targets.isInPlace())
+        if (m_targets.isInPlace() && run.changed() > 0) {
+            requireUnchanged(file, identity);
+            write(*drawing, file, file, output);
+        } else if (!m_targets.isInPlace()) {
             copy(*drawing, file, target, output);
+        }
         report.edited(run.changed(), run.refused());
     }
 
 private:
-    void replace(const OdDbDatabase& drawing, const QString& file, const FileIdentity& identity,
-                 Output& output) const
-    {
-        if (FileIdentity::of(file) != identity)
-            refuseToWrite(CompanionText::tr("%1 was changed by another program meanwhile; it is "
-                                            "not overwritten.")
-                              .arg(file));
-        write(drawing, file, file, output);
-    }
-
     void copy(const OdDbDatabase& drawing, const QString& file, const QString& target,
               Output& output) const
     {

@@ -3,6 +3,7 @@
 #include "database/OdDbLayerTableRecord.h"
 #include "host/support/OtherProcess.h"
 #include "io/files/FileIdentity.h"
+#include "layerman/editing/SaveTargets.h"
 #include "support/BinaryDrawing.h"
 
 #include <QDir>
@@ -180,6 +181,25 @@ TEST_F(CompanionSaving, ADrawingThatAnotherProcessEditsIsFour)
     EXPECT_EQ(0, layerman("set a.dxf -o c.dxf --search Walls locked=yes").exitCode)
         << "a copy is nobody's";
     EXPECT_EQ(0, layerman("list a.dxf").exitCode);
+}
+
+TEST_F(CompanionSaving, ADrawingThatWasReplacedMeanwhileIsNotOverwritten)
+{
+    drawing("a.dxf", {{"Walls"}});
+    const QString file = path(QStringLiteral("a.dxf"));
+    const FileIdentity whenRead = FileIdentity::of(file);
+    EXPECT_NO_THROW(requireUnchanged(file, whenRead));
+    drawing("theirs.dxf", {{"Roof"}});
+    ASSERT_TRUE(QFile::remove(file) && QFile::rename(path(QStringLiteral("theirs.dxf")), file));
+    try {
+        requireUnchanged(file, whenRead);
+        ADD_FAILURE() << "it would be overwritten";
+    } catch (const OdError_FileAccess& error) {
+        EXPECT_EQ(OdResult::CantWriteFile, error.code());
+        EXPECT_EQ(file.toStdString()
+                      + " was changed by another program meanwhile; it is not overwritten.",
+                  error.description().toStdString());
+    }
 }
 
 TEST_F(CompanionSaving, WhatCannotBeWrittenIsFourAndStaysAsItWas)
