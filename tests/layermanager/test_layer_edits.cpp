@@ -1,6 +1,6 @@
 #include "LayerDrawing.h"
 #include "database/OdDbEntity.h"
-#include "layermanager/layers/LayerEdits.h"
+#include "layermanager/layers/operations/LayerEdits.h"
 #include "support/FakeHost.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "LayerDrawing.h"
-#include "layermanager/layers/LayerOperations.h"
+#include "layermanager/layers/operations/LayerOperations.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "support/FakeHost.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "layerman/editing/PropertyTable.h"
-#include "layermanager/layers/LayerEdits.h"
+#include "layermanager/layers/operations/LayerEdits.h"
 
 #include <QString>
 

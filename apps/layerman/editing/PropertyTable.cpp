@@ -5,7 +5,7 @@
 #include "layerman/CompanionText.h"
 #include "layerman/arguments/NearestName.h"
 #include "layerman/arguments/UsageError.h"
-#include "layermanager/layers/LayerEdits.h"
+#include "layermanager/layers/operations/LayerEdits.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "layermanager/layers/LayerOperations.h"
+#include "layermanager/layers/operations/LayerOperations.h"
 
 #include <QStringList>
 

@@ -3,7 +3,7 @@
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
-#include "layermanager/layers/LayerOperations.h"
+#include "layermanager/layers/operations/LayerOperations.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "sdk/IKestServicesManager.h"
 #include "sdk/KsResString.h"

@@ -1,4 +1,4 @@
-#include "layermanager/layers/LayerEdits.h"
+#include "layermanager/layers/operations/LayerEdits.h"
 
 #include "base/NameCharacters.h"
 #include "database/OdDbDatabase.h"

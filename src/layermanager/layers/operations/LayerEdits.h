@@ -1,7 +1,7 @@
 #pragma once
 
 #include "layermanager/layers/LayerCells.h"
-#include "layermanager/layers/LayerOperations.h"
+#include "layermanager/layers/operations/LayerOperations.h"
 
 #include <span>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "layermanager/layers/LayerOperations.h"
+#include "layermanager/layers/operations/LayerOperations.h"
 
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTableRecord.h"
