@@ -74,6 +74,8 @@ void CKestListCtrl::CInPlaceEdit::keyPressEvent(QKeyEvent* event)
     if (endsEdit(event->key())) {
         event->accept();
         m_grid.setFocus(Qt::OtherFocusReason);
+        if (m_grid.editor() == this)
+            setFocus(Qt::OtherFocusReason); // its text was refused and is to be corrected
         return;
     }
     QLineEdit::keyPressEvent(event);

@@ -177,6 +177,14 @@ void CKestListCtrl::discardInPlaceEditor()
         setFocus(Qt::OtherFocusReason);
 }
 
+void CKestListCtrl::updateGeometries()
+{
+    QTableView::updateGeometries();
+    // Columns and the grid may have another size; the editor goes with its cell.
+    if (m_editor)
+        m_editor->place(visualRect(model()->index(m_editor->cell().row, m_editor->cell().column)));
+}
+
 void CKestListCtrl::reset()
 {
     discardInPlaceEditor();
@@ -200,6 +208,11 @@ void CKestListCtrl::rowsAboutToBeRemoved(const QModelIndex& parent, int first, i
 }
 
 bool CKestListCtrl::cellAction(int, int)
+{
+    return false;
+}
+
+bool CKestListCtrl::cellDoubleClicked(int, int)
 {
     return false;
 }

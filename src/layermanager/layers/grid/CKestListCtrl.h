@@ -63,7 +63,9 @@ protected:
     /// Reaction to a click on a cell, or to Space on it. True when the click was taken: then
     /// a click without modifiers leaves the selection as the action made it.
     virtual bool cellAction(int row, int column);
-    /// True swallows a click or command before the derived grid sees it.
+    /// Reaction to the second press of a double click on a cell. False makes it one more click.
+    virtual bool cellDoubleClicked(int row, int column);
+    /// True swallows a click or command before the derived grid sees it; asked once for each.
     virtual bool preCheck();
     /// Whether the text of a column's editor is held against the set of forbidden characters.
     virtual bool checksCharacters(int column) const;
@@ -79,6 +81,7 @@ protected:
     bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void updateGeometries() override;
     void reset() override;
     void rowsInserted(const QModelIndex& parent, int first, int last) override;
     void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
@@ -86,7 +89,9 @@ protected:
 private:
     void setUpLook();
     void updateRowHeight();
-    void clickCell(Cell cell, Qt::KeyboardModifiers modifiers);
+    void clickCell(Cell cell, Qt::KeyboardModifiers modifiers, bool isDouble = false);
+    void selectClicked(Cell cell, bool taken);
+    bool pressKey(int key, Qt::KeyboardModifiers modifiers);
     bool moveRow(int key, Qt::KeyboardModifiers modifiers);
     bool moveColumn(int step);
     void editorLostFocus(CInPlaceEdit& editor);

@@ -107,7 +107,7 @@ void CKestListCtrl::mousePressEvent(QMouseEvent* event)
         clickCell(hitTest(event->position().toPoint()), event->modifiers());
 }
 
-void CKestListCtrl::clickCell(Cell cell, Qt::KeyboardModifiers modifiers)
+void CKestListCtrl::clickCell(Cell cell, Qt::KeyboardModifiers modifiers, bool isDouble)
 {
     m_clickModifiers = modifiers & kSelecting;
     if (!cell.isValid()) {
@@ -116,23 +116,28 @@ void CKestListCtrl::clickCell(Cell cell, Qt::KeyboardModifiers modifiers)
             selectionModel()->clearSelection();
         return;
     }
-    if (preCheck())
+    if (preCheck() || (isDouble && cellDoubleClicked(cell.row, cell.column)))
         return;
     const bool taken = cellAction(cell.row, cell.column);
     if (cell.row >= model()->rowCount())
         return; // the action took the row away
     m_lastClicked = cell;
+    selectClicked(cell, taken);
+    focusCell(cell.row, cell.column);
+}
+
+void CKestListCtrl::selectClicked(Cell cell, bool taken)
+{
     if (m_clickModifiers & Qt::ShiftModifier) {
         chooseRange(m_anchorRow < 0 ? cell.row : m_anchorRow, cell.row);
-    } else {
-        if (m_clickModifiers & Qt::ControlModifier)
-            selectionModel()->select(model()->index(cell.row, 0),
-                                     QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
-        else if (!taken)
-            chooseOnly(cell.row);
-        m_anchorRow = cell.row;
+        return;
     }
-    focusCell(cell.row, cell.column);
+    if (m_clickModifiers & Qt::ControlModifier)
+        selectionModel()->select(model()->index(cell.row, 0),
+                                 QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
+    else if (!taken)
+        chooseOnly(cell.row);
+    m_anchorRow = cell.row;
 }
 
 // Presses do all of the work; the base class would change the selection again.
@@ -149,32 +154,39 @@ void CKestListCtrl::mouseReleaseEvent(QMouseEvent* event)
 void CKestListCtrl::mouseDoubleClickEvent(QMouseEvent* event)
 {
     event->accept();
+    if (event->button() == Qt::LeftButton && model())
+        clickCell(hitTest(event->position().toPoint()), event->modifiers(), true);
 }
 
 // Keyboard
 
 void CKestListCtrl::keyPressEvent(QKeyEvent* event)
 {
-    const Qt::KeyboardModifiers modifiers = event->modifiers() & kSelecting;
-    const Cell current{currentIndex().row(), currentIndex().column()};
-    bool handled = false;
-    if (!model() || model()->rowCount() == 0) {
+    if (!model() || model()->rowCount() == 0)
         event->ignore();
-        return;
-    }
-    if (event->key() == Qt::Key_Space && current.isValid()) {
-        clickCell(current, modifiers);
-        handled = true;
-    } else if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
-        moveColumn((event->key() == Qt::Key_Right) != isRightToLeft() ? 1 : -1);
-        handled = true;
-    } else {
-        handled = moveRow(event->key(), modifiers);
-    }
-    if (handled)
+    else if (pressKey(event->key(), event->modifiers() & kSelecting))
         event->accept();
     else
         QTableView::keyPressEvent(event);
+}
+
+/// True for the keys that the grid handles by itself.
+bool CKestListCtrl::pressKey(int key, Qt::KeyboardModifiers modifiers)
+{
+    switch (key) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (currentIndex().isValid())
+            clickCell({currentIndex().row(), currentIndex().column()}, modifiers);
+        return currentIndex().isValid();
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        moveColumn((key == Qt::Key_Right) != isRightToLeft() ? 1 : -1);
+        return true;
+    default:
+        return moveRow(key, modifiers);
+    }
 }
 
 bool CKestListCtrl::moveRow(int key, Qt::KeyboardModifiers modifiers)
