@@ -84,7 +84,7 @@ void CLayerListCtrl::toggleFlag(int row, LayerColumn column)
         if (chosen != row)
             others.push_back(m_model.layerId(chosen));
     }
-    if (toggleLayerFlag(*m_database, column, layer, others) == 0)
+    if (toggleLayerFlag(*m_database, column, layer, others).isEmpty())
         return;
     viewport()->update();
     if (IKestServicesManager* services = getServicesManagerInterface())

@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace {
 
@@ -122,30 +123,43 @@ LayerEditOutcome makeLayerCurrent(OdDbObjectId id)
 {
     return attempt([&]() -> LayerEditOutcome {
         const auto layer = id.safeOpenObject<Record>();
-        OdDbDatabase& database = *id.database();
-        if (database.getCLAYER() == id)
-            return {};
         if (layer->isFrozen() || layer->isDependent()) {
             return refused(KsResString(84516,
                                        QStringLiteral("The following Layers Cannot be made "
                                                       "current.\n .Xref dependent layers\n "
                                                       ".Frozen layers")));
         }
+        OdDbDatabase& database = *id.database();
+        if (database.getCLAYER() == id)
+            return {};
         database.setCLAYER(id);
         return {true, {}};
     });
 }
 
+std::vector<OdDbObjectId> layersToFreeze(OdDbObjectId id, std::span<const OdDbObjectId> layers,
+                                         bool frozen)
+{
+    std::vector<OdDbObjectId> differing;
+    const auto viewport = id.openObject<OdDbViewport>();
+    if (!viewport)
+        return differing;
+    std::unordered_set<quint32> seen;
+    for (const OdDbObjectId layer : layers) {
+        if (viewport->isLayerFrozenInViewport(layer) != frozen && layer.openObject<Record>()
+            && seen.insert(layer.slot()).second)
+            differing.push_back(layer);
+    }
+    return differing;
+}
+
 std::vector<OdDbObjectId> freezeLayersInViewport(OdDbObjectId id,
                                                  std::span<const OdDbObjectId> layers, bool frozen)
 {
-    std::vector<OdDbObjectId> differing;
-    const auto viewport = id.openObject<OdDbViewport>(OdDb::kForWrite);
-    if (!viewport)
+    std::vector<OdDbObjectId> differing = layersToFreeze(id, layers, frozen);
+    if (differing.empty())
         return differing;
-    std::copy_if(
-        layers.begin(), layers.end(), std::back_inserter(differing),
-        [&](OdDbObjectId layer) { return viewport->isLayerFrozenInViewport(layer) != frozen; });
+    const auto viewport = id.safeOpenObject<OdDbViewport>(OdDb::kForWrite);
     if (frozen)
         viewport->freezeLayersInViewport(differing);
     else

@@ -24,6 +24,10 @@ LayerEditOutcome renameLayer(OdDbObjectId layer, const QString& name);
 LayerEditOutcome describeLayer(OdDbObjectId layer, const QString& text);
 LayerEditOutcome makeLayerCurrent(OdDbObjectId layer);
 
+/// The layers that are not frozen, or not thawed, in the viewport yet, each once.
+std::vector<OdDbObjectId> layersToFreeze(OdDbObjectId viewport,
+                                         std::span<const OdDbObjectId> layers, bool frozen);
+
 /// Freezes or thaws layers in a viewport, all at once. Those that changed.
 std::vector<OdDbObjectId> freezeLayersInViewport(OdDbObjectId viewport,
                                                  std::span<const OdDbObjectId> layers, bool frozen);

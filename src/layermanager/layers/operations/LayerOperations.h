@@ -3,6 +3,7 @@
 #include "database/OdCmColor.h"
 #include "database/OdDbObjectId.h"
 #include "layermanager/layers/LayerColumn.h"
+#include "layermanager/layers/operations/LayerOutcome.h"
 
 #include <optional>
 #include <span>
@@ -30,8 +31,8 @@ struct LayerProperty
     void (*write)(OdDbLayerTableRecord& layer, OdDbObjectId viewport, const LayerValue& value);
 };
 
-/// The property of a column; null for those that are not given a value layer by layer: status,
-/// name, description, and what is frozen in a viewport.
+/// The property of a column; null for those that hold no value to be given: status,
+/// name and description.
 const LayerProperty* layerProperty(LayerColumn column);
 
 /// What the rules say to a change of a cell.
@@ -55,16 +56,26 @@ struct LayerChange
 {
     LayerColumn column;
     LayerValue value;
-    OdDbObjectId viewport;
+    OdDbObjectId viewport; ///< of the columns of viewports; null for the layers' own properties
     OdDbObjectId clicked;
     std::span<const OdDbObjectId> others;
 };
 
-/// Makes the change in one undo record; the rules were asked before. Layers that cannot be opened,
-/// or refuse the value, are left as they are. The current layer is never frozen along with others.
-/// Returns the number of layers changed.
-int changeLayers(OdDbDatabase& database, const LayerChange& change);
+/// What a cell holds, in the active viewport for the columns of viewports; nothing for columns that
+/// hold no such value, without a viewport, and for what is no layer.
+std::optional<LayerValue> layerCellValue(const OdDbDatabase& database, OdDbObjectId layer,
+                                         LayerColumn column);
 
-/// Gives a flag of the clicked layer its other value, and spreads that. Returns as changeLayers().
-int toggleLayerFlag(OdDbDatabase& database, LayerColumn column, OdDbObjectId clicked,
-                    std::span<const OdDbObjectId> others);
+/// Gives a value to the clicked layer and then, as the column spreads it, to the others, in one
+/// undo record. Columns of viewports write for the active viewport. A clicked layer that may not
+/// change refuses it for all; the question about turning the current layer off was asked before.
+/// Layers that cannot be opened, or refuse the value, are left as they are. The current layer is
+/// never frozen along with others.
+LayerOutcome giveLayers(OdDbDatabase& database, LayerColumn column, const LayerValue& value,
+                        OdDbObjectId clicked, std::span<const OdDbObjectId> others);
+/// The same with the viewport told.
+LayerOutcome changeLayers(OdDbDatabase& database, const LayerChange& change);
+
+/// Gives a flag of the clicked layer its other value, and spreads that.
+LayerOutcome toggleLayerFlag(OdDbDatabase& database, LayerColumn column, OdDbObjectId clicked,
+                             std::span<const OdDbObjectId> others);
