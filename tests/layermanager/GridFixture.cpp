@@ -1,11 +1,13 @@
 #include "GridFixture.h"
 
 #include "LayerDrawing.h"
+#include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "sdk/CKestPreferenceManager.h"
 
 #include <QHeaderView>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 void GridFixture::prepare()
@@ -80,6 +82,46 @@ void GridFixture::click(const char* layerName, LayerColumn column, Qt::KeyboardM
     const QRect rect = m_grid->visualRect(index);
     QVERIFY2(rect.isValid(), layerName);
     QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, modifiers, rect.center());
+}
+
+void GridFixture::doubleClick(const char* layerName, LayerColumn column,
+                              Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex index = m_grid->model()->index(row(layerName), static_cast<int>(column));
+    m_grid->scrollTo(index);
+    // Two presses of which the second one comes as a double click.
+    QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, modifiers,
+                       m_grid->visualRect(index).center());
+}
+
+void GridFixture::choose(const QList<const char*>& layerNames)
+{
+    std::vector<int> chosenRows;
+    for (const char* name : layerNames)
+        chosenRows.push_back(row(name));
+    std::sort(chosenRows.begin(), chosenRows.end());
+    m_grid->chooseRows(chosenRows);
+}
+
+OdDbObjectId GridFixture::enterViewport()
+{
+    m_database->setCTAB(QStringLiteral("Sheet A"));
+    m_database->setActiveViewport(
+        m_database->getOdDbObjectId(OdDbHandle(DrawingText::kFirstViewport)));
+    return m_database->activeViewportId();
+}
+
+QLineEdit* GridFixture::editor() const
+{
+    return m_grid->editor();
+}
+
+void GridFixture::enter(const QString& text)
+{
+    QVERIFY(editor());
+    editor()->selectAll();
+    QTest::keyClicks(editor(), text);
+    QTest::keyClick(editor(), Qt::Key_Return);
 }
 
 void GridFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers)

@@ -5,6 +5,7 @@
 #include "support/GuardedTest.h"
 #include "support/RecordingPrompts.h"
 
+#include <QLineEdit>
 #include <QTest>
 
 #include <memory>
@@ -35,6 +36,15 @@ protected:
     QString cell(const char* layerName, LayerColumn column) const;
     void click(const char* layerName, LayerColumn column,
                Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void doubleClick(const char* layerName, LayerColumn column,
+                     Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void choose(const QList<const char*>& layerNames);
+    /// Makes Sheet A current and its first viewport the active one.
+    OdDbObjectId enterViewport();
+    /// The open in-place editor; null without one.
+    QLineEdit* editor() const;
+    /// Types over what the editor holds, and ends the edit with Enter.
+    void enter(const QString& text);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void clickHeader(LayerColumn column);
     /// Lets the timer that follows a burst of changes run out now; false when it is not running.

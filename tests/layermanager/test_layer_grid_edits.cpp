@@ -16,7 +16,9 @@ private slots:
     void toggleAFlagByAClick_data();
     void toggleAFlagByAClick();
     void toggleTheFocusedFlagWithSpace();
-    void leaveOtherColumnsAlone();
+    void leaveTheLayerAloneByAClickOnItsStatus();
+    void toggleTwiceByADoubleClick();
+    void toggleTheFocusedFlagWithEnter();
     void selectTheClickedRow();
     void spreadOverTheSelectedRows();
     void stayWithTheClickedRowOutsideOfTheSelection();
@@ -88,14 +90,30 @@ void TestLayerGridEdits::toggleTheFocusedFlagWithSpace()
     QVERIFY(!flag("Roof", Locked));
 }
 
-void TestLayerGridEdits::leaveOtherColumnsAlone()
+void TestLayerGridEdits::leaveTheLayerAloneByAClickOnItsStatus()
 {
-    for (const LayerColumn column : {Status, Name, Color, Linetype, Description}) {
-        click("Walls", column);
-        QCOMPARE(chosen(), QStringLiteral("Walls"));
-    }
+    click("Walls", Status);
+    click("Walls", Status);
+    QCOMPARE(chosen(), QStringLiteral("Walls"));
+    QVERIFY(grid().currentLayer() == layer("0"));
     QVERIFY(!db().hasUndo());
     QCOMPARE(host().viewRefreshes, 0);
+}
+
+void TestLayerGridEdits::toggleTwiceByADoubleClick()
+{
+    doubleClick("Walls", Locked);
+    QVERIFY(!flag("Walls", Locked));
+    QCOMPARE(host().viewRefreshes, 2);
+}
+
+void TestLayerGridEdits::toggleTheFocusedFlagWithEnter()
+{
+    click("Walls", Locked);
+    press(Qt::Key_Return);
+    QVERIFY(!flag("Walls", Locked));
+    press(Qt::Key_Enter);
+    QVERIFY(flag("Walls", Locked));
 }
 
 void TestLayerGridEdits::selectTheClickedRow()

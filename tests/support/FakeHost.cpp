@@ -1,5 +1,6 @@
 #include "support/FakeHost.h"
 
+#include "database/OdDbLinetypeTableRecord.h"
 #include "host/text/LineweightText.h"
 #include "sdk/CKsUndoRedoCommandHistory.h"
 #include "sdk/IKestSysvarManager.h"
@@ -186,12 +187,14 @@ public:
     void refreshView() override { ++m_host.viewRefreshes; }
     int pickColor(const KestPickRequest& request, OdCmColor& color) override
     {
-        return take(request, m_host.pickedColor, color);
+        return take(request, color.colorNameForDisplay(), m_host.pickedColor, color);
     }
     int pickLinetype(const KestPickRequest& request, OdDbObjectId& linetype) override
     {
+        const auto before = linetype.openObject<OdDbLinetypeTableRecord>();
         QString name;
-        const int status = take(request, m_host.pickedLinetype, name);
+        const int status =
+            take(request, before ? before->getName() : name, m_host.pickedLinetype, name);
         const KsApDocument* document = m_host.m_documents->curDocument();
         if (status == kest::kNormal && document)
             linetype = document->database()->table(OdDbTableKind::Linetype).getAt(name);
@@ -199,19 +202,21 @@ public:
     }
     int pickLineweight(const KestPickRequest& request, int& weight) override
     {
-        return take(request, m_host.pickedLineweight, weight);
+        return take(request, QString::number(weight), m_host.pickedLineweight, weight);
     }
     int pickPlotStyle(const KestPickRequest& request, QString& name) override
     {
-        return take(request, m_host.pickedPlotStyle, name);
+        return take(request, name, m_host.pickedPlotStyle, name);
     }
     void showHelp(int topic) override { m_host.helpTopics.append(topic); }
 
 private:
     template <class Value>
-    int take(const KestPickRequest& request, const std::optional<Value>& picked, Value& value)
+    int take(const KestPickRequest& request, const QString& start,
+             const std::optional<Value>& picked, Value& value)
     {
         m_host.pickRequests.push_back(request);
+        m_host.pickStarts.append(start);
         if (!picked)
             return kest::kCancel;
         value = *picked;

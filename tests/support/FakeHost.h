@@ -65,6 +65,7 @@ public:
     std::optional<QString> pickedFile;
     int pickedFilter = -1;
     std::vector<KestPickRequest> pickRequests;
+    QStringList pickStarts; ///< the value that each pick dialog started from, by its name
     std::vector<KestFileRequest> fileRequests;
     QList<int> fileFilters; ///< the filter that each file question started with
     QList<int> helpTopics;

@@ -114,6 +114,17 @@ void LayerListModel::removeLayer(int row)
     endRemoveRows();
 }
 
+void LayerListModel::removeLayers(const Ids& layers)
+{
+    std::unordered_set<quint32> gone;
+    for (const OdDbObjectId layer : layers)
+        gone.insert(layer.slot());
+    beginResetModel();
+    std::erase_if(m_rows, [&](OdDbObjectId layer) { return gone.contains(layer.slot()); });
+    m_index.reset();
+    endResetModel();
+}
+
 bool LayerListModel::refreshRow(int row, OdDbObjectId layer)
 {
     if (layerId(row).isNull() || !layer.openObject<OdDbLayerTableRecord>())

@@ -45,6 +45,8 @@ public:
     void reorder(LayerSortOrder order);
     void insertLayer(OdDbObjectId layer, int row);
     void removeLayer(int row);
+    /// Takes many rows out at once; the views start anew.
+    void removeLayers(const Ids& layers);
 
     /// Has the views read a row again; false when the layer cannot be opened.
     bool refreshRow(int row, OdDbObjectId layer);

@@ -45,6 +45,8 @@ public:
     void chooseOnly(int row);
     void chooseRange(int from, int to);
     void chooseRows(const std::vector<int>& rows);
+    /// Selects and focuses a row that something else than a click leads to, such as a menu.
+    void chooseForMenu(int row);
     /// Moves the focus to a cell; the selection stays.
     void focusCell(int row, int column);
     /// Scrolls so far that the row is in view, with a margin.

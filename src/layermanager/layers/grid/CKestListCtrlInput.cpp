@@ -93,6 +93,13 @@ void CKestListCtrl::chooseRows(const std::vector<int>& rows)
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
+void CKestListCtrl::chooseForMenu(int row)
+{
+    chooseOnly(row);
+    focusCell(row, std::max(0, currentIndex().column()));
+    m_anchorRow = row;
+}
+
 void CKestListCtrl::focusCell(int row, int column)
 {
     selectionModel()->setCurrentIndex(model()->index(row, column), QItemSelectionModel::NoUpdate);

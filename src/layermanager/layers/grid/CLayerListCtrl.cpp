@@ -11,6 +11,7 @@
 #include "sdk/KsApDocManager.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -19,11 +20,26 @@ namespace {
 /// Layers with this character in their names belong to the program that made the drawing.
 constexpr char kHiddenMark = '*';
 
+/// So many rows are taken away one by one, with the selection and the focus around them.
+constexpr std::size_t kFewRows = 32;
+
 OdDbDatabase* activeDatabase()
 {
     const KsApDocManager* documents = ksDocManagerPtr();
     const KsApDocument* document = documents ? documents->curDocument() : nullptr;
     return document ? document->database() : nullptr;
+}
+
+/// Rows of the layers that are listed, ascending.
+std::vector<int> rowsOf(const LayerListModel& model, const LayerListModel::Ids& layers)
+{
+    std::vector<int> rows;
+    for (const OdDbObjectId layer : layers) {
+        if (const int row = model.rowOf(layer); row >= 0)
+            rows.push_back(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
 }
 
 LayerListModel::Ids shownLayers(const OdDbDatabase& database)
@@ -52,6 +68,10 @@ CLayerListCtrl::CLayerListCtrl(QWidget* parent)
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &CLayerListCtrl::columnClicked);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int section, int, int width) { sectionResized(section, width); });
+    connect(this, &CKestListCtrl::endLabelEdit, this,
+            [this](int row, int subItem, const QString& text) {
+                endTextEdit(row, static_cast<LayerColumn>(columnData(subItem).subItem), text);
+            });
     m_refreshTimer.setSingleShot(true);
     m_refreshTimer.setInterval(kRefreshDelay);
     m_refreshTimer.setObjectName(QStringLiteral("timer_%1").arg(kRefreshTimer));
@@ -131,6 +151,7 @@ bool CLayerListCtrl::fillFromList(const LayerListModel::Ids& layers)
 void CLayerListCtrl::list(LayerListModel::Ids layers)
 {
     m_newLayerFlag = false;
+    m_newLayer = {};
     m_model.forgetNewLayers();
     m_model.reset(std::move(layers), m_sortOrder);
     m_displayedCount = m_model.rowCount();
@@ -168,6 +189,7 @@ void CLayerListCtrl::refreshAllRows()
     if (m_database)
         m_model.setContext(LayerCellContext::of(*m_database));
     m_newLayerFlag = false;
+    m_newLayer = {};
     m_model.refreshAll();
     viewport()->update();
 }
@@ -242,11 +264,33 @@ void CLayerListCtrl::layerModified(OdDbObjectId layer)
 
 void CLayerListCtrl::layerErased(OdDbObjectId layer)
 {
-    const int row = findRow(layer);
-    if (row < 0)
+    if (m_erased)
+        m_erased->push_back(layer);
+    else if (!m_renaming)
+        removeRows({layer});
+}
+
+void CLayerListCtrl::removeRows(const LayerListModel::Ids& layers)
+{
+    const bool listed = std::any_of(layers.begin(), layers.end(),
+                                    [this](OdDbObjectId layer) { return findRow(layer) >= 0; });
+    if (!listed)
         return;
     discardInPlaceEditor();
-    m_model.removeLayer(row);
+    if (layers.size() <= kFewRows) {
+        for (const OdDbObjectId layer : layers) {
+            if (const int row = findRow(layer); row >= 0)
+                m_model.removeLayer(row);
+        }
+    } else {
+        const UpdatesOff still(*this);
+        const LayerListModel::Ids chosen = chosenLayers();
+        const int scrolled = verticalScrollBar()->value();
+        m_model.removeLayers(layers);
+        chooseRows(rowsOf(m_model, chosen));
+        executeDelayedItemsLayout();
+        verticalScrollBar()->setValue(scrolled);
+    }
     m_displayedCount = m_model.rowCount();
     emit listChanged();
 }

@@ -4,12 +4,15 @@
 #include "layermanager/layers/ListCtrlColumnData.h"
 #include "layermanager/layers/grid/CKestListCtrl.h"
 
+#include <QMenu>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 class OdDbDatabase;
 enum class LayerVerdict;
+struct LayerOutcome;
 
 /// The grid of layers: one row per layer of the drawing it is bound to, one column per property.
 class CLayerListCtrl : public CKestListCtrl
@@ -50,6 +53,20 @@ public:
     OdDbObjectId currentLayer() const { return m_model.context().currentLayer; }
     const LayerListModel& layerModel() const { return m_model; }
 
+    // Commands
+
+    /// Runs a command of the context menu. Nothing for identifiers that are none of the grid's, and
+    /// while the grid or another command does not allow any.
+    void command(int id);
+    /// Runs an operation on the selected layers, those of the toolbar included, whatever runs.
+    void operate(int id);
+    /// The context menu on the selected rows; null without a drawing.
+    std::unique_ptr<QMenu> contextMenu();
+    /// What opens the dialogs of layer states, called with the identifier of the command. Without
+    /// it those commands do nothing.
+    using StateDialogs = std::function<void(int id)>;
+    void setStateDialogs(StateDialogs dialogs) { m_stateDialogs = std::move(dialogs); }
+
     // Columns
 
     /// Record of a column; raises std::invalid_argument for a number that is none.
@@ -71,6 +88,9 @@ public:
     /// Set while a layer made by the palette is fresh: its row shows the not-in-use icon. The next
     /// full refresh clears it.
     void setNewLayerFlag(bool set) { m_newLayerFlag = set; }
+    /// The layer that the grid made last, until its name was edited or all rows were refreshed;
+    /// else null.
+    OdDbObjectId newLayer() const { return m_newLayer; }
 
     void sysVarChanged(const OdDbDatabase* database, const QString& name);
 
@@ -79,6 +99,8 @@ signals:
     void listChanged();
     /// Layers were changed from the grid.
     void layersChanged();
+    /// A command of the grid made a layer. It is in the table, and not yet frozen in viewports.
+    void layerMade(OdDbObjectId layer);
     /// Another layer is current, or the current one changed.
     void currentLayerChanged();
     /// What is listed may no longer be what should be; sent once a burst of changes is over.
@@ -88,8 +110,12 @@ signals:
 
 protected:
     bool cellAction(int row, int column) override;
+    bool cellDoubleClicked(int row, int column) override;
     bool preCheck() override;
     bool checksCharacters(int column) const override;
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -114,19 +140,44 @@ private:
     void refreshTimeout();
 
     // Edits
-    void toggleFlag(int row, LayerColumn column);
+    bool isStartOfTextEdit(int row, LayerColumn column) const;
+    void startTextEdit(int row, LayerColumn column);
+    void endTextEdit(int row, LayerColumn column, const QString& text);
+    void renameRow(int row, const QString& name);
+    void describeRow(int row, const QString& text);
+    void settleNewLayer();
+    void changeCell(int row, LayerColumn column);
+    bool mayChange(OdDbObjectId layer, LayerColumn column);
     bool isAllowed(LayerVerdict verdict);
+    /// What the host's views do after a change.
+    enum class Redraw { Refresh, Regenerate, RegenerateAll };
+    /// Tells the user, the views and the palette what became of a change.
+    void finishEdit(const LayerOutcome& outcome, Redraw redraw = Redraw::Refresh);
+    static Redraw redrawAfterCell(LayerColumn column);
+    static Redraw redrawAfterCommand(int id);
+
+    // Commands
+    bool leaveEditor();
+    void chooseAllBut(const std::vector<int>& rows);
+    int commandOfKey(const QKeyEvent& event) const;
+    LayerListModel::Ids chosenLayers() const;
+    void removeRows(const LayerListModel::Ids& layers);
+    void editNewLayer();
 
     LayerListModel m_model;
     std::unique_ptr<CLayerListCtrlDatabaseReactor> m_reactor;
     OdDbDatabase* m_database = nullptr;
     std::vector<ListCtrlColumnData> m_columns;
     LayerSortOrder m_sortOrder;
+    StateDialogs m_stateDialogs;
     QString m_widthsKey;
+    OdDbObjectId m_newLayer;
+    LayerListModel::Ids* m_erased = nullptr; ///< collects what an operation erases
     int m_displayedCount = 0;
     bool m_inLayout = false;
     bool m_switchedOff = false;
     bool m_newLayerFlag = false;
+    bool m_renaming = false; ///< while a name is being written
     bool m_settingWidths = false;
     bool m_refreshPending = false;
     QTimer m_refreshTimer{this};

@@ -3,8 +3,13 @@
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
-#include "layermanager/layers/operations/LayerOperations.h"
+#include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
+#include "layermanager/layers/grid/LayerValuePick.h"
+#include "layermanager/layers/grid/UpdatesOff.h"
+#include "layermanager/layers/operations/LayerActions.h"
+#include "layermanager/layers/operations/LayerEdits.h"
+#include "layermanager/layers/operations/LayerOperations.h"
 #include "sdk/IKestServicesManager.h"
 #include "sdk/KsResString.h"
 #include "toolkit/Prompts.h"
@@ -56,40 +61,112 @@ bool CLayerListCtrl::checksCharacters(int column) const
 
 bool CLayerListCtrl::cellAction(int row, int column)
 {
-    closeInPlaceEditor();
-    if (editor())
+    if (!leaveEditor())
         return true; // its text is refused and wants correcting first
     setFocus(Qt::MouseFocusReason);
     const auto clicked = static_cast<LayerColumn>(columnData(column).subItem);
-    const LayerColumnInfo& info = layerColumnInfo(clicked);
-    if (clickModifiers() || info.kind != LayerCellKind::Flag || info.layoutsOnly)
+    if (clickModifiers() || clicked == LayerColumn::Status)
         return false;
-    toggleFlag(row, clicked);
+    if (clicked == LayerColumn::Name || clicked == LayerColumn::Description) {
+        if (!isStartOfTextEdit(row, clicked))
+            return false;
+        startTextEdit(row, clicked);
+        return true;
+    }
+    changeCell(row, clicked);
     return true;
 }
 
-void CLayerListCtrl::toggleFlag(int row, LayerColumn column)
+bool CLayerListCtrl::cellDoubleClicked(int row, int column)
+{
+    if ((clickModifiers() & Qt::ControlModifier) && chosenRowCount() > 1) {
+        Prompts::current().message(this, severalCurrentLayersText());
+        return true;
+    }
+    if (column != static_cast<int>(LayerColumn::Status) || !m_database)
+        return false;
+    if (!leaveEditor())
+        return true;
+    const LayerOutcome outcome = setCurrentLayer(*m_database, m_model.layerId(row));
+    finishEdit(outcome);
+    if (findRow(currentLayer()) == row)
+        selectCurrentRow();
+    return true;
+}
+
+bool CLayerListCtrl::leaveEditor()
+{
+    closeInPlaceEditor();
+    if (CInPlaceEdit* open = editor())
+        open->setFocus(Qt::OtherFocusReason);
+    return !editor();
+}
+
+void CLayerListCtrl::changeCell(int row, LayerColumn column)
 {
     const OdDbObjectId layer = m_model.layerId(row);
     if (!isRowChosen(row))
         chooseOnly(row);
     focusCell(row, static_cast<int>(column));
+    OdDbDatabase* database = m_database;
+    if (!database || !mayChange(layer, column))
+        return;
+    std::optional<LayerValue> value = layerCellValue(*database, layer, column);
+    if (!value)
+        return;
+    if (const bool* flag = std::get_if<bool>(&*value))
+        value = !*flag;
+    else
+        value = pickLayerValue(this, *value);
+    if (!value || m_database != database)
+        return;
+    LayerListModel::Ids others = chosenLayers();
+    std::erase(others, layer);
+    LayerOutcome outcome;
+    {
+        const UpdatesOff still(*this);
+        outcome = giveLayers(*database, column, *value, layer, others);
+    }
+    finishEdit(outcome, redrawAfterCell(column));
+}
+
+CLayerListCtrl::Redraw CLayerListCtrl::redrawAfterCell(LayerColumn column)
+{
+    switch (column) {
+    case LayerColumn::VpFreeze:
+        return Redraw::RegenerateAll;
+    case LayerColumn::VpColor:
+    case LayerColumn::VpLinetype:
+    case LayerColumn::VpLineweight:
+        return Redraw::Regenerate;
+    default:
+        return Redraw::Refresh;
+    }
+}
+
+void CLayerListCtrl::finishEdit(const LayerOutcome& outcome, Redraw redraw)
+{
+    if (!outcome.message.isEmpty())
+        Prompts::current().message(this, outcome.message);
+    if (outcome.isEmpty())
+        return;
+    viewport()->update();
+    IKestServicesManager* services = getServicesManagerInterface();
+    if (redraw == Redraw::RegenerateAll)
+        ksedRegenAll();
+    else if (redraw == Redraw::Regenerate)
+        ksedRegen();
+    else if (services)
+        services->refreshView();
+    emit layersChanged();
+}
+
+bool CLayerListCtrl::mayChange(OdDbObjectId layer, LayerColumn column)
+{
     LayerVerdict verdict = LayerVerdict::NotByClick;
     if (const auto record = layer.openObject<OdDbLayerTableRecord>())
         verdict = mayEditLayerCell(*record, column, readHostId(QStringLiteral("CLAYER")));
-    if (!isAllowed(verdict) || !m_database)
-        return;
-    LayerListModel::Ids others;
-    for (const int chosen : chosenRows()) {
-        if (chosen != row)
-            others.push_back(m_model.layerId(chosen));
-    }
-    if (toggleLayerFlag(*m_database, column, layer, others).isEmpty())
-        return;
-    viewport()->update();
-    if (IKestServicesManager* services = getServicesManagerInterface())
-        services->refreshView();
-    emit layersChanged();
+    return isAllowed(verdict);
 }
 
 bool CLayerListCtrl::isAllowed(LayerVerdict verdict)
