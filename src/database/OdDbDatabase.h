@@ -76,6 +76,9 @@ public:
     /// In a layout: the viewport worked in, the sheet's own (overall) one included. In model space:
     /// a null id, since viewport properties apply to layouts only.
     OdDbObjectId activeViewportId() const;
+    /// The viewport that is, or would be, the active one while that sheet is current; a null id for
+    /// a sheet never opened.
+    OdDbObjectId activeViewportOf(OdDbObjectId sheet) const;
     /// Makes a viewport of the current layout the active one (session state).
     void setActiveViewport(OdDbObjectId viewport);
 

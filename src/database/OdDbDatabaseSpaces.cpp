@@ -57,9 +57,12 @@ OdDbObjectId OdDbDatabase::currentLayoutId() const
 
 OdDbObjectId OdDbDatabase::activeViewportId() const
 {
-    if (m_current.modelSpace)
-        return {};
-    const std::vector<OdDbObjectId> viewports = viewportsOf(getPaperSpaceId());
+    return m_current.modelSpace ? OdDbObjectId() : activeViewportOf(getPaperSpaceId());
+}
+
+OdDbObjectId OdDbDatabase::activeViewportOf(OdDbObjectId sheet) const
+{
+    const std::vector<OdDbObjectId> viewports = viewportsOf(sheet);
     if (viewports.empty())
         return {};
     if (std::find(viewports.begin(), viewports.end(), m_current.viewport) != viewports.end())

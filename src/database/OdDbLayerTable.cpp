@@ -7,13 +7,27 @@
 
 OdDbObjectId OdDbLayerTable::add(const QString& name)
 {
+    return add(newLayerState(name));
+}
+
+OdDbObjectId OdDbLayerTable::add(const LayerState& state)
+{
     auto layer = std::make_unique<OdDbLayerTableRecord>();
-    LayerState& state = layer->stateForLoading();
+    layer->stateForLoading() = state;
+    const OdDbObjectId added = addRecord(std::move(layer));
+    if (state.reconciled)
+        reconciledRecordsChanged(1);
+    return added;
+}
+
+LayerState OdDbLayerTable::newLayerState(const QString& name) const
+{
+    LayerState state;
     state.name = name;
     state.linetype = database()->getLinetypeContinuousId();
     if (const auto zero = database()->getLayerZeroId().openObject<OdDbLayerTableRecord>())
         state.plotStyle = zero->state().plotStyle;
-    return addRecord(std::move(layer));
+    return state;
 }
 
 void OdDbLayerTable::generateUsageData() const

@@ -5,6 +5,8 @@
 #include <optional>
 #include <unordered_map>
 
+struct LayerState;
+
 /// The layer table.
 class OdDbLayerTable : public OdDbSymbolTable
 {
@@ -22,6 +24,10 @@ public:
     /// lineweight, the plot style of layer 0. Undoable. Raises OdError with InvalidKey (empty
     /// name) or DuplicateKey.
     OdDbObjectId add(const QString& name);
+    /// Adds a layer in that state. Raises as above.
+    OdDbObjectId add(const LayerState& state);
+    /// The state that add() gives a layer of that name.
+    LayerState newLayerState(const QString& name) const;
 
     /// Counts, for every layer, the entities of all blocks, their vertices and attributes and the
     /// block frames that lie on it. The first call makes one pass over the record index; edits,

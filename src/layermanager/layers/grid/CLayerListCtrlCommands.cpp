@@ -165,7 +165,7 @@ void CLayerListCtrl::contextMenuEvent(QContextMenuEvent* event)
 int CLayerListCtrl::commandOfKey(const QKeyEvent& event) const
 {
     const QKeySequence pressed((event.modifiers() & ~Qt::KeypadModifier) | event.key());
-    for (const LayerCommand& command : layerCommands()) {
+    for (const LayerGridCommand& command : layerCommands()) {
         if (!command.shortcut || pressed != QKeySequence(QLatin1String(command.shortcut)))
             continue;
         const bool onDescription =

@@ -6,7 +6,7 @@ std::unique_ptr<QMenu> makeLayerMenu(const LayerCommandState& state,
                                      const std::function<void(int)>& run)
 {
     std::vector<CommandMenuRow> rows;
-    for (const LayerCommand& command : layerCommands()) {
+    for (const LayerGridCommand& command : layerCommands()) {
         if (command.menu != LayerMenu::None)
             rows.push_back({command.id, layerCommandText(command), layerMenuText(command.menu),
                             command.shortcut, command.separatorBefore,

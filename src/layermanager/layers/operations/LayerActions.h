@@ -1,10 +1,9 @@
 #pragma once
 
 #include "layermanager/layers/operations/LayerOutcome.h"
+#include "layermanager/layers/operations/UndoRecordOnDemand.h"
 
 #include <span>
-
-class OdDbDatabase;
 
 // Commands on selected layers. Each opens one undo record, where there is anything to change.
 
@@ -24,4 +23,4 @@ LayerOutcome reconcileLayers(OdDbDatabase& database, std::span<const OdDbObjectI
 /// included. Only while a layout is current. The changed layers are those that differ in any
 /// viewport.
 LayerOutcome freezeInAllViewports(OdDbDatabase& database, std::span<const OdDbObjectId> layers,
-                                  bool frozen);
+                                  bool frozen, LayerUndo undo = LayerUndo::Opens);

@@ -48,16 +48,14 @@ enum LayerNeed {
     kNeedsNothing = 0,
     kNeedsRows = 1, ///< a layer is listed
     kNeedsSelection = 2,
-    kNeedsOne = 4, ///< exactly one layer is selected
-    kNeedsAtMostOne = 8,
-    kNeedsLayout = 16, ///< TILEMODE is 0
-    kNeedsViewport = 32, ///< a layout is current and has an active viewport
-    kNeedsSelectedOverrides = 64, ///< a selected layer differs in some viewport
-    kNeedsListedOverrides = 128, ///< a listed layer does
-    kNeedsUnreconciled = 256, ///< a selected layer waits to be reviewed
+    kNeedsLayout = 4, ///< TILEMODE is 0
+    kNeedsViewport = 8, ///< a layout is current and has an active viewport
+    kNeedsSelectedOverrides = 16, ///< a selected layer differs in some viewport
+    kNeedsListedOverrides = 32, ///< a listed layer does
+    kNeedsUnreconciled = 64, ///< a selected layer waits to be reviewed
 };
 
-struct LayerCommand
+struct LayerGridCommand
 {
     int id;
     LayerMenu menu;
@@ -68,10 +66,10 @@ struct LayerCommand
 };
 
 /// All commands, those of the context menu in its order.
-std::span<const LayerCommand> layerCommands();
+std::span<const LayerGridCommand> layerCommands();
 /// Null for an identifier that is none.
-const LayerCommand* layerCommand(int id);
-QString layerCommandText(const LayerCommand& command);
+const LayerGridCommand* layerCommand(int id);
+QString layerCommandText(const LayerGridCommand& command);
 /// The label of a submenu; empty for the menu itself.
 QString layerMenuText(LayerMenu menu);
 

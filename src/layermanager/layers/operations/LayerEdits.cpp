@@ -119,16 +119,20 @@ QString severalCurrentLayersText()
                                       "single layer."));
 }
 
+QString currentLayerRefusal(const OdDbLayerTableRecord& layer)
+{
+    if (!layer.isFrozen() && !layer.isDependent())
+        return {};
+    return KsResString(84516,
+                       QStringLiteral("The following Layers Cannot be made current.\n .Xref "
+                                      "dependent layers\n .Frozen layers"));
+}
+
 LayerEditOutcome makeLayerCurrent(OdDbObjectId id)
 {
     return attempt([&]() -> LayerEditOutcome {
-        const auto layer = id.safeOpenObject<Record>();
-        if (layer->isFrozen() || layer->isDependent()) {
-            return refused(KsResString(84516,
-                                       QStringLiteral("The following Layers Cannot be made "
-                                                      "current.\n .Xref dependent layers\n "
-                                                      ".Frozen layers")));
-        }
+        if (const QString why = currentLayerRefusal(*id.safeOpenObject<Record>()); !why.isEmpty())
+            return refused(why);
         OdDbDatabase& database = *id.database();
         if (database.getCLAYER() == id)
             return {};

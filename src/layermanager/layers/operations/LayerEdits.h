@@ -37,6 +37,8 @@ std::vector<OdDbObjectId> freezeLayersInViewport(OdDbObjectId viewport,
 std::vector<OdDbObjectId>
 markLayersReconciled(OdDbDatabase& database, std::span<const OdDbObjectId> layers, bool reconciled);
 
+/// Why the layer cannot be current; empty where it can.
+QString currentLayerRefusal(const OdDbLayerTableRecord& layer);
 /// Why no layer may have that name; empty where one may.
 QString layerNameRefusal(const QString& name);
 /// What is said to somebody who wants to make several layers current.

@@ -243,6 +243,22 @@ LayerOutcome giveLayers(OdDbDatabase& database, LayerColumn column, const LayerV
                     : LayerOutcome();
 }
 
+LayerOutcome giveEachLayer(OdDbDatabase& database, LayerColumn column, const LayerValue& value,
+                           std::span<const OdDbObjectId> layers)
+{
+    Operation operation(database);
+    const LayerProperty* property = layerProperty(column);
+    const auto viewport = viewportOf(database, column);
+    if (!property || !viewport)
+        return operation.outcome;
+    const LayerChange change = {column, value, *viewport, {}, layers};
+    if (column == VpFreeze)
+        writeInViewport(operation, change);
+    else
+        writeOthers(operation, *property, change);
+    return operation.outcome;
+}
+
 LayerOutcome toggleLayerFlag(OdDbDatabase& database, LayerColumn column, OdDbObjectId clicked,
                              std::span<const OdDbObjectId> others)
 {

@@ -76,6 +76,11 @@ LayerOutcome giveLayers(OdDbDatabase& database, LayerColumn column, const LayerV
 /// The same with the viewport told.
 LayerOutcome changeLayers(OdDbDatabase& database, const LayerChange& change);
 
+/// Gives a value to all of the layers that may have it and differ, in one undo record: as
+/// giveLayers() does to those that follow a clicked one.
+LayerOutcome giveEachLayer(OdDbDatabase& database, LayerColumn column, const LayerValue& value,
+                           std::span<const OdDbObjectId> layers);
+
 /// Gives a flag of the clicked layer its other value, and spreads that.
 LayerOutcome toggleLayerFlag(OdDbDatabase& database, LayerColumn column, OdDbObjectId clicked,
                              std::span<const OdDbObjectId> others);

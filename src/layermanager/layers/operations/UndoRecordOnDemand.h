@@ -2,13 +2,20 @@
 
 #include "layermanager/layers/LayerUndoRecord.h"
 
+/// Whether an operation opens an undo record of its own.
+enum class LayerUndo {
+    Opens,
+    Joins, ///< the record of the operation that it is part of
+};
+
 /// Opens the undo record of an operation right before its first change, so that an operation which
 /// changes nothing leaves no record behind.
 class UndoRecordOnDemand
 {
 public:
-    explicit UndoRecordOnDemand(OdDbDatabase& database)
+    explicit UndoRecordOnDemand(OdDbDatabase& database, LayerUndo undo = LayerUndo::Opens)
         : m_database(database)
+        , m_begun(undo == LayerUndo::Joins)
     { }
 
     /// To be called before every change.
@@ -21,5 +28,5 @@ public:
 
 private:
     OdDbDatabase& m_database;
-    bool m_begun = false;
+    bool m_begun;
 };
