@@ -14,8 +14,11 @@ class CRecordingGrid : public CKestListCtrl
 {
 public:
     QList<QPair<int, int>> clicked;
+    QList<QPair<int, int>> doubleClicked;
     bool swallow = false;
     bool take = false;
+    bool takeDouble = false;
+    int preChecks = 0;
     int uncheckedColumn = -1;
 
 protected:
@@ -24,7 +27,16 @@ protected:
         clicked.append({row, column});
         return take;
     }
-    bool preCheck() override { return swallow; }
+    bool cellDoubleClicked(int row, int column) override
+    {
+        doubleClicked.append({row, column});
+        return takeDouble;
+    }
+    bool preCheck() override
+    {
+        ++preChecks;
+        return swallow;
+    }
     bool checksCharacters(int column) const override { return column != uncheckedColumn; }
 };
 

@@ -3,6 +3,7 @@
 #include "LayerDrawing.h"
 #include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "sdk/CKestPreferenceManager.h"
+#include "support/TestFailure.h"
 
 #include <QHeaderView>
 #include <QTimer>
@@ -43,6 +44,8 @@ OdDbDatabase& GridFixture::openDrawing(std::unique_ptr<OdDbDatabase> database)
     m_grid->fill(m_database);
     m_grid->show();
     m_grid->activateWindow();
+    if (!QTest::qWaitForWindowActive(m_grid.get()))
+        reportTestFailure(QStringLiteral("The grid's window does not become active."));
     m_grid->setFocus();
     return *m_database;
 }
@@ -89,9 +92,10 @@ void GridFixture::doubleClick(const char* layerName, LayerColumn column,
 {
     const QModelIndex index = m_grid->model()->index(row(layerName), static_cast<int>(column));
     m_grid->scrollTo(index);
-    // Two presses of which the second one comes as a double click.
-    QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, modifiers,
-                       m_grid->visualRect(index).center());
+    const QPoint place = m_grid->visualRect(index).center();
+    QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, modifiers, place);
+    // The second press alone comes as a double click.
+    QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, modifiers, place);
 }
 
 void GridFixture::choose(const QList<const char*>& layerNames)

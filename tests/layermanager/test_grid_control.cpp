@@ -21,12 +21,18 @@ private slots:
     void togglesARowWithControl();
     void clearsTheSelectionByAClickBesideTheRows();
     void ignoresOtherButtons();
+    void countsTheSecondPressOfADoubleClick();
+    void leavesADoubleClickToTheGridThatTakesIt();
+    void swallowsADoubleClickByThePreCheck();
+    void anchorsAtTheFirstRowThatIsSelectedWithShift();
+    void selectsARowForAMenu();
 
     void walksThroughTheRowsWithKeys();
     void walksThroughTheShownColumnsWithKeys();
     void extendsTheSelectionWithShiftAndKeys();
     void movesTheFocusAloneWithControl();
     void clicksTheFocusedCellWithSpace();
+    void clicksTheFocusedCellWithEnter();
     void letsTabLeaveAtTheLastColumn();
     void isQuietWithoutRows();
 };
@@ -145,6 +151,59 @@ void TestGridControl::ignoresOtherButtons()
     QCOMPARE(m_grid->clicked.size(), 1);
 }
 
+void TestGridControl::countsTheSecondPressOfADoubleClick()
+{
+    click(3, 2);
+    QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, center(3, 2));
+    QCOMPARE(m_grid->doubleClicked, (QList<QPair<int, int>>{{3, 2}}));
+    QCOMPARE(m_grid->clicked, (QList<QPair<int, int>>{{3, 2}, {3, 2}}));
+    QCOMPARE(m_grid->preChecks, 2);
+    QTest::mouseDClick(m_grid->viewport(), Qt::RightButton, {}, center(3, 2));
+    QCOMPARE(m_grid->doubleClicked.size(), 1);
+}
+
+void TestGridControl::leavesADoubleClickToTheGridThatTakesIt()
+{
+    m_grid->takeDouble = true;
+    m_grid->chooseRows({1, 5});
+    QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, center(3, 2));
+    QVERIFY(m_grid->clicked.isEmpty());
+    QCOMPARE(chosen(), (QList<int>{1, 5}));
+    // Beside the cells there is nothing to take.
+    QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, QPoint(300, 5));
+    QCOMPARE(m_grid->doubleClicked.size(), 1);
+}
+
+void TestGridControl::swallowsADoubleClickByThePreCheck()
+{
+    m_grid->swallow = true;
+    QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, center(3, 2));
+    QVERIFY(m_grid->doubleClicked.isEmpty());
+    QVERIFY(m_grid->clicked.isEmpty());
+    QCOMPARE(m_grid->preChecks, 1);
+}
+
+void TestGridControl::anchorsAtTheFirstRowThatIsSelectedWithShift()
+{
+    click(4, 0, Qt::ShiftModifier);
+    QCOMPARE(chosen(), QList<int>{4});
+    QCOMPARE(m_grid->anchorRow(), 4);
+    click(6, 0, Qt::ShiftModifier);
+    QCOMPARE(chosen(), (QList<int>{4, 5, 6}));
+}
+
+void TestGridControl::selectsARowForAMenu()
+{
+    click(1, 2);
+    m_grid->clicked.clear();
+    m_grid->chooseForMenu(4);
+    QCOMPARE(chosen(), QList<int>{4});
+    QVERIFY(current() == (Cell{4, 2}));
+    QVERIFY(m_grid->clicked.isEmpty());
+    click(6, 0, Qt::ShiftModifier);
+    QCOMPARE(chosen(), (QList<int>{4, 5, 6}));
+}
+
 // Keyboard
 
 void TestGridControl::walksThroughTheRowsWithKeys()
@@ -215,6 +274,15 @@ void TestGridControl::clicksTheFocusedCellWithSpace()
     m_grid->clicked.clear();
     QTest::keyClick(m_grid, Qt::Key_Space);
     QCOMPARE(m_grid->clicked, (QList<QPair<int, int>>{{4, 1}}));
+}
+
+void TestGridControl::clicksTheFocusedCellWithEnter()
+{
+    click(4, 1);
+    m_grid->clicked.clear();
+    QTest::keyClick(m_grid, Qt::Key_Return);
+    QTest::keyClick(m_grid, Qt::Key_Enter, Qt::KeypadModifier);
+    QCOMPARE(m_grid->clicked, (QList<QPair<int, int>>{{4, 1}, {4, 1}}));
 }
 
 void TestGridControl::letsTabLeaveAtTheLastColumn()

@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 
 class TestInPlaceEdit : public GridControlFixture
@@ -26,6 +27,11 @@ private slots:
     void closesAnEditorOnlyWhenItsTextIsClean();
     void reportsOnceWhenItClosesTheEditor();
     void growsTheEditorUpToTheGridsEdge();
+    void growsTheEditorNoFurtherThanTheGridsNewEdge();
+    void takesTheColumnsAlignment_data();
+    void takesTheColumnsAlignment();
+    void goesWithItsCell();
+    void keepsTheFocusWithARefusedText();
     void keepsKeysOfTheEditorFromTheRows();
     void discardsTheEditorWithTheRows();
 };
@@ -191,6 +197,57 @@ void TestInPlaceEdit::growsTheEditorUpToTheGridsEdge()
     QCOMPARE(editor->geometry().right(), m_grid->viewport()->rect().right());
     QTest::keyClick(editor, Qt::Key_Backspace);
     QCOMPARE(editor->geometry().right(), m_grid->viewport()->rect().right());
+}
+
+void TestInPlaceEdit::growsTheEditorNoFurtherThanTheGridsNewEdge()
+{
+    InPlaceEdit* editor = edit(3, 1);
+    QTest::keyClicks(editor, QString(80, QLatin1Char('m')));
+    m_window->resize(500, 300);
+    QTRY_COMPARE(editor->geometry().right(), m_grid->viewport()->rect().right());
+    m_window->resize(380, 300);
+    QTRY_COMPARE(editor->geometry().right(), m_grid->viewport()->rect().right());
+    QCOMPARE(editor->x(), 60);
+}
+
+void TestInPlaceEdit::takesTheColumnsAlignment_data()
+{
+    QTest::addColumn<int>("alignment");
+    QTest::newRow("left") << int(Qt::AlignLeft);
+    QTest::newRow("right") << int(Qt::AlignRight);
+    QTest::newRow("center") << int(Qt::AlignHCenter);
+}
+
+void TestInPlaceEdit::takesTheColumnsAlignment()
+{
+    QFETCH(int, alignment);
+    m_model->setHeaderData(1, Qt::Horizontal, QVariant::fromValue(Qt::Alignment(alignment)),
+                           Qt::TextAlignmentRole);
+    QCOMPARE(int(edit(3, 1)->alignment() & Qt::AlignHorizontal_Mask), alignment);
+}
+
+void TestInPlaceEdit::goesWithItsCell()
+{
+    InPlaceEdit* editor = edit(3, 1);
+    const auto cell = [this] { return m_grid->visualRect(m_model->index(3, 1)); };
+    m_grid->setColumnWidth(0, 90);
+    QTRY_COMPARE(editor->geometry(), cell());
+    QCOMPARE(editor->x(), 90);
+    m_grid->setColumnWidth(1, 110);
+    QTRY_COMPARE(editor->geometry(), cell());
+    m_grid->verticalScrollBar()->setValue(15);
+    QCOMPARE(editor->geometry(), cell());
+}
+
+void TestInPlaceEdit::keepsTheFocusWithARefusedText()
+{
+    QTest::keyClicks(edit(3, 1), QStringLiteral("a*b"));
+    QTest::keyClick(m_grid->editor(), Qt::Key_Return);
+    QVERIFY(m_grid->editor() && m_grid->editor()->hasFocus());
+    // Whoever goes elsewhere with it is not called back.
+    m_neighbour->setFocus();
+    QVERIFY(m_grid->editor());
+    QVERIFY(m_neighbour->hasFocus());
 }
 
 void TestInPlaceEdit::keepsKeysOfTheEditorFromTheRows()

@@ -279,6 +279,7 @@ void TestLayerGridEdits::waitForAnEditorThatRefusesItsText()
     QVERIFY(grid().openInPlaceEditor(row("Roof"), static_cast<int>(Name)));
     QLineEdit* editor = grid().findChild<QLineEdit*>(QStringLiteral("inPlaceEdit"));
     editor->setText(QStringLiteral("a*b"));
+    prompts().willCloseMessage();
     click("Walls", On);
     QVERIFY(!flag("Walls", On));
     QVERIFY(grid().editor());

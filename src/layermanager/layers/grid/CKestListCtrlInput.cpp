@@ -136,7 +136,9 @@ void CKestListCtrl::clickCell(Cell cell, Qt::KeyboardModifiers modifiers, bool i
 void CKestListCtrl::selectClicked(Cell cell, bool taken)
 {
     if (m_clickModifiers & Qt::ShiftModifier) {
-        chooseRange(m_anchorRow < 0 ? cell.row : m_anchorRow, cell.row);
+        if (m_anchorRow < 0)
+            m_anchorRow = cell.row;
+        chooseRange(m_anchorRow, cell.row);
         return;
     }
     if (m_clickModifiers & Qt::ControlModifier)
