@@ -1,12 +1,11 @@
 // The layer grid by number of layers: filling, sorting, painting, following changes.
 
+#include "bench/support/BenchDocuments.h"
 #include "bench/support/GeneratedDrawing.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
-#include "sdk/KestHost.h"
-#include "sdk/KsApDocManager.h"
 
 #include <QApplication>
 #include <QScrollBar>
@@ -16,35 +15,6 @@
 namespace {
 
 constexpr qint64 kEntities = 10000;
-
-/// As much of a host as the grid needs to know the current drawing.
-class Documents : public KsApDocManager, public KsApDocument
-{
-public:
-    explicit Documents(std::unique_ptr<OdDbDatabase> drawing)
-        : m_drawing(std::move(drawing))
-    {
-        KestHost host;
-        host.documents = this;
-        ksSetHost(host);
-    }
-    ~Documents() override { ksSetHost({}); }
-
-    OdDbDatabase* database() const override { return m_drawing.get(); }
-    QString fileName() const override { return {}; }
-    bool hasMark(const QString&) const override { return false; }
-    void setMark(const QString&) override { }
-    KsApDocument* curDocument() const override { return const_cast<Documents*>(this); }
-    int documentCount() const override { return 1; }
-    bool isBusy() const override { return false; }
-    void executeInApplicationContext(const std::function<void()>& callback) override { callback(); }
-    void sendStringToExecute(const QString&) override { }
-    void addReactor(KsApDocManagerReactor*) override { }
-    void removeReactor(KsApDocManagerReactor*) override { }
-
-private:
-    std::unique_ptr<OdDbDatabase> m_drawing;
-};
 
 std::unique_ptr<OdDbDatabase> drawing(const benchmark::State& state)
 {
@@ -68,7 +38,7 @@ struct Shown
         grid.viewport()->repaint();
     }
 
-    Documents documents;
+    BenchDocuments documents;
     CLayerListCtrl grid;
 };
 

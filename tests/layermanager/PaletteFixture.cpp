@@ -81,6 +81,11 @@ CLayerListCtrl& PaletteFixture::grid() const
     return *view()->grid();
 }
 
+CLayerTreeVw& PaletteFixture::tree() const
+{
+    return *view()->tree();
+}
+
 QString PaletteFixture::statusText() const
 {
     return qobject_cast<QLabel*>(controlById(view(), CLayerPaneView::kStatusLineId))->text();

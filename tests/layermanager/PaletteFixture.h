@@ -11,6 +11,7 @@
 #include <memory>
 
 class CLayerPaneView;
+class CLayerTreeVw;
 class OdRxModule;
 class QLineEdit;
 
@@ -36,6 +37,8 @@ protected:
     CXTPDockingPane* pane() const { return m_manager->FindPane(1000); }
     CLayerPaneView* view() const;
     CLayerListCtrl& grid() const;
+    CLayerTreeVw& tree() const;
+    RecordingPrompts& prompts() const { return *m_prompts; }
     QString statusText() const;
     int state() const { return host().ints.value(QStringLiteral("LAYERMANAGERSTATE"), -1); }
     void unload();

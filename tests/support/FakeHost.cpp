@@ -227,7 +227,7 @@ public:
     explicit InputOutput(FakeHost& host)
         : m_host(host)
     { }
-    void print(const QString&) override { }
+    void print(const QString& line) override { m_host.printed << line; }
     int getInt(const QString& prompt, int& value) override
     {
         m_host.intPrompts.append(prompt);

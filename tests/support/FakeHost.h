@@ -47,6 +47,7 @@ public:
     int applicationCalls = 0;
     QStringList historyNames; ///< commands added to the undo history
     QStringList queued; ///< command strings
+    QStringList printed; ///< lines in the command history
 
     // What the user answers
     int intStatus = kest::kNormal;

@@ -1,5 +1,6 @@
 #include "layermanager/module/CLayerDocMngrReactor.h"
 
+#include "layermanager/filters/tree/ExcessFiltersPrompt.h"
 #include "layermanager/module/PropertyUpdateScope.h"
 #include "layermanager/palette/CLayerPaneView.h"
 
@@ -19,11 +20,12 @@ void CLayerDocMngrReactor::documentToBeDestroyed(KsApDocument* document)
     m_view.SyncPaneVisibility(document, false);
 }
 
-void CLayerDocMngrReactor::follow(const KsApDocument* document)
+void CLayerDocMngrReactor::follow(KsApDocument* document)
 {
     if (!document || !document->database())
         return;
     const PropertyUpdateScope guard;
+    CheckExcessFilters(document, &m_view);
     m_view.BindToCurrentDatabase();
     m_view.SyncPaneVisibility(nullptr, true);
 }

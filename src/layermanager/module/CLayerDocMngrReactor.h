@@ -18,7 +18,7 @@ public:
     void documentToBeDestroyed(KsApDocument* document) override;
 
 private:
-    void follow(const KsApDocument* document);
+    void follow(KsApDocument* document);
 
     CLayerPaneView& m_view;
 };

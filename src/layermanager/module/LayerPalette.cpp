@@ -1,8 +1,10 @@
 #include "layermanager/module/LayerPalette.h"
 
+#include "layermanager/filters/tree/ExcessFiltersPrompt.h"
 #include "layermanager/module/LayerModuleState.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "sdk/KestSharedGlobals.h"
+#include "sdk/KsApDocManager.h"
 #include "toolkit/CXTPDockingPaneManager.h"
 
 namespace {
@@ -35,6 +37,8 @@ void createPalette(CXTPDockingPaneManager& manager)
     pane->AttachView(view);
     LayerModuleState::s_pLayerPaneView = view;
     view->initialUpdate();
+    if (const KsApDocManager* documents = ksDocManagerPtr())
+        CheckExcessFilters(documents->curDocument(), view);
     view->BindToCurrentDatabase();
     if (isNew)
         manager.ShowPane(pane);

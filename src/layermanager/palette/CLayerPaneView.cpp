@@ -2,20 +2,30 @@
 
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTable.h"
+#include "database/OdDbLayerTableRecord.h"
+#include "layermanager/filters/tree/CLayerTreeVw.h"
 #include "layermanager/layers/FilledText.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/LayerUndoRecord.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/module/LayerPalette.h"
 #include "layermanager/palette/CLayerListVw.h"
+#include "sdk/IKestServicesManager.h"
 #include "sdk/KestSharedGlobals.h"
 #include "sdk/KsResString.h"
 #include "toolkit/CXTPDockingPaneManager.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QLabel>
+#include <QSplitter>
 #include <QStyle>
 #include <QVBoxLayout>
+
+namespace {
+
+constexpr int kTreeWidth = 170;
+
+} // namespace
 
 CLayerPaneView::CLayerPaneView(QWidget* parent)
     : QWidget(parent)
@@ -36,8 +46,15 @@ void CLayerPaneView::initialUpdate()
 {
     if (m_bInitialised)
         return;
-    m_listView = new CLayerListVw(this);
+    auto* splitter = new QSplitter(this);
+    splitter->setObjectName(QStringLiteral("layerSplitter"));
+    splitter->setChildrenCollapsible(false);
+    m_treeView = new CLayerTreeVw(splitter);
+    m_listView = new CLayerListVw(splitter);
+    m_treeView->setPaneView(this);
     m_listView->setPaneView(this);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({kTreeWidth, width() - kTreeWidth});
     m_statusLine = new QLabel(this);
     m_statusLine->setObjectName(QStringLiteral("statusLine"));
     m_statusLine->setAccessibleName(tr("Displayed layers"));
@@ -47,13 +64,19 @@ void CLayerPaneView::initialUpdate()
     registerControl(this, kStatusLineId, m_statusLine);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_listView, 1);
+    layout->addWidget(splitter, 1);
     layout->addWidget(m_statusLine);
     setFocusProxy(m_listView);
     connect(grid(), &CLayerListCtrl::listChanged, this, &CLayerPaneView::UpdateStatusLine);
     connect(grid(), &CLayerListCtrl::listStale, this, &CLayerPaneView::refill);
+    connect(grid(), &CLayerListCtrl::layersChanged, m_treeView,
+            &CLayerTreeVw::UpdateUnreconciledNode);
+    connect(m_treeView, &CLayerTreeVw::selectedLayersChanged, this, &CLayerPaneView::followFilter);
+    connect(m_treeView, &CLayerTreeVw::layersChanged, this, &CLayerPaneView::layersChangedByTree);
     connect(grid(), &CLayerListCtrl::databaseGone, this, [this] {
         m_pDb = nullptr;
+        m_listed.clear();
+        m_treeView->bind(nullptr);
         m_statusLine->clear();
     });
     m_bInitialised = true;
@@ -74,13 +97,53 @@ void CLayerPaneView::BindToCurrentDatabase()
     if (!database || database == m_pDb)
         return;
     m_pDb = database;
+    m_treeView->bind(m_pDb);
     refill();
+}
+
+std::vector<OdDbObjectId> CLayerPaneView::wantedLayers() const
+{
+    std::vector<OdDbObjectId> layers = m_treeView->layersOfSelected().in;
+    // Layers that belong to programs are never listed.
+    std::erase_if(layers, [](OdDbObjectId id) {
+        const auto layer = id.openObject<OdDbLayerTableRecord>();
+        return !layer || layer->getName().contains(QLatin1Char('*'));
+    });
+    return layers;
+}
+
+void CLayerPaneView::list(std::vector<OdDbObjectId> layers)
+{
+    m_listed = std::move(layers);
+    if (m_treeView->IsAllFilterSelected() || grid()->database() != m_pDb)
+        grid()->fill(m_pDb);
+    if (!m_treeView->IsAllFilterSelected())
+        grid()->fillFromList(m_listed);
 }
 
 void CLayerPaneView::refill()
 {
-    if (m_pDb)
-        grid()->fill(m_pDb);
+    if (!m_pDb)
+        return;
+    m_treeView->UpdateUnreconciledNode();
+    list(wantedLayers());
+}
+
+void CLayerPaneView::followFilter()
+{
+    if (!m_pDb)
+        return;
+    if (std::vector<OdDbObjectId> layers = wantedLayers(); layers != m_listed)
+        list(std::move(layers));
+    UpdateStatusLine();
+}
+
+void CLayerPaneView::layersChangedByTree()
+{
+    grid()->refreshAllRows();
+    if (IKestServicesManager* services = getServicesManagerInterface())
+        services->refreshView();
+    followFilter();
 }
 
 void CLayerPaneView::SyncPaneVisibility(const KsApDocument* document, bool show)
@@ -121,13 +184,14 @@ void CLayerPaneView::UpdateStatusLine()
 {
     if (!m_statusLine || !m_pDb)
         return;
+    const QString filter = m_treeView->selectedName();
     // The leading blank is deliberate.
     const QString pattern =
         KsResString(85988, QStringLiteral(" %s : %d layers displayed of %d total layers"));
-    m_statusLine->setText(
-        filledText(pattern,
-                   {QStringLiteral("All"), QString::number(grid()->displayedCount()),
-                    QString::number(m_pDb->layerTable().count())}));
+    m_statusLine->setText(filledText(pattern,
+                                     {filter.isEmpty() ? QStringLiteral("All") : filter,
+                                      QString::number(grid()->displayedCount()),
+                                      QString::number(m_pDb->layerTable().count())}));
 }
 
 void CLayerPaneView::BeginLayerUndoRecord(OdDbDatabase& database)

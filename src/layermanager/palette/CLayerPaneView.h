@@ -1,12 +1,16 @@
 #pragma once
 
+#include "database/OdDbObjectId.h"
 #include "layermanager/module/CLayerDocMngrReactor.h"
 
 #include <QPointer>
 #include <QWidget>
 
+#include <vector>
+
 class CLayerListCtrl;
 class CLayerListVw;
+class CLayerTreeVw;
 class OdDbDatabase;
 class QLabel;
 
@@ -40,12 +44,21 @@ public:
     OdDbDatabase* database() const { return m_pDb; }
     /// Null before the initial update.
     CLayerListCtrl* grid() const;
+    CLayerTreeVw* tree() const { return m_treeView; }
 
 private:
+    /// Lists the layers of the selected filter anew, also where they are the same.
     void refill();
+    /// Lists them where they are others than those listed.
+    void followFilter();
+    void list(std::vector<OdDbObjectId> layers);
+    void layersChangedByTree();
+    std::vector<OdDbObjectId> wantedLayers() const;
 
     OdSmartPtr<CLayerDocMngrReactor> m_docReactor;
+    CLayerTreeVw* m_treeView = nullptr;
     CLayerListVw* m_listView = nullptr;
+    std::vector<OdDbObjectId> m_listed; ///< what the grid was handed last
     QLabel* m_statusLine = nullptr;
     OdDbDatabase* m_pDb = nullptr;
     bool m_bInitialised = false;

@@ -24,6 +24,12 @@ constexpr std::array kNames = {
     "new-viewport-frozen",
     "viewport-thawed",
     "viewport-frozen",
+    "filter-all",
+    "filter-used",
+    "filter-property",
+    "filter-group",
+    "filter-reference",
+    "filter-unreconciled",
 };
 
 /// The files are drawn for light backgrounds; each colour has its counterparts for others.

@@ -3,7 +3,7 @@
 #include <QHash>
 #include <QPixmap>
 
-/// The icons of the layer grid.
+/// The icons of the layer grid and the filter tree.
 enum class LayerIcon {
     StatusCurrent,
     StatusNotInUse,
@@ -20,6 +20,12 @@ enum class LayerIcon {
     NewViewportFrozen,
     ViewportThawed,
     ViewportFrozen,
+    FilterAll,
+    FilterUsed,
+    FilterProperty,
+    FilterGroup,
+    FilterReference,
+    FilterUnreconciled,
 };
 
 /// What an icon is drawn on.

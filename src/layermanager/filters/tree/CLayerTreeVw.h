@@ -1,0 +1,124 @@
+#pragma once
+
+#include "layermanager/filters/tree/FilterLayerCommands.h"
+#include "layermanager/filters/tree/FilterTreeModel.h"
+#include "layermanager/module/GroupFilterPickReceiver.h"
+
+#include <QMenu>
+#include <QSet>
+#include <QTimer>
+#include <QTreeView>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+
+class CLayerPaneView;
+class FilterTreeDatabaseReactor;
+class OdDbDatabase;
+class OdLyLayerFilter;
+
+/// The tree of layer filters of one drawing. It holds names only: for each command the filter is
+/// looked up again in the drawing's filter manager.
+class CLayerTreeVw : public QTreeView, public GroupFilterPickReceiver
+{
+    Q_OBJECT
+public:
+    explicit CLayerTreeVw(QWidget* parent = nullptr);
+    ~CLayerTreeVw() override;
+
+    void setPaneView(CLayerPaneView* view) { m_paneView = view; }
+    CLayerPaneView* paneView() const { return m_paneView; }
+
+    /// Shows the filters of a drawing, null for none, and follows it from now on.
+    void bind(OdDbDatabase* database);
+    /// Reads the tree again; what is selected and expanded stays so where it still exists.
+    void refresh();
+    /// Refreshes once control is back in the event loop.
+    void scheduleRefresh() { m_refreshTimer.start(); }
+    /// Makes or removes the node of unreconciled new layers, as the system variables ask for.
+    void UpdateUnreconciledNode();
+
+    /// The selected node, or null.
+    const FilterNode* selectedNode() const;
+    /// Label of the selected node; empty without one.
+    QString selectedName() const;
+    bool IsAllFilterSelected() const;
+    /// What the selected node shows, and the other layers. Without a selection all layers are in.
+    FilterLayers layersOfSelected() const;
+    void select(const FilterKey& filter);
+
+    /// Runs a command of the context menu or the toolbar on the selected node.
+    void command(int id);
+    /// The context menu on the selected node; null without one.
+    std::unique_ptr<QMenu> contextMenu();
+
+    void entitiesPicked(OdDbDatabase& database, const KestSelectionSet& selection,
+                        bool answer) override;
+
+    /// How a property filter is edited: false when the user gave up. To be replaced by tests.
+    using FilterEditor =
+        std::function<bool(QWidget* parent, OdDbDatabase& database, OdLyLayerFilter& filter)>;
+    void setFilterEditor(FilterEditor editor) { m_filterEditor = std::move(editor); }
+
+signals:
+    /// Another node is selected, or the selected one may show other layers.
+    void selectedLayersChanged();
+    /// Layers were changed from the tree.
+    void layersChanged();
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+protected slots:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+
+private:
+    struct TypedLabel
+    {
+        FilterKey filter;
+        QString text;
+    };
+    /// While the tree is being shown anew, selection and expansion are not the user's.
+    class ShowingScope
+    {
+    public:
+        explicit ShowingScope(bool& showing)
+            : m_showing(showing)
+            , m_before(std::exchange(showing, true))
+        { }
+        ~ShowingScope() { m_showing = m_before; }
+        ShowingScope(const ShowingScope&) = delete;
+        ShowingScope& operator=(const ShowingScope&) = delete;
+
+    private:
+        bool& m_showing;
+        bool m_before;
+    };
+
+    void showTree();
+    void noteExpansion(const QModelIndex& index, bool expanded);
+    void restoreExpansion(const QModelIndex& parent);
+    void changeFilters(int id, const FilterKey& filter);
+    /// Shows the tree after an edit and selects a filter; nothing where the edit was refused.
+    void showResult(const std::optional<FilterKey>& selected);
+    void newGroupFilter(const FilterKey& parent);
+    void newPropertyFilter(const FilterKey& parent);
+    void editFilter(const FilterKey& key);
+    void pickLayers(const FilterKey& group, const QString& mode);
+    void endLabelEdit(const TypedLabel& typed);
+
+    CLayerPaneView* m_paneView = nullptr;
+    FilterTreeModel m_model;
+    FilterEditor m_filterEditor;
+    std::unique_ptr<FilterTreeDatabaseReactor> m_reactor;
+    OdDbDatabase* m_database = nullptr;
+    QTimer m_refreshTimer{this};
+    QSet<QString> m_collapsed; ///< case-folded names
+    std::optional<TypedLabel> m_typed;
+    QString m_pickGroup;
+    bool m_showing = false;
+};

@@ -1,0 +1,15 @@
+#include "layermanager/filters/tree/FilterTreeDatabaseReactor.h"
+
+#include "database/OdDbObject.h"
+#include "layermanager/filters/tree/CLayerTreeVw.h"
+
+void FilterTreeDatabaseReactor::look(const OdDbObject* object)
+{
+    if (object->kind() == OdDbObjectKind::Xrecord || object->kind() == OdDbObjectKind::Dictionary)
+        m_tree.scheduleRefresh();
+}
+
+void FilterTreeDatabaseReactor::goodbye(const OdDbDatabase*)
+{
+    m_tree.bind(nullptr);
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "database/OdDbObjectId.h"
+
+#include <QString>
+
+#include <span>
+
+class OdDbDatabase;
+struct KestSelectionSet;
+
+/// Fills a group filter with the layers of picked entities, each once, in the order of the
+/// selection. Mode 1 adds them to what the group holds, mode 0 replaces that. False, and nothing
+/// changed, where the drawing has no group of that name.
+bool FillGroupFromSelection(OdDbDatabase& database, const QString& groupName,
+                            const KestSelectionSet& selection, int mode);
+
+/// Adds layers that the group does not hold yet. Returns as FillGroupFromSelection().
+bool addLayersToGroup(OdDbDatabase& database, const QString& groupName,
+                      std::span<const OdDbObjectId> layers);
+
+/// Takes a layer out of every group filter of the drawing; false without a filter tree.
+bool RemoveLayerFromGroups(OdDbDatabase& database, OdDbObjectId layer);
