@@ -3,13 +3,33 @@
 #include <algorithm>
 
 namespace {
+/// Marks that change the direction of text: with them a name could turn the rest of its line
+/// around.
+bool isDirection(QChar c)
+{
+    switch (c.direction()) {
+    case QChar::DirLRE:
+    case QChar::DirLRO:
+    case QChar::DirRLE:
+    case QChar::DirRLO:
+    case QChar::DirPDF:
+    case QChar::DirLRI:
+    case QChar::DirRLI:
+    case QChar::DirFSI:
+    case QChar::DirPDI:
+        return true;
+    default:
+        return c.unicode() == 0x200E || c.unicode() == 0x200F || c.unicode() == 0x061C;
+    }
+}
+
 bool isUnsafe(QChar c)
 {
     if (c.unicode() >= 0x20 && c.unicode() < 0x7F)
         return false;
     const auto category = c.category();
     return category == QChar::Other_Control || category == QChar::Separator_Line
-        || category == QChar::Separator_Paragraph;
+        || category == QChar::Separator_Paragraph || isDirection(c);
 }
 
 QString escape(QChar c)

@@ -23,8 +23,8 @@ public:
     /// Whether everything printed so far got out.
     bool isWhole();
 
-    /// Control characters and line separators as "\n", "\x1b" and so on: no text of a drawing
-    /// breaks a line or reaches a terminal as a command.
+    /// Control characters, line separators and marks of direction as "\n", "\x1b", "\u202e" and so
+    /// on: no text of a drawing breaks a line, turns it around or reaches a terminal as a command.
     static QString escaped(const QString& text);
 
 private:

@@ -2,9 +2,11 @@
 
 #include "base/StopSignal.h"
 #include "database/OdError.h"
+#include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/Output.h"
 #include "layerman/Report.h"
+#include "layerman/arguments/DecodedName.h"
 #include "layerman/arguments/HelpText.h"
 #include "layerman/arguments/ManPage.h"
 #include "layerman/arguments/NearestName.h"
@@ -33,7 +35,7 @@ const CommandInfo& commandOf(const QString& name)
         names << QLatin1String(command.name);
     }
     throw UsageError(CompanionText::tr("There is no command \"%1\"; the nearest is %2.")
-                         .arg(name, nearest_name::of(name, names).value(0)));
+                         .arg(abridged(name), nearest_name::of(name, names).value(0)));
 }
 
 void run(const ParsedCommand& command, Output& output, Report& report)
@@ -77,10 +79,24 @@ QString programText(const QString& argument)
     return {};
 }
 
-ExitStatus runArguments(const QStringList& arguments, Output& output, std::FILE* errors)
+QStringList decoded(const QByteArrayList& arguments)
+{
+    QStringList texts;
+    for (const QByteArray& argument : arguments) {
+        const auto text = decodedName(argument);
+        if (!text)
+            throw UsageError(CompanionText::tr("\"%1\" holds bytes that are no text.")
+                                 .arg(abridged(QString::fromUtf8(argument))));
+        texts << *text;
+    }
+    return texts;
+}
+
+ExitStatus runArguments(const QByteArrayList& bytes, Output& output, std::FILE* errors)
 {
     const CommandInfo* command = nullptr;
     try {
+        const QStringList arguments = decoded(bytes);
         if (arguments.isEmpty())
             throw UsageError(CompanionText::tr("A command is needed."));
         if (const QString text = programText(arguments.first()); !text.isEmpty()) {
@@ -100,7 +116,7 @@ ExitStatus runArguments(const QStringList& arguments, Output& output, std::FILE*
 }
 } // namespace
 
-int runCompanion(const QStringList& arguments, std::FILE* outputStream, std::FILE* errors)
+int runCompanion(const QByteArrayList& arguments, std::FILE* outputStream, std::FILE* errors)
 {
     const StopSignal stop;
     Output output(outputStream, errors);

@@ -1,13 +1,11 @@
+#include "base/StandardStreams.h"
 #include "layerman/Program.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 int main(int argc, char** argv)
 {
+    occupyStandardStreams();
     const QCoreApplication application(argc, argv);
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments << QFile::decodeName(argv[i]);
-    return runCompanion(arguments, stdout, stderr);
+    return runCompanion({argv + qMin(argc, 1), argv + argc}, stdout, stderr);
 }

@@ -1,4 +1,5 @@
 #include "database/OdDbDatabase.h"
+#include "database/filters/FilterExpressionParser.h"
 #include "database/filters/FilterExpressionText.h"
 #include "io/DrawingFile.h"
 #include "support/DrawingText.h"
@@ -88,6 +89,44 @@ TEST_F(FilterExpressions, ThatMultiplyOutWithoutEndAreGivenUp)
         text += " AND ( COLOR==\"1\" OR COLOR==\"2\" )";
     EXPECT_EQ(own(text.constData()), QStringLiteral("verbatim"));
     EXPECT_EQ(own(QByteArray(100000, '(').constData()), QStringLiteral("verbatim"));
+}
+
+TEST_F(FilterExpressions, OfEndlessCriteriaAreGivenUpAtOnce)
+{
+    // Each criterion would be put behind each of the rows: gigabytes, and hours.
+    const QByteArray rows = "(" + QByteArray(" OR LOCKED==\"True\"").repeated(256).mid(4) + ")";
+    const QString text =
+        QString::fromLatin1(rows + QByteArray(" AND LOCKED==\"True\"").repeated(200'000));
+    FilterExpressionParser parser(text);
+    EXPECT_FALSE(parser.rows());
+    EXPECT_TRUE(parser.isTooLarge());
+}
+
+TEST_F(FilterExpressions, AreReadUpToTheirLimits)
+{
+    const auto isTooLarge = [](const QByteArray& text) {
+        const QString expression = QString::fromLatin1(text);
+        FilterExpressionParser parser(expression);
+        const bool hasRows = parser.rows().has_value();
+        EXPECT_NE(hasRows, parser.isTooLarge());
+        return parser.isTooLarge();
+    };
+    const auto joined = [](const char* word, int count) {
+        return "OFF==\"True\"" + (QByteArray(word) + "OFF==\"True\"").repeated(count - 1);
+    };
+    const auto nested = [](int depth) {
+        return QByteArray(depth, '(') + "OFF==\"True\"" + QByteArray(depth, ')');
+    };
+    EXPECT_FALSE(isTooLarge(joined(" OR ", 256)));
+    EXPECT_TRUE(isTooLarge(joined(" OR ", 257)));
+    EXPECT_FALSE(isTooLarge(joined(" AND ", 64)));
+    EXPECT_TRUE(isTooLarge(joined(" AND ", 65)));
+    EXPECT_FALSE(isTooLarge(nested(32)));
+    EXPECT_TRUE(isTooLarge(nested(33)));
+    const QString noExpression = QStringLiteral("NAME==\"A");
+    FilterExpressionParser parser(noExpression);
+    EXPECT_FALSE(parser.rows());
+    EXPECT_FALSE(parser.isTooLarge());
 }
 
 } // namespace

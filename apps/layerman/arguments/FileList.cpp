@@ -3,9 +3,8 @@
 #include "base/StandardInput.h"
 #include "database/OdError.h"
 #include "layerman/CompanionText.h"
+#include "layerman/arguments/DecodedName.h"
 #include "layerman/arguments/UsageError.h"
-
-#include <QFile>
 
 namespace {
 constexpr QLatin1String kStandardInput("-");
@@ -40,8 +39,12 @@ QStringList namesFrom(QIODevice& list)
         const QByteArray name = withoutEnd(bytes);
         if (name.contains('\0'))
             refuseLine(line, CompanionText::tr("expected a file name, found a null character."));
-        if (!name.isEmpty())
-            names << QFile::decodeName(name);
+        if (name.isEmpty())
+            continue;
+        const auto decoded = decodedName(name);
+        if (!decoded)
+            refuseLine(line, CompanionText::tr("this name holds bytes that are no text."));
+        names << *decoded;
     }
 }
 
@@ -59,6 +62,11 @@ QStringList fileList(const QStringList& operands)
         }
         StandardInput input;
         files += namesFrom(input);
+        if (input.hasFailed()) {
+            throw OdError_FileAccess(OdResult::CantOpenFile,
+                                     CompanionText::tr("Standard input, which was to name the "
+                                                       "drawings, cannot be read."));
+        }
     }
     return files;
 }

@@ -3,6 +3,7 @@
 #include "database/OdDbDatabase.h"
 #include "database/filters/FilterCriteria.h"
 #include "database/filters/FilterExpressionText.h"
+#include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/arguments/NearestName.h"
 #include "layerman/arguments/UsageError.h"
@@ -29,12 +30,20 @@ bool namesLinetype(const FilterCriterion& criterion)
 
 FilterRows parsed(const QString& text)
 {
-    const auto rows = FilterExpressionParser(text).rows();
+    FilterExpressionParser parser(text);
+    const auto rows = parser.rows();
+    if (parser.isTooLarge()) {
+        refuse(CompanionText::tr("--expr is too large: at most %1 rows once all is multiplied out, "
+                                 "of %2 criteria each, and parentheses %3 deep can be read.")
+                   .arg(FilterExpressionParser::kMostRows)
+                   .arg(FilterExpressionParser::kMostCriteria)
+                   .arg(FilterExpressionParser::kDeepest));
+    }
     if (!rows) {
         refuse(CompanionText::tr("--expr \"%1\" is no filter expression; expected criteria such "
                                  "as NAME==\"A*\" or LOCKED==\"True\", joined with AND, OR and "
                                  "parentheses.")
-                   .arg(text));
+                   .arg(abridged(text)));
     }
     return *rows;
 }
@@ -48,8 +57,9 @@ void requireKnownKeys(const FilterRows& rows)
             QStringList keys;
             for (const char* key : kKeys)
                 keys << QLatin1String(key);
-            refuse(CompanionText::tr("--expr knows no criterion %1; the nearest is %2.")
-                       .arg(criterion.key, nearest_name::of(criterion.key, keys).value(0)));
+            refuse(
+                CompanionText::tr("--expr knows no criterion %1; the nearest is %2.")
+                    .arg(abridged(criterion.key), nearest_name::of(criterion.key, keys).value(0)));
         }
     }
 }
@@ -69,7 +79,7 @@ ExpressionChoice::ExpressionChoice(const QString& text)
                                  "or False, a color from 1 to 255, a valid lineweight or Default "
                                  "as values, one value for each key of a row, and not NEWVPFROZEN "
                                  "beside VPFROZEN.")
-                   .arg(text));
+                   .arg(abridged(text)));
     }
 }
 
@@ -81,7 +91,7 @@ LayerFilterRows ExpressionChoice::rows(const OdDbDatabase& drawing, const QStrin
                 && !drawing.table(OdDbTableKind::Linetype).has(criterion.value)) {
                 throw OdError(OdResult::KeyNotFound,
                               CompanionText::tr("%1 has no linetype \"%2\", which --expr asks for.")
-                                  .arg(file, criterion.value));
+                                  .arg(file, abridged(criterion.value)));
             }
         }
     }

@@ -4,6 +4,7 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdLyLayerFilterManager.h"
+#include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/arguments/NearestName.h"
 #include "layerman/arguments/ParsedCommand.h"
@@ -34,7 +35,7 @@ WildcardPattern searchPattern(const QString& text)
         near << QLatin1Char('"') + known + QLatin1Char('"');
     throw OdError(OdResult::KeyNotFound,
                   CompanionText::tr("%1 has no filter \"%2\"; the nearest of its filters: %3.")
-                      .arg(file, name, near.join(QStringLiteral(", "))));
+                      .arg(file, abridged(name), near.join(QStringLiteral(", "))));
 }
 
 OdLyLayerFilterPtr filterOf(OdDbDatabase& drawing, const QString& name, const QString& file)

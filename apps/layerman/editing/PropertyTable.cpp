@@ -2,6 +2,7 @@
 
 #include "host/text/ColorText.h"
 #include "host/text/LineweightText.h"
+#include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/arguments/NearestName.h"
 #include "layerman/arguments/UsageError.h"
@@ -75,7 +76,7 @@ const PropertyInfo& propertyOf(const QString& operand, const QString& name)
     }
     refuse(CompanionText::tr("There is no property \"%1\"; the nearest is %2. A file of that name "
                              "is written ./%3.")
-               .arg(name, nearest_name::of(name, names).value(0), operand));
+               .arg(abridged(name), nearest_name::of(name, names).value(0), abridged(operand)));
 }
 
 bool yesOrNo(const PropertyInfo& info, const QString& text)
@@ -90,7 +91,7 @@ bool yesOrNo(const PropertyInfo& info, const QString& text)
     if (isOneOf({"no", "off", "false", "0"}))
         return false;
     refuse(CompanionText::tr("%1 is yes or no (on, off, true, false, 1, 0); \"%2\" is neither.")
-               .arg(QLatin1String(info.name), text));
+               .arg(QLatin1String(info.name), abridged(text)));
 }
 
 LayerValue colorOf(const QString& text)

@@ -20,7 +20,10 @@ namespace {
 /// What two paths to the same file have in common; empty for a file that is not there.
 QString identityOf(const QString& path)
 {
-    const FileIdentity identity = FileIdentity::of(path);
+    FileIdentity identity = FileIdentity::of(path);
+    // Writing takes ".." off even behind a folder that is not there.
+    if (identity.file == 0)
+        identity = FileIdentity::of(QDir::cleanPath(path));
     if (identity.file == 0)
         return QFileInfo(path).canonicalFilePath();
     return QStringLiteral("%1:%2").arg(identity.volume).arg(identity.file);

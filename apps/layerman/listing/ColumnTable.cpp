@@ -1,6 +1,7 @@
 #include "layerman/listing/ColumnTable.h"
 
 #include "database/OdDbLayerTableRecord.h"
+#include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/arguments/NearestName.h"
 #include "layerman/arguments/UsageError.h"
@@ -168,8 +169,9 @@ ListColumns columnsFrom(const QString& text)
                 return name.compare(QLatin1String(column.name), Qt::CaseInsensitive) == 0;
             });
         if (found == std::end(kColumns)) {
-            throw UsageError(CompanionText::tr("There is no column \"%1\"; the nearest is %2.")
-                                 .arg(name, nearest_name::of(name, columnNames()).value(0)));
+            throw UsageError(
+                CompanionText::tr("There is no column \"%1\"; the nearest is %2.")
+                    .arg(abridged(name), nearest_name::of(name, columnNames()).value(0)));
         }
         chosen.push_back(found);
     }

@@ -35,13 +35,19 @@ bool FilterExpressionParser::takeChar(QLatin1Char c)
     return true;
 }
 
+bool FilterExpressionParser::isWithin(bool limit)
+{
+    m_isTooLarge = m_isTooLarge || !limit;
+    return limit;
+}
+
 bool FilterExpressionParser::parseOr(FilterRows& rows, int depth)
 {
     if (!parseAnd(rows, depth))
         return false;
     while (takeWord(QLatin1String("OR"))) {
         FilterRows more;
-        if (!parseAnd(more, depth) || rows.size() + more.size() > kMostRows)
+        if (!parseAnd(more, depth) || !isWithin(rows.size() + more.size() <= kMostRows))
             return false;
         rows.insert(rows.end(), more.begin(), more.end());
     }
@@ -63,24 +69,33 @@ bool FilterExpressionParser::parseAnd(FilterRows& rows, int depth)
         if (!joined && !atDescription())
             return true;
         FilterRows factor;
-        if (!parseFactor(factor, depth) || rows.size() * factor.size() > kMostRows)
+        if (!parseFactor(factor, depth) || !multiply(rows, factor))
             return false;
-        FilterRows product;
-        for (const FilterRow& left : rows) {
-            for (const FilterRow& right : factor) {
-                product.push_back(left);
-                product.back().insert(product.back().end(), right.begin(), right.end());
-            }
-        }
-        rows = std::move(product);
     }
+}
+
+bool FilterExpressionParser::multiply(FilterRows& rows, const FilterRows& factor)
+{
+    if (!isWithin(rows.size() * factor.size() <= kMostRows))
+        return false;
+    FilterRows product;
+    for (const FilterRow& left : rows) {
+        for (const FilterRow& right : factor) {
+            if (!isWithin(left.size() + right.size() <= kMostCriteria))
+                return false;
+            product.push_back(left);
+            product.back().insert(product.back().end(), right.begin(), right.end());
+        }
+    }
+    rows = std::move(product);
+    return true;
 }
 
 bool FilterExpressionParser::parseFactor(FilterRows& rows, int depth)
 {
     if (!takeChar(QLatin1Char('(')))
         return parseCriterion(rows);
-    return depth < kDeepest && parseOr(rows, depth + 1) && takeChar(QLatin1Char(')'));
+    return isWithin(depth < kDeepest) && parseOr(rows, depth + 1) && takeChar(QLatin1Char(')'));
 }
 
 bool FilterExpressionParser::parseCriterion(FilterRows& rows)

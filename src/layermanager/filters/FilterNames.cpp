@@ -69,7 +69,8 @@ FilterNameVerdict checkFilterRename(const OdLyLayerFilterPtr& root, const QStrin
                                     const QString& newText)
 {
     const QString name = typedFilterName(newText);
-    if (isSameName(name, oldName))
+    // Nobody wants a filter without a name; emptying the field takes the edit back.
+    if (name.isEmpty() || isSameName(name, oldName))
         return FilterNameVerdict::Unchanged;
     if (containsAnyOf(name, kNotInFilters))
         return FilterNameVerdict::InvalidCharacters;

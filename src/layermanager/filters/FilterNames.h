@@ -22,7 +22,7 @@ QString MakeDefaultFilterName(const OdLyLayerFilterPtr& root, FilterKind kind);
 /// What the rules say to a new name.
 enum class FilterNameVerdict {
     Accepted,
-    Unchanged, ///< the old name, at most with blanks around it or in another case
+    Unchanged, ///< nothing, or the old name, at most with blanks around it or in another case
     InvalidCharacters,
     NotUnique,
 };

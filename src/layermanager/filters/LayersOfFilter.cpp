@@ -5,6 +5,7 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdLyLayerFilter.h"
+#include "database/filters/FilterRecords.h"
 #include "layermanager/filters/FilterExpression.h"
 #include "layermanager/filters/LayerFilterMatch.h"
 #include "layermanager/layers/HostVariables.h"
@@ -83,16 +84,16 @@ enum class Meaning { Group, Unreconciled, All, Used, Expression };
 /// A group is one whatever its name; of the others the names decide.
 Meaning meaningOf(const OdLyLayerFilter& filter)
 {
-    const auto isNamed = [&](QLatin1String name) {
+    const auto isNamed = [&](const QString& name) {
         return filter.name().compare(name, Qt::CaseInsensitive) == 0;
     };
-    if (isNamed(QLatin1String("UnReconciled New Layers")))
+    if (isNamed(FilterRecords::kUnreconciled))
         return Meaning::Unreconciled;
     if (filter.isIdFilter())
         return Meaning::Group;
-    if (isNamed(QLatin1String("All")))
+    if (isNamed(FilterRecords::kAll))
         return Meaning::All;
-    return isNamed(QLatin1String("All used layers")) ? Meaning::Used : Meaning::Expression;
+    return isNamed(FilterRecords::kAllUsed) ? Meaning::Used : Meaning::Expression;
 }
 
 } // namespace

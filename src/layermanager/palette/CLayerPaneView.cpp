@@ -69,6 +69,8 @@ void CLayerPaneView::initialUpdate()
     setFocusProxy(m_listView);
     connect(grid(), &CLayerListCtrl::listChanged, this, &CLayerPaneView::UpdateStatusLine);
     connect(grid(), &CLayerListCtrl::listStale, this, &CLayerPaneView::refill);
+    connect(grid(), &CLayerListCtrl::layersChanged, m_treeView,
+            &CLayerTreeVw::UpdateUnreconciledNode);
     connect(m_treeView, &CLayerTreeVw::selectedLayersChanged, this, &CLayerPaneView::followFilter);
     connect(m_treeView, &CLayerTreeVw::layersChanged, this, &CLayerPaneView::layersChangedByTree);
     connect(grid(), &CLayerListCtrl::databaseGone, this, [this] {

@@ -1,4 +1,5 @@
 #include "database/OdError.h"
+#include "layerman/arguments/DecodedName.h"
 #include "layerman/arguments/FileList.h"
 #include "layerman/arguments/NearestName.h"
 #include "layerman/arguments/Operands.h"
@@ -166,6 +167,16 @@ TEST(Arguments, AListOfSomethingElseIsRefusedAtItsLine)
               refusedList(QByteArray("a.dxf\nb\0c\n", 10)));
     EXPECT_EQ("standard input, line 1: this is longer than a file name can be.",
               refusedList(QByteArray(200'000, 'a')));
+    EXPECT_EQ("standard input, line 1: this name holds bytes that are no text.",
+              refusedList("W\xE4nde.dxf"));
+}
+
+TEST(Arguments, BytesThatAreNoTextAreNoName)
+{
+    EXPECT_EQ(QStringLiteral("Wände"), decodedName("W\xC3\xA4nde"));
+    EXPECT_EQ(QString(), decodedName(""));
+    EXPECT_EQ(std::nullopt, decodedName("W\xE4nde"));
+    EXPECT_EQ(QString(QChar(0xFFFD)), decodedName("\xEF\xBF\xBD"));
 }
 
 TEST(Arguments, StandardInputIsReadOnceAndNoNameIsEmpty)

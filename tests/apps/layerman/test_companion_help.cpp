@@ -33,7 +33,11 @@ std::optional<std::string> complaints(const char* program, const QStringList& ar
     process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished());
     EXPECT_EQ(0, process.exitCode());
-    EXPECT_TRUE(process.readAllStandardOutput().contains("layerman"));
+    const QByteArray page = process.readAllStandardOutput();
+    // Small containers have a script in its place, which says so.
+    if (page.contains("has been minimized"))
+        return std::nullopt;
+    EXPECT_TRUE(page.contains("layerman"));
     return process.readAllStandardError().toStdString();
 }
 

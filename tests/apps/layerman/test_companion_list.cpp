@@ -59,6 +59,8 @@ QJsonObject layerOf(const QJsonArray& drawings, int drawing, const char* name)
 class CompanionList : public CompanionFixture
 {
 protected:
+    static constexpr const char* kShell = "/bin/sh";
+
     /// The names that a list of one drawing holds, with blanks between.
     std::string names(const QStringList& options, const QString& file = QStringLiteral("plan.dxf"))
     {
@@ -75,6 +77,18 @@ protected:
     {
         return names({QString::fromUtf8(option), QString::fromUtf8(value)});
     }
+    /// The program as a shell calls it, which needs one.
+    Finished inShell(const QString& arguments)
+    {
+        QProcess shell;
+        shell.setWorkingDirectory(folder.path());
+        const QString line = QStringLiteral("'%1' ").arg(QStringLiteral(LAYERMAN_PROGRAM));
+        shell.start(QString::fromLatin1(kShell), {QStringLiteral("-c"), line + arguments});
+        EXPECT_TRUE(shell.waitForFinished());
+        return {shell.exitCode(), shell.readAllStandardOutput().toStdString(),
+                shell.readAllStandardError().toStdString()};
+    }
+    static bool hasShell() { return QFile::exists(QString::fromLatin1(kShell)); }
     QString plan()
     {
         return drawing("plan.dxf",
@@ -357,15 +371,50 @@ TEST_F(CompanionList, AListThatCannotBePrintedIsFour)
     plan();
     if (!QFile::exists(QStringLiteral("/dev/full")))
         GTEST_SKIP() << "This system has no /dev/full.";
-    const QString line =
-        QStringLiteral("'%1' list plan.dxf > /dev/full").arg(QStringLiteral(LAYERMAN_PROGRAM));
-    QProcess shell;
-    shell.setWorkingDirectory(folder.path());
-    shell.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), line});
-    ASSERT_TRUE(shell.waitForFinished());
-    EXPECT_EQ(4, shell.exitCode());
-    EXPECT_TRUE(shell.readAllStandardError().endsWith(
-        "layerman: What was listed could not be printed to its end.\n"));
+    const Finished list = inShell(QStringLiteral("list plan.dxf > /dev/full"));
+    EXPECT_EQ(4, list.exitCode);
+    EXPECT_TRUE(
+        list.errors.ends_with("layerman: What was listed could not be printed to its end.\n"));
+}
+
+TEST_F(CompanionList, AListOfNamesThatCannotBeReadIsThree)
+{
+    if (!hasShell())
+        GTEST_SKIP() << "This system has no /bin/sh.";
+    plan();
+    for (const char* input : {"<&-", "< ."}) {
+        const Finished list = inShell(QStringLiteral("list - ") + QLatin1String(input));
+        EXPECT_EQ(3, list.exitCode) << input;
+        EXPECT_EQ("layerman: Standard input, which was to name the drawings, cannot be read.\n",
+                  list.errors);
+    }
+}
+
+TEST_F(CompanionList, ANameThatIsNoTextIsAWrongCall)
+{
+    if (!hasShell())
+        GTEST_SKIP() << "This system has no /bin/sh.";
+    const Finished list = inShell(QStringLiteral("list \"$(printf 'W\\344nde.dxf')\""));
+    EXPECT_EQ(1, list.exitCode);
+    EXPECT_TRUE(list.errors.starts_with(
+        "layerman: \"W\xEF\xBF\xBDnde.dxf\" holds bytes that are no text.\n"));
+}
+
+TEST_F(CompanionList, QuotesTheBeginningOfALongExpressionOnly)
+{
+    plan();
+    const QString endless = QStringLiteral("NAME==\"") + QString(50'000, QLatin1Char('a'));
+    const Finished unclosed = layerman(
+        {QStringLiteral("list"), QStringLiteral("plan.dxf"), QStringLiteral("--expr"), endless});
+    EXPECT_EQ(1, unclosed.exitCode);
+    EXPECT_LT(unclosed.errors.size(), 1000u);
+    EXPECT_NE(std::string::npos, unclosed.errors.find("aaa...\" is no filter expression"));
+    const Finished deep = layerman({QStringLiteral("list"), QStringLiteral("plan.dxf"),
+                                    QStringLiteral("--expr"), QString(50'000, QLatin1Char('('))});
+    EXPECT_EQ(1, deep.exitCode);
+    EXPECT_TRUE(deep.errors.starts_with(
+        "layerman: --expr is too large: at most 256 rows once all is multiplied out, of 64 "
+        "criteria each, and parentheses 32 deep can be read.\n"));
 }
 
 TEST_F(CompanionList, ControlCharactersOfADrawingAreEscapedInTables)

@@ -64,6 +64,16 @@ TEST(Output, NoTextOfADrawingReachesATerminalAsACommand)
         Output::escaped(QStringLiteral("a\x1b[31mb\n\r\t\x7f\u009b\u2028Wände")).toStdString());
 }
 
+TEST(Output, NoTextOfADrawingTurnsALineAround)
+{
+    EXPECT_EQ(
+        "\\u202eA\\u202c\\u2066B\\u2069\\u200f\\u061c",
+        Output::escaped(QStringLiteral("\u202eA\u202c\u2066B\u2069\u200f\u061c")).toStdString());
+    // Letters that are written from the right, and what joins them, are just text.
+    const QString text = QStringLiteral("\u05d0\u05d1 \u0645\u06cc\u200c\u062e");
+    EXPECT_EQ(text.toStdString(), Output::escaped(text).toStdString());
+}
+
 TEST(Output, AStreamThatTakesNothingIsNoticed)
 {
     std::FILE* full = std::fopen("/dev/full", "w");

@@ -132,6 +132,9 @@ TEST_F(CompanionSaving, ATargetIsNoneOfTheDrawingsAndNotThatOfTwo)
     EXPECT_EQ("layerman: ./a.dxf is one of the drawings themselves; use --in-place to write over "
               "them.",
               refused("a.dxf b.dxf -o ."));
+    EXPECT_EQ("layerman: nowhere/../a.dxf is one of the drawings themselves; use --in-place to "
+              "write over them.",
+              refused("a.dxf -o nowhere/../a.dxf"));
     EXPECT_EQ("layerman: a.dxf and in/a.dxf would both be written to out/a.dxf.",
               refused("a.dxf in/a.dxf -o out/"));
     EXPECT_EQ(

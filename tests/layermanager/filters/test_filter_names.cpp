@@ -143,6 +143,12 @@ TEST_F(FilterNames, ItsOwnNameWithBlanksAroundItAndInAnotherCaseChangesNothing)
     EXPECT_TRUE(filterNameRefusal(Verdict::Unchanged).isEmpty());
 }
 
+TEST_F(FilterNames, NoNameAtAllChangesNothing)
+{
+    for (const char* blank : {"", " ", "   ", "\t"})
+        EXPECT_EQ(rename("Doors", blank), Verdict::Unchanged);
+}
+
 TEST_F(FilterNames, ANameThatDiffersInCaseOnlyFromThatOfAnotherFilterIsRefused)
 {
     EXPECT_EQ(rename("Doors", "WALLS"), Verdict::NotUnique);

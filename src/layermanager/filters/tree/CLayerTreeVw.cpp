@@ -119,14 +119,17 @@ void CLayerTreeVw::refresh()
 {
     if (!m_database)
         return;
+    updateUnreconciledFilter(*m_database);
     showTree();
     emit selectedLayersChanged();
 }
 
 void CLayerTreeVw::UpdateUnreconciledNode()
 {
-    if (m_database && updateUnreconciledFilter(*m_database))
-        showTree();
+    if (!m_database || !updateUnreconciledFilter(*m_database))
+        return;
+    showTree();
+    emit selectedLayersChanged();
 }
 
 void CLayerTreeVw::noteExpansion(const QModelIndex& index, bool expanded)

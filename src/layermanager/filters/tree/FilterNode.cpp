@@ -70,6 +70,9 @@ void addReferenceNode(FilterNode& root, const std::vector<ExternalReference>& re
         return n->kind != FilterNodeKind::UsedLayers;
     });
     std::rotate(first, root.children.end() - 1, root.children.end());
+    int row = 0;
+    for (const auto& child : root.children)
+        child->row = row++;
 }
 
 } // namespace
@@ -77,17 +80,9 @@ void addReferenceNode(FilterNode& root, const std::vector<ExternalReference>& re
 FilterNode& FilterNode::add(FilterNode node)
 {
     node.parent = this;
+    node.row = static_cast<int>(children.size());
     children.push_back(std::make_unique<FilterNode>(std::move(node)));
     return *children.back();
-}
-
-int FilterNode::row() const
-{
-    if (!parent)
-        return 0;
-    const auto it = std::find_if(parent->children.begin(), parent->children.end(),
-                                 [this](const auto& child) { return child.get() == this; });
-    return static_cast<int>(it - parent->children.begin());
 }
 
 bool FilterNode::isSame(const FilterNode& other) const

@@ -37,10 +37,10 @@ struct FilterNode
     OdDbObjectId block; ///< of one external reference, else null
     bool isEditable = false; ///< a property filter that rows of criteria can say
     FilterNode* parent = nullptr;
+    int row = 0; ///< among the children of its parent
     std::vector<std::unique_ptr<FilterNode>> children;
 
     FilterNode& add(FilterNode node);
-    int row() const;
     /// Whether both show the same, nodes below included.
     bool isSame(const FilterNode& other) const;
     /// Itself or the first node below that has the key and stands for a filter, or is an external

@@ -54,7 +54,7 @@ const FilterNode* FilterTreeModel::node(const QModelIndex& index) const
 
 QModelIndex FilterTreeModel::indexOf(const FilterNode* node) const
 {
-    return node ? createIndex(node->row(), 0, node) : QModelIndex();
+    return node ? createIndex(node->row, 0, node) : QModelIndex();
 }
 
 QModelIndex FilterTreeModel::find(const FilterKey& key, bool externalReference) const

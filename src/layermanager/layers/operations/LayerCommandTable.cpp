@@ -94,12 +94,12 @@ int metBy(const LayerCommandState& state)
 
 } // namespace
 
-std::span<const LayerGridCommand> layerCommands()
+std::span<const LayerGridCommand> layerGridCommands()
 {
     return kCommands;
 }
 
-const LayerGridCommand* layerCommand(int id)
+const LayerGridCommand* layerGridCommand(int id)
 {
     const auto* found =
         std::find_if(std::begin(kCommands), std::end(kCommands),
@@ -107,12 +107,12 @@ const LayerGridCommand* layerCommand(int id)
     return found == std::end(kCommands) ? nullptr : found;
 }
 
-QString layerCommandText(const LayerGridCommand& command)
+QString layerGridCommandText(const LayerGridCommand& command)
 {
     return command.text ? QCoreApplication::translate("LayerCommands", command.text) : QString();
 }
 
-QString layerMenuText(LayerMenu menu)
+QString layerGridMenuText(LayerMenu menu)
 {
     switch (menu) {
     case OverridesOfSelected:
@@ -132,6 +132,6 @@ QString layerMenuText(LayerMenu menu)
 
 bool isLayerCommandEnabled(int id, const LayerCommandState& state)
 {
-    const LayerGridCommand* command = layerCommand(id);
+    const LayerGridCommand* command = layerGridCommand(id);
     return command && !state.switchedOff && (command->needs & ~metBy(state)) == 0;
 }

@@ -66,12 +66,12 @@ struct LayerGridCommand
 };
 
 /// All commands, those of the context menu in its order.
-std::span<const LayerGridCommand> layerCommands();
+std::span<const LayerGridCommand> layerGridCommands();
 /// Null for an identifier that is none.
-const LayerGridCommand* layerCommand(int id);
-QString layerCommandText(const LayerGridCommand& command);
+const LayerGridCommand* layerGridCommand(int id);
+QString layerGridCommandText(const LayerGridCommand& command);
 /// The label of a submenu; empty for the menu itself.
-QString layerMenuText(LayerMenu menu);
+QString layerGridMenuText(LayerMenu menu);
 
 /// What the enabling of commands depends on.
 struct LayerCommandState

@@ -47,6 +47,7 @@ private slots:
     void showsAndRemovesTheNodeOfUnreconciledLayers();
     void showsExternalReferences();
     void staysCollapsedWhereTheUserCollapsedIt();
+    void showsThousandsOfFiltersWithoutDelay();
     void asksOnceAboutTooManyFilters_data();
     void asksOnceAboutTooManyFilters();
 };
@@ -428,6 +429,26 @@ void TestFilterTree::staysCollapsedWhereTheUserCollapsedIt()
     addGroup("Another", {});
     QVERIFY(!tree().isExpanded(node("Outer")));
     QVERIFY(tree().isExpanded(node("All")));
+}
+
+void TestFilterTree::showsThousandsOfFiltersWithoutDelay()
+{
+    // Anything quadratic would take minutes here, and end by the time limit.
+    constexpr int kFilters = 20000;
+    FilterTreeEdit edit(db());
+    for (int i = 0; i < kFilters; ++i)
+        edit.root()->addNested(
+            odrxCreate<OdLyLayerGroup>(QStringLiteral("Group Filter%1").arg(i + 1)));
+    edit.write();
+    prompts().willChoose(2);
+    run("_LAYER");
+    QCOMPARE(tree().model()->rowCount(node("All")), kFilters + 1);
+    tree().command(40024);
+    QCOMPARE(tree().selectedName(), QStringLiteral("Group Filter%1").arg(kFilters + 1));
+    typeLabel("Last");
+    QTest::keyClick(&tree(), Qt::Key_Up);
+    QTest::keyClick(&tree(), Qt::Key_Home);
+    QVERIFY(tree().IsAllFilterSelected());
 }
 
 void TestFilterTree::asksOnceAboutTooManyFilters_data()

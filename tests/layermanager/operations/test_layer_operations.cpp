@@ -1,4 +1,4 @@
-#include "LayerDrawing.h"
+#include "layermanager/LayerDrawing.h"
 #include "layermanager/layers/operations/LayerOperations.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "support/FakeHost.h"

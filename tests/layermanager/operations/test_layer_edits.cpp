@@ -1,5 +1,5 @@
-#include "LayerDrawing.h"
 #include "database/OdDbEntity.h"
+#include "layermanager/LayerDrawing.h"
 #include "layermanager/layers/operations/LayerEdits.h"
 #include "support/FakeHost.h"
 
