@@ -243,8 +243,13 @@ void TestLayerGridCommands::editTheNameOfANewLayerByOneMoreClick()
     click("Layer1", Name);
     QVERIFY(editor());
     QCOMPARE(chosen(), QStringLiteral("Layer1"));
+    grid().discardInPlaceEditor();
+    choose({"Roof", "Walls"});
+    click("Layer1", Name);
+    QVERIFY(editor());
+    QCOMPARE(chosen(), QStringLiteral("Roof Walls Layer1"));
     QTest::keyClick(editor(), Qt::Key_Escape);
-    choose({"Walls"});
+    click("Walls", Name);
     click("Layer1", Name);
     QVERIFY(!editor());
 }

@@ -4,6 +4,7 @@
 #include "support/GoldenImage.h"
 #include "support/GoldenLook.h"
 
+#include <QMenu>
 #include <QPainter>
 
 using layer_drawing::write;
@@ -15,6 +16,12 @@ class TestLayerGridLook : public GridFixture
 private slots:
     void theGridLooksLikeItsGoldenImages_data();
     void theGridLooksLikeItsGoldenImages();
+    void overridesLookLikeTheirGoldenImages_data();
+    void overridesLookLikeTheirGoldenImages();
+    void theEditorLooksLikeItsGoldenImages_data();
+    void theEditorLooksLikeItsGoldenImages();
+    void theMenusLookLikeTheirGoldenImages_data();
+    void theMenusLookLikeTheirGoldenImages();
     void theIconsLookLikeTheirGoldenImages_data();
     void theIconsLookLikeTheirGoldenImages();
     void everyIconHasADrawingThatSuitsEachBackground();
@@ -70,6 +77,7 @@ void TestLayerGridLook::theGridLooksLikeItsGoldenImages()
 {
     QFETCH(int, theme);
     const GoldenLook look(static_cast<GoldenLook::Theme>(theme));
+    QCoreApplication::processEvents(); // brings the look to the grid that is shown already
     const QString suffix = GoldenLook::suffix(static_cast<GoldenLook::Theme>(theme));
     host().ints[QStringLiteral("SHOWLAYERUSAGE")] = 1;
     grid().resize(900, 260);
@@ -90,6 +98,86 @@ void TestLayerGridLook::theGridLooksLikeItsGoldenImages()
     drawing.setActiveViewport(drawing.getOdDbObjectId(OdDbHandle(DrawingText::kFirstViewport)));
     grid().resize(1500, 260);
     QVERIFY(goldenImage(&grid(), QStringLiteral("layer_grid_layout_%1").arg(suffix)));
+}
+
+void TestLayerGridLook::overridesLookLikeTheirGoldenImages_data()
+{
+    addThemes();
+}
+
+void TestLayerGridLook::overridesLookLikeTheirGoldenImages()
+{
+    QFETCH(int, theme);
+    const GoldenLook look(static_cast<GoldenLook::Theme>(theme));
+    QCoreApplication::processEvents(); // brings the look to the grid that is shown already
+    const QString suffix = GoldenLook::suffix(static_cast<GoldenLook::Theme>(theme));
+    OdDbDatabase& drawing = openDrawing(variedDrawing());
+    const OdDbObjectId viewport = enterViewport();
+    write(drawing, "A-Walls")->setColor(OdCmColor::fromIndex(5), viewport);
+    write(drawing, "A-Doors")->setLineWeight(13, viewport);
+    write(drawing, "E-Lighting")->setColor(OdCmColor::fromRgb(230, 120, 20), viewport);
+    write(drawing, "S-Columns")
+        ->setLinetypeObjectId(
+            drawing.table(OdDbTableKind::Linetype).getAt(QStringLiteral("DASHED")), viewport);
+    for (const LayerColumn column :
+         {LayerColumn::VpColor, LayerColumn::VpLinetype, LayerColumn::VpLineweight,
+          LayerColumn::VpPlotStyle, LayerColumn::Color, LayerColumn::Lineweight})
+        grid().setColumnWidth(static_cast<int>(column), 95);
+    grid().resize(1450, 260);
+    choose({"A-Doors"});
+    QVERIFY(goldenImage(&grid(), QStringLiteral("layer_grid_overrides_%1").arg(suffix)));
+}
+
+void TestLayerGridLook::theEditorLooksLikeItsGoldenImages_data()
+{
+    addThemes();
+}
+
+void TestLayerGridLook::theEditorLooksLikeItsGoldenImages()
+{
+    QFETCH(int, theme);
+    const GoldenLook look(static_cast<GoldenLook::Theme>(theme));
+    QCoreApplication::processEvents(); // brings the look to the grid that is shown already
+    const QString suffix = GoldenLook::suffix(static_cast<GoldenLook::Theme>(theme));
+    grid().resize(700, 260);
+    openDrawing(variedDrawing());
+    choose({"E-Lighting"});
+    press(Qt::Key_F2);
+    QVERIFY(editor());
+    QVERIFY(goldenImage(&grid(), QStringLiteral("layer_grid_editing_%1").arg(suffix)));
+    QTest::keyClicks(editor(), QStringLiteral("Lighting, emergency lighting and signs"));
+    QVERIFY(goldenImage(&grid(), QStringLiteral("layer_grid_editing_long_%1").arg(suffix)));
+}
+
+void TestLayerGridLook::theMenusLookLikeTheirGoldenImages_data()
+{
+    addThemes();
+}
+
+void TestLayerGridLook::theMenusLookLikeTheirGoldenImages()
+{
+    QFETCH(int, theme);
+    const GoldenLook look(static_cast<GoldenLook::Theme>(theme));
+    QCoreApplication::processEvents(); // brings the look to the grid that is shown already
+    const QString suffix = GoldenLook::suffix(static_cast<GoldenLook::Theme>(theme));
+    OdDbDatabase& drawing = openDrawing(variedDrawing());
+    const auto compare = [&](QMenu& menu, const QString& name) {
+        const bool equal = goldenImage(&menu, QStringLiteral("layer_menu_%1_%2").arg(name, suffix));
+        menu.close();
+        return equal;
+    };
+    grid().clearSelection();
+    QVERIFY(compare(*grid().contextMenu(), QStringLiteral("nothing_selected")));
+    const OdDbObjectId viewport = enterViewport();
+    write(drawing, "A-Walls")->setColor(OdCmColor::fromIndex(5), viewport);
+    choose({"A-Walls", "A-Doors"});
+    const std::unique_ptr<QMenu> menu = grid().contextMenu();
+    QVERIFY(compare(*menu, QStringLiteral("selected")));
+    int number = 0;
+    for (QMenu* submenu : menu->findChildren<QMenu*>())
+        QVERIFY2(compare(*submenu, QStringLiteral("sub%1").arg(++number)),
+                 qPrintable(submenu->title()));
+    QCOMPARE(number, 4);
 }
 
 void TestLayerGridLook::theIconsLookLikeTheirGoldenImages_data()

@@ -1,7 +1,9 @@
 #include "GridFixture.h"
 #include "LayerDrawing.h"
 #include "layermanager/layers/grid/CLayerListCtrlDatabaseReactor.h"
+#include "layermanager/layers/operations/LayerCommandTable.h"
 
+#include <QScrollBar>
 #include <QSignalSpy>
 
 using layer_drawing::write;
@@ -17,7 +19,9 @@ private slots:
     void takesTheRowOfAnErasedLayerAwayAtOnce();
     void asksForARefreshWhenAnErasedLayerComesBack();
     void asksForARefreshWhenAnUnlistedLayerChanges();
+    void asksForARefreshOnceAnEditIsOver();
     void keepsTheSelectionWhenRowsGo();
+    void keepsTheSelectionWhenManyRowsGo();
     void tellsWhenTheCurrentLayerChanged();
     void givesARowToALayerThatIsAdded();
     void givesNoRowToAnAddedLayerWithAnAsterisk();
@@ -77,6 +81,43 @@ void TestLayerGridSync::asksForARefreshWhenAnUnlistedLayerChanges()
     QVERIFY(flushRefresh());
     QCOMPARE(stale.size(), 1);
     QCOMPARE(rows(), QStringLiteral("Walls"));
+}
+
+void TestLayerGridSync::asksForARefreshOnceAnEditIsOver()
+{
+    grid().fillFromList({layer("Walls")});
+    QSignalSpy stale(&grid(), &CLayerListCtrl::listStale);
+    choose({"Walls"});
+    press(Qt::Key_F2);
+    write(db(), "Doors")->setIsOff(true);
+    QVERIFY(flushRefresh());
+    QVERIFY(stale.isEmpty());
+    QVERIFY(editor());
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    QVERIFY(flushRefresh());
+    QCOMPARE(stale.size(), 1);
+}
+
+void TestLayerGridSync::keepsTheSelectionWhenManyRowsGo()
+{
+    openDrawing(layer_drawing::numbered(120));
+    OdDbLayerTable& table = db().layerTable();
+    for (int i = 0; i < 60; ++i)
+        table.add(table.newLayerState(QStringLiteral("M%1").arg(i)));
+    grid().fill(&db());
+    // Every layer of these is empty and goes; layer 0 and one with an object stay.
+    std::vector<int> chosenRows;
+    for (int row = 121; row < grid().model()->rowCount(); ++row)
+        chosenRows.push_back(row);
+    chosenRows.insert(chosenRows.begin(), 70);
+    grid().chooseRows(chosenRows);
+    grid().scrollRowIntoView(70);
+    const int scrolled = grid().verticalScrollBar()->value();
+    prompts().willCloseMessage();
+    grid().command(kDeleteLayers);
+    QCOMPARE(grid().displayedCount(), 121);
+    QCOMPARE(grid().chosenRows(), std::vector<int>{70});
+    QCOMPARE(grid().verticalScrollBar()->value(), scrolled);
 }
 
 void TestLayerGridSync::keepsTheSelectionWhenRowsGo()

@@ -1,5 +1,7 @@
 #include "LayerDrawing.h"
 #include "PaletteFixture.h"
+#include "layermanager/filters/tree/CLayerTreeVw.h"
+#include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "support/GoldenImage.h"
@@ -20,6 +22,8 @@ class TestLayerPalette : public PaletteFixture
 private slots:
     void tellsHowManyLayersItDisplays();
     void countsHiddenLayersInTheTotal();
+    void countsLayersThatAreMadeAndDeletedInTheGrid();
+    void takesReconciledLayersOffTheirFilterOnly();
     void bindsToEachDrawingThatBecomesCurrent();
     void bindsToANewDrawing();
     void doesNotRebindToTheDrawingItShows();
@@ -55,6 +59,57 @@ void TestLayerPalette::countsHiddenLayersInTheTotal()
     open({"*SYSTEM", "A"});
     run("_LAYER");
     QCOMPARE(statusText(), QStringLiteral(" All : 2 layers displayed of 3 total layers"));
+}
+
+void TestLayerPalette::countsLayersThatAreMadeAndDeletedInTheGrid()
+{
+    run("_LAYER");
+    grid().command(kNewLayer);
+    QCOMPARE(statusText(), QStringLiteral(" All : 4 layers displayed of 4 total layers"));
+    QCOMPARE(listed().last(), QStringLiteral("Layer1"));
+    QVERIFY(grid().editor());
+    // What the palette does once the changes are over leaves the edit alone.
+    for (int i = 0; i < 5; ++i)
+        QCoreApplication::processEvents();
+    QVERIFY(grid().editor());
+    QTest::keyClicks(window().focusWidget(), QStringLiteral("Stairs"));
+    QTest::keyClick(window().focusWidget(), Qt::Key_Return);
+    QCOMPARE(listed(),
+             QStringList({QStringLiteral("0"), QStringLiteral("Doors"), QStringLiteral("Stairs"),
+                          QStringLiteral("Walls")}));
+    grid().command(kDeleteLayers);
+    QCOMPARE(statusText(), QStringLiteral(" All : 3 layers displayed of 3 total layers"));
+}
+
+void TestLayerPalette::takesReconciledLayersOffTheirFilterOnly()
+{
+    for (const OdDbObjectId layer : db().layerTable().records())
+        layer.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setIsReconciled(true);
+    for (const char* name : {"Doors", "Walls"})
+        write(db(), name)->setIsReconciled(false);
+    host().ints[QStringLiteral("LAYEREVAL")] = 1;
+    host().ints[QStringLiteral("LAYEREVALCTL")] = 1;
+    run("_LAYER");
+    const auto reconcile = [this](const char* name) {
+        grid().chooseOnly(grid().findRow(id(db(), name)));
+        grid().command(kReconcileLayers);
+    };
+    const auto all = [this] { tree().setCurrentIndex(tree().model()->index(0, 0)); };
+    const QModelIndexList found =
+        tree().model()->match(tree().model()->index(0, 0), Qt::DisplayRole,
+                              QStringLiteral("UnReconciled New Layers"), 1, Qt::MatchRecursive);
+    QCOMPARE(found.size(), 1);
+    tree().setCurrentIndex(found.first());
+    QCOMPARE(listed(), QStringList({QStringLiteral("Doors"), QStringLiteral("Walls")}));
+    reconcile("Walls");
+    QCOMPARE(listed(), QStringList{QStringLiteral("Doors")});
+    QCOMPARE(statusText(),
+             QStringLiteral(" UnReconciled New Layers : 1 layers displayed of 3 total layers"));
+    // Another filter goes on showing the layer.
+    all();
+    reconcile("Doors");
+    QCOMPARE(listed().size(), 3);
+    QCOMPARE(statusText(), QStringLiteral(" All : 3 layers displayed of 3 total layers"));
 }
 
 void TestLayerPalette::bindsToEachDrawingThatBecomesCurrent()

@@ -3,6 +3,8 @@
 #include "layermanager/filters/tree/FilterCommands.h"
 #include "toolkit/CommandMenu.h"
 
+#include <QCoreApplication>
+
 std::unique_ptr<QMenu> makeFilterMenu(const FilterNode& node, bool modelSpace,
                                       const std::function<void(int)>& run)
 {
@@ -17,5 +19,6 @@ std::unique_ptr<QMenu> makeFilterMenu(const FilterNode& node, bool modelSpace,
     }
     auto menu = makeCommandMenu(rows, run);
     menu->setObjectName(QStringLiteral("filterMenu"));
+    menu->setAccessibleName(QCoreApplication::translate("FilterTree", "Filter commands"));
     return menu;
 }

@@ -5,6 +5,7 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -73,8 +74,9 @@ void CKestListCtrl::CInPlaceEdit::keyPressEvent(QKeyEvent* event)
         m_escapePressed = true;
     if (endsEdit(event->key())) {
         event->accept();
+        const QPointer<QLineEdit> self(this); // a message may be shown meanwhile
         m_grid.setFocus(Qt::OtherFocusReason);
-        if (m_grid.editor() == this)
+        if (self && m_grid.editor() == this)
             setFocus(Qt::OtherFocusReason); // its text was refused and is to be corrected
         return;
     }

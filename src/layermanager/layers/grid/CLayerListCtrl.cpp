@@ -303,6 +303,11 @@ void CLayerListCtrl::requestRefresh()
 
 void CLayerListCtrl::refreshTimeout()
 {
+    // Listing anew would take away what the user is typing.
+    if (m_refreshPending && editor()) {
+        m_refreshTimer.start();
+        return;
+    }
     if (std::exchange(m_refreshPending, false))
         emit listStale();
     else

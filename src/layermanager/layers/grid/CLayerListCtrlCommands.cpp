@@ -52,7 +52,7 @@ LayerListModel::Ids CLayerListCtrl::chosenLayers() const
 
 void CLayerListCtrl::command(int id)
 {
-    const bool isOwn = id >= kFirstLayerCommand && id <= kLastLayerCommand && layerCommand(id);
+    const bool isOwn = id >= kFirstLayerCommand && id <= kLastLayerCommand && layerGridCommand(id);
     if (!isOwn || !m_database || preCheck() || !leaveEditor())
         return;
     const std::vector<int> chosen = chosenRows();
@@ -165,7 +165,7 @@ void CLayerListCtrl::contextMenuEvent(QContextMenuEvent* event)
 int CLayerListCtrl::commandOfKey(const QKeyEvent& event) const
 {
     const QKeySequence pressed((event.modifiers() & ~Qt::KeypadModifier) | event.key());
-    for (const LayerGridCommand& command : layerCommands()) {
+    for (const LayerGridCommand& command : layerGridCommands()) {
         if (!command.shortcut || pressed != QKeySequence(QLatin1String(command.shortcut)))
             continue;
         const bool onDescription =

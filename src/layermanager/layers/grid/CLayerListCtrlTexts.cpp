@@ -21,7 +21,10 @@ void CLayerListCtrl::startTextEdit(int row, LayerColumn column)
 {
     if (column == LayerColumn::Name && !mayChange(m_model.layerId(row), column))
         return;
-    if (chosenRowCount() <= 1 || !isRowChosen(row))
+    if (chosenRowCount() > 1)
+        selectionModel()->select(m_model.index(row, 0),
+                                 QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    else
         chooseOnly(row);
     focusCell(row, static_cast<int>(column));
     if (CInPlaceEdit* opened = openInPlaceEditor(row, columnData(static_cast<int>(column)).subItem))
