@@ -6,11 +6,15 @@
 
 namespace {
 
+bool isOffered(const QAction* action)
+{
+    return action->isEnabled() && !action->isSeparator();
+}
+
 void grayEmpty(QMenu& submenu)
 {
     const QList<QAction*> actions = submenu.actions();
-    submenu.menuAction()->setEnabled(std::any_of(
-        actions.begin(), actions.end(), [](const QAction* action) { return action->isEnabled(); }));
+    submenu.menuAction()->setEnabled(std::any_of(actions.begin(), actions.end(), isOffered));
 }
 
 } // namespace

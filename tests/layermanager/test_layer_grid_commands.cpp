@@ -249,7 +249,7 @@ void TestLayerGridCommands::editTheNameOfANewLayerByOneMoreClick()
     QVERIFY(editor());
     QCOMPARE(chosen(), QStringLiteral("Roof Walls Layer1"));
     QTest::keyClick(editor(), Qt::Key_Escape);
-    click("Walls", Name);
+    choose({"Walls"});
     click("Layer1", Name);
     QVERIFY(!editor());
 }
