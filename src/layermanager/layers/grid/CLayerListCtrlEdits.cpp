@@ -114,9 +114,8 @@ void CLayerListCtrl::changeCell(int row, LayerColumn column)
     std::optional<LayerValue> value = layerCellValue(*database, layer, column);
     if (!value)
         return;
-    if (const bool* flag = std::get_if<bool>(&*value))
-        value = !*flag;
-    else
+    const bool isFlag = std::holds_alternative<bool>(*value);
+    if (!isFlag)
         value = pickLayerValue(this, *value);
     if (!value || m_database != database)
         return;
@@ -125,7 +124,8 @@ void CLayerListCtrl::changeCell(int row, LayerColumn column)
     LayerOutcome outcome;
     {
         const UpdatesOff still(*this);
-        outcome = giveLayers(*database, column, *value, layer, others);
+        outcome = isFlag ? toggleLayerFlag(*database, column, layer, others)
+                         : giveLayers(*database, column, *value, layer, others);
     }
     finishEdit(outcome, redrawAfterCell(column));
 }
