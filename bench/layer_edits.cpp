@@ -1,10 +1,19 @@
-// Edits of many layers at once in a large drawing: usage, renaming, freezing and taking it back.
+// Edits of many layers at once in a large drawing: usage, renaming, freezing and taking it back,
+// and the operations of the palette with its grid attached.
 
+#include "bench/support/BenchDocuments.h"
 #include "bench/support/GeneratedDrawing.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
+#include "layermanager/layers/grid/CLayerListCtrl.h"
+#include "layermanager/layers/operations/LayerActions.h"
+#include "layermanager/layers/operations/LayerDeletion.h"
+#include "layermanager/layers/operations/LayerOperations.h"
+#include "layermanager/layers/operations/NewLayer.h"
+
+#include <QApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -103,4 +112,121 @@ void saveRenamed(benchmark::State& state)
 }
 BENCHMARK(saveRenamed)->Apply(sizes)->Iterations(3);
 
+// Operations of the palette
+
+/// A layout of the drawing is current and all layers are selected in a grid that shows them. Few
+/// layers have entities.
+struct Palette
+{
+    explicit Palette(const benchmark::State& state)
+        : documents(readDrawing(generated_drawing::path(static_cast<int>(state.range(0)), 1000)))
+        , layers(database().layerTable().records())
+    {
+        database().setTILEMODE(false);
+        grid.resize(1200, 800);
+        grid.show();
+        grid.fill(&database());
+        grid.chooseRange(0, grid.displayedCount() - 1);
+        repaint();
+    }
+    OdDbDatabase& database() const { return *documents.database(); }
+    /// What comes after an operation: one repaint, however many rows changed.
+    void repaint()
+    {
+        QCoreApplication::processEvents();
+        grid.viewport()->repaint();
+    }
+
+    BenchDocuments documents;
+    std::vector<OdDbObjectId> layers;
+    CLayerListCtrl grid;
+};
+
+void selections(benchmark::internal::Benchmark* b)
+{
+    b->Arg(2000)->Arg(20000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+/// Measures an operation with the repaint behind it; what it did is taken back each time.
+template <class Operation>
+void measureOperation(benchmark::State& state, Operation operation)
+{
+    Palette palette(state);
+    std::size_t changed = 0;
+    for (auto _ : state) {
+        changed = operation(palette.database(), palette.layers).changed.size();
+        palette.repaint();
+        state.PauseTiming();
+        palette.database().endUndoRecord();
+        palette.database().undo();
+        palette.repaint();
+        state.ResumeTiming();
+    }
+    state.counters["changed"] = static_cast<double>(changed);
+}
+
+using Layers = std::vector<OdDbObjectId>;
+
+/// A click on the cell of one of many selected rows.
+void giveSelected(benchmark::State& state, LayerColumn column)
+{
+    measureOperation(state, [column](OdDbDatabase& database, const Layers& layers) {
+        return toggleLayerFlag(database, column, layers.back(), layers);
+    });
+}
+BENCHMARK_CAPTURE(giveSelected, locked, LayerColumn::Locked)->Apply(selections);
+BENCHMARK_CAPTURE(giveSelected, freeze, LayerColumn::Freeze)->Apply(selections);
+BENCHMARK_CAPTURE(giveSelected, viewportFreeze, LayerColumn::VpFreeze)->Apply(selections);
+
+void giveSelectedViewportColor(benchmark::State& state)
+{
+    measureOperation(state, [](OdDbDatabase& database, const Layers& layers) {
+        return giveLayers(database, LayerColumn::VpColor, OdCmColor::fromRgb(1, 2, 3),
+                          layers.back(), layers);
+    });
+}
+BENCHMARK(giveSelectedViewportColor)->Apply(selections);
+
+void isolateSelected(benchmark::State& state)
+{
+    measureOperation(state, [](OdDbDatabase& database, const Layers& layers) {
+        return isolateLayers(database, {layers.data(), 2}, layers);
+    });
+}
+BENCHMARK(isolateSelected)->Apply(selections);
+
+void deleteSelected(benchmark::State& state)
+{
+    measureOperation(state, [](OdDbDatabase& database, const Layers& layers) {
+        return deleteLayers(database, layers);
+    });
+}
+BENCHMARK(deleteSelected)->Apply(selections)->Iterations(3);
+
+void freezeSelectedInAllViewports(benchmark::State& state)
+{
+    measureOperation(state, [](OdDbDatabase& database, const Layers& layers) {
+        return freezeInAllViewports(database, layers, true);
+    });
+}
+BENCHMARK(freezeSelectedInAllViewports)->Apply(selections);
+
+void newLayerFrozenInAllViewports(benchmark::State& state)
+{
+    measureOperation(state, [](OdDbDatabase& database, const Layers& layers) {
+        return makeNewLayer(database, NewLayerKind::FrozenInAllViewports, layers.front());
+    });
+}
+BENCHMARK(newLayerFrozenInAllViewports)->Apply(selections);
+
 } // namespace
+
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

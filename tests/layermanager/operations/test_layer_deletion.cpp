@@ -13,6 +13,13 @@ constexpr const char* kMessage =
     "The Following Layers Cannot be deleted.\n .Layer 0 and Defpoints\n .current layer \n .Layers "
     "containing objects \n .xref-dependent layers";
 
+/// A drawing without the value of its next free handle.
+QByteArray withoutSeed(QByteArray text)
+{
+    const QByteArray seed = QByteArray::fromStdString(EditedDrawing::variable(text, "$HANDSEED"));
+    return text.replace("\n5\n" + seed + '\n', "\n5\n\n");
+}
+
 class LayerDeletion : public testing::Test
 {
 protected:
@@ -130,6 +137,14 @@ TEST_F(LayerDeletion, LeavesNothingBehindThatNamesTheLayer)
     for (const char* code : {"5\n", "330\n", "331\n", "335\n", "350\n", "360\n"})
         EXPECT_FALSE(after.contains('\n' + QByteArray(code) + handle + '\n')) << code;
     EXPECT_EQ(EditedDrawing::count(after, "LAYER"), EditedDrawing::count(before, "LAYER") - 1);
+
+    // The same with a drawing that has all that in its file.
+    const EditedDrawing again(before);
+    const OdDbObjectId layer = again->layerTable().getAt(QStringLiteral("Unused"));
+    EXPECT_EQ(deleteLayers(*again, {&layer, 1}).changed.size(), 1u);
+    EXPECT_TRUE(withoutSeed(again.saved()) == withoutSeed(after));
+    again->undo();
+    EXPECT_TRUE(again.saved() == before);
 }
 
 TEST_F(LayerDeletion, PassesOverWhatIsNoLayerOrGone)
