@@ -143,9 +143,11 @@ std::vector<OdDbObjectId> freezeLayersInViewport(OdDbObjectId id,
     const auto viewport = id.openObject<OdDbViewport>(OdDb::kForWrite);
     if (!viewport)
         return differing;
-    std::copy_if(
-        layers.begin(), layers.end(), std::back_inserter(differing),
-        [&](OdDbObjectId layer) { return viewport->isLayerFrozenInViewport(layer) != frozen; });
+    std::copy_if(layers.begin(), layers.end(), std::back_inserter(differing),
+                 [&](OdDbObjectId layer) {
+                     return layer.database() == id.database() && layer.openObject<Record>()
+                         && viewport->isLayerFrozenInViewport(layer) != frozen;
+                 });
     if (frozen)
         viewport->freezeLayersInViewport(differing);
     else
