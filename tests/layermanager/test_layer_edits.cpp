@@ -115,6 +115,10 @@ TEST_F(SingleLayerEdits, TellWhatTheDrawingRefuses)
 {
     expectRefused(give("Walls", PlotStyle, QStringLiteral("Normal")),
                   "In this drawing a layer's plot style follows its color.");
+    m_database.setTILEMODE(false);
+    expectRefused(give("Walls", VpPlotStyle, QStringLiteral("Normal")),
+                  "In this drawing a layer's plot style follows its color.");
+    m_database.setTILEMODE(true);
     expectRefused(giveLayerValue({}, Color, OdCmColor::fromIndex(3), context()),
                   giveLayerValue({}, On, true, context()).refusal.toUtf8().constData());
     EXPECT_NE("", giveLayerValue({}, On, true, context()).refusal.toStdString());
