@@ -53,7 +53,7 @@ void firstFillAndFrame(benchmark::State& state)
     Shown shown(state);
     for (auto _ : state) {
         state.PauseTiming();
-        const Documents fresh(drawing(state));
+        const BenchDocuments fresh(drawing(state));
         state.ResumeTiming();
         shown.grid.fill(fresh.database());
         shown.grid.viewport()->repaint();

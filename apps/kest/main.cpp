@@ -1,3 +1,4 @@
+#include "base/StandardStreams.h"
 #include "host/application/HostOptions.h"
 #include "host/batch/BatchProgram.h"
 #include "host/batch/ExitCode.h"
@@ -25,6 +26,7 @@ QStringList decodedArguments(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    occupyStandardStreams();
     QCoreApplication::setApplicationName(QStringLiteral("kest"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KEST_VERSION));
     const HostOptions options = HostOptions::parse(decodedArguments(argc, argv));

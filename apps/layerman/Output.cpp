@@ -23,15 +23,6 @@ bool isDirection(QChar c)
     }
 }
 
-bool isUnsafe(QChar c)
-{
-    if (c.unicode() >= 0x20 && c.unicode() < 0x7F)
-        return false;
-    const auto category = c.category();
-    return category == QChar::Other_Control || category == QChar::Separator_Line
-        || category == QChar::Separator_Paragraph || isDirection(c);
-}
-
 QString escape(QChar c)
 {
     switch (c.unicode()) {
@@ -49,6 +40,15 @@ QString escape(QChar c)
         + QString::number(c.unicode(), 16).rightJustified(digits, QLatin1Char('0'));
 }
 } // namespace
+
+bool Output::isUnsafe(QChar c)
+{
+    if (c.unicode() >= 0x20 && c.unicode() < 0x7F)
+        return false;
+    const auto category = c.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line
+        || category == QChar::Separator_Paragraph || isDirection(c);
+}
 
 QString Output::escaped(const QString& text)
 {

@@ -26,6 +26,7 @@ public:
     /// Control characters, line separators and marks of direction as "\n", "\x1b", "\u202e" and so
     /// on: no text of a drawing breaks a line, turns it around or reaches a terminal as a command.
     static QString escaped(const QString& text);
+    static bool isUnsafe(QChar c);
 
 private:
     std::FILE* m_output;

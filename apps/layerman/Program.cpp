@@ -97,7 +97,7 @@ ExitStatus runArguments(const QByteArrayList& bytes, Output& output, std::FILE* 
     const CommandInfo* command = nullptr;
     try {
         const QStringList arguments = decoded(bytes);
-        if (arguments.isEmpty())
+        if (arguments.value(0).isEmpty())
             throw UsageError(CompanionText::tr("A command is needed."));
         if (const QString text = programText(arguments.first()); !text.isEmpty()) {
             output.print(text);

@@ -41,3 +41,14 @@ TEST(TextTable, ControlCharactersCannotBreakALineOrReachTheTerminal)
     table.addRow({QStringLiteral("a\nb\x1B[2J")});
     EXPECT_EQ("Name\n-------\na\uFFFDb\uFFFD[2J\n", printed(table));
 }
+
+TEST(TextTable, AnEndlessCellDoesNotWidenTheOtherRows)
+{
+    TextTable table({QStringLiteral("A"), QStringLiteral("B")});
+    table.addRow({QString(1'000'000, QLatin1Char('x')), QStringLiteral("1")});
+    for (int i = 0; i < 10'000; ++i)
+        table.addRow({QStringLiteral("y"), QStringLiteral("2")});
+    const QStringList lines = table.toString().split(QLatin1Char('\n'));
+    EXPECT_EQ(QString(1'000'000, QLatin1Char('x')) + QStringLiteral("  1"), lines[2]);
+    EXPECT_EQ(QStringLiteral("y").leftJustified(255) + QStringLiteral("  2"), lines[3]);
+}

@@ -98,7 +98,7 @@ LayerValue colorOf(const QString& text)
 {
     const auto color = colorFromText(text);
     if (!color)
-        refuse(colorRefusal(text));
+        refuse(colorRefusal(abridged(text)));
     return *color;
 }
 
@@ -106,14 +106,14 @@ LayerValue lineweightOf(const QString& text)
 {
     const auto weight = lineweightFromText(text, true);
     if (!weight)
-        refuse(lineweightRefusal(text, true));
+        refuse(lineweightRefusal(abridged(text), true));
     return static_cast<qint16>(*weight);
 }
 
 LayerValue nameOf(const QString& text)
 {
     if (const QString why = layerNameRefusal(text); !why.isEmpty())
-        refuse(why);
+        refuse(why.simplified());
     return text;
 }
 

@@ -164,6 +164,9 @@ ListColumns columnsFrom(const QString& text)
     ListColumns chosen;
     for (const QString& part : text.split(QLatin1Char(','))) {
         const QString name = part.trimmed();
+        if (name.isEmpty())
+            throw UsageError(CompanionText::tr(
+                "--columns holds an empty name; expected columns with commas between."));
         const auto* found =
             std::find_if(std::begin(kColumns), std::end(kColumns), [&](const ListColumn& column) {
                 return name.compare(QLatin1String(column.name), Qt::CaseInsensitive) == 0;

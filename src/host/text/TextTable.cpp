@@ -5,6 +5,9 @@
 #include <algorithm>
 
 namespace {
+/// As wide as names can be. One endless cell must not widen every row.
+constexpr int kWidestColumn = 255;
+
 struct Range
 {
     char32_t first;
@@ -61,7 +64,7 @@ void TextTable::addRow(QStringList cells)
     for (std::size_t i = 0; i < m_widths.size(); ++i) {
         QString& cell = cells[static_cast<qsizetype>(i)];
         cell = printable(std::move(cell));
-        m_widths[i] = std::max(m_widths[i], displayWidth(cell));
+        m_widths[i] = std::clamp(displayWidth(cell), m_widths[i], kWidestColumn);
     }
     m_rows.push_back(std::move(cells));
 }
@@ -84,7 +87,8 @@ QString TextTable::toString() const
         for (std::size_t i = 0; i < m_widths.size(); ++i) {
             const QString cell = cellAt(i);
             line += cell;
-            line.resize(line.size() + m_widths[i] - displayWidth(cell) + 2, QLatin1Char(' '));
+            const int missing = std::max(0, m_widths[i] - displayWidth(cell));
+            line.resize(line.size() + missing + 2, QLatin1Char(' '));
         }
         while (line.endsWith(QLatin1Char(' ')))
             line.chop(1);

@@ -4,7 +4,8 @@
 
 #include <vector>
 
-/// Rows of cells printed in aligned columns, two blanks between them and none at line ends.
+/// Rows of cells printed in aligned columns, two blanks between them and none at line ends. A cell
+/// wider than 255 stands out of its column.
 class TextTable
 {
 public:

@@ -180,7 +180,7 @@ TEST_F(CompanionSet, WhatItCannotDoIsAWrongCallBeforeAnyFileIsRead)
           "A color is an index from 1 to 255, a name from red to white, or \"r,g,b\"; \"999\" is "
           "none.");
     wrong("--search A name=A* --in-place",
-          "The following characters are not valid in Layer Names:\\n<>/\":;?*|,=`\\");
+          "The following characters are not valid in Layer Names: <>/\":;?*|,=`\\");
     EXPECT_EQ(1, layerman("set --search A locked=yes --in-place").exitCode);
 }
 

@@ -115,6 +115,10 @@ TEST_F(SingleLayerEdits, TellWhatTheDrawingRefuses)
 {
     expectRefused(give("Walls", PlotStyle, QStringLiteral("Normal")),
                   "In this drawing a layer's plot style follows its color.");
+    m_database.setTILEMODE(false);
+    expectRefused(give("Walls", VpPlotStyle, QStringLiteral("Normal")),
+                  "In this drawing a layer's plot style follows its color.");
+    m_database.setTILEMODE(true);
     expectRefused(giveLayerValue({}, Color, OdCmColor::fromIndex(3), context()),
                   giveLayerValue({}, On, true, context()).refusal.toUtf8().constData());
     EXPECT_NE("", giveLayerValue({}, On, true, context()).refusal.toStdString());
@@ -192,6 +196,35 @@ TEST_F(SingleLayerEdits, FreezeInAViewportWhatIsNotFrozenThere)
     EXPECT_TRUE(viewport.safeOpenObject<OdDbViewport>()->isLayerFrozenInViewport(layers[1]));
     EXPECT_EQ(std::vector{layers[0]}, freezeLayersInViewport(viewport, {layers.data(), 1}, false));
     EXPECT_EQ(0u, freezeLayersInViewport({}, layers, true).size());
+    EXPECT_EQ(0u, freezeLayersInViewport(layers[0], layers, true).size()) << "no viewport";
+}
+
+TEST_F(SingleLayerEdits, FreezeInAViewportNothingThatIsNoLayerOfItsDrawing)
+{
+    const OdDbDatabase& other = m_host.open(layer_drawing::make({{"Walls"}, {"Doors"}}));
+    m_database.setTILEMODE(false);
+    const OdDbObjectId erased = id(m_database, "Doors");
+    write(m_database, "Doors")->erase();
+    const std::vector<OdDbObjectId> layers{{}, linetype("DASHED"), erased, id(other, "Doors")};
+    EXPECT_EQ(0u, freezeLayersInViewport(m_database.activeViewportId(), layers, true).size());
+}
+
+TEST_F(SingleLayerEdits, RefuseErasedLayersAndWhatIsNone)
+{
+    const OdDbObjectId erased = id(m_database, "Doors");
+    write(m_database, "Doors")->erase();
+    for (const OdDbObjectId none : {OdDbObjectId(), linetype("DASHED"), erased}) {
+        for (const LayerEditOutcome& outcome :
+             {giveLayerValue(none, Locked, true, context()), renameLayer(none, QStringLiteral("x")),
+              describeLayer(none, QStringLiteral("x")), makeLayerCurrent(none)})
+        {
+            EXPECT_FALSE(outcome.changed);
+            EXPECT_NE("", outcome.refusal.toStdString());
+        }
+        const std::vector<OdDbObjectId> layers{none};
+        EXPECT_EQ(0u, markLayersReconciled(m_database, layers, false).size());
+    }
+    EXPECT_EQ(id(m_database, "0"), m_database.getCLAYER());
 }
 
 TEST_F(SingleLayerEdits, MarkNewLayersAndNoOthers)
