@@ -195,13 +195,38 @@ void isolateSelected(benchmark::State& state)
 }
 BENCHMARK(isolateSelected)->Apply(selections);
 
-void deleteSelected(benchmark::State& state)
+/// Of a drawing that no grid shows: the operation alone.
+void deleteAll(benchmark::State& state)
 {
-    measureOperation(state, [](OdDbDatabase& database, const Layers& layers) {
-        return deleteLayers(database, layers);
-    });
+    const auto database =
+        readDrawing(generated_drawing::path(static_cast<int>(state.range(0)), 1000));
+    const Layers layers = database->layerTable().records();
+    std::size_t changed = 0;
+    for (auto _ : state) {
+        changed = deleteLayers(*database, layers).changed.size();
+        state.PauseTiming();
+        database->endUndoRecord();
+        database->undo();
+        state.ResumeTiming();
+    }
+    state.counters["changed"] = static_cast<double>(changed);
 }
-BENCHMARK(deleteSelected)->Apply(selections)->Iterations(3);
+BENCHMARK(deleteAll)->Apply(selections);
+
+void undoOfDeleteAll(benchmark::State& state)
+{
+    Palette palette(state);
+    for (auto _ : state) {
+        state.PauseTiming();
+        deleteLayers(palette.database(), palette.layers);
+        palette.database().endUndoRecord();
+        palette.repaint();
+        state.ResumeTiming();
+        palette.database().undo();
+        palette.repaint();
+    }
+}
+BENCHMARK(undoOfDeleteAll)->Apply(selections)->Iterations(2);
 
 void freezeSelectedInAllViewports(benchmark::State& state)
 {

@@ -150,8 +150,8 @@ std::vector<OdDbObjectId> layersToFreeze(OdDbObjectId id, std::span<const OdDbOb
         return differing;
     std::unordered_set<quint32> seen;
     for (const OdDbObjectId layer : layers) {
-        const bool isOwn = layer.database() == id.database() && layer.openObject<Record>();
-        if (isOwn && viewport->isLayerFrozenInViewport(layer) != frozen
+        const bool isOfDrawing = layer.database() == id.database() && layer.openObject<Record>();
+        if (isOfDrawing && viewport->isLayerFrozenInViewport(layer) != frozen
             && seen.insert(layer.slot()).second)
             differing.push_back(layer);
     }
