@@ -18,7 +18,7 @@ public:
     void entitiesPicked(OdDbDatabase& database, const KestSelectionSet& selection,
                         bool answer) override
     {
-        FillGroupFromSelection(database, QStringLiteral("G"), selection, answer ? 1 : 0);
+        FillGroupFromSelection(database, {QStringLiteral("G")}, selection, answer ? 1 : 0);
     }
 };
 

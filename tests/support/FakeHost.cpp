@@ -334,6 +334,8 @@ int FakeHost::reactorCount() const
 int FakeHost::select(const KestSelectionRequest& request, KestSelectionSet& selection)
 {
     s_current->selectRequests.push_back(request);
+    if (s_current->whileSelecting)
+        s_current->whileSelecting();
     selection = s_current->selection;
     return s_current->selectStatus;
 }

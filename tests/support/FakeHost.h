@@ -12,6 +12,7 @@
 #include <QSet>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -55,6 +56,7 @@ public:
     QStringList intPrompts; ///< of the questions asked
     int selectStatus = kest::kNormal;
     KestSelectionSet selection;
+    std::function<void()> whileSelecting; ///< what happens meanwhile
     std::vector<KestSelectionRequest> selectRequests;
 
     // What the user picks: nothing (cancelled) unless set

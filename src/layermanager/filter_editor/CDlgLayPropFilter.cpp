@@ -40,16 +40,26 @@ CDlgLayPropFilter::CDlgLayPropFilter(OdDbDatabase& database, OdLyLayerFilter& fi
 
 bool CDlgLayPropFilter::edit(QWidget* parent, OdDbDatabase& database, OdLyLayerFilter& filter)
 {
-    return CDlgLayPropFilter(database, filter, parent).exec() == Accepted;
+    // It may go with its parent while it is open.
+    auto* dialog = new CDlgLayPropFilter(database, filter, parent);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    return dialog->exec() == Accepted;
 }
 
 void CDlgLayPropFilter::accept()
 {
-    if (takeName() && takeExpression())
-        QDialog::accept();
+    const std::optional<QString> name = acceptedName();
+    if (!name)
+        return;
+    const std::optional<QString> expression = acceptedExpression();
+    if (!expression)
+        return;
+    m_filter.setName(*name);
+    m_filter.setFilterExpression(*expression);
+    QDialog::accept();
 }
 
-bool CDlgLayPropFilter::takeName()
+std::optional<QString> CDlgLayPropFilter::acceptedName()
 {
     OdLyLayerFilterPtr root;
     OdLyLayerFilterPtr current;
@@ -58,14 +68,13 @@ bool CDlgLayPropFilter::takeName()
     if (const QString refusal = filterNameRefusal(verdict); !refusal.isEmpty()) {
         Prompts::current().message(this, refusal);
         m_name->setFocus();
-        return false;
+        return std::nullopt;
     }
-    if (verdict == FilterNameVerdict::Accepted)
-        m_filter.setName(typedFilterName(m_name->text()));
-    return true;
+    return verdict == FilterNameVerdict::Accepted ? typedFilterName(m_name->text())
+                                                  : m_filter.name();
 }
 
-bool CDlgLayPropFilter::takeExpression()
+std::optional<QString> CDlgLayPropFilter::acceptedExpression()
 {
     const QString text = m_expression->text();
     const auto spelling = FilterExpressionText::spelled(m_database, text);
@@ -75,8 +84,7 @@ bool CDlgLayPropFilter::takeExpression()
             tr("The expression cannot be read. Criteria look like NAME==\"A*\" and are "
                "joined by AND and OR."));
         m_expression->setFocus();
-        return false;
+        return std::nullopt;
     }
-    m_filter.setFilterExpression(spelling.text);
-    return true;
+    return spelling.text;
 }

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+#include <optional>
+
 class OdDbDatabase;
 class OdLyLayerFilter;
 class QLineEdit;
@@ -19,8 +21,9 @@ public:
     void accept() override;
 
 private:
-    bool takeName();
-    bool takeExpression();
+    /// The name typed; none, and the user was told, where it is refused.
+    std::optional<QString> acceptedName();
+    std::optional<QString> acceptedExpression();
 
     OdDbDatabase& m_database;
     OdLyLayerFilter& m_filter;

@@ -16,6 +16,23 @@ QString marker()
     return QStringLiteral("__ZTR_LAYER_GROUP_FILTER");
 }
 
+/// Whoever asked for the pick, as long as it is there: it may go while the user picks. Forgets it
+/// at the end, unless somebody has asked for another one by then.
+class ReceiverScope
+{
+public:
+    ReceiverScope() = default;
+    ~ReceiverScope()
+    {
+        if (!LayerModuleState::s_bGroupFilterPickPending)
+            LayerModuleState::s_groupFilterReceiver = nullptr;
+    }
+    ReceiverScope(const ReceiverScope&) = delete;
+    ReceiverScope& operator=(const ReceiverScope&) = delete;
+
+    GroupFilterPickReceiver* get() const { return LayerModuleState::s_groupFilterReceiver; }
+};
+
 } // namespace
 
 LayerGroupFilterSubCommand::LayerGroupFilterSubCommand()
@@ -27,8 +44,7 @@ void LayerGroupFilterSubCommand::execute(OdEdCommandContext* context)
     // Each arming serves one run, however that run ends.
     if (!std::exchange(LayerModuleState::s_bGroupFilterPickPending, false))
         return;
-    GroupFilterPickReceiver* receiver =
-        std::exchange(LayerModuleState::s_groupFilterReceiver, nullptr);
+    const ReceiverScope receiver;
     const auto* drawing = dynamic_cast<OdDbCommandContext*>(context);
     IKestIOManager* io = getIOManagerInterface();
     if (!drawing || !io)
@@ -39,6 +55,6 @@ void LayerGroupFilterSubCommand::execute(OdEdCommandContext* context)
     KestSelectionRequest request;
     request.switches.fill(true);
     KestSelectionSet selection;
-    if (KestSSGet(request, selection) == kest::kNormal && receiver)
-        receiver->entitiesPicked(*drawing->database(), selection, answer != 0);
+    if (KestSSGet(request, selection) == kest::kNormal && receiver.get())
+        receiver.get()->entitiesPicked(*drawing->database(), selection, answer != 0);
 }

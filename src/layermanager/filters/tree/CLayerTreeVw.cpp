@@ -22,7 +22,12 @@
 #include "toolkit/Prompts.h"
 
 #include <QContextMenuEvent>
+#include <QDialog>
+#include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
+
+#include <algorithm>
 
 namespace {
 
@@ -51,13 +56,15 @@ CLayerTreeVw::CLayerTreeVw(QWidget* parent)
     setUniformRowHeights(true);
     setIndentation(kIndentation);
     setEditTriggers(NoEditTriggers);
+    header()->setStretchLastSection(false);
     setModel(&m_model);
     auto* delegate = new FilterTreeDelegate(this);
     setItemDelegate(delegate);
-    connect(delegate, &FilterTreeDelegate::labelTyped, this, [this](const QString& text) {
-        if (const FilterNode* node = selectedNode())
-            m_typed = TypedLabel{node->key, text};
-    });
+    connect(delegate, &FilterTreeDelegate::labelTyped, this,
+            [this](const QModelIndex& index, const QString& text) {
+                if (const FilterNode* node = m_model.node(index))
+                    m_typed = TypedLabel{node->key, text};
+            });
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex& index) { noteExpansion(index, false); });
     connect(this, &QTreeView::expanded, this,
@@ -89,8 +96,14 @@ void CLayerTreeVw::bind(OdDbDatabase* database)
         m_database->removeReactor(m_reactor.get());
     m_refreshTimer.stop();
     m_collapsed.clear();
+    m_typed.reset();
+    // What is open belongs to the drawing before.
+    if (m_menu)
+        m_menu->close();
+    for (QDialog* dialog : findChildren<QDialog*>())
+        dialog->reject();
     m_database = database;
-    const ShowingScope showing(m_showing);
+    const FlagScope showing(m_showing);
     m_model.show(nullptr);
     if (!m_database)
         return;
@@ -101,14 +114,16 @@ void CLayerTreeVw::bind(OdDbDatabase* database)
 
 void CLayerTreeVw::showTree()
 {
-    const ShowingScope showing(m_showing);
+    const FlagScope showing(m_showing);
     const FilterNode* before = selectedNode();
     const bool onReference = before && before->kind == FilterNodeKind::ExternalReference;
     const FilterKey reference = onReference ? before->key : FilterKey();
     FilterNodes nodes = readFilterNodes(*m_database);
     const FilterKey current = nodes.current->key;
-    if (m_model.show(std::move(nodes.root)))
+    if (m_model.show(std::move(nodes.root))) {
         restoreExpansion({});
+        fitColumn();
+    }
     QModelIndex index = onReference ? m_model.find(reference, true) : QModelIndex();
     if (!index.isValid())
         index = m_model.find(current);
@@ -132,10 +147,37 @@ void CLayerTreeVw::UpdateUnreconciledNode()
     emit selectedLayersChanged();
 }
 
+void CLayerTreeVw::fitColumn()
+{
+    const int width = std::max(viewport()->width(), sizeHintForColumn(0));
+    if (width == columnWidth(0))
+        return;
+    setColumnWidth(0, width);
+    updateGeometries();
+}
+
+void CLayerTreeVw::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    QTreeView::scrollTo(index, hint);
+    // That sees to the column; the label may begin far inside of it.
+    const int left = visualRect(index).left() - indentation();
+    const int right = left + indentation() + sizeHintForIndex(index).width();
+    if (right > viewport()->width())
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value()
+                                        + std::min(left, right - viewport()->width()));
+}
+
+void CLayerTreeVw::resizeEvent(QResizeEvent* event)
+{
+    QTreeView::resizeEvent(event);
+    fitColumn();
+}
+
 void CLayerTreeVw::noteExpansion(const QModelIndex& index, bool expanded)
 {
     if (m_showing)
         return;
+    fitColumn();
     const QString name = index.data().toString().toCaseFolded();
     if (expanded)
         m_collapsed.remove(name);
@@ -168,7 +210,8 @@ QString CLayerTreeVw::selectedName() const
 
 bool CLayerTreeVw::IsAllFilterSelected() const
 {
-    return selectedName().compare(FilterRecords::kAll, Qt::CaseInsensitive) == 0;
+    const FilterNode* node = selectedNode();
+    return node && node->kind == FilterNodeKind::All;
 }
 
 FilterLayers CLayerTreeVw::layersOfSelected() const
@@ -195,7 +238,10 @@ void CLayerTreeVw::select(const FilterKey& filter)
 
 void CLayerTreeVw::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QTreeView::currentChanged(current, previous);
+    {
+        const FlagScope changing(m_changingCurrent);
+        QTreeView::currentChanged(current, previous);
+    }
     const FilterNode* node = m_model.node(current);
     if (m_showing || !m_database || !node)
         return;
@@ -229,7 +275,7 @@ void CLayerTreeVw::command(int id)
     changeFilters(id, node->key);
 }
 
-void CLayerTreeVw::changeFilters(int id, const FilterKey& filter)
+void CLayerTreeVw::changeFilters(int id, FilterKey filter)
 {
     switch (id) {
     case kNewPropertyFilter:
@@ -258,7 +304,7 @@ void CLayerTreeVw::showResult(const std::optional<FilterKey>& selected)
     if (!selected)
         return;
     {
-        const ShowingScope showing(m_showing);
+        const FlagScope showing(m_showing);
         showTree();
     }
     if (m_model.find(*selected) == currentIndex())
@@ -285,19 +331,22 @@ void CLayerTreeVw::newPropertyFilter(const FilterKey& parent)
     const OdLyLayerFilterPtr root = FilterTreeEdit(*m_database).root();
     const auto filter =
         odrxCreate<OdLyLayerFilter>(MakeDefaultFilterName(root, FilterKind::Property));
-    if (m_filterEditor(this, *m_database, *filter))
+    if (askFor(*filter))
         showResult(addFilter(*m_database, parent, filter));
 }
 
 void CLayerTreeVw::editFilter(const FilterKey& key)
 {
-    FilterTreeEdit tree(*m_database);
-    const OdLyLayerFilterPtr filter = tree.find(key);
-    if (!filter || !m_filterEditor(this, *m_database, *filter))
-        return;
-    beginLayerUndoRecord(*m_database);
-    tree.write();
-    showResult(keyOfFilter(tree.root(), *filter));
+    const OdLyLayerFilterPtr filter = FilterTreeEdit(*m_database).find(key);
+    if (filter && askFor(*filter))
+        showResult(changeFilter(*m_database, key, filter->name(), filter->filterExpression()));
+}
+
+bool CLayerTreeVw::askFor(OdLyLayerFilter& filter)
+{
+    const QPointer<CLayerTreeVw> view(this);
+    const OdDbDatabase* database = m_database;
+    return m_filterEditor(this, *m_database, filter) && view && m_database == database;
 }
 
 void CLayerTreeVw::pickLayers(const FilterKey& group, const QString& mode)
@@ -305,7 +354,8 @@ void CLayerTreeVw::pickLayers(const FilterKey& group, const QString& mode)
     KsApDocManager* documents = ksDocManagerPtr();
     if (!documents)
         return;
-    m_pickGroup = group.name;
+    m_pickGroup = group;
+    m_pickDatabase = m_database;
     LayerModuleState::s_bGroupFilterPickPending = true;
     LayerModuleState::s_groupFilterReceiver = this;
     for (const QString& text :
@@ -317,7 +367,8 @@ void CLayerTreeVw::pickLayers(const FilterKey& group, const QString& mode)
 void CLayerTreeVw::entitiesPicked(OdDbDatabase& database, const KestSelectionSet& selection,
                                   bool answer)
 {
-    if (FillGroupFromSelection(database, m_pickGroup, selection, answer ? 1 : 0)
+    if (&database == m_pickDatabase
+        && FillGroupFromSelection(database, m_pickGroup, selection, answer ? 1 : 0)
         && &database == m_database)
         refresh();
 }
@@ -326,16 +377,21 @@ void CLayerTreeVw::entitiesPicked(OdDbDatabase& database, const KestSelectionSet
 
 void CLayerTreeVw::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
-    QTreeView::closeEditor(editor, hint);
-    if (const auto typed = std::exchange(m_typed, std::nullopt))
-        endLabelEdit(*typed);
+    const bool isCancelled = hint == QAbstractItemDelegate::RevertModelCache;
+    // Tab ends editing like Enter, and does not go on with the next label.
+    QTreeView::closeEditor(editor, isCancelled ? hint : QAbstractItemDelegate::NoHint);
+    if (m_changingCurrent)
+        QTimer::singleShot(0, this, &CLayerTreeVw::endLabelEdit);
+    else
+        endLabelEdit();
 }
 
-void CLayerTreeVw::endLabelEdit(const TypedLabel& typed)
+void CLayerTreeVw::endLabelEdit()
 {
-    if (!m_database)
+    const auto typed = std::exchange(m_typed, std::nullopt);
+    if (!typed || !m_database)
         return;
-    const FilterNameVerdict verdict = renameFilter(*m_database, typed.filter, typed.text);
+    const FilterNameVerdict verdict = renameFilter(*m_database, typed->filter, typed->text);
     if (verdict == FilterNameVerdict::Accepted)
         refresh();
     else if (const QString refusal = filterNameRefusal(verdict); !refusal.isEmpty())
@@ -346,9 +402,13 @@ void CLayerTreeVw::endLabelEdit(const TypedLabel& typed)
 
 void CLayerTreeVw::keyPressEvent(QKeyEvent* event)
 {
-    if (event->modifiers() == Qt::NoModifier && event->key() == Qt::Key_F2)
+    // What a label's editor has no use for is not meant for the tree either.
+    if (state() == EditingState)
+        return;
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == 0;
+    if (isPlain && event->key() == Qt::Key_F2)
         command(kRenameFilter);
-    else if (event->modifiers() == Qt::NoModifier && event->key() == Qt::Key_Delete)
+    else if (isPlain && event->key() == Qt::Key_Delete)
         command(kDeleteFilter);
     else
         QTreeView::keyPressEvent(event);
@@ -359,7 +419,19 @@ std::unique_ptr<QMenu> CLayerTreeVw::contextMenu()
     const FilterNode* node = selectedNode();
     if (!node)
         return nullptr;
-    return makeFilterMenu(*node, isModelSpace(), [this](int id) { command(id); });
+    return makeFilterMenu(
+        *node, isModelSpace(),
+        [view = QPointer(this), database = m_database, filter = node->key](int id) {
+            if (view)
+                view->commandOn(database, filter, id);
+        });
+}
+
+void CLayerTreeVw::commandOn(const OdDbDatabase* database, const FilterKey& filter, int id)
+{
+    const FilterNode* node = selectedNode();
+    if (m_database == database && node && node->key == filter)
+        command(id);
 }
 
 void CLayerTreeVw::contextMenuEvent(QContextMenuEvent* event)
@@ -373,6 +445,9 @@ void CLayerTreeVw::contextMenuEvent(QContextMenuEvent* event)
             return;
         setCurrentIndex(index);
     }
-    if (const std::unique_ptr<QMenu> menu = contextMenu())
-        menu->exec(place);
+    const std::unique_ptr<QMenu> menu = contextMenu();
+    if (!menu)
+        return;
+    m_menu = menu.get();
+    menu->exec(place);
 }

@@ -5,6 +5,7 @@
 #include "layermanager/module/GroupFilterPickReceiver.h"
 
 #include <QMenu>
+#include <QPointer>
 #include <QSet>
 #include <QTimer>
 #include <QTreeView>
@@ -48,6 +49,7 @@ public:
     /// What the selected node shows, and the other layers. Without a selection all layers are in.
     FilterLayers layersOfSelected() const;
     void select(const FilterKey& filter);
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
     /// Runs a command of the context menu or the toolbar on the selected node.
     void command(int id);
@@ -72,6 +74,7 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 protected slots:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -82,34 +85,41 @@ private:
         FilterKey filter;
         QString text;
     };
-    /// While the tree is being shown anew, selection and expansion are not the user's.
-    class ShowingScope
+    /// Sets a flag while it lives.
+    class FlagScope
     {
     public:
-        explicit ShowingScope(bool& showing)
-            : m_showing(showing)
-            , m_before(std::exchange(showing, true))
+        explicit FlagScope(bool& flag)
+            : m_flag(flag)
+            , m_before(std::exchange(flag, true))
         { }
-        ~ShowingScope() { m_showing = m_before; }
-        ShowingScope(const ShowingScope&) = delete;
-        ShowingScope& operator=(const ShowingScope&) = delete;
+        ~FlagScope() { m_flag = m_before; }
+        FlagScope(const FlagScope&) = delete;
+        FlagScope& operator=(const FlagScope&) = delete;
 
     private:
-        bool& m_showing;
+        bool& m_flag;
         bool m_before;
     };
 
     void showTree();
+    /// Makes the column as wide as its widest label, so that deep ones can be scrolled to.
+    void fitColumn();
     void noteExpansion(const QModelIndex& index, bool expanded);
     void restoreExpansion(const QModelIndex& parent);
-    void changeFilters(int id, const FilterKey& filter);
+    /// The key is a copy: nodes may go while the user is asked.
+    void changeFilters(int id, FilterKey filter);
     /// Shows the tree after an edit and selects a filter; nothing where the edit was refused.
     void showResult(const std::optional<FilterKey>& selected);
     void newGroupFilter(const FilterKey& parent);
     void newPropertyFilter(const FilterKey& parent);
     void editFilter(const FilterKey& key);
+    /// Has a property filter edited; false when the user gave up, or the drawing went meanwhile.
+    bool askFor(OdLyLayerFilter& filter);
     void pickLayers(const FilterKey& group, const QString& mode);
-    void endLabelEdit(const TypedLabel& typed);
+    void endLabelEdit();
+    /// Does a command of a menu that was opened on a node, unless another one is selected by now.
+    void commandOn(const OdDbDatabase* database, const FilterKey& filter, int id);
 
     CLayerPaneView* m_paneView = nullptr;
     FilterTreeModel m_model;
@@ -119,6 +129,9 @@ private:
     QTimer m_refreshTimer{this};
     QSet<QString> m_collapsed; ///< case-folded names
     std::optional<TypedLabel> m_typed;
-    QString m_pickGroup;
-    bool m_showing = false;
+    QPointer<QMenu> m_menu;
+    FilterKey m_pickGroup;
+    const OdDbDatabase* m_pickDatabase = nullptr; ///< only to be compared
+    bool m_showing = false; ///< selection and expansion are not the user's
+    bool m_changingCurrent = false; ///< the view is not to be given other nodes
 };

@@ -1,5 +1,7 @@
 #include "layermanager/filters/tree/ExcessFiltersPrompt.h"
 
+#include "database/OdDbDatabase.h"
+#include "database/OdDbDatabaseReactor.h"
 #include "layermanager/filters/tree/ExcessFilters.h"
 #include "sdk/KsApDocManager.h"
 #include "sdk/KsResString.h"
@@ -10,6 +12,35 @@ namespace {
 constexpr int kDeleteAll = 1;
 constexpr int kRetainAll = 2;
 constexpr int kWidth = 150; ///< dialog units
+
+/// Tells whether a drawing was closed while the question stood.
+class DrawingWatch : public OdDbDatabaseReactor
+{
+public:
+    explicit DrawingWatch(OdDbDatabase& database)
+        : m_database(&database)
+    {
+        m_database->addReactor(this);
+    }
+    ~DrawingWatch() override
+    {
+        if (m_database)
+            m_database->removeReactor(this);
+    }
+    DrawingWatch(const DrawingWatch&) = delete;
+    DrawingWatch& operator=(const DrawingWatch&) = delete;
+
+    bool isGone() const { return !m_database; }
+
+    void goodbye(const OdDbDatabase*) override
+    {
+        m_database->removeReactor(this);
+        m_database = nullptr;
+    }
+
+private:
+    OdDbDatabase* m_database;
+};
 
 TaskQuestion excessFiltersQuestion()
 {
@@ -39,9 +70,12 @@ bool CheckExcessFilters(KsApDocument* document, QWidget* parent)
     if (!document || !document->database() || document->hasMark(mark))
         return false;
     document->setMark(mark);
-    if (!hasExcessFilters(*document->database())
-        || Prompts::current().ask(parent, excessFiltersQuestion()) != kDeleteAll)
+    OdDbDatabase& database = *document->database();
+    if (!hasExcessFilters(database))
         return false;
-    deleteAllFilters(*document->database());
+    DrawingWatch watch(database);
+    if (Prompts::current().ask(parent, excessFiltersQuestion()) != kDeleteAll || watch.isGone())
+        return false;
+    deleteAllFilters(database);
     return true;
 }

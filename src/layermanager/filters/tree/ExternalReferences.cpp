@@ -16,6 +16,9 @@ namespace {
 /// Group code of the block name in an insertion.
 constexpr int kBlockName = 2;
 
+/// References nested deeper stand on top: a drawing must not decide how deep the tree is.
+constexpr int kDeepest = 64;
+
 struct Found
 {
     QString name;
@@ -48,11 +51,11 @@ public:
         std::vector<ExternalReference> top;
         for (Found& found : m_found) {
             if (!found.isNested)
-                place(found, top);
+                place(found, top, 0);
         }
         // References that hold each other.
         for (Found& found : m_found)
-            place(found, top);
+            place(found, top, 0);
         return top;
     }
 
@@ -90,13 +93,13 @@ private:
         }
     }
 
-    void place(Found& found, std::vector<ExternalReference>& into)
+    void place(Found& found, std::vector<ExternalReference>& into, int depth)
     {
-        if (std::exchange(found.isPlaced, true))
+        if (depth == kDeepest || std::exchange(found.isPlaced, true))
             return;
         ExternalReference reference{found.name, found.block, {}};
         for (const std::size_t nested : found.nested)
-            place(m_found[nested], reference.nested);
+            place(m_found[nested], reference.nested, depth + 1);
         into.push_back(std::move(reference));
     }
 

@@ -20,7 +20,7 @@ struct ExternalReference
 QString externalReferencesName();
 
 /// The drawing's external references in the order of the block table, each once: below the first
-/// one whose block holds an insertion of it, else on top.
+/// one whose block holds an insertion of it, at most 64 deep, else on top.
 std::vector<ExternalReference> externalReferences(const OdDbDatabase& database);
 
 /// The layers of one external reference, or of all of them for a null id, and the drawing's other

@@ -99,6 +99,7 @@ FilterCommandState filterCommandState(int id, const FilterNode& node, bool model
     case kConvertToGroup:
         return enabledIf(kind == Property);
     case kRenameFilter:
+        return enabledIf(isOwn(kind) && !node.key.name.isEmpty());
     case kDeleteFilter:
         return enabledIf(isOwn(kind));
     case kEditPropertyFilter:

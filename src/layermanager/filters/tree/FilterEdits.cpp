@@ -79,6 +79,7 @@ std::optional<FilterKey> addFilter(OdDbDatabase& database, const FilterKey& pare
         return std::nullopt;
     beginLayerUndoRecord(database);
     place->addNested(filter);
+    edit.setCurrent(filter);
     edit.write();
     return keyOfFilter(edit.root(), *filter);
 }
@@ -127,6 +128,22 @@ FilterNameVerdict renameFilter(OdDbDatabase& database, const FilterKey& filter,
     renamed->setName(typedFilterName(newText));
     edit.write();
     return verdict;
+}
+
+std::optional<FilterKey> changeFilter(OdDbDatabase& database, const FilterKey& filter,
+                                      const QString& name, const QString& expression)
+{
+    FilterTreeEdit edit(database);
+    const OdLyLayerFilterPtr changed = edit.find(filter);
+    if (!changed || changed->isIdFilter() || !changed->allowRename())
+        return std::nullopt;
+    if (changed->name() != name || changed->filterExpression() != expression) {
+        beginLayerUndoRecord(database);
+        changed->setName(name);
+        changed->setFilterExpression(expression);
+        edit.write();
+    }
+    return keyOfFilter(edit.root(), *changed);
 }
 
 std::optional<FilterKey> deleteFilter(OdDbDatabase& database, const FilterKey& filter)

@@ -36,10 +36,11 @@ FilterKey keyOfFilter(const OdLyLayerFilterPtr& root, const OdLyLayerFilter& fil
 /// Makes the filter the drawing's current one. False when it is that already.
 bool setCurrentFilter(OdDbDatabase& database, const FilterKey& filter);
 
-/// A new group, named by the rule for new ones, behind the other filters of the root or a group.
+/// A new group, named by the rule for new ones, behind the other filters of the root or a group, as
+/// the current one.
 std::optional<FilterKey> addGroupFilter(OdDbDatabase& database, const FilterKey& parent);
 
-/// Nests a filter that somebody made, behind the others of its parent.
+/// Nests a filter that somebody made, behind the others of its parent, as the current one.
 std::optional<FilterKey> addFilter(OdDbDatabase& database, const FilterKey& parent,
                                    const OdLyLayerFilterPtr& filter);
 
@@ -51,6 +52,11 @@ std::optional<FilterKey> convertToGroup(OdDbDatabase& database, const FilterKey&
 /// Renames by the rules for names; changes nothing unless they accept the text.
 FilterNameVerdict renameFilter(OdDbDatabase& database, const FilterKey& filter,
                                const QString& newText);
+
+/// Gives a property filter another name and expression, both checked before; its key then. No undo
+/// record where they are the same as before.
+std::optional<FilterKey> changeFilter(OdDbDatabase& database, const FilterKey& filter,
+                                      const QString& name, const QString& expression);
 
 /// Removes a filter and all nested in it. A current filter among them gives that place to the
 /// parent. Returns the parent's key.

@@ -52,10 +52,10 @@ QWidget* FilterTreeDelegate::createEditor(QWidget* parent, const QStyleOptionVie
 }
 
 void FilterTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
-                                      const QModelIndex&) const
+                                      const QModelIndex& index) const
 {
     if (const auto* line = qobject_cast<QLineEdit*>(editor))
-        emit labelTyped(line->text());
+        emit labelTyped(index, line->text());
 }
 
 void FilterTreeDelegate::initStyleOption(QStyleOptionViewItem* option,

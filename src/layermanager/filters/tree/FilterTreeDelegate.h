@@ -18,7 +18,7 @@ public:
                       const QModelIndex& index) const override;
 
 signals:
-    void labelTyped(const QString& text) const;
+    void labelTyped(const QModelIndex& index, const QString& text) const;
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;

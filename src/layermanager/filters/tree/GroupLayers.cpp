@@ -11,13 +11,12 @@
 
 namespace {
 
-OdLyLayerGroupPtr findGroup(const FilterTreeEdit& edit, const QString& name)
+OdLyLayerGroupPtr findGroup(const FilterTreeEdit& edit, const FilterKey& key)
 {
-    for (const OdLyLayerFilterPtr& filter : filtersOfTree(edit.root())) {
-        if (filter->isIdFilter() && filter->name().compare(name, Qt::CaseInsensitive) == 0)
-            return OdLyLayerGroupPtr(static_cast<OdLyLayerGroup*>(filter.get()));
-    }
-    return {};
+    const OdLyLayerFilterPtr filter = edit.find(key);
+    return filter && filter->isIdFilter()
+        ? OdLyLayerGroupPtr(static_cast<OdLyLayerGroup*>(filter.get()))
+        : OdLyLayerGroupPtr();
 }
 
 void removeAll(OdLyLayerGroup& group)
@@ -26,11 +25,11 @@ void removeAll(OdLyLayerGroup& group)
         group.removeLayerId(layer);
 }
 
-bool fillGroup(OdDbDatabase& database, const QString& groupName,
-               std::span<const OdDbObjectId> layers, bool keepsContents)
+bool fillGroup(OdDbDatabase& database, const FilterKey& key, std::span<const OdDbObjectId> layers,
+               bool keepsContents)
 {
     FilterTreeEdit edit(database);
-    const OdLyLayerGroupPtr group = findGroup(edit, groupName);
+    const OdLyLayerGroupPtr group = findGroup(edit, key);
     if (!group)
         return false;
     std::unordered_set<quint32> held;
@@ -51,7 +50,7 @@ bool fillGroup(OdDbDatabase& database, const QString& groupName,
 
 } // namespace
 
-bool FillGroupFromSelection(OdDbDatabase& database, const QString& groupName,
+bool FillGroupFromSelection(OdDbDatabase& database, const FilterKey& group,
                             const KestSelectionSet& selection, int mode)
 {
     std::vector<OdDbObjectId> layers;
@@ -60,13 +59,13 @@ bool FillGroupFromSelection(OdDbDatabase& database, const QString& groupName,
         if (const auto opened = entity.openObject<OdDbEntity>())
             layers.push_back(opened->layerId());
     }
-    return fillGroup(database, groupName, layers, mode == 1);
+    return fillGroup(database, group, layers, mode == 1);
 }
 
-bool addLayersToGroup(OdDbDatabase& database, const QString& groupName,
+bool addLayersToGroup(OdDbDatabase& database, const FilterKey& group,
                       std::span<const OdDbObjectId> layers)
 {
-    return fillGroup(database, groupName, layers, true);
+    return fillGroup(database, group, layers, true);
 }
 
 bool RemoveLayerFromGroups(OdDbDatabase& database, OdDbObjectId layer)

@@ -103,7 +103,11 @@ void FilterTreeFixture::settle()
 
 QLineEdit* FilterTreeFixture::labelEditor() const
 {
-    return tree().findChild<QLineEdit*>(QStringLiteral("filterLabelEditor"));
+    for (auto* editor : tree().findChildren<QLineEdit*>(QStringLiteral("filterLabelEditor"))) {
+        if (editor->isVisible()) // others only wait for being deleted
+            return editor;
+    }
+    return nullptr;
 }
 
 void FilterTreeFixture::typeLabel(const char* text)

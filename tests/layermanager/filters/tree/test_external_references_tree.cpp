@@ -4,6 +4,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -98,6 +99,23 @@ TEST(ExternalReferenceNodes, ShowReferencesThatHoldEachOtherOnce)
                 .size(),
             1)
             << name;
+}
+
+TEST(ExternalReferenceNodes, NestOnlySoDeepHoweverLongTheirChain)
+{
+    constexpr int kLength = 150;
+    QList<Block> chain;
+    for (int i = 0; i < kLength; ++i)
+        chain.append({"r" + QByteArray::number(i), 36, {"r" + QByteArray::number(i + 1)}});
+    const FilterDrawing drawing(withBlocks(chain, {{"A"}}));
+    const QStringList lines = shown(drawing);
+    EXPECT_EQ(lines.size(), kLength + 3);
+    const auto dots = [](const QString& line) { return line.count(QLatin1Char('.')); };
+    const auto deepest =
+        *std::max_element(lines.begin(), lines.end(),
+                          [&](const QString& a, const QString& b) { return dots(a) < dots(b); });
+    EXPECT_EQ(dots(deepest), 65) << "the first one has two dots";
+    EXPECT_EQ(lines.filter(QRegularExpression(QStringLiteral("^\\.\\.r"))).size(), 3);
 }
 
 TEST(ExternalReferenceNodes, AreNotThereWithoutReferences)

@@ -15,6 +15,7 @@ namespace {
 FilterNode node(FilterNodeKind kind, bool isEditable = true)
 {
     FilterNode made;
+    made.key.name = QStringLiteral("F");
     made.kind = kind;
     made.isEditable = isEditable && kind == Property;
     return made;

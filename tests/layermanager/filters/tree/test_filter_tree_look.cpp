@@ -88,6 +88,7 @@ void TestFilterTreeLook::theMenusLookLikeTheirGoldenImages()
     };
     for (const auto& shown : kMenus) {
         FilterNode node;
+        node.key.name = QStringLiteral("Any");
         node.kind = shown.kind;
         node.isEditable = shown.kind == FilterNodeKind::Property;
         const auto menu = makeFilterMenu(node, shown.modelSpace, [](int) {});

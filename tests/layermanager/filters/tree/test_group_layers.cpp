@@ -32,7 +32,7 @@ TEST(FillGroup, AddsTheLayerOfThreeObjectsOnItOnce)
     FilterDrawing drawing;
     drawing.group("G", {});
     const KestSelectionSet selection = picked(*drawing, {"B", "A", "B", "B"});
-    EXPECT_TRUE(FillGroupFromSelection(*drawing, QStringLiteral("G"), selection, 1));
+    EXPECT_TRUE(FillGroupFromSelection(*drawing, FilterDrawing::key("G"), selection, 1));
     EXPECT_EQ(drawing.layersOf("G"), texts({"B", "A"})) << "in the order of the selection";
 }
 
@@ -41,9 +41,9 @@ TEST(FillGroup, InModeOneKeepsWhatIsThereAndAddsNothingTwice)
     FilterDrawing drawing;
     drawing.group("G", {"A"});
     EXPECT_TRUE(
-        FillGroupFromSelection(*drawing, QStringLiteral("g"), picked(*drawing, {"A", "B"}), 1));
+        FillGroupFromSelection(*drawing, FilterDrawing::key("g"), picked(*drawing, {"A", "B"}), 1));
     EXPECT_EQ(drawing.layersOf("G"), texts({"A", "B"}));
-    EXPECT_TRUE(FillGroupFromSelection(*drawing, QStringLiteral("G"), {}, 1));
+    EXPECT_TRUE(FillGroupFromSelection(*drawing, FilterDrawing::key("G"), {}, 1));
     EXPECT_EQ(drawing.layersOf("G"), texts({"A", "B"})) << "an empty selection";
 }
 
@@ -52,11 +52,11 @@ TEST(FillGroup, InModeZeroReplacesWhatIsThere)
     FilterDrawing drawing;
     drawing.group("G", {"A", "C"});
     EXPECT_TRUE(
-        FillGroupFromSelection(*drawing, QStringLiteral("G"), picked(*drawing, {"B", "A"}), 0));
+        FillGroupFromSelection(*drawing, FilterDrawing::key("G"), picked(*drawing, {"B", "A"}), 0));
     EXPECT_EQ(drawing.layersOf("G"), texts({"B", "A"}));
     EXPECT_TRUE(drawing->undo());
     EXPECT_EQ(drawing.layersOf("G"), texts({"A", "C"}));
-    EXPECT_TRUE(FillGroupFromSelection(*drawing, QStringLiteral("G"), {}, 0));
+    EXPECT_TRUE(FillGroupFromSelection(*drawing, FilterDrawing::key("G"), {}, 0));
     EXPECT_EQ(drawing.layersOf("G"), QStringList());
 }
 
@@ -65,7 +65,7 @@ TEST(FillGroup, FindsANestedGroupAndLeavesItsParentAlone)
     FilterDrawing drawing;
     drawing.group("Inner", {}, drawing.group("Outer", {"C"}));
     EXPECT_TRUE(
-        FillGroupFromSelection(*drawing, QStringLiteral("Inner"), picked(*drawing, {"A"}), 1));
+        FillGroupFromSelection(*drawing, FilterDrawing::key("Inner"), picked(*drawing, {"A"}), 1));
     EXPECT_EQ(drawing.layersOf("Inner"), texts({"A"}));
     EXPECT_EQ(drawing.layersOf("Outer"), texts({"C"}));
 }
@@ -76,8 +76,9 @@ TEST(FillGroup, WithoutSuchAGroupChangesNothing)
     drawing.property("P", "COLOR==\"1\" ");
     const auto stamp = drawing->editStamp();
     EXPECT_FALSE(
-        FillGroupFromSelection(*drawing, QStringLiteral("nobody"), picked(*drawing, {"A"}), 1));
-    EXPECT_FALSE(FillGroupFromSelection(*drawing, QStringLiteral("P"), picked(*drawing, {"A"}), 1));
+        FillGroupFromSelection(*drawing, FilterDrawing::key("nobody"), picked(*drawing, {"A"}), 1));
+    EXPECT_FALSE(
+        FillGroupFromSelection(*drawing, FilterDrawing::key("P"), picked(*drawing, {"A"}), 1));
     EXPECT_EQ(drawing->editStamp(), stamp);
 }
 
@@ -113,6 +114,6 @@ TEST(AddLayersToGroup, TakesLayersAsTheyAre)
     drawing.group("G", {"B"});
     const std::vector<OdDbObjectId> layers = {layer_drawing::id(*drawing, "A"), OdDbObjectId(),
                                               layer_drawing::id(*drawing, "B")};
-    EXPECT_TRUE(addLayersToGroup(*drawing, QStringLiteral("G"), layers));
+    EXPECT_TRUE(addLayersToGroup(*drawing, FilterDrawing::key("G"), layers));
     EXPECT_EQ(drawing.layersOf("G"), texts({"B", "A"}));
 }
