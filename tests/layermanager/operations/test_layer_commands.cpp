@@ -32,7 +32,7 @@ Ids disabled(const LayerCommandState& state)
 
 LayerCommandState everything()
 {
-    return {false, 3, 2, true, true, true, true, true};
+    return {false, 3, 2, true, true, true, true, true, true};
 }
 
 class LayerCommands : public testing::Test
@@ -155,9 +155,17 @@ TEST(LayerCommandState, DisablesReconcilingWhereNothingWaits)
     EXPECT_EQ(disabled(state), (Ids{40034}));
 }
 
+TEST(LayerCommandState, DisablesLayerStatesWhereNobodyHasDialogsForThem)
+{
+    LayerCommandState state = everything();
+    state.hasStateDialogs = false;
+    EXPECT_EQ(disabled(state), (Ids{40078, 40081}));
+}
+
 TEST(LayerCommandState, LeavesNewLayersAndLayerStatesInAnEmptyList)
 {
-    const LayerCommandState empty;
+    LayerCommandState empty;
+    empty.hasStateDialogs = true;
     for (const int id : {40029, 40043, 40078, 40081, 40002, 40010})
         EXPECT_TRUE(isLayerCommandEnabled(id, empty)) << id;
     for (const int id : {40001, 40003, 40061, 40083})

@@ -138,6 +138,7 @@ std::unique_ptr<QMenu> CLayerListCtrl::contextMenu()
         return nullptr;
     LayerCommandState state = layerCommandState(*m_database, {chosenLayers(), m_model.layers()});
     state.switchedOff = m_switchedOff;
+    state.hasStateDialogs = static_cast<bool>(m_stateDialogs);
     return makeLayerMenu(state, [this](int id) { command(id); });
 }
 

@@ -57,9 +57,9 @@ constexpr LayerGridCommand kCommands[] = {
     {kInvertSelection, Select, QT_TRANSLATE_NOOP("LayerCommands", "&Invert"), nullptr, kNeedsRows,
      false},
     {kNewLayerState, Top, QT_TRANSLATE_NOOP("LayerCommands", "New Layer &State..."), nullptr,
-     kNeedsNothing, true},
+     kNeedsStateDialogs, true},
     {kLayerStateManager, Top, QT_TRANSLATE_NOOP("LayerCommands", "Layer State &Manager..."),
-     nullptr, kNeedsNothing, false},
+     nullptr, kNeedsStateDialogs, false},
     {kUnsupported40040, None, nullptr, nullptr, kNeedsNothing, false},
     {kUnsupported40071, None, nullptr, nullptr, kNeedsNothing, false},
     {kUnsupported40075, None, nullptr, nullptr, kNeedsNothing, false},
@@ -85,6 +85,7 @@ int metBy(const LayerCommandState& state)
         {kNeedsSelectedOverrides, state.selectedHaveOverrides},
         {kNeedsListedOverrides, state.listedHaveOverrides},
         {kNeedsUnreconciled, state.selectedWaitForReview},
+        {kNeedsStateDialogs, state.hasStateDialogs},
     };
     int met = 0;
     for (const auto& need : needs)

@@ -53,6 +53,7 @@ enum LayerNeed {
     kNeedsSelectedOverrides = 16, ///< a selected layer differs in some viewport
     kNeedsListedOverrides = 32, ///< a listed layer does
     kNeedsUnreconciled = 64, ///< a selected layer waits to be reviewed
+    kNeedsStateDialogs = 128, ///< there are dialogs for layer states
 };
 
 struct LayerGridCommand
@@ -84,6 +85,7 @@ struct LayerCommandState
     bool selectedHaveOverrides = false;
     bool listedHaveOverrides = false;
     bool selectedWaitForReview = false;
+    bool hasStateDialogs = false;
 };
 
 /// Whether menu, toolbar and keyboard offer the command. The commands themselves do nothing where
