@@ -122,7 +122,7 @@ void CLayerTreeVw::showTree()
     const FilterKey current = nodes.current->key;
     if (m_model.show(std::move(nodes.root))) {
         restoreExpansion({});
-        fitColumn();
+        updateGeometries();
     }
     QModelIndex index = onReference ? m_model.find(reference, true) : QModelIndex();
     if (!index.isValid())
@@ -147,13 +147,20 @@ void CLayerTreeVw::UpdateUnreconciledNode()
     emit selectedLayersChanged();
 }
 
-void CLayerTreeVw::fitColumn()
+void CLayerTreeVw::updateGeometries()
 {
-    const int width = std::max(viewport()->width(), sizeHintForColumn(0));
-    if (width == columnWidth(0))
+    QTreeView::updateGeometries();
+    if (m_fitting)
         return;
-    setColumnWidth(0, width);
-    updateGeometries();
+    const FlagScope fitting(m_fitting);
+    // A wider column may need a scroll bar, or spare one, which changes the room once more.
+    for (int round = 0; round < 2; ++round) {
+        const int width = std::max(viewport()->width(), sizeHintForColumn(0));
+        if (width == columnWidth(0))
+            return;
+        setColumnWidth(0, width);
+        QTreeView::updateGeometries();
+    }
 }
 
 void CLayerTreeVw::scrollTo(const QModelIndex& index, ScrollHint hint)
@@ -167,17 +174,10 @@ void CLayerTreeVw::scrollTo(const QModelIndex& index, ScrollHint hint)
                                         + std::min(left, right - viewport()->width()));
 }
 
-void CLayerTreeVw::resizeEvent(QResizeEvent* event)
-{
-    QTreeView::resizeEvent(event);
-    fitColumn();
-}
-
 void CLayerTreeVw::noteExpansion(const QModelIndex& index, bool expanded)
 {
     if (m_showing)
         return;
-    fitColumn();
     const QString name = index.data().toString().toCaseFolded();
     if (expanded)
         m_collapsed.remove(name);

@@ -74,10 +74,11 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 protected slots:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    /// Also makes the column as wide as its widest label, so that deep ones can be scrolled to.
+    void updateGeometries() override;
 
 private:
     struct TypedLabel
@@ -103,8 +104,6 @@ private:
     };
 
     void showTree();
-    /// Makes the column as wide as its widest label, so that deep ones can be scrolled to.
-    void fitColumn();
     void noteExpansion(const QModelIndex& index, bool expanded);
     void restoreExpansion(const QModelIndex& parent);
     /// The key is a copy: nodes may go while the user is asked.
@@ -133,5 +132,6 @@ private:
     FilterKey m_pickGroup;
     const OdDbDatabase* m_pickDatabase = nullptr; ///< only to be compared
     bool m_showing = false; ///< selection and expansion are not the user's
+    bool m_fitting = false;
     bool m_changingCurrent = false; ///< the view is not to be given other nodes
 };
