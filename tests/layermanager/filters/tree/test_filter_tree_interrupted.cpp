@@ -258,7 +258,9 @@ void TestFilterTreeInterrupted::fillsNoGroupOfAnotherDrawing()
 {
     OdDbDatabase& other = open({"A"});
     FilterTreeEdit edit(other);
-    edit.root()->addNested(odrxCreate<OdLyLayerGroup>(QStringLiteral("G")));
+    const auto group = odrxCreate<OdLyLayerGroup>(QStringLiteral("G"));
+    group->addLayerId(layer_drawing::id(other, "A"));
+    edit.root()->addNested(group);
     edit.write();
     host().setCurrent(db());
     run("_LAYER");
@@ -266,7 +268,6 @@ void TestFilterTreeInterrupted::fillsNoGroupOfAnotherDrawing()
     click("G");
     tree().command(40100);
     host().setCurrent(other);
-    host().selection.entities.push_back(other.idOfSlot(0));
     const auto stamp = other.editStamp();
     host().intAnswer = 0;
     run("__ZTR_LAYER_GROUP_FILTER");
