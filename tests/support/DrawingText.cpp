@@ -165,6 +165,30 @@ QByteArray DrawingText::withLayers(const QList<Layer>& layers, const QByteArray&
     return lineEnd == "\n" ? text : text.replace("\n", lineEnd);
 }
 
+QByteArray DrawingText::withPlotStyles(QByteArray text)
+{
+    text.replace("9\n$TILEMODE", "9\n$PSTYLEMODE\n290\n0\n9\n$TILEMODE");
+    text.replace("3\nACAD_LAYOUT\n", "3\nACAD_PLOTSTYLENAME\n350\n80\n3\nACAD_LAYOUT\n");
+    text.replace("0\nENDSEC\n0\nEOF",
+                 groups({"0",   "DICTIONARY",
+                         "5",   "80",
+                         "330", "60",
+                         "100", "AcDbDictionary",
+                         "281", "1",
+                         "3",   "Normal",
+                         "350", "81",
+                         "3",   "Thin",
+                         "350", "82",
+                         "0",   "ACDBPLACEHOLDER",
+                         "5",   "81",
+                         "330", "80",
+                         "0",   "ACDBPLACEHOLDER",
+                         "5",   "82",
+                         "330", "80"})
+                     + "0\nENDSEC\n0\nEOF");
+    return text;
+}
+
 QByteArray DrawingText::old(const QList<Layer>& layers)
 {
     QByteArray records;

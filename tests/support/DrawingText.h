@@ -20,6 +20,8 @@ public:
     /// ("Sheet A" with an overall and two floating viewports, "Sheet B" never opened) and one LINE
     /// per layer except the last; handles as in the constants below.
     static QByteArray withLayers(const QList<Layer>& layers, const QByteArray& lineEnd = "\n");
+    /// A drawing of withLayers() with named plot styles "Normal" (handle 81) and "Thin" (82).
+    static QByteArray withPlotStyles(QByteArray text);
     /// A drawing of the oldest kind: layer table and entities only, no handles.
     static QByteArray old(const QList<Layer>& layers);
 

@@ -1,5 +1,8 @@
 #include "support/SharedDrawings.h"
 
+#include "database/OdError.h"
+#include "io/DrawingFile.h"
+
 #include <QDir>
 
 bool SharedDrawings::available()
@@ -27,6 +30,20 @@ QStringList SharedDrawings::files(const QStringList& nameFilters)
     for (const QString& name : dir.entryList(nameFilters, QDir::Files, QDir::Name))
         paths.append(dir.filePath(name));
     return paths;
+}
+
+void SharedDrawings::eachReadable(
+    const std::function<void(const QString& path, std::unique_ptr<OdDbDatabase>)>& visit)
+{
+    for (const QString& path : files()) {
+        std::unique_ptr<OdDbDatabase> drawing;
+        try {
+            drawing = readDrawing(path);
+        } catch (const OdError&) {
+            continue;
+        }
+        visit(path, std::move(drawing));
+    }
 }
 
 QByteArray SharedDrawings::skipSentence()

@@ -3,6 +3,11 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+#include <memory>
+
+class OdDbDatabase;
+
 /// An optional folder with drawings from many programs: the environment variable
 /// KEST_SHARED_DRAWINGS, else "shared/drawings" beside the source folder. Tests that need it start
 /// with one of the macros below.
@@ -15,6 +20,9 @@ public:
     static QString file(const QString& name);
     /// Full paths, sorted by name.
     static QStringList files(const QStringList& nameFilters = {QStringLiteral("*.dxf")});
+    /// Reads all drawings, one after the other; those that are damaged on purpose are left out.
+    static void eachReadable(
+        const std::function<void(const QString& path, std::unique_ptr<OdDbDatabase>)>& visit);
     /// The sentence that a skipped test shows.
     static QByteArray skipSentence();
 };

@@ -63,27 +63,7 @@ QString CompanionFixture::styled(const char* name, const Layers& layers) const
     Layers withStyles = layers;
     for (DrawingText::Layer& layer : withStyles)
         layer.more += DrawingText::groups({"390", "81"});
-    QByteArray text = DrawingText::withLayers(withStyles);
-    text.replace("9\n$TILEMODE", "9\n$PSTYLEMODE\n290\n0\n9\n$TILEMODE");
-    text.replace("3\nACAD_LAYOUT\n", "3\nACAD_PLOTSTYLENAME\n350\n80\n3\nACAD_LAYOUT\n");
-    text.replace("0\nENDSEC\n0\nEOF",
-                 DrawingText::groups({"0",   "DICTIONARY",
-                                      "5",   "80",
-                                      "330", "60",
-                                      "100", "AcDbDictionary",
-                                      "281", "1",
-                                      "3",   "Normal",
-                                      "350", "81",
-                                      "3",   "Thin",
-                                      "350", "82",
-                                      "0",   "ACDBPLACEHOLDER",
-                                      "5",   "81",
-                                      "330", "80",
-                                      "0",   "ACDBPLACEHOLDER",
-                                      "5",   "82",
-                                      "330", "80"})
-                     + "0\nENDSEC\n0\nEOF");
-    return write(name, text);
+    return write(name, DrawingText::withPlotStyles(DrawingText::withLayers(withStyles)));
 }
 
 QByteArray CompanionFixture::bytesOf(const QString& name) const

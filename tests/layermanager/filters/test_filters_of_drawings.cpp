@@ -31,14 +31,8 @@ protected:
     /// Each filter of each drawing, first as the drawing was saved, then in each of its sheets.
     void visitAll(const Visit& visit)
     {
-        for (const QString& path : SharedDrawings::files()) {
+        SharedDrawings::eachReadable([&](const QString& path, std::unique_ptr<OdDbDatabase> read) {
             SCOPED_TRACE(qPrintable(path));
-            std::unique_ptr<OdDbDatabase> read;
-            try {
-                read = readDrawing(path);
-            } catch (const OdError&) {
-                continue; // some are damaged on purpose
-            }
             OdDbDatabase& drawing = m_host.open(std::move(read), path);
             OdLyLayerFilterPtr root;
             OdLyLayerFilterPtr current;
@@ -49,7 +43,7 @@ protected:
                 visitTree(drawing, *root, visit);
             }
             m_host.close(drawing);
-        }
+        });
     }
 
     FakeHost m_host;

@@ -51,29 +51,6 @@ void addEntities(QByteArray& text)
     text.replace(text.indexOf("8\n0\n", third), 4, "8\nBorder\n");
 }
 
-void addPlotStyles(QByteArray& text)
-{
-    replaceOnce(text, "9\n$TILEMODE", "9\n$PSTYLEMODE\n290\n0\n9\n$TILEMODE");
-    replaceOnce(text, "3\nACAD_LAYOUT\n", "3\nACAD_PLOTSTYLENAME\n350\n80\n3\nACAD_LAYOUT\n");
-    replaceOnce(text, "0\nENDSEC\n0\nEOF",
-                DrawingText::groups({"0",   "DICTIONARY",
-                                     "5",   "80",
-                                     "330", "60",
-                                     "100", "AcDbDictionary",
-                                     "281", "1",
-                                     "3",   "Normal",
-                                     "350", "81",
-                                     "3",   "Thin",
-                                     "350", "82",
-                                     "0",   "ACDBPLACEHOLDER",
-                                     "5",   "81",
-                                     "330", "80",
-                                     "0",   "ACDBPLACEHOLDER",
-                                     "5",   "82",
-                                     "330", "80"})
-                    + "0\nENDSEC\n0\nEOF");
-}
-
 QByteArray drawing()
 {
     QList<DrawingText::Layer> layers = {{"Defpoints"},  {"Current"},   {"Frozen", 1}, {"Locked", 4},
@@ -85,7 +62,7 @@ QByteArray drawing()
     QByteArray text = DrawingText::withLayers(layers);
     removeLines(text);
     addEntities(text);
-    addPlotStyles(text);
+    text = DrawingText::withPlotStyles(text);
     replaceOnce(text, "9\n$CLAYER\n8\n0\n", "9\n$CLAYER\n8\nCurrent\n");
     return text;
 }

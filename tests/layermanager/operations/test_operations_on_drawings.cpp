@@ -32,14 +32,8 @@ protected:
     /// Each drawing that can be read, in its first sheet with viewports where it has one.
     void visitAll(const Visit& visit)
     {
-        for (const QString& path : SharedDrawings::files()) {
+        SharedDrawings::eachReadable([&](const QString& path, std::unique_ptr<OdDbDatabase> read) {
             SCOPED_TRACE(qPrintable(path));
-            std::unique_ptr<OdDbDatabase> read;
-            try {
-                read = readDrawing(path);
-            } catch (const OdError&) {
-                continue; // some are damaged on purpose
-            }
             OdDbDatabase& drawing = m_host.open(std::move(read), path);
             for (const OdDbObjectId layout : drawing.layouts()) {
                 const auto opened = layout.safeOpenObject<OdDbLayout>();
@@ -51,7 +45,7 @@ protected:
             drawing.endUndoRecord();
             visit(drawing);
             m_host.close(drawing);
-        }
+        });
     }
 
     /// Runs an operation, takes it back and forth, and takes it back in the end.
