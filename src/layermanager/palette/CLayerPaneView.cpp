@@ -21,6 +21,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kTreeWidth = 170;
@@ -75,7 +77,6 @@ void CLayerPaneView::initialUpdate()
     connect(m_treeView, &CLayerTreeVw::layersChanged, this, &CLayerPaneView::layersChangedByTree);
     connect(grid(), &CLayerListCtrl::databaseGone, this, [this] {
         m_pDb = nullptr;
-        m_listed.clear();
         m_treeView->bind(nullptr);
         m_statusLine->clear();
     });
@@ -112,13 +113,20 @@ std::vector<OdDbObjectId> CLayerPaneView::wantedLayers() const
     return layers;
 }
 
-void CLayerPaneView::list(std::vector<OdDbObjectId> layers)
+void CLayerPaneView::list(const std::vector<OdDbObjectId>& layers)
 {
-    m_listed = std::move(layers);
     if (m_treeView->IsAllFilterSelected() || grid()->database() != m_pDb)
         grid()->fill(m_pDb);
     if (!m_treeView->IsAllFilterSelected())
-        grid()->fillFromList(m_listed);
+        grid()->fillFromList(layers);
+}
+
+bool CLayerPaneView::isListed(const std::vector<OdDbObjectId>& layers) const
+{
+    return grid()->database() == m_pDb
+        && static_cast<int>(layers.size()) == grid()->layerModel().rowCount()
+        && std::all_of(layers.begin(), layers.end(),
+                       [this](OdDbObjectId layer) { return grid()->findRow(layer) >= 0; });
 }
 
 void CLayerPaneView::refill()
@@ -133,9 +141,15 @@ void CLayerPaneView::followFilter()
 {
     if (!m_pDb)
         return;
-    if (std::vector<OdDbObjectId> layers = wantedLayers(); layers != m_listed)
-        list(std::move(layers));
     UpdateStatusLine();
+    const std::vector<OdDbObjectId> layers = wantedLayers();
+    if (isListed(layers))
+        return;
+    // Listing anew would take away what the user is typing.
+    if (grid()->editor())
+        grid()->requestRefresh();
+    else
+        list(layers);
 }
 
 void CLayerPaneView::layersChangedByTree()

@@ -51,14 +51,15 @@ private:
     void refill();
     /// Lists them where they are others than those listed.
     void followFilter();
-    void list(std::vector<OdDbObjectId> layers);
+    void list(const std::vector<OdDbObjectId>& layers);
+    /// Whether the grid's rows are just these, in whatever order.
+    bool isListed(const std::vector<OdDbObjectId>& layers) const;
     void layersChangedByTree();
     std::vector<OdDbObjectId> wantedLayers() const;
 
     OdSmartPtr<CLayerDocMngrReactor> m_docReactor;
     CLayerTreeVw* m_treeView = nullptr;
     CLayerListVw* m_listView = nullptr;
-    std::vector<OdDbObjectId> m_listed; ///< what the grid was handed last
     QLabel* m_statusLine = nullptr;
     OdDbDatabase* m_pDb = nullptr;
     bool m_bInitialised = false;

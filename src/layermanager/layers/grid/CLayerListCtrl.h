@@ -80,6 +80,9 @@ public:
     void columnClicked(int subItem);
     LayerSortOrder sortOrder() const { return m_sortOrder; }
 
+    /// Has listStale() sent once a burst of changes, and an in-place edit, is over.
+    void requestRefresh();
+
     // State
 
     /// While switched off the grid ignores fills, commands, clicks and notifications.
@@ -136,7 +139,6 @@ private:
     void layerAppended(OdDbObjectId layer);
     void layerModified(OdDbObjectId layer);
     void layerErased(OdDbObjectId layer);
-    void requestRefresh();
     void refreshTimeout();
 
     // Edits

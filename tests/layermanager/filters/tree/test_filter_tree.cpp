@@ -7,6 +7,7 @@
 #include <QAbstractItemModelTester>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -45,6 +46,8 @@ private slots:
 
     void followsUndoAndOtherCommands();
     void showsAndRemovesTheNodeOfUnreconciledLayers();
+    void leavesTheNameOfANewLayerInEditing();
+    void waitsForTheEndOfAnEditInTheGrid();
     void showsExternalReferences();
     void staysCollapsedWhereTheUserCollapsedIt();
     void showsThousandsOfFiltersWithoutDelay();
@@ -404,6 +407,45 @@ void TestFilterTree::showsAndRemovesTheNodeOfUnreconciledLayers()
     tree().UpdateUnreconciledNode();
     QVERIFY(!node("UnReconciled New Layers").isValid());
     QCOMPARE(tree().selectedName(), QStringLiteral("All"));
+}
+
+void TestFilterTree::leavesTheNameOfANewLayerInEditing()
+{
+    for (const OdDbObjectId id : db().layerTable().records())
+        id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setIsReconciled(true);
+    host().ints[QStringLiteral("LAYEREVAL")] = 1;
+    host().ints[QStringLiteral("LAYEREVALCTL")] = 1;
+    run("_LAYER");
+    QVERIFY(!node("UnReconciled New Layers").isValid());
+    grid().command(40029);
+    settle();
+    QVERIFY(node("UnReconciled New Layers").isValid());
+    QVERIFY2(grid().editor(), "although the tree changed");
+    QCOMPARE(grid().chosenRowCount(), 1);
+    QCOMPARE(grid().layerModel().layerId(grid().chosenRows().front()),
+             layer_drawing::id(db(), "Layer1"));
+}
+
+void TestFilterTree::waitsForTheEndOfAnEditInTheGrid()
+{
+    run("_LAYER");
+    addGroup("G", {"Walls"});
+    click("G");
+    grid().openInPlaceEditor(0, static_cast<int>(LayerColumn::Name));
+    QVERIFY(grid().editor());
+    FilterTreeEdit edit(db());
+    static_cast<OdLyLayerGroup&>(*edit.find(key("G"))).addLayerId(layer_drawing::id(db(), "Doors"));
+    edit.write();
+    settle();
+    QVERIFY2(grid().editor(), "somebody else changed the group");
+    QCOMPARE(listed().size(), 1);
+    grid().discardInPlaceEditor();
+    auto* timer =
+        grid().findChild<QTimer*>(QStringLiteral("timer_%1").arg(CLayerListCtrl::kRefreshTimer));
+    QVERIFY(timer->isActive());
+    timer->start(0);
+    settle();
+    QCOMPARE(listed().size(), 2);
 }
 
 void TestFilterTree::showsExternalReferences()
