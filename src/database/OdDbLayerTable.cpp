@@ -73,6 +73,14 @@ bool OdDbLayerTable::hasReconciledBaseline() const
     return *m_reconciledRecords > 0;
 }
 
+void OdDbLayerTable::startReconciledBaseline()
+{
+    if (hasReconciledBaseline())
+        return;
+    for (const OdDbObjectId id : records())
+        id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setIsReconciled(true);
+}
+
 void OdDbLayerTable::reconciledRecordsChanged(int by)
 {
     if (m_reconciledRecords)

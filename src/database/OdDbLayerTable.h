@@ -40,6 +40,9 @@ public:
     /// Whether any layer has a stored reconciled flag: without one there is no baseline that a
     /// layer could be new against. The first call reads all layers.
     bool hasReconciledBaseline() const;
+    /// Marks all layers as reviewed where there is no baseline, so that a layer which is marked as
+    /// new then is the only new one. Undoable.
+    void startReconciledBaseline();
     void reconciledRecordsChanged(int by);
 
     /// Position of each record in the case-insensitive order of names, by slotsInOrder() position.

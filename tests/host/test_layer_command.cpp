@@ -258,6 +258,8 @@ TEST_F(LayerCommandLine, NewLayersAwaitReviewWhileTheyAreEvaluated)
     EXPECT_EQ("", run("LAYEREVAL 2"));
     EXPECT_EQ("", run("-LAYER New Fresh"));
     EXPECT_FALSE(layer("Fresh")->isReconciled());
+    // The drawing was never reviewed: its other layers do not become new as well.
+    EXPECT_TRUE(layer("0")->isReconciled());
     EXPECT_EQ("", run("-LAYER REConcile *"));
     EXPECT_TRUE(layer("Fresh")->isReconciled());
     EXPECT_EQ("", run("LAYEREVALCTL 0"));

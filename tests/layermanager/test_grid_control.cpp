@@ -25,6 +25,7 @@ private slots:
     void leavesADoubleClickToTheGridThatTakesIt();
     void swallowsADoubleClickByThePreCheck();
     void anchorsAtTheFirstRowThatIsSelectedWithShift();
+    void keepsTheAnchorAtItsRowWhenRowsGo();
     void selectsARowForAMenu();
 
     void walksThroughTheRowsWithKeys();
@@ -190,6 +191,19 @@ void TestGridControl::anchorsAtTheFirstRowThatIsSelectedWithShift()
     QCOMPARE(m_grid->anchorRow(), 4);
     click(6, 0, Qt::ShiftModifier);
     QCOMPARE(chosen(), (QList<int>{4, 5, 6}));
+}
+
+void TestGridControl::keepsTheAnchorAtItsRowWhenRowsGo()
+{
+    click(6, 1);
+    m_model->removeRows(0, 4);
+    QCOMPARE(m_grid->anchorRow(), 2);
+    click(4, 1, Qt::ShiftModifier);
+    QCOMPARE(chosen(), (QList<int>{2, 3, 4}));
+    m_model->removeRows(2, 24);
+    QCOMPARE(m_grid->anchorRow(), -1);
+    click(1, 1, Qt::ShiftModifier);
+    QCOMPARE(chosen(), (QList<int>{1}));
 }
 
 void TestGridControl::selectsARowForAMenu()

@@ -29,6 +29,7 @@ private slots:
     void makeALayerLikeTheFirstSelectedOne();
     void nameANewLayerByTheFirstFreeNumber();
     void putANewLayerInItsPlaceOnceItIsNamed();
+    void leaveTheRowUnderAPressThatEndsTheEdit();
     void editTheNameOfANewLayerByOneMoreClick();
     void makeALayerFrozenInAllViewports();
     void makeALayerWithoutARow();
@@ -235,6 +236,23 @@ void TestLayerGridCommands::putANewLayerInItsPlaceOnceItIsNamed()
     QCOMPARE(rows(), QStringLiteral("0 Beams Ceilings Doors Layer1 Roof Walls"));
 }
 
+void TestLayerGridCommands::leaveTheRowUnderAPressThatEndsTheEdit()
+{
+    grid().command(kNewLayer);
+    QTest::keyClicks(editor(), QStringLiteral("Attic"));
+    click("Doors", Locked);
+    QVERIFY(read(db(), "Doors")->isLocked());
+    QCOMPARE(chosen(), QStringLiteral("Doors"));
+    QCOMPARE(rows(), QStringLiteral("0 Beams Doors Roof Walls Attic"));
+    QVERIFY(grid().openInPlaceEditor(row("Roof"), static_cast<int>(Name)));
+    QVERIFY(flushRefresh());
+    QCOMPARE(rows(), QStringLiteral("0 Beams Doors Roof Walls Attic"));
+    grid().closeInPlaceEditor();
+    QVERIFY(flushRefresh());
+    QCOMPARE(rows(), QStringLiteral("0 Attic Beams Doors Roof Walls"));
+    QCOMPARE(chosen(), QStringLiteral("Doors"));
+}
+
 void TestLayerGridCommands::editTheNameOfANewLayerByOneMoreClick()
 {
     grid().command(kNewLayer);
@@ -350,6 +368,12 @@ void TestLayerGridCommands::takeReconciledLayersOffTheList()
     QCOMPARE(rows(), QStringLiteral("Doors"));
     QCOMPARE(grid().displayedCount(), 1);
     QCOMPARE(stale.size(), 1);
+    // One that was reviewed before goes as well, until the list is made anew.
+    grid().fillFromList({layer("Doors"), layer("Walls"), layer("Roof")});
+    choose({"Doors", "Walls"});
+    grid().command(kReconcileLayers);
+    QCOMPARE(rows(), QStringLiteral("Roof"));
+    QCOMPARE(stale.size(), 2);
 }
 
 void TestLayerGridCommands::freezeInEveryViewport()

@@ -1,5 +1,6 @@
 #include "GridFixture.h"
 #include "LayerDrawing.h"
+#include "layermanager/layers/operations/LayerCommandTable.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -7,6 +8,47 @@
 using layer_drawing::read;
 using layer_drawing::write;
 using enum LayerColumn;
+
+namespace {
+
+/// Prompts during which something happens. A question is closed without an answer.
+class WhileAsked : public Prompts
+{
+public:
+    explicit WhileAsked(std::function<void()> happens)
+        : m_happens(std::move(happens))
+        , m_before(Prompts::install(this))
+    { }
+    ~WhileAsked() override { Prompts::install(m_before); }
+    WhileAsked(const WhileAsked&) = delete;
+    WhileAsked& operator=(const WhileAsked&) = delete;
+
+    void message(QWidget*, const QString&, Icon) override { happen(); }
+    bool confirm(QWidget*, const QString&) override
+    {
+        happen();
+        return false;
+    }
+    int ask(QWidget*, const TaskQuestion&) override
+    {
+        happen();
+        return kCancelled;
+    }
+
+    int prompts = 0;
+
+private:
+    void happen()
+    {
+        ++prompts;
+        m_happens();
+    }
+
+    std::function<void()> m_happens;
+    Prompts* m_before;
+};
+
+} // namespace
 
 class TestLayerGridEdits : public GridFixture
 {
@@ -26,6 +68,8 @@ private slots:
     void refuseToFreezeTheCurrentLayer();
     void askBeforeTheCurrentLayerIsTurnedOff_data();
     void askBeforeTheCurrentLayerIsTurnedOff();
+    void standADrawingThatEndsDuringTheQuestion();
+    void standADrawingThatEndsDuringAMessage();
     void turnTheCurrentLayerOnWithoutAsking();
     void allowEverythingWhereTheCurrentLayerCannotBeRead();
     void areRefusedWhileTheLayerCommandRuns_data();
@@ -213,6 +257,30 @@ void TestLayerGridEdits::askBeforeTheCurrentLayerIsTurnedOff()
                             "displayed in the drawing until you turn the layer back on"));
     QCOMPARE(question.links[1].id, 102);
     QCOMPARE(question.links[1].text, QStringLiteral("Keep the current layer on"));
+}
+
+void TestLayerGridEdits::standADrawingThatEndsDuringTheQuestion()
+{
+    WhileAsked closing([&] { host().close(db()); });
+    click("0", On);
+    QCOMPARE(closing.prompts, 1);
+    QVERIFY(!grid().database());
+    QCOMPARE(grid().model()->rowCount(), 0);
+}
+
+void TestLayerGridEdits::standADrawingThatEndsDuringAMessage()
+{
+    choose({"Roof"});
+    QVERIFY(grid().openInPlaceEditor(row("Roof"), static_cast<int>(Name)));
+    editor()->setText(QStringLiteral("Walls"));
+    WhileAsked closing([&] { host().close(db()); });
+    int opened = 0;
+    grid().setStateDialogs([&](int) { ++opened; });
+    grid().command(kLayerStateManager);
+    QCOMPARE(closing.prompts, 1);
+    QCOMPARE(opened, 0);
+    QVERIFY(!editor());
+    QVERIFY(!grid().database());
 }
 
 void TestLayerGridEdits::turnTheCurrentLayerOnWithoutAsking()

@@ -26,6 +26,7 @@ private slots:
     void keepTheirRowWhileTheyAreWritten();
     void stayWithoutAnythingTyped();
     void stayOnEscape();
+    void stayAsAnotherGaveThemMeanwhile();
     void refuseThirteenCharacters_data();
     void refuseThirteenCharacters();
     void refuseACharacterOnceHoweverTheEditEnds();
@@ -199,6 +200,19 @@ void TestLayerGridNames::stayOnEscape()
     QVERIFY(!layer("Walls").isNull());
     QVERIFY(!db().hasUndo());
     QVERIFY(prompts().asked().isEmpty());
+}
+
+void TestLayerGridNames::stayAsAnotherGaveThemMeanwhile()
+{
+    const OdDbObjectId roof = layer("Roof");
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+        const QString name = QStringLiteral("Key%1").arg(key);
+        QVERIFY(grid().openInPlaceEditor(grid().findRow(roof), static_cast<int>(Name)));
+        roof.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setName(name);
+        QTest::keyClick(editor(), key);
+        QVERIFY(!editor());
+        QCOMPARE(roof.safeOpenObject<OdDbLayerTableRecord>()->getName(), name);
+    }
 }
 
 void TestLayerGridNames::refuseThirteenCharacters_data()

@@ -23,6 +23,7 @@ private slots:
     void keepsTheSelectionWhenRowsGo();
     void keepsTheSelectionWhenManyRowsGo();
     void tellsWhenTheCurrentLayerChanged();
+    void followsACurrentLayerThatUndoTakesAway();
     void givesARowToALayerThatIsAdded();
     void givesNoRowToAnAddedLayerWithAnAsterisk();
     void followsOneDrawingAtATime();
@@ -134,6 +135,25 @@ void TestLayerGridSync::tellsWhenTheCurrentLayerChanged()
     QVERIFY(told.isEmpty());
     write(db(), "0")->setDescription(QStringLiteral("b"));
     QCOMPARE(told.size(), 1);
+}
+
+void TestLayerGridSync::followsACurrentLayerThatUndoTakesAway()
+{
+    db().startUndoRecord();
+    const OdDbObjectId fresh = db().layerTable().add(QStringLiteral("Fresh"));
+    db().setCLAYER(fresh);
+    db().endUndoRecord();
+    QVERIFY(grid().currentLayer() == fresh);
+    QCOMPARE(chosen(), QStringLiteral("Fresh"));
+    QVERIFY(db().undo());
+    QVERIFY(grid().currentLayer() == layer("0"));
+    QCOMPARE(grid().findRow(fresh), -1);
+    QCOMPARE(chosen(), QStringLiteral("0"));
+    QSignalSpy stale(&grid(), &CLayerListCtrl::listStale);
+    QVERIFY(db().redo());
+    QVERIFY(grid().currentLayer() == fresh);
+    QVERIFY(flushRefresh());
+    QCOMPARE(stale.size(), 1);
 }
 
 void TestLayerGridSync::givesARowToALayerThatIsAdded()

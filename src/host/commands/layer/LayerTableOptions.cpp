@@ -41,9 +41,12 @@ bool isEvaluating(LayerEdit& edit)
 
 void makeLayer(LayerEdit& edit, const QString& name)
 {
-    const OdDbObjectId id = edit.drawing().layerTable().add(name);
-    if (isEvaluating(edit))
-        id.safeOpenObject<Record>(OdDb::kForWrite)->setIsReconciled(false);
+    OdDbLayerTable& table = edit.drawing().layerTable();
+    const OdDbObjectId id = table.add(name);
+    if (!isEvaluating(edit))
+        return;
+    table.startReconciledBaseline();
+    id.safeOpenObject<Record>(OdDb::kForWrite)->setIsReconciled(false);
 }
 
 void makeNew(LayerEdit& edit)

@@ -90,7 +90,7 @@ void CKestListCtrl::CInPlaceEdit::focusOutEvent(QFocusEvent* event)
     QLineEdit::focusOutEvent(event);
     // The editor's own context menu does not end the edit.
     if (event->reason() != Qt::PopupFocusReason)
-        m_grid.editorLostFocus(*this);
+        m_grid.editorLostFocus(*this, event->reason());
 }
 
 void CKestListCtrl::CInPlaceEdit::grow()

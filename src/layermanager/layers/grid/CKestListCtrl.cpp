@@ -155,11 +155,14 @@ void CKestListCtrl::closeInPlaceEditor()
     discardInPlaceEditor();
 }
 
-void CKestListCtrl::editorLostFocus(CInPlaceEdit& editor)
+void CKestListCtrl::editorLostFocus(CInPlaceEdit& editor, Qt::FocusReason reason)
 {
     if (m_editor != &editor || m_reporting)
         return;
-    reportEdit(editor);
+    {
+        const QScopedValueRollback<bool> byMouse(m_endsByMouse, reason == Qt::MouseFocusReason);
+        reportEdit(editor);
+    }
     if (m_editor == &editor && mayDestroy(editor))
         discardInPlaceEditor();
 }
@@ -188,7 +191,7 @@ void CKestListCtrl::updateGeometries()
 void CKestListCtrl::reset()
 {
     discardInPlaceEditor();
-    m_anchorRow = -1;
+    m_anchor = QModelIndex();
     m_lastClicked = {};
     QTableView::reset();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPersistentModelIndex>
 #include <QTableView>
 
 #include <vector>
@@ -53,7 +54,7 @@ public:
     void scrollRowIntoView(int row);
 
     /// Row where a range selection starts.
-    int anchorRow() const { return m_anchorRow; }
+    int anchorRow() const { return m_anchor.row(); }
     Cell lastClicked() const { return m_lastClicked; }
 
 signals:
@@ -73,6 +74,8 @@ protected:
     virtual bool checksCharacters(int column) const;
     /// Ctrl and Shift as held during the click that is being handled.
     Qt::KeyboardModifiers clickModifiers() const { return m_clickModifiers; }
+    /// While an edit is reported: whether a press of the mouse elsewhere ends it.
+    bool endsByMouse() const { return m_endsByMouse; }
     int rowsPerPage() const;
 
     void mousePressEvent(QMouseEvent* event) override;
@@ -93,16 +96,18 @@ private:
     void updateRowHeight();
     void clickCell(Cell cell, Qt::KeyboardModifiers modifiers, bool isDouble = false);
     void selectClicked(Cell cell, bool taken);
+    void setAnchorRow(int row) { m_anchor = model()->index(row, 0); }
     bool pressKey(int key, Qt::KeyboardModifiers modifiers);
     bool moveRow(int key, Qt::KeyboardModifiers modifiers);
     bool moveColumn(int step);
-    void editorLostFocus(CInPlaceEdit& editor);
+    void editorLostFocus(CInPlaceEdit& editor, Qt::FocusReason reason);
     void reportEdit(const CInPlaceEdit& editor);
     bool mayDestroy(const CInPlaceEdit& editor) const;
 
     CInPlaceEdit* m_editor = nullptr;
     bool m_reporting = false;
-    int m_anchorRow = -1;
+    bool m_endsByMouse = false;
+    QPersistentModelIndex m_anchor; ///< goes with its row
     Cell m_lastClicked;
     Qt::KeyboardModifiers m_clickModifiers;
     int m_rowToShow = -1; ///< scrolled to before the grid had its place on the screen

@@ -97,7 +97,7 @@ void CKestListCtrl::chooseForMenu(int row)
 {
     chooseOnly(row);
     focusCell(row, std::max(0, currentIndex().column()));
-    m_anchorRow = row;
+    setAnchorRow(row);
 }
 
 void CKestListCtrl::focusCell(int row, int column)
@@ -136,9 +136,9 @@ void CKestListCtrl::clickCell(Cell cell, Qt::KeyboardModifiers modifiers, bool i
 void CKestListCtrl::selectClicked(Cell cell, bool taken)
 {
     if (m_clickModifiers & Qt::ShiftModifier) {
-        if (m_anchorRow < 0)
-            m_anchorRow = cell.row;
-        chooseRange(m_anchorRow, cell.row);
+        if (anchorRow() < 0)
+            setAnchorRow(cell.row);
+        chooseRange(anchorRow(), cell.row);
         return;
     }
     if (m_clickModifiers & Qt::ControlModifier)
@@ -146,7 +146,7 @@ void CKestListCtrl::selectClicked(Cell cell, bool taken)
                                  QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
     else if (!taken)
         chooseOnly(cell.row);
-    m_anchorRow = cell.row;
+    setAnchorRow(cell.row);
 }
 
 // Presses do all of the work; the base class would change the selection again.
@@ -208,13 +208,13 @@ bool CKestListCtrl::moveRow(int key, Qt::KeyboardModifiers modifiers)
     const int to = std::clamp(*target, 0, last);
     focusCell(to, std::max(0, currentIndex().column()));
     if (modifiers & Qt::ShiftModifier) {
-        if (m_anchorRow < 0)
-            m_anchorRow = std::max(0, from);
-        chooseRange(m_anchorRow, to);
+        if (anchorRow() < 0)
+            setAnchorRow(std::max(0, from));
+        chooseRange(anchorRow(), to);
     } else {
         if (!(modifiers & Qt::ControlModifier))
             chooseOnly(to);
-        m_anchorRow = to;
+        setAnchorRow(to);
     }
     scrollTo(currentIndex());
     return true;

@@ -94,6 +94,7 @@ void CLayerListCtrl::attach(OdDbDatabase* database)
         m_database->removeReactor(m_reactor.get());
     m_database = database;
     m_refreshPending = false;
+    m_orderPending = false;
     if (m_database)
         m_database->addReactor(m_reactor.get());
 }
@@ -152,6 +153,7 @@ void CLayerListCtrl::list(LayerListModel::Ids layers)
 {
     m_newLayerFlag = false;
     m_newLayer = {};
+    m_orderPending = false;
     m_model.forgetNewLayers();
     m_model.reset(std::move(layers), m_sortOrder);
     m_displayedCount = m_model.rowCount();
@@ -304,10 +306,12 @@ void CLayerListCtrl::requestRefresh()
 void CLayerListCtrl::refreshTimeout()
 {
     // Listing anew would take away what the user is typing.
-    if (m_refreshPending && editor()) {
+    if ((m_refreshPending || m_orderPending) && editor()) {
         m_refreshTimer.start();
         return;
     }
+    if (std::exchange(m_orderPending, false))
+        m_model.reorder(m_sortOrder);
     if (std::exchange(m_refreshPending, false))
         emit listStale();
     else

@@ -182,5 +182,6 @@ private:
     bool m_renaming = false; ///< while a name is being written
     bool m_settingWidths = false;
     bool m_refreshPending = false;
+    bool m_orderPending = false; ///< a row waits to go to its place
     QTimer m_refreshTimer{this};
 };

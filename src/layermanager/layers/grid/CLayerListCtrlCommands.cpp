@@ -53,7 +53,7 @@ LayerListModel::Ids CLayerListCtrl::chosenLayers() const
 void CLayerListCtrl::command(int id)
 {
     const bool isOwn = id >= kFirstLayerCommand && id <= kLastLayerCommand && layerGridCommand(id);
-    if (!isOwn || !m_database || preCheck() || !leaveEditor())
+    if (!isOwn || !m_database || preCheck() || !leaveEditor() || !m_database)
         return;
     const std::vector<int> chosen = chosenRows();
     switch (id) {
@@ -94,12 +94,13 @@ void CLayerListCtrl::operate(int id)
 {
     if (!m_database || m_switchedOff)
         return;
+    const LayerListModel::Ids chosen = chosenLayers();
     LayerListModel::Ids erased;
     std::optional<LayerOutcome> outcome;
     {
         const UpdatesOff still(*this);
         const QScopedValueRollback<LayerListModel::Ids*> collecting(m_erased, &erased);
-        outcome = runLayerCommand(*m_database, id, {chosenLayers(), m_model.layers()},
+        outcome = runLayerCommand(*m_database, id, {chosen, m_model.layers()},
                                   [this](OdDbObjectId layer) {
                                       setNewLayerFlag(true);
                                       m_newLayer = layer;
@@ -112,9 +113,9 @@ void CLayerListCtrl::operate(int id)
     if (!outcome)
         return;
     if (id == kReconcileLayers)
-        removeRows(outcome->changed);
+        removeRows(chosen);
     finishEdit(*outcome, redrawAfterCommand(id));
-    if (id == kReconcileLayers && !outcome->isEmpty())
+    if (id == kReconcileLayers && !chosen.empty())
         emit listStale(); // those that the selected filter shows come back
     if (makesLayer(id) && !outcome->isEmpty())
         editNewLayer();

@@ -83,9 +83,9 @@ bool CLayerListCtrl::cellDoubleClicked(int row, int column)
         Prompts::current().message(this, severalCurrentLayersText());
         return true;
     }
-    if (column != static_cast<int>(LayerColumn::Status) || !m_database)
+    if (column != static_cast<int>(LayerColumn::Status))
         return false;
-    if (!leaveEditor())
+    if (!leaveEditor() || !m_database)
         return true;
     const LayerOutcome outcome = setCurrentLayer(*m_database, m_model.layerId(row));
     finishEdit(outcome);
@@ -109,7 +109,8 @@ void CLayerListCtrl::changeCell(int row, LayerColumn column)
         chooseOnly(row);
     focusCell(row, static_cast<int>(column));
     OdDbDatabase* database = m_database;
-    if (!database || !mayChange(layer, column))
+    // The drawing may end while a question about it is open.
+    if (!database || !mayChange(layer, column) || m_database != database)
         return;
     std::optional<LayerValue> value = layerCellValue(*database, layer, column);
     if (!value)

@@ -36,9 +36,11 @@ void CLayerListCtrl::endTextEdit(int row, LayerColumn column, const QString& tex
     const bool isName = column == LayerColumn::Name;
     if (m_model.layerId(row).isNull() || (!isName && column != LayerColumn::Description))
         return;
-    const QString before = m_model.index(row, static_cast<int>(column)).data().toString();
+    const QString shown = m_model.index(row, static_cast<int>(column)).data().toString();
+    // The layer may have got another text since the editor opened, which one left alone keeps.
+    const bool isTyped = text != shown && !(editor() && editor()->textBefore() == text);
     // Whatever changes nothing asks nothing.
-    if (!text.isEmpty() && text != before && m_database && !preCheck()) {
+    if (!text.isEmpty() && isTyped && m_database && !preCheck()) {
         if (isName)
             renameRow(row, text);
         else
@@ -84,6 +86,12 @@ void CLayerListCtrl::describeRow(int row, const QString& text)
 void CLayerListCtrl::settleNewLayer()
 {
     const OdDbObjectId layer = std::exchange(m_newLayer, {});
+    if (endsByMouse()) {
+        // The press is meant for the row that it hits, which must not go away from under it.
+        m_orderPending = true;
+        m_refreshTimer.start();
+        return;
+    }
     m_model.reorder(m_sortOrder);
     scrollRowIntoView(findRow(layer));
 }

@@ -181,10 +181,8 @@ markLayersReconciled(OdDbDatabase& database, std::span<const OdDbObjectId> layer
         if (layer && layer->isReconciled() != reconciled)
             differing.push_back(id);
     }
-    if (!differing.empty() && !reconciled && !database.layerTable().hasReconciledBaseline()) {
-        for (const OdDbObjectId id : database.layerTable().records())
-            id.safeOpenObject<Record>(OdDb::kForWrite)->setIsReconciled(true);
-    }
+    if (!differing.empty() && !reconciled)
+        database.layerTable().startReconciledBaseline();
     for (const OdDbObjectId id : differing)
         id.safeOpenObject<Record>(OdDb::kForWrite)->setIsReconciled(reconciled);
     return differing;
