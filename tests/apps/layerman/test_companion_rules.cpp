@@ -137,7 +137,21 @@ TEST_F(CompanionRules, ALayerThatIsSoAlreadyIsNotRefused)
     QByteArray text = bytesOf(QStringLiteral("cold.dxf"));
     text.replace("$CLAYER\n8\n0\n", "$CLAYER\n8\nWalls\n");
     write("cold.dxf", text);
-    const Finished done = layerman("set cold.dxf --in-place --search Walls freeze=yes current=yes");
+    const Finished done = layerman("set cold.dxf --in-place --search Walls freeze=yes");
     EXPECT_EQ(0, done.exitCode) << done.errors;
+    EXPECT_EQ(text, bytesOf(QStringLiteral("cold.dxf")));
+}
+
+TEST_F(CompanionRules, AFrozenLayerIsNotMadeCurrentEvenWhereItIsSoAlready)
+{
+    drawing("cold.dxf", {{"Walls", 1}});
+    QByteArray text = bytesOf(QStringLiteral("cold.dxf"));
+    text.replace("$CLAYER\n8\n0\n", "$CLAYER\n8\nWalls\n");
+    write("cold.dxf", text);
+    const Finished done = layerman("set cold.dxf --in-place --search Walls current=yes");
+    EXPECT_EQ(5, done.exitCode);
+    EXPECT_EQ("cold.dxf: Walls: The following Layers Cannot be made current. .Xref dependent "
+              "layers .Frozen layers\n1 drawing: 0 layers changed, 1 refused.\n",
+              done.errors);
     EXPECT_EQ(text, bytesOf(QStringLiteral("cold.dxf")));
 }
