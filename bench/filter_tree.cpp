@@ -4,8 +4,8 @@
 #include "bench/support/GeneratedDrawing.h"
 #include "database/OdDbLayerTable.h"
 #include "io/DrawingFile.h"
-#include "layermanager/filters/tree/CLayerTreeVw.h"
 #include "layermanager/filters/tree/FilterCommands.h"
+#include "layermanager/filters/view/CLayerTreeVw.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 
 #include <QApplication>

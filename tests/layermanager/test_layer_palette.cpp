@@ -1,6 +1,6 @@
 #include "LayerDrawing.h"
 #include "PaletteFixture.h"
-#include "layermanager/filters/tree/CLayerTreeVw.h"
+#include "layermanager/filters/view/CLayerTreeVw.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "sdk/CKestPreferenceManager.h"

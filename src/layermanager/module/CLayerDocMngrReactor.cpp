@@ -1,6 +1,6 @@
 #include "layermanager/module/CLayerDocMngrReactor.h"
 
-#include "layermanager/filters/tree/ExcessFiltersPrompt.h"
+#include "layermanager/filters/view/ExcessFiltersPrompt.h"
 #include "layermanager/module/PropertyUpdateScope.h"
 #include "layermanager/palette/CLayerPaneView.h"
 

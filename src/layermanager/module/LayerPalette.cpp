@@ -1,6 +1,6 @@
 #include "layermanager/module/LayerPalette.h"
 
-#include "layermanager/filters/tree/ExcessFiltersPrompt.h"
+#include "layermanager/filters/view/ExcessFiltersPrompt.h"
 #include "layermanager/module/LayerModuleState.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "sdk/KestSharedGlobals.h"

@@ -3,7 +3,7 @@
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
-#include "layermanager/filters/tree/CLayerTreeVw.h"
+#include "layermanager/filters/view/CLayerTreeVw.h"
 #include "layermanager/layers/FilledText.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/LayerUndoRecord.h"

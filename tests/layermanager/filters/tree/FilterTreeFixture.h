@@ -2,8 +2,8 @@
 
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/PaletteFixture.h"
-#include "layermanager/filters/tree/CLayerTreeVw.h"
 #include "layermanager/filters/tree/FilterEdits.h"
+#include "layermanager/filters/view/CLayerTreeVw.h"
 
 /// The palette with its filter tree over a drawing with filters that tests add.
 class FilterTreeFixture : public PaletteFixture

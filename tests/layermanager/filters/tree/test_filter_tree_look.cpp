@@ -1,5 +1,5 @@
 #include "FilterTreeFixture.h"
-#include "layermanager/filters/tree/FilterTreeMenu.h"
+#include "layermanager/filters/view/FilterTreeMenu.h"
 #include "support/GoldenImage.h"
 #include "support/GoldenLook.h"
 

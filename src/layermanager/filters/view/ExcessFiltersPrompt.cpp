@@ -1,4 +1,4 @@
-#include "layermanager/filters/tree/ExcessFiltersPrompt.h"
+#include "layermanager/filters/view/ExcessFiltersPrompt.h"
 
 #include "database/OdDbDatabase.h"
 #include "database/OdDbDatabaseReactor.h"

@@ -1,7 +1,7 @@
-#include "layermanager/filters/tree/FilterTreeDatabaseReactor.h"
+#include "layermanager/filters/view/FilterTreeDatabaseReactor.h"
 
 #include "database/OdDbObject.h"
-#include "layermanager/filters/tree/CLayerTreeVw.h"
+#include "layermanager/filters/view/CLayerTreeVw.h"
 
 void FilterTreeDatabaseReactor::look(const OdDbObject* object)
 {

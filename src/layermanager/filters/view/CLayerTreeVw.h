@@ -1,7 +1,7 @@
 #pragma once
 
 #include "layermanager/filters/tree/FilterLayerCommands.h"
-#include "layermanager/filters/tree/FilterTreeModel.h"
+#include "layermanager/filters/view/FilterTreeModel.h"
 #include "layermanager/module/GroupFilterPickReceiver.h"
 
 #include <QMenu>

@@ -1,4 +1,4 @@
-#include "layermanager/filters/tree/FilterTreeDelegate.h"
+#include "layermanager/filters/view/FilterTreeDelegate.h"
 
 #include "layermanager/filters/tree/FilterNode.h"
 

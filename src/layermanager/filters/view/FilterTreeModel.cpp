@@ -1,4 +1,4 @@
-#include "layermanager/filters/tree/FilterTreeModel.h"
+#include "layermanager/filters/view/FilterTreeModel.h"
 
 #include "database/filters/FilterRecords.h"
 #include "sdk/KsResString.h"

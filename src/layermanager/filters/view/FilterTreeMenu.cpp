@@ -1,4 +1,4 @@
-#include "layermanager/filters/tree/FilterTreeMenu.h"
+#include "layermanager/filters/view/FilterTreeMenu.h"
 
 #include "layermanager/filters/tree/FilterCommands.h"
 #include "toolkit/CommandMenu.h"
