@@ -1,6 +1,6 @@
 #include "GridFixture.h"
 
-#include "LayerDrawing.h"
+#include "layermanager/LayerDrawing.h"
 #include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "support/TestFailure.h"

@@ -1,6 +1,6 @@
 #include "GridFixture.h"
-#include "LayerDrawing.h"
 #include "database/OdDbEntity.h"
+#include "layermanager/LayerDrawing.h"
 
 #include <QSignalSpy>
 

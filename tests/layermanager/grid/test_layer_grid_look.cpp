@@ -1,5 +1,5 @@
 #include "GridFixture.h"
-#include "LayerDrawing.h"
+#include "layermanager/LayerDrawing.h"
 #include "layermanager/resources/LayerIcons.h"
 #include "support/GoldenImage.h"
 #include "support/GoldenLook.h"

@@ -1,5 +1,5 @@
 #include "GridFixture.h"
-#include "LayerDrawing.h"
+#include "layermanager/LayerDrawing.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
 
 #include <QSignalSpy>
