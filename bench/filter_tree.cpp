@@ -2,6 +2,8 @@
 
 #include "bench/support/BenchDocuments.h"
 #include "bench/support/GeneratedDrawing.h"
+#include "bench/support/LayerCounts.h"
+#include "bench/support/WidgetBenchmarks.h"
 #include "database/OdDbLayerTable.h"
 #include "io/DrawingFile.h"
 #include "layermanager/filters/tree/FilterCommands.h"
@@ -38,11 +40,6 @@ struct Shown
     CLayerTreeVw tree;
 };
 
-void sizes(benchmark::internal::Benchmark* b)
-{
-    b->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
-}
-
 /// One command and what follows from it until the views are painted; each time all layers change.
 void lockAndUnlockAll(benchmark::State& state)
 {
@@ -55,7 +52,7 @@ void lockAndUnlockAll(benchmark::State& state)
         lock = !lock;
     }
 }
-BENCHMARK(lockAndUnlockAll)->Apply(sizes);
+BENCHMARK(lockAndUnlockAll)->Apply(byLayerCount);
 
 void undoOfLockingAll(benchmark::State& state)
 {
@@ -69,16 +66,11 @@ void undoOfLockingAll(benchmark::State& state)
         locked = !locked;
     }
 }
-BENCHMARK(undoOfLockingAll)->Apply(sizes);
+BENCHMARK(undoOfLockingAll)->Apply(byLayerCount);
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runWidgetBenchmarks(argc, argv);
 }

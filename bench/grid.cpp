@@ -2,6 +2,7 @@
 
 #include "bench/support/BenchDocuments.h"
 #include "bench/support/GeneratedDrawing.h"
+#include "bench/support/WidgetBenchmarks.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
@@ -151,10 +152,5 @@ BENCHMARK(changeEveryLayer)->Apply(sizes);
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWidgetBenchmarks(argc, argv);
 }

@@ -2,6 +2,7 @@
 // and reading expressions by number of rows.
 
 #include "bench/support/GeneratedDrawing.h"
+#include "bench/support/LayerCounts.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdLyLayerFilter.h"
@@ -14,11 +15,6 @@
 namespace {
 
 constexpr qint64 kEntities = 10000;
-
-void sizes(benchmark::internal::Benchmark* b)
-{
-    b->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
-}
 
 /// A drawing whose layers are all open already, as the grid has them.
 struct Drawing
@@ -57,20 +53,20 @@ void oneFlag(benchmark::State& state)
 {
     Drawing(state).measureExpression(state, "OFF==\"False\" ");
 }
-BENCHMARK(oneFlag)->Apply(sizes);
+BENCHMARK(oneFlag)->Apply(byLayerCount);
 
 void oneName(benchmark::State& state)
 {
     Drawing(state).measureExpression(state, "NAME==\"*5*\" ");
 }
-BENCHMARK(oneName)->Apply(sizes);
+BENCHMARK(oneName)->Apply(byLayerCount);
 
 /// A fifth of the layers has a true color.
 void oneColor(benchmark::State& state)
 {
     Drawing(state).measureExpression(state, "COLOR==\"7\" ");
 }
-BENCHMARK(oneColor)->Apply(sizes);
+BENCHMARK(oneColor)->Apply(byLayerCount);
 
 /// Criteria that most layers pass, so that each is asked.
 void fiveCriteria(benchmark::State& state)
@@ -79,7 +75,7 @@ void fiveCriteria(benchmark::State& state)
                                      "NAME==\"*\"  AND OFF==\"False\"  AND FROZEN==\"False\"  AND "
                                      "LOCKED==\"False\"  AND PLOTTABLE==\"True\" ");
 }
-BENCHMARK(fiveCriteria)->Apply(sizes);
+BENCHMARK(fiveCriteria)->Apply(byLayerCount);
 
 /// A name pattern, a color, a linetype and a lineweight among them.
 void fiveLooks(benchmark::State& state)
@@ -89,7 +85,7 @@ void fiveLooks(benchmark::State& state)
         "USED==\"True\" AND VPOVERRIDES==\"False\" AND NAME==\"*-*\"  AND COLOR==\"7\"  AND "
         "LINETYPE==\"Continuous\"  AND LINEWEIGHT==\"Default\" ");
 }
-BENCHMARK(fiveLooks)->Apply(sizes);
+BENCHMARK(fiveLooks)->Apply(byLayerCount);
 
 void tenRows(benchmark::State& state)
 {
@@ -99,7 +95,7 @@ void tenRows(benchmark::State& state)
             + "7\"  AND OFF==\"False\" ";
     Drawing(state).measureExpression(state, rows.constData());
 }
-BENCHMARK(tenRows)->Apply(sizes);
+BENCHMARK(tenRows)->Apply(byLayerCount);
 
 /// Every second layer.
 void group(benchmark::State& state)
@@ -110,19 +106,19 @@ void group(benchmark::State& state)
         half->addLayerId(drawing.layers[i]);
     drawing.measure(state, *half);
 }
-BENCHMARK(group)->Apply(sizes);
+BENCHMARK(group)->Apply(byLayerCount);
 
 void used(benchmark::State& state)
 {
     Drawing(state).measure(state, *odrxCreate<OdLyLayerFilter>(QStringLiteral("All used layers")));
 }
-BENCHMARK(used)->Apply(sizes);
+BENCHMARK(used)->Apply(byLayerCount);
 
 void all(benchmark::State& state)
 {
     Drawing(state).measure(state, *odrxCreate<OdLyLayerFilter>(QStringLiteral("All")));
 }
-BENCHMARK(all)->Apply(sizes);
+BENCHMARK(all)->Apply(byLayerCount);
 
 /// By number of rows, six criteria each.
 void parse(benchmark::State& state)

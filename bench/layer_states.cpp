@@ -2,6 +2,7 @@
 // states.
 
 #include "bench/support/GeneratedDrawing.h"
+#include "bench/support/LayerCounts.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/states/LayerStateMask.h"
@@ -15,11 +16,6 @@
 namespace {
 
 constexpr qint64 kEntities = 10000;
-
-void sizes(benchmark::internal::Benchmark* b)
-{
-    b->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
-}
 
 /// A drawing whose layers are all open already, with one state of them as they are.
 struct Drawing
@@ -57,7 +53,7 @@ void save(benchmark::State& state)
         drawing.states.save(drawing.name, LayerStateMask::kAll);
     }
 }
-BENCHMARK(save)->Apply(sizes);
+BENCHMARK(save)->Apply(byLayerCount);
 
 /// Every layer matches, so that none can be told different early.
 void compare(benchmark::State& state)
@@ -66,7 +62,7 @@ void compare(benchmark::State& state)
     for (auto _ : state)
         benchmark::DoNotOptimize(drawing.states.list().front().sameAsDrawing);
 }
-BENCHMARK(compare)->Apply(sizes);
+BENCHMARK(compare)->Apply(byLayerCount);
 
 void restoreUnchanged(benchmark::State& state)
 {
@@ -74,7 +70,7 @@ void restoreUnchanged(benchmark::State& state)
     for (auto _ : state)
         drawing.states.restore(drawing.name, {LayerStateMask::kAll, true, false});
 }
-BENCHMARK(restoreUnchanged)->Apply(sizes);
+BENCHMARK(restoreUnchanged)->Apply(byLayerCount);
 
 /// Every layer differs from the state.
 void restore(benchmark::State& state)
@@ -93,7 +89,7 @@ void restore(benchmark::State& state)
         state.ResumeTiming();
     }
 }
-BENCHMARK(restore)->Apply(sizes);
+BENCHMARK(restore)->Apply(byLayerCount);
 
 void readAndWriteEntries(benchmark::State& state)
 {
@@ -105,7 +101,7 @@ void readAndWriteEntries(benchmark::State& state)
         drawing.states.setLayers(drawing.name, layers);
     }
 }
-BENCHMARK(readAndWriteEntries)->Apply(sizes);
+BENCHMARK(readAndWriteEntries)->Apply(byLayerCount);
 
 void exportAndReadFile(benchmark::State& state)
 {
@@ -115,7 +111,7 @@ void exportAndReadFile(benchmark::State& state)
         benchmark::DoNotOptimize(LasReader::read(bytes, drawing.name).size());
     }
 }
-BENCHMARK(exportAndReadFile)->Apply(sizes);
+BENCHMARK(exportAndReadFile)->Apply(byLayerCount);
 
 /// (layers, states), all of them the same as the drawing.
 void listMany(benchmark::State& state)
