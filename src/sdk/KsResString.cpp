@@ -5,6 +5,8 @@
 
 #include <QLocale>
 
+#include <algorithm>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -34,6 +36,14 @@ QString KsResString(int id, const QString& defaultText)
     if (s_current < 1 || s_current > static_cast<KsResourceHandle>(known.size()))
         return defaultText;
     return known[static_cast<size_t>(s_current - 1)].texts.value(id, defaultText);
+}
+
+QString KsResString(std::span<const KsResText> table, int id)
+{
+    const auto text = std::ranges::find(table, id, &KsResText::id);
+    if (text == table.end())
+        throw std::out_of_range("no resource string " + std::to_string(id));
+    return KsResString(id, QString::fromUtf8(text->defaultText));
 }
 
 KsResourceHandle KsLoadAppLangResourceDLL(void* instance)

@@ -2,8 +2,21 @@
 
 #include <QString>
 
+#include <span>
+
 /// The text of a resource string: from the language resource made current, else the default.
 QString KsResString(int id, const QString& defaultText);
+
+/// A resource string in the table of the part of a program that uses it. The text stands in
+/// QT_TRANSLATE_NOOP3("KsResString", text, id in quotes), where catalogues find it.
+struct KsResText
+{
+    int id;
+    const char* defaultText; ///< UTF-8
+};
+
+/// The text of a resource string of a table. Raises std::out_of_range for an id it does not have.
+QString KsResString(std::span<const KsResText> table, int id);
 
 /// Handle of a loaded language resource; 0 is none.
 using KsResourceHandle = int;

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+CXTPToolTipContext::CXTPToolTipContext() = default;
+
 CXTPToolTipContext::~CXTPToolTipContext()
 {
     delete m_tip.data();

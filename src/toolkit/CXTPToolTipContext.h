@@ -41,7 +41,7 @@ public:
     /// is kNoTool.
     using HitTest = std::function<int(QPoint point, XTPToolInfo& info)>;
 
-    CXTPToolTipContext() = default;
+    CXTPToolTipContext();
     ~CXTPToolTipContext();
     CXTPToolTipContext(const CXTPToolTipContext&) = delete;
     CXTPToolTipContext& operator=(const CXTPToolTipContext&) = delete;
