@@ -52,3 +52,8 @@ void CXTPToolTipContext::hide()
         m_tip->close();
     m_tip.clear();
 }
+
+CRichToolTip* CXTPToolTipContext::tip() const
+{
+    return m_tip;
+}

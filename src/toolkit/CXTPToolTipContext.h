@@ -60,7 +60,7 @@ public:
     /// request for a tooltip that is answered now.
     bool FilterToolTipMessage(QObject* watched, QEvent* event);
     /// The tooltip on the screen, or null.
-    CRichToolTip* tip() const { return m_tip; }
+    CRichToolTip* tip() const;
     void hide();
 
 private:
