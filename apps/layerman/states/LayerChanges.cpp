@@ -5,10 +5,27 @@
 #include "database/OdDbLayerTableRecord.h"
 #include "layerman/Output.h"
 #include "layerman/editing/ChangeLine.h"
-#include "layerman/listing/ColumnTable.h"
+
+namespace {
+/// Columns that a layer state can change. Plot styles that follow the color say nothing of their
+/// own.
+ListColumns columnsOf(const OdDbDatabase& drawing)
+{
+    const bool hasNamedStyles = drawing.header().intValue(QStringLiteral("$PSTYLEMODE"), 1) == 0;
+    ListColumns columns;
+    for (const ListColumn& column : listColumns()) {
+        const bool isPlotStyle =
+            column.cell == LayerColumn::PlotStyle || column.cell == LayerColumn::VpPlotStyle;
+        if (column.cell && column.cell != LayerColumn::Status && (hasNamedStyles || !isPlotStyle))
+            columns.push_back(&column);
+    }
+    return columns;
+}
+} // namespace
 
 LayerChanges::LayerChanges(OdDbDatabase& drawing, const QString& file, bool isWanted)
     : m_drawing(drawing)
+    , m_columns(columnsOf(drawing))
     , m_file(file)
     , m_isWanted(isWanted)
 {
@@ -23,10 +40,8 @@ QHash<quint32, QStringList> LayerChanges::cells() const
     for (const OdDbObjectId id : m_drawing.layerTable().records()) {
         const auto layer = id.safeOpenObject<OdDbLayerTableRecord>();
         QStringList texts;
-        for (const ListColumn& column : listColumns()) {
-            if (column.cell && *column.cell != LayerColumn::Status)
-                texts << cellText(column, {*layer, context, m_file});
-        }
+        for (const ListColumn* column : m_columns)
+            texts << cellText(*column, {*layer, context, m_file});
         result.insert(id.slot(), texts);
     }
     return result;

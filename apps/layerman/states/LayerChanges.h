@@ -1,5 +1,7 @@
 #pragma once
 
+#include "layerman/listing/ColumnTable.h"
+
 #include <QHash>
 #include <QStringList>
 
@@ -20,6 +22,7 @@ private:
     QHash<quint32, QStringList> cells() const;
 
     OdDbDatabase& m_drawing;
+    ListColumns m_columns;
     QString m_file;
     bool m_isWanted;
     QHash<quint32, QStringList> m_before; ///< by slot
