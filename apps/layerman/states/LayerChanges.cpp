@@ -1,5 +1,6 @@
 #include "layerman/states/LayerChanges.h"
 
+#include "database/HeaderVariables.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
