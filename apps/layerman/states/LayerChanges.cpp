@@ -60,12 +60,10 @@ void LayerChanges::tell(Output& output) const
             continue;
         const QString name = id.safeOpenObject<OdDbLayerTableRecord>()->getName();
         qsizetype i = 0;
-        for (const ListColumn& column : listColumns()) {
-            if (!column.cell || *column.cell == LayerColumn::Status)
-                continue;
+        for (const ListColumn* column : m_columns) {
             if (before.value(i) != now[i])
                 output.print(
-                    changeLine(m_file, name, QLatin1String(column.name), before.value(i), now[i]));
+                    changeLine(m_file, name, QLatin1String(column->name), before.value(i), now[i]));
             ++i;
         }
     }
