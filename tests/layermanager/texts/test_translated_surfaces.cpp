@@ -5,6 +5,9 @@
 #include "support/GoldenLook.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QLibraryInfo>
 #include <QPushButton>
 #include <QTest>
 
@@ -41,6 +44,7 @@ private slots:
     void haveNoKeyTwice();
     void theSearchFindsWhatIsWrong();
     void tooltipsKeepTheirParts();
+    void qtsButtonsFollowTheLanguage();
     void theSettingsLookLikeTheirGoldenImages_data();
     void theSettingsLookLikeTheirGoldenImages();
 };
@@ -134,6 +138,22 @@ void TestTranslatedSurfaces::tooltipsKeepTheirParts()
     const QString spoken =
         dialog.findChild<QWidget*>(QStringLiteral("control_1021"))->accessibleDescription();
     QCOMPARE(spoken.count(QLatin1Char('[')), 3); // title, description, third part
+}
+
+void TestTranslatedSurfaces::qtsButtonsFollowTheLanguage()
+{
+    const QDir folder(QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    if (!folder.exists(QStringLiteral("qtbase_de.qm")))
+        QSKIP("The Debian package qt6-translations-l10n is not installed.");
+    const auto cancel = [] {
+        const CLayerSettingsDlg dialog;
+        const auto* buttons = dialog.findChild<QDialogButtonBox*>();
+        return buttons->button(QDialogButtonBox::Cancel)->text().remove(QLatin1Char('&'));
+    };
+    openPalette(kGerman);
+    QCOMPARE(cancel(), QStringLiteral("Abbrechen"));
+    openPalette(QString());
+    QCOMPARE(cancel(), QStringLiteral("Cancel"));
 }
 
 void TestTranslatedSurfaces::theSettingsLookLikeTheirGoldenImages_data()
