@@ -4,10 +4,12 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "layermanager/filters/view/CLayerTreeVw.h"
+#include "layermanager/layer_states/LayerStateDialogs.h"
 #include "layermanager/layers/FilledText.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/LayerUndoRecord.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
+#include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/module/LayerPalette.h"
 #include "layermanager/palette/CLayerListVw.h"
 #include "sdk/IKestServicesManager.h"
@@ -79,6 +81,9 @@ void CLayerPaneView::initialUpdate()
         m_pDb = nullptr;
         m_treeView->bind(nullptr);
         m_statusLine->clear();
+    });
+    grid()->setStateDialogs([this](int id) {
+        id == kNewLayerState ? openNewLayerState(this) : openLayerStateManager(this);
     });
     m_bInitialised = true;
 }
