@@ -7,7 +7,7 @@
 #include "layermanager/module/LayerModuleState.h"
 #include "layermanager/palette/CLayerPaneTBar.h"
 #include "layermanager/palette/CLayerPaneView.h"
-#include "layermanager/palette/PaneCommands.h"
+#include "layermanager/palette/pane/PaneCommands.h"
 
 #include <algorithm>
 

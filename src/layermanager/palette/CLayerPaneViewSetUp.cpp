@@ -5,9 +5,9 @@
 #include "layermanager/palette/CLayerListVw.h"
 #include "layermanager/palette/CLayerPaneTBar.h"
 #include "layermanager/palette/CLayerPaneView.h"
-#include "layermanager/palette/CLayerSearchBox.h"
-#include "layermanager/palette/PaneCommands.h"
-#include "layermanager/palette/PaneKeys.h"
+#include "layermanager/palette/pane/CLayerSearchBox.h"
+#include "layermanager/palette/pane/PaneCommands.h"
+#include "layermanager/palette/pane/PaneKeys.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QAction>
@@ -75,7 +75,7 @@ void CLayerPaneView::makeTopRow()
     m_currentLine->setAccessibleName(tr("Current layer"));
     m_currentLine->setReadOnly(true);
     m_currentLine->setFrame(false);
-    m_currentLine->setTextMargins(kTextInset, 0, 0, 0);
+    m_currentLine->setTextMargins(kTextInset, 0, 2 * kTextInset, 0);
     m_searchBox = new CLayerSearchBox(this);
     registerControl(this, kSearchBox, m_searchBox);
     m_searchButton = new QToolButton(this);
@@ -83,10 +83,9 @@ void CLayerPaneView::makeTopRow()
     m_searchButton->setAccessibleName(tr("Search"));
     m_searchButton->setAutoRaise(true);
     registerControl(this, kSearchButton, m_searchButton);
-    updateSearchIcon();
 }
 
-void CLayerPaneView::updateSearchIcon()
+void CLayerPaneView::updateColours()
 {
     m_searchButton->setIcon(paneIcon(LayerIcon::ToolSearch, palette()));
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
@@ -96,6 +95,11 @@ void CLayerPaneView::updateSearchIcon()
     colours.setColor(QPalette::Base, palette().color(QPalette::Window));
     colours.setColor(QPalette::Text, palette().color(QPalette::WindowText));
     m_currentLine->setPalette(colours);
+    // On a dark ground styles leave hardly anything of an empty box to see.
+    QPalette boxColours = palette();
+    if (palette().color(QPalette::Base).lightness() < palette().color(QPalette::Window).lightness())
+        boxColours.setColor(QPalette::Base, palette().color(QPalette::Light));
+    m_invertBox->setPalette(boxColours);
 }
 
 void CLayerPaneView::makeSplitter()
@@ -145,6 +149,7 @@ void CLayerPaneView::makeLines()
     m_invertBox->setObjectName(QStringLiteral("invertFilter"));
     m_invertBox->setFont(m_currentLine->font());
     registerControl(this, kInvertFilter, m_invertBox);
+    updateColours();
 }
 
 void CLayerPaneView::addTools()
@@ -248,6 +253,7 @@ void CLayerPaneView::ShowFilterTree(bool show)
         return;
     m_bTreeVisible = show;
     m_treePane->setVisible(show);
+    m_splitter->refresh();
     layOut();
     updateCommands();
     update();
@@ -271,8 +277,8 @@ bool CLayerPaneView::event(QEvent* event)
 void CLayerPaneView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_searchButton)
-        updateSearchIcon();
+    if (event->type() == QEvent::PaletteChange && m_invertBox)
+        updateColours();
     else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         layOut();
 }
