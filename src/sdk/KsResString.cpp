@@ -43,7 +43,7 @@ QString KsResString(std::span<const KsResText> table, int id)
     const auto text = std::ranges::find(table, id, &KsResText::id);
     if (text == table.end())
         throw std::out_of_range("no resource string " + std::to_string(id));
-    return KsResString(id, QString::fromUtf8(text->defaultText));
+    return KsResString(id, QString::fromUtf8(text->source.text));
 }
 
 KsResourceHandle KsLoadAppLangResourceDLL(void* instance)

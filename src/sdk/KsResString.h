@@ -11,8 +11,13 @@ QString KsResString(int id, const QString& defaultText);
 /// QT_TRANSLATE_NOOP3("KsResString", text, id in quotes), where catalogues find it.
 struct KsResText
 {
+    struct Source
+    {
+        const char* text; ///< UTF-8
+        const char* comment; ///< the id
+    };
     int id;
-    const char* defaultText; ///< UTF-8
+    Source source;
 };
 
 /// The text of a resource string of a table. Raises std::out_of_range for an id it does not have.
