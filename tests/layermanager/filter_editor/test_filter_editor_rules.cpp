@@ -88,4 +88,12 @@ TEST_F(FilterEditorRules, TellsWhatTheDrawingWillNotGiveBack)
     LayerFilterRow heavy;
     heavy.m_nLineweight = 211;
     EXPECT_FALSE(canBeReadBack(m_database, built({heavy})));
+    LayerFilterRow weighty;
+    weighty.m_nLineweight = 25;
+    EXPECT_TRUE(canBeReadBack(m_database, built({weighty})));
+    setLineweightUnits(0);
+    EXPECT_FALSE(canBeReadBack(m_database, built({weighty})));
+    LayerFilterRow described;
+    described.m_strDesc = QStringLiteral("this OR that");
+    EXPECT_FALSE(canBeReadBack(m_database, built({described})));
 }
