@@ -74,11 +74,13 @@ QVariant FilterRowsModel::data(const QModelIndex& index, int role) const
         return value;
     if (role != Qt::AccessibleTextRole)
         return {};
+    const QString title = infoOf(index.column()).headerText();
+    if (title.isEmpty())
+        return tr("Line %1").arg(index.row() + 1);
     if (!infoOf(index.column()).isEditable())
-        return tr("%1, line %2").arg(infoOf(index.column()).headerText()).arg(index.row() + 1);
+        return tr("%1, line %2").arg(title).arg(index.row() + 1);
     return tr("%1, line %2: %3")
-        .arg(infoOf(index.column()).headerText(), QString::number(index.row() + 1),
-             value.isEmpty() ? tr("not set") : value);
+        .arg(title, QString::number(index.row() + 1), value.isEmpty() ? tr("not set") : value);
 }
 
 QVariant FilterRowsModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -180,6 +180,7 @@ TEST_F(FilterRowsModelTest, TellsItsCellsInWords)
     EXPECT_EQ(said(0, kStatusColumn), "Status, line 1: not set");
     EXPECT_EQ(said(1, kOnColumn), "On, line 2: not set");
     EXPECT_EQ(said(0, 9), "Plot Style, line 1");
+    EXPECT_EQ(said(1, 0), "Line 2");
     EXPECT_EQ(model.index(1, kOnColumn).data().toString().toStdString(), "");
 }
 
