@@ -15,9 +15,11 @@ namespace {
 
 QWidget* propertyFilterDialog(CLayerPaneView&, OdDbDatabase& drawing)
 {
-    static OdLyLayerFilterPtr s_filter;
-    s_filter = odrxCreate<OdLyLayerFilter>(QStringLiteral("Walls"));
-    return new CDlgLayPropFilter(drawing, *s_filter);
+    OdLyLayerFilterPtr root;
+    OdLyLayerFilterPtr current;
+    odlyGetLayerFilterManager(&drawing)->getFilters(root, current);
+    return new CDlgLayPropFilter(drawing, root,
+                                 odrxCreate<OdLyLayerFilter>(QStringLiteral("Walls")), {}, false);
 }
 
 constexpr Surface kSurfaces[] = {
