@@ -17,10 +17,11 @@ shopt -s nullglob
 for catalogue in "$folder"/*_*.ts; do
     name="$(basename "$catalogue" .ts)"
     case "${name%%_*}" in
-        LayerManager) sources="$root/src/layermanager" ;;
+        # The toolkit's texts are those of its panes, too.
+        LayerManager) sources=("$root/src/layermanager" "$root/src/toolkit") ;;
         *) echo "update_translations: no sources are known for $catalogue" >&2; exit 1 ;;
     esac
     plurals=()
     [[ "$name" != *_en ]] || plurals=(-pluralonly)
-    "$lupdate" "$sources" -I "$root/src" -silent -no-obsolete -locations none "${plurals[@]}" -ts "$catalogue"
+    "$lupdate" "${sources[@]}" -I "$root/src" -silent -no-obsolete -locations none "${plurals[@]}" -ts "$catalogue"
 done

@@ -5,181 +5,312 @@
     <name>CDlgLayPropFilter</name>
     <message>
         <source>Layer Filter Properties</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften des Layerfilters</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name:</translation>
     </message>
     <message>
         <source>E&amp;xpression:</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;usdruck:</translation>
     </message>
     <message>
         <source>The expression cannot be read. Criteria look like NAME==&quot;A*&quot; and are joined by AND and OR.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ausdruck ist nicht lesbar. Kriterien sehen aus wie NAME==&quot;A*&quot; und werden mit AND und OR verbunden.</translation>
     </message>
 </context>
 <context>
     <name>CLayerListCtrl</name>
     <message>
         <source>Layers</source>
-        <translation type="unfinished"></translation>
+        <translation>Layer</translation>
     </message>
 </context>
 <context>
     <name>CLayerPaneView</name>
     <message>
         <source>Displayed layers</source>
-        <translation type="unfinished"></translation>
+        <translation>Angezeigte Layer</translation>
+    </message>
+</context>
+<context>
+    <name>CLayerSettingsDlg</name>
+    <message>
+        <source>&amp;Watch for new layers in drawings</source>
+        <translation>In Zeichnungen auf neue Layer &amp;achten</translation>
+    </message>
+    <message>
+        <source>&amp;Evaluate new layers of this drawing</source>
+        <translation>Neue Layer dieser Zeichnung aus&amp;werten</translation>
+    </message>
+    <message>
+        <source>In external &amp;references only</source>
+        <translation>Nur in externen &amp;Referenzen</translation>
+    </message>
+    <message>
+        <source>In this &amp;drawing and its external references</source>
+        <translation>In dieser &amp;Zeichnung und ihren externen Referenzen</translation>
+    </message>
+    <message>
+        <source>&amp;Notify about new layers when</source>
+        <translation>Über &amp;neue Layer benachrichtigen, wenn</translation>
+    </message>
+    <message>
+        <source>the drawing is &amp;opened</source>
+        <translation>die Zeichnung ge&amp;öffnet wird</translation>
+    </message>
+    <message>
+        <source>references are &amp;attached or reloaded</source>
+        <translation>Referenzen zugeordnet oder neu ge&amp;laden werden</translation>
+    </message>
+    <message>
+        <source>a layer s&amp;tate is restored</source>
+        <translation>ein Layers&amp;tatus wiederhergestellt wird</translation>
+    </message>
+    <message>
+        <source>the drawing is &amp;saved</source>
+        <translation>die Zeichnung &amp;gespeichert wird</translation>
+    </message>
+    <message>
+        <source>something is &amp;inserted</source>
+        <translation>etwas &amp;eingefügt wird</translation>
+    </message>
+    <message>
+        <source>the drawing is &amp;plotted</source>
+        <translation>die Zeichnung ge&amp;plottet wird</translation>
+    </message>
+    <message>
+        <source>Apply the &amp;filter to the layer toolbar</source>
+        <translation>&amp;Filter auf die Layer-Werkzeugleiste anwenden</translation>
+    </message>
+    <message>
+        <source>Show whether layers are in &amp;use</source>
+        <translation>Anzeigen, ob Layer &amp;verwendet werden</translation>
+    </message>
+    <message>
+        <source>Layer Settings</source>
+        <translation>Layereinstellungen</translation>
+    </message>
+    <message>
+        <source>New layers</source>
+        <translation>Neue Layer</translation>
+    </message>
+    <message>
+        <source>List of layers</source>
+        <translation>Liste der Layer</translation>
     </message>
 </context>
 <context>
     <name>CLayerTreeVw</name>
     <message>
         <source>Layer filters</source>
-        <translation type="unfinished"></translation>
+        <translation>Layerfilter</translation>
     </message>
     <message>
         <source>Invalid Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Ungültiger Filter</translation>
+    </message>
+</context>
+<context>
+    <name>CLayer_Filter_ViolationPromptDlg</name>
+    <message>
+        <source>&amp;Tell me when layers no longer agree with the filter</source>
+        <translation>&amp;Melden, wenn Layer nicht mehr zum Filter passen</translation>
+    </message>
+    <message>
+        <source>Layer Filter</source>
+        <translation>Layerfilter</translation>
+    </message>
+    <message>
+        <source>A layer was changed and no longer agrees with the filter that is selected in the palette. It is listed, or left out, accordingly.</source>
+        <translation>Ein Layer wurde geändert und passt nicht mehr zu dem Filter, der in der Palette gewählt ist. Er wird entsprechend aufgeführt oder weggelassen.</translation>
+    </message>
+</context>
+<context>
+    <name>CPaneTitleBar</name>
+    <message>
+        <source>&amp;Dock</source>
+        <translation>An&amp;docken</translation>
+    </message>
+    <message>
+        <source>&amp;Float</source>
+        <translation>&amp;Schweben</translation>
+    </message>
+    <message>
+        <source>&amp;Hide to Side</source>
+        <translation>Am Rand &amp;ausblenden</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+</context>
+<context>
+    <name>CPaneTitleButton</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Float</source>
+        <translation>Schweben</translation>
+    </message>
+    <message>
+        <source>Dock</source>
+        <translation>Andocken</translation>
+    </message>
+    <message>
+        <source>Auto Hide</source>
+        <translation>Automatisch ausblenden</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Anheften</translation>
+    </message>
+</context>
+<context>
+    <name>CSideBar</name>
+    <message>
+        <source>Hidden panes</source>
+        <translation>Ausgeblendete Bereiche</translation>
     </message>
 </context>
 <context>
     <name>FilterTree</name>
     <message>
         <source>&amp;On</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;in</translation>
     </message>
     <message>
         <source>O&amp;ff</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;us</translation>
     </message>
     <message>
         <source>&amp;Thawed</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Getaut</translation>
     </message>
     <message>
         <source>F&amp;rozen</source>
-        <translation type="unfinished"></translation>
+        <translation>Ge&amp;froren</translation>
     </message>
     <message>
         <source>&amp;Lock</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;perren</translation>
     </message>
     <message>
         <source>&amp;Unlock</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Entsperren</translation>
     </message>
     <message>
         <source>&amp;Freeze</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Frieren</translation>
     </message>
     <message>
         <source>&amp;Thaw</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tauen</translation>
     </message>
     <message>
         <source>&amp;Isolate (Freeze Others)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Isolieren (andere frieren)</translation>
     </message>
     <message>
         <source>Thaw Ot&amp;hers in Viewport</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Andere im Ansichtsfenster tauen</translation>
     </message>
     <message>
         <source>New &amp;Properties Filter...</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer &amp;Eigenschaftenfilter...</translation>
     </message>
     <message>
         <source>New &amp;Group Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer &amp;Gruppenfilter</translation>
     </message>
     <message>
         <source>&amp;Convert to Group Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>In Gruppenfilter &amp;umwandeln</translation>
     </message>
     <message>
         <source>&amp;Rename</source>
-        <translation type="unfinished"></translation>
+        <translation>Um&amp;benennen</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Löschen</translation>
     </message>
     <message>
         <source>&amp;Edit...</source>
-        <translation type="unfinished"></translation>
+        <translation>Bea&amp;rbeiten...</translation>
     </message>
     <message>
         <source>&amp;Add</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hinzufügen</translation>
     </message>
     <message>
         <source>&amp;Replace</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ersetzen</translation>
     </message>
     <message>
         <source>&amp;Visibility</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sichtbarkeit</translation>
     </message>
     <message>
         <source>Filter commands</source>
-        <translation type="unfinished"></translation>
+        <translation>Filterbefehle</translation>
     </message>
 </context>
 <context>
     <name>FilterTreeDelegate</name>
     <message>
         <source>Name of the filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Name des Filters</translation>
     </message>
 </context>
 <context>
     <name>FilterTreeModel</name>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>All used layers</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle verwendeten Layer</translation>
     </message>
     <message>
         <source>External References</source>
-        <translation type="unfinished"></translation>
+        <translation>Externe Referenzen</translation>
     </message>
     <message>
         <source>All layers</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Layer</translation>
     </message>
     <message>
         <source>Layers in use</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwendete Layer</translation>
     </message>
     <message>
         <source>Property filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaftenfilter</translation>
     </message>
     <message>
         <source>Property filter of another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaftenfilter eines anderen Programms</translation>
     </message>
     <message>
         <source>Group filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Gruppenfilter</translation>
     </message>
     <message>
         <source>Layers of external references</source>
-        <translation type="unfinished"></translation>
+        <translation>Layer externer Referenzen</translation>
     </message>
     <message>
         <source>External reference</source>
-        <translation type="unfinished"></translation>
+        <translation>Externe Referenz</translation>
     </message>
     <message>
         <source>New layers that were not reviewed</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue, noch nicht geprüfte Layer</translation>
     </message>
 </context>
 <context>
@@ -187,42 +318,42 @@
     <message>
         <source>Vie&amp;wport</source>
         <comment>40116</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ansichts&amp;fenster</translation>
     </message>
     <message>
         <source>&amp;Select Layers</source>
         <comment>40117</comment>
-        <translation type="unfinished"></translation>
+        <translation>Layer aus&amp;wählen</translation>
     </message>
     <message>
         <source>Layer - Excess Layer Filters</source>
         <comment>40272</comment>
-        <translation type="unfinished"></translation>
+        <translation>Layer - Zu viele Layerfilter</translation>
     </message>
     <message>
         <source>There are more layer filters in this drawing than layers. What do you want to do?</source>
         <comment>40273</comment>
-        <translation type="unfinished"></translation>
+        <translation>Diese Zeichnung enthält mehr Layerfilter als Layer. Was möchten Sie tun?</translation>
     </message>
     <message>
         <source>Extra layer filters might have been created in error. Too many layer filters can result in slower performance.</source>
         <comment>40274</comment>
-        <translation type="unfinished"></translation>
+        <translation>Überzählige Layerfilter sind vielleicht versehentlich entstanden. Zu viele Layerfilter können das Programm verlangsamen.</translation>
     </message>
     <message>
         <source>Delete all layer filters (recommended)</source>
         <comment>40275</comment>
-        <translation type="unfinished"></translation>
+        <translation>Alle Layerfilter löschen (empfohlen)</translation>
     </message>
     <message>
         <source>Retain all layer filters</source>
         <comment>40276</comment>
-        <translation type="unfinished"></translation>
+        <translation>Alle Layerfilter behalten</translation>
     </message>
     <message>
         <source>UnReconciled New Layers</source>
         <comment>84538</comment>
-        <translation type="unfinished"></translation>
+        <translation>Nicht abgeglichene neue Layer</translation>
     </message>
     <message>
         <source>Invalid Characters in filter name.
@@ -230,120 +361,126 @@
 Followinf characters are not valid in Filter names:
     %1</source>
         <comment>84539</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ungültige Zeichen im Filternamen.
+
+Folgende Zeichen sind in Filternamen nicht erlaubt:
+    %1</translation>
     </message>
     <message>
         <source>Invalid Filter name.
 
  Filter name must be unique.</source>
         <comment>84540</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ungültiger Filtername.
+
+ Der Filtername muss eindeutig sein.</translation>
     </message>
     <message>
         <source>Status</source>
         <comment>84783</comment>
-        <translation type="unfinished"></translation>
+        <translation>Status</translation>
     </message>
     <message>
         <source>Layer Name</source>
         <comment>84772</comment>
-        <translation type="unfinished"></translation>
+        <translation>Layername</translation>
     </message>
     <message>
         <source>On</source>
         <comment>84773</comment>
-        <translation type="unfinished"></translation>
+        <translation>Ein</translation>
     </message>
     <message>
         <source>Freeze</source>
         <comment>84774</comment>
-        <translation type="unfinished"></translation>
+        <translation>Frieren</translation>
     </message>
     <message>
         <source>Locked</source>
         <comment>84775</comment>
-        <translation type="unfinished"></translation>
+        <translation>Gesperrt</translation>
     </message>
     <message>
         <source>Color</source>
         <comment>84776</comment>
-        <translation type="unfinished"></translation>
+        <translation>Farbe</translation>
     </message>
     <message>
         <source>Linetype</source>
         <comment>84777</comment>
-        <translation type="unfinished"></translation>
+        <translation>Linientyp</translation>
     </message>
     <message>
         <source>Lineweight</source>
         <comment>84778</comment>
-        <translation type="unfinished"></translation>
+        <translation>Linienstärke</translation>
     </message>
     <message>
         <source>Plot Style</source>
         <comment>84779</comment>
-        <translation type="unfinished"></translation>
+        <translation>Plotstil</translation>
     </message>
     <message>
         <source>Plot</source>
         <comment>84780</comment>
-        <translation type="unfinished"></translation>
+        <translation>Plotten</translation>
     </message>
     <message>
         <source>New VPFreeze</source>
         <comment>84781</comment>
-        <translation type="unfinished"></translation>
+        <translation>In neuen AF frieren</translation>
     </message>
     <message>
         <source>Description</source>
         <comment>84784</comment>
-        <translation type="unfinished"></translation>
+        <translation>Beschreibung</translation>
     </message>
     <message>
         <source>VP Freeze</source>
         <comment>84785</comment>
-        <translation type="unfinished"></translation>
+        <translation>AF frieren</translation>
     </message>
     <message>
         <source>VP Color</source>
         <comment>84786</comment>
-        <translation type="unfinished"></translation>
+        <translation>AF Farbe</translation>
     </message>
     <message>
         <source>VP LineType</source>
         <comment>84787</comment>
-        <translation type="unfinished"></translation>
+        <translation>AF Linientyp</translation>
     </message>
     <message>
         <source>VP LineWeight</source>
         <comment>84788</comment>
-        <translation type="unfinished"></translation>
+        <translation>AF Linienstärke</translation>
     </message>
     <message>
         <source>VP PlotStyle</source>
         <comment>84789</comment>
-        <translation type="unfinished"></translation>
+        <translation>AF Plotstil</translation>
     </message>
     <message>
         <source>Unable to modify layers while another command is active.</source>
         <comment>40182</comment>
-        <translation type="unfinished"></translation>
+        <translation>Layer können nicht geändert werden, solange ein anderer Befehl läuft.</translation>
     </message>
     <message>
         <source>Multiple layers cannot be made current. please select a single layer.</source>
         <comment>40433</comment>
-        <translation type="unfinished"></translation>
+        <translation>Mehrere Layer können nicht zugleich aktuell sein. Bitte wählen Sie einen einzigen Layer.</translation>
     </message>
     <message>
         <source>The following characters are not valid in Layer Names:
 </source>
         <comment>84506</comment>
-        <translation type="unfinished"></translation>
+        <translation>Folgende Zeichen sind in Layernamen nicht erlaubt:
+</translation>
     </message>
     <message>
         <source>Not yet supported</source>
         <comment>84508</comment>
-        <translation type="unfinished"></translation>
+        <translation>Noch nicht unterstützt</translation>
     </message>
     <message>
         <source>The Following Layers Cannot be deleted.
@@ -352,50 +489,57 @@ Followinf characters are not valid in Filter names:
  .Layers containing objects 
  .xref-dependent layers</source>
         <comment>84515</comment>
-        <translation type="unfinished"></translation>
+        <translation>Folgende Layer können nicht gelöscht werden.
+ .Layer 0 und Defpoints
+ .Aktueller Layer
+ .Layer mit Objekten
+ .XRef-abhängige Layer</translation>
     </message>
     <message>
         <source>The following Layers Cannot be made current.
  .Xref dependent layers
  .Frozen layers</source>
         <comment>84516</comment>
-        <translation type="unfinished"></translation>
+        <translation>Folgende Layer können nicht aktuell gesetzt werden.
+ .XRef-abhängige Layer
+ .Gefrorene Layer</translation>
     </message>
     <message>
         <source>Cannot freeze current layer. Specify a different layer</source>
         <comment>84782</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der aktuelle Layer kann nicht gefroren werden. Geben Sie einen anderen Layer an.</translation>
     </message>
     <message>
         <source>Layer%d</source>
         <comment>84791</comment>
-        <translation type="unfinished"></translation>
+        <translation>Layer%d</translation>
     </message>
     <message>
         <source>The name cannot be longer than 255 characters</source>
         <comment>84919</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der Name darf nicht länger als 255 Zeichen sein</translation>
     </message>
     <message>
         <source>Layer - Current Layer off</source>
         <comment>85403</comment>
-        <translation type="unfinished"></translation>
+        <translation>Layer - Aktueller Layer aus</translation>
     </message>
     <message>
         <source>The current Layer will be turned off.What do you want to do?</source>
         <comment>85404</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der aktuelle Layer wird ausgeschaltet. Was möchten Sie tun?</translation>
     </message>
     <message>
         <source>Turn the current layer off 
  Objects that you create on will not be displayed in the drawing until you turn the layer back on</source>
         <comment>85405</comment>
-        <translation type="unfinished"></translation>
+        <translation>Den aktuellen Layer ausschalten 
+ Objekte, die Sie darauf zeichnen, sind erst zu sehen, wenn Sie den Layer wieder einschalten</translation>
     </message>
     <message>
         <source>Keep the current layer on</source>
         <comment>85406</comment>
-        <translation type="unfinished"></translation>
+        <translation>Den aktuellen Layer eingeschaltet lassen</translation>
     </message>
     <message>
         <source>The selected layer cannot be renamed.
@@ -404,213 +548,314 @@ Followinf characters are not valid in Filter names:
  1. Layer 0 
  2. Xref-dependent Layers</source>
         <comment>85989</comment>
-        <translation type="unfinished"></translation>
+        <translation>Der gewählte Layer kann nicht umbenannt werden.
+
+ Folgende Layer können nicht umbenannt werden: 
+ 1. Layer 0 
+ 2. XRef-abhängige Layer</translation>
     </message>
     <message>
         <source>Layer Properties Manager</source>
         <comment>84536</comment>
-        <translation type="unfinished"></translation>
+        <translation>Layereigenschaften-Manager</translation>
     </message>
     <message>
         <source>Press F1 for more help.</source>
         <comment>51575</comment>
-        <translation type="unfinished"></translation>
+        <translation>Drücken Sie F1, um mehr zu erfahren.</translation>
+    </message>
+    <message>
+        <source>Watch for new layers/Tells new layers from those that were reviewed. This is your own setting for all drawings: without it no drawing is looked at./System variable LAYEREVALCTL</source>
+        <comment>40102</comment>
+        <translation>Auf neue Layer achten/Unterscheidet neue Layer von geprüften. Das ist Ihre eigene Einstellung für alle Zeichnungen: Ohne sie wird keine Zeichnung untersucht./Systemvariable LAYEREVALCTL</translation>
+    </message>
+    <message>
+        <source>Evaluate new layers of this drawing/Lists layers that were added and not reviewed yet under &quot;UnReconciled New Layers&quot;. The drawing keeps this setting./System variable LAYEREVAL</source>
+        <comment>40103</comment>
+        <translation>Neue Layer dieser Zeichnung auswerten/Führt hinzugekommene, noch nicht geprüfte Layer unter &quot;Nicht abgeglichene neue Layer&quot; auf. Die Zeichnung merkt sich diese Einstellung./Systemvariable LAYEREVAL</translation>
+    </message>
+    <message>
+        <source>External references only/Looks for new layers in attached external references. Layers that are added to this drawing itself count as reviewed.</source>
+        <comment>40104</comment>
+        <translation>Nur externe Referenzen/Sucht neue Layer in zugeordneten externen Referenzen. Layer, die in dieser Zeichnung selbst hinzukommen, gelten als geprüft.</translation>
+    </message>
+    <message>
+        <source>This drawing and its external references/Looks for new layers everywhere: in this drawing and in what is attached to it.</source>
+        <comment>40105</comment>
+        <translation>Diese Zeichnung und ihre externen Referenzen/Sucht überall nach neuen Layern: in dieser Zeichnung und in allem, was ihr zugeordnet ist.</translation>
+    </message>
+    <message>
+        <source>Notify about new layers/Tells you when there are layers that nobody has reviewed yet. Choose below at which moments. Switched off, the choice is kept for later./System variable LAYERNOTIFY</source>
+        <comment>40106</comment>
+        <translation>Über neue Layer benachrichtigen/Meldet Layer, die noch niemand geprüft hat. Wählen Sie darunter, zu welchen Zeitpunkten. Ausgeschaltet bleibt die Auswahl für später erhalten./Systemvariable LAYERNOTIFY</translation>
+    </message>
+    <message>
+        <source>When the drawing is opened/Tells about new layers right after the drawing was opened.</source>
+        <comment>40107</comment>
+        <translation>Beim Öffnen der Zeichnung/Meldet neue Layer gleich nach dem Öffnen der Zeichnung.</translation>
+    </message>
+    <message>
+        <source>When references change/Tells about new layers when an external reference is attached, loaded or reloaded.</source>
+        <comment>40108</comment>
+        <translation>Bei geänderten Referenzen/Meldet neue Layer, wenn eine externe Referenz zugeordnet, geladen oder neu geladen wird.</translation>
+    </message>
+    <message>
+        <source>When a layer state is restored/Tells about layers that the state does not know, because they came later.</source>
+        <comment>40109</comment>
+        <translation>Beim Wiederherstellen eines Layerstatus/Meldet Layer, die der Status nicht kennt, weil sie später hinzukamen.</translation>
+    </message>
+    <message>
+        <source>When the drawing is saved/Tells about new layers before they are handed on with the file.</source>
+        <comment>40110</comment>
+        <translation>Beim Speichern der Zeichnung/Meldet neue Layer, bevor sie mit der Datei weitergegeben werden.</translation>
+    </message>
+    <message>
+        <source>When something is inserted/Tells about layers that a block or another drawing brought along.</source>
+        <comment>40111</comment>
+        <translation>Beim Einfügen/Meldet Layer, die ein Block oder eine andere Zeichnung mitgebracht hat.</translation>
+    </message>
+    <message>
+        <source>When the drawing is plotted/Tells about new layers before they come on paper.</source>
+        <comment>40112</comment>
+        <translation>Beim Plotten der Zeichnung/Meldet neue Layer, bevor sie auf Papier kommen.</translation>
+    </message>
+    <message>
+        <source>Filter the layer toolbar/The list of layers in the toolbar shows only those that pass the filter selected in the palette.</source>
+        <comment>40113</comment>
+        <translation>Layer-Werkzeugleiste filtern/Die Layerliste in der Werkzeugleiste zeigt nur Layer, die den in der Palette gewählten Filter passieren.</translation>
+    </message>
+    <message>
+        <source>Show layer usage/Marks layers without objects in the Status column. In very large drawings the list is quicker without it./System variable SHOWLAYERUSAGE</source>
+        <comment>40114</comment>
+        <translation>Verwendung der Layer anzeigen/Kennzeichnet Layer ohne Objekte in der Spalte Status. In sehr großen Zeichnungen ist die Liste ohne dies schneller./Systemvariable SHOWLAYERUSAGE</translation>
     </message>
 </context>
 <context>
     <name>LayerCells</name>
     <message>
         <source>Off</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus</translation>
     </message>
     <message>
         <source>On</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein</translation>
     </message>
     <message>
         <source>Frozen</source>
-        <translation type="unfinished"></translation>
+        <translation>Gefroren</translation>
     </message>
     <message>
         <source>Thawed</source>
-        <translation type="unfinished"></translation>
+        <translation>Getaut</translation>
     </message>
     <message>
         <source>Locked</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesperrt</translation>
     </message>
     <message>
         <source>Unlocked</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht gesperrt</translation>
     </message>
     <message>
         <source>Plotted</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird geplottet</translation>
     </message>
     <message>
         <source>Not plotted</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird nicht geplottet</translation>
     </message>
     <message>
         <source>Frozen in new viewports</source>
-        <translation type="unfinished"></translation>
+        <translation>In neuen Ansichtsfenstern gefroren</translation>
     </message>
     <message>
         <source>Thawed in new viewports</source>
-        <translation type="unfinished"></translation>
+        <translation>In neuen Ansichtsfenstern getaut</translation>
     </message>
     <message>
         <source>Frozen in the active viewport</source>
-        <translation type="unfinished"></translation>
+        <translation>Im aktiven Ansichtsfenster gefroren</translation>
     </message>
     <message>
         <source>Thawed in the active viewport</source>
-        <translation type="unfinished"></translation>
+        <translation>Im aktiven Ansichtsfenster getaut</translation>
     </message>
     <message>
         <source>Current layer</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktueller Layer</translation>
     </message>
     <message>
         <source>Not in use</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht verwendet</translation>
     </message>
     <message>
         <source>In use</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwendet</translation>
+    </message>
+    <message>
+        <source>On: %1</source>
+        <translation>Ein: %1</translation>
+    </message>
+    <message>
+        <source>Frozen: %1</source>
+        <translation>Gefroren: %1</translation>
+    </message>
+    <message>
+        <source>Locked: %1</source>
+        <translation>Gesperrt: %1</translation>
+    </message>
+    <message>
+        <source>Plotted: %1</source>
+        <translation>Wird geplottet: %1</translation>
+    </message>
+    <message>
+        <source>Frozen in new viewports: %1</source>
+        <translation>In neuen Ansichtsfenstern gefroren: %1</translation>
+    </message>
+    <message>
+        <source>Frozen in the active viewport: %1</source>
+        <translation>Im aktiven Ansichtsfenster gefroren: %1</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
     </message>
 </context>
 <context>
     <name>LayerCommands</name>
     <message>
         <source>Layer commands</source>
-        <translation type="unfinished"></translation>
+        <translation>Layerbefehle</translation>
     </message>
     <message>
         <source>Set &amp;Current</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;ktuell setzen</translation>
     </message>
     <message>
         <source>&amp;New Layer</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Neuer Layer</translation>
     </message>
     <message>
         <source>New Layer Frozen in All &amp;Viewports</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer, in allen &amp;Ansichtsfenstern gefrorener Layer</translation>
     </message>
     <message>
         <source>&amp;Rename</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Umbenennen</translation>
     </message>
     <message>
         <source>Change D&amp;escription</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Beschreibung ändern</translation>
     </message>
     <message>
         <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Löschen</translation>
     </message>
     <message>
         <source>Rec&amp;oncile</source>
-        <translation type="unfinished"></translation>
+        <translation>Ab&amp;gleichen</translation>
     </message>
     <message>
         <source>&amp;Isolate (Turn Others Off)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Isolieren (andere ausschalten)</translation>
     </message>
     <message>
         <source>&amp;Freeze</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Frieren</translation>
     </message>
     <message>
         <source>&amp;Thaw</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tauen</translation>
     </message>
     <message>
         <source>In the &amp;Active Viewport</source>
-        <translation type="unfinished"></translation>
+        <translation>Im &amp;aktiven Ansichtsfenster</translation>
     </message>
     <message>
         <source>In A&amp;ll Viewports</source>
-        <translation type="unfinished"></translation>
+        <translation>In a&amp;llen Ansichtsfenstern</translation>
     </message>
     <message>
         <source>&amp;Properties in the Active Viewport</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Eigenschaften im aktiven Ansichtsfenster</translation>
     </message>
     <message>
         <source>Properties in the Active Viewport of &amp;Each Layout</source>
-        <translation type="unfinished"></translation>
+        <translation>Eigenschaften im aktiven Ansichtsfenster &amp;jedes Layouts</translation>
     </message>
     <message>
         <source>All &amp;but Current</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Alle außer dem aktuellen</translation>
     </message>
     <message>
         <source>&amp;Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>Auswahl auf&amp;heben</translation>
     </message>
     <message>
         <source>&amp;Invert</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Umkehren</translation>
     </message>
     <message>
         <source>New Layer &amp;State...</source>
-        <translation type="unfinished"></translation>
+        <translation>Neuer Layer&amp;status...</translation>
     </message>
     <message>
         <source>Layer State &amp;Manager...</source>
-        <translation type="unfinished"></translation>
+        <translation>Layerstatus-&amp;Manager...</translation>
     </message>
     <message>
         <source>Remove Overrides of Se&amp;lected Layers</source>
-        <translation type="unfinished"></translation>
+        <translation>Übersch&amp;reibungen der gewählten Layer entfernen</translation>
     </message>
     <message>
         <source>Remove Overrides of &amp;All Layers</source>
-        <translation type="unfinished"></translation>
+        <translation>Überschreibungen aller La&amp;yer entfernen</translation>
     </message>
     <message>
         <source>In All Vie&amp;wports</source>
-        <translation type="unfinished"></translation>
+        <translation>In allen Ansichts&amp;fenstern</translation>
     </message>
     <message>
         <source>Selec&amp;t</source>
-        <translation type="unfinished"></translation>
+        <translation>Auswä&amp;hlen</translation>
     </message>
 </context>
 <context>
     <name>LayerDeletion</name>
     <message>
         <source>every drawing has it</source>
-        <translation type="unfinished"></translation>
+        <translation>er gehört zu jeder Zeichnung</translation>
     </message>
     <message>
         <source>it is current</source>
-        <translation type="unfinished"></translation>
+        <translation>er ist aktuell</translation>
     </message>
     <message>
         <source>objects lie on it</source>
-        <translation type="unfinished"></translation>
+        <translation>auf ihm liegen Objekte</translation>
     </message>
     <message>
         <source>it belongs to an external reference</source>
-        <translation type="unfinished"></translation>
+        <translation>er gehört zu einer externen Referenz</translation>
     </message>
     <message>
         <source>a setting of the drawing names it</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Einstellung der Zeichnung nennt ihn</translation>
     </message>
 </context>
 <context>
     <name>LayerEdits</name>
     <message>
         <source>A name is needed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Name ist nötig.</translation>
     </message>
     <message>
         <source>A layer&apos;s name holds no control characters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name eines Layers enthält keine Steuerzeichen.</translation>
     </message>
 </context>
 </TS>

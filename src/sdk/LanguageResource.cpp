@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QTranslator>
 
@@ -62,14 +63,26 @@ QString LanguageResource::text(int id, const char* defaultText) const
 
 void LanguageResource::install()
 {
-    if (m_translator && QCoreApplication::instance())
-        QCoreApplication::installTranslator(m_translator.get());
+    if (!m_translator || !QCoreApplication::instance())
+        return;
+    const QString language = m_translator->language().section(QLatin1Char('_'), 0, 0);
+    auto qtTranslator = std::make_unique<QTranslator>();
+    if (!language.isEmpty()
+        && qtTranslator->load(QStringLiteral("qtbase_") + language,
+                              QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    {
+        m_qtTranslator = std::move(qtTranslator);
+        QCoreApplication::installTranslator(m_qtTranslator.get());
+    }
+    QCoreApplication::installTranslator(m_translator.get());
 }
 
 void LanguageResource::remove()
 {
-    if (m_translator && QCoreApplication::instance())
-        QCoreApplication::removeTranslator(m_translator.get());
+    if (!m_translator || !QCoreApplication::instance())
+        return;
+    QCoreApplication::removeTranslator(m_translator.get());
+    m_qtTranslator.reset();
 }
 
 QString LanguageResource::find(const QString& modulePath, const QString& localeName)

@@ -23,8 +23,10 @@ public:
     const QString& path() const { return m_path; }
     /// A resource string in this language; empty where the catalogue does not have it.
     QString text(int id, const char* defaultText) const;
-    /// Puts the texts in force for the whole program, or takes them out of force.
+    /// Puts the texts in force for the whole program, and with them those of Qt's own dialogs and
+    /// buttons in that language where they are installed.
     void install();
+    /// Takes them out of force.
     void remove();
 
     /// The catalogue of a module for a locale, empty where there is none: beside it, else where the
@@ -36,4 +38,5 @@ private:
     QString m_path;
     QByteArray m_bytes; ///< the translator reads from them
     std::unique_ptr<QTranslator> m_translator;
+    std::unique_ptr<QTranslator> m_qtTranslator;
 };

@@ -45,7 +45,9 @@ QVariant LayerListModel::data(const QModelIndex& index, int role) const
         return {};
     const auto column = static_cast<LayerColumn>(index.column());
     if (role != Qt::DisplayRole) {
-        const QString state = layerCellStateText(*layer, column, m_context);
+        const QString state = role == Qt::AccessibleTextRole
+            ? layerCellSpokenText(*layer, column, m_context)
+            : layerCellStateText(*layer, column, m_context);
         if (!state.isEmpty())
             return state;
     }
@@ -72,6 +74,11 @@ QVariant LayerListModel::headerData(int section, Qt::Orientation orientation, in
 void LayerListModel::reset(Ids layers, LayerSortOrder order)
 {
     sortLayers(layers, order, m_context);
+    resetOrdered(std::move(layers));
+}
+
+void LayerListModel::resetOrdered(Ids layers)
+{
     beginResetModel();
     m_rows = std::move(layers);
     m_index.reset();

@@ -4,16 +4,11 @@
 
 #include <QDialog>
 
-#include <array>
-
 class OdDbDatabase;
 class QAbstractButton;
-class QButtonGroup;
-class QCheckBox;
-class QGroupBox;
 
-/// The palette's settings: how new layers are evaluated and told about, whether the use of layers is
-/// shown, and whether the filter holds for the host's layer toolbar too.
+/// The palette's settings: how new layers are evaluated and told about, whether the use of layers
+/// is shown, and whether the filter holds for the host's layer toolbar too.
 class CLayerSettingsDlg : public QDialog, public CToolTipImpl
 {
     Q_OBJECT
@@ -42,8 +37,6 @@ public:
     void accept() override;
 
 private:
-    void createControls();
-    QGroupBox* createGroup(const QString& title, int first, int last);
     void createToolTips();
     /// Reads the settings into the controls.
     void readSettings();
@@ -52,17 +45,7 @@ private:
     /// LAYEREVAL and LAYERNOTIFY, which the drawing keeps.
     void storeDrawingSettings();
     QAbstractButton* button(int id) const;
-    bool isChecked(int id) const;
 
-    /// The boxes of LAYERNOTIFY, by bit.
-    bool m_bNotify1 = false;
-    bool m_bShowLayerUsage = false;
-    bool m_bApplyToToolbar = false;
-    bool m_bNotify2 = false;
-    bool m_bNotify4 = false;
-    bool m_bNotify8 = false;
-    bool m_bNotify16 = false;
-    bool m_bNotify32 = false;
-    int m_iEvalMode = 0; ///< 0: LAYEREVAL 1; 1: LAYEREVAL 2
-    const OdDbDatabase* m_drawing; ///< current when the dialog was opened
+    /// Current when the dialog was opened; not looked into.
+    const OdDbDatabase* m_drawing;
 };

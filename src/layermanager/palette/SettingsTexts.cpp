@@ -70,11 +70,12 @@ std::span<const KsResText> settingsTexts()
                             "those that pass the filter selected in the palette.",
                             "40113")},
         {40114,
-         QT_TRANSLATE_NOOP3("KsResString",
-                            "Show layer usage/Marks layers without objects in the Status column. In "
-                            "very large drawings the list is quicker without it./System variable "
-                            "SHOWLAYERUSAGE",
-                            "40114")},
+         QT_TRANSLATE_NOOP3(
+             "KsResString",
+             "Show layer usage/Marks layers without objects in the Status column. In "
+             "very large drawings the list is quicker without it./System variable "
+             "SHOWLAYERUSAGE",
+             "40114")},
     };
     return texts;
 }
