@@ -48,8 +48,10 @@ def faults(source, text, context):
         yield "it has a key of its own where the text has none, or none where that has one"
     if context == "KsResString" and source.count("/") != text.count("/"):
         yield "it has other parts"
-    if source.endswith("\n") != text.endswith("\n") or source.startswith(" ") != text.startswith(" "):
+    if source.endswith(("\n", ": ")) != text.endswith(("\n", ": ")) or source.startswith(" ") != text.startswith(" "):
         yield "it begins or ends otherwise"
+    if re.findall(r"\|\w+", source) != re.findall(r"\|\w+", text):
+        yield "it names other kinds of files"
     if source.endswith("...") != text.endswith("..."):
         yield "one of them ends in dots"
 
@@ -111,6 +113,8 @@ class Translations(unittest.TestCase):
             ("Names:\n", "Namen:"),
             (" %s", "%s"),
             ("Edit...", "Bearbeiten"),
+            ("Layer: ", "Layer:"),
+            ("File|las,Drawing|dwg", "Datei|las,Zeichnung|dxf"),
             ("a", ""),
         ):
             self.assertEqual(len(list(faults(source, text, "x"))) > 0, True, (source, text))

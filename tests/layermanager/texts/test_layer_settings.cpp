@@ -148,6 +148,7 @@ void TestLayerSettings::aNegativeNotificationIsOffAndKeepsItsBits()
     QCOMPARE(notifyBits(), 12);
     press(QDialogButtonBox::Ok);
     QCOMPARE(get("LAYERNOTIFY"), -12);
+    QVERIFY(m_host->historyNames.isEmpty()); // nothing changed, nothing to undo
     QVERIFY(!CKestPreferenceManager::s_bNotifyPresentLayer);
     open();
     click(Id::kNotify);
@@ -237,6 +238,7 @@ void TestLayerSettings::notificationBoxesFollowTheirSwitch()
 void TestLayerSettings::okStoresEverything()
 {
     open();
+    click(Id::kEverywhere);
     click(Id::kNotify);
     click(Id::kNotify2);
     click(Id::kNotify32);
@@ -245,8 +247,9 @@ void TestLayerSettings::okStoresEverything()
     press(QDialogButtonBox::Ok);
     QVERIFY(!m_dialog->isVisible());
     QCOMPARE(get("LAYEREVALCTL"), 1);
-    QCOMPARE(get("LAYEREVAL"), 1);
+    QCOMPARE(get("LAYEREVAL"), 2);
     QCOMPARE(get("LAYERNOTIFY"), 34);
+    QCOMPARE(m_host->historyNames, QStringList(QStringLiteral("_LAYER"))); // one step for both
     QCOMPARE(get("SHOWLAYERUSAGE"), 1);
     QVERIFY(CKestPreferenceManager::s_bApplyLayerFiltertoLayerToolbar);
     QVERIFY(CKestPreferenceManager::s_bNotifyPresentLayer);
