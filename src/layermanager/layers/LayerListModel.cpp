@@ -74,6 +74,11 @@ QVariant LayerListModel::headerData(int section, Qt::Orientation orientation, in
 void LayerListModel::reset(Ids layers, LayerSortOrder order)
 {
     sortLayers(layers, order, m_context);
+    resetOrdered(std::move(layers));
+}
+
+void LayerListModel::resetOrdered(Ids layers)
+{
     beginResetModel();
     m_rows = std::move(layers);
     m_index.reset();

@@ -41,6 +41,8 @@ public:
 
     /// Replaces all rows, ordered by `order`.
     void reset(Ids layers, LayerSortOrder order);
+    /// Replaces all rows by layers that are in order already.
+    void resetOrdered(Ids layers);
     /// Orders the rows; indexes, and with them the selection, go along.
     void reorder(LayerSortOrder order);
     void insertLayer(OdDbObjectId layer, int row);

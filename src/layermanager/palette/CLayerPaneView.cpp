@@ -10,28 +10,22 @@
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/module/LayerPalette.h"
 #include "layermanager/palette/CLayerListVw.h"
-#include "sdk/IKestServicesManager.h"
+#include "layermanager/palette/CLayerSearchBox.h"
+#include "layermanager/palette/PaneDatabaseReactor.h"
+#include "layermanager/palette/PaneKeys.h"
+#include "layermanager/palette/PaneTexts.h"
 #include "sdk/KestSharedGlobals.h"
-#include "sdk/KsResString.h"
 #include "toolkit/CXTPDockingPaneManager.h"
-#include "toolkit/ControlRegistry.h"
 
+#include <QCheckBox>
 #include <QLabel>
-#include <QSplitter>
-#include <QStyle>
-#include <QVBoxLayout>
 
-#include <algorithm>
-
-namespace {
-
-constexpr int kTreeWidth = 170;
-
-} // namespace
+#include <utility>
 
 CLayerPaneView::CLayerPaneView(QWidget* parent)
     : QWidget(parent)
     , m_docReactor(odrxCreate<CLayerDocMngrReactor>(*this))
+    , m_reactor(std::make_unique<PaneDatabaseReactor>(*this))
 {
     setObjectName(QStringLiteral("layerPane"));
     if (KsApDocManager* documents = ksDocManagerPtr())
@@ -40,52 +34,31 @@ CLayerPaneView::CLayerPaneView(QWidget* parent)
 
 CLayerPaneView::~CLayerPaneView()
 {
+    follow(nullptr);
     if (KsApDocManager* documents = ksDocManagerPtr())
         documents->removeReactor(m_docReactor.get());
-}
-
-void CLayerPaneView::initialUpdate()
-{
-    if (m_bInitialised)
-        return;
-    auto* splitter = new QSplitter(this);
-    splitter->setObjectName(QStringLiteral("layerSplitter"));
-    splitter->setChildrenCollapsible(false);
-    m_treeView = new CLayerTreeVw(splitter);
-    m_listView = new CLayerListVw(splitter);
-    m_treeView->setPaneView(this);
-    m_listView->setPaneView(this);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({kTreeWidth, width() - kTreeWidth});
-    m_statusLine = new QLabel(this);
-    m_statusLine->setObjectName(QStringLiteral("statusLine"));
-    m_statusLine->setAccessibleName(tr("Displayed layers"));
-    m_statusLine->setTextFormat(Qt::PlainText);
-    m_statusLine->setContentsMargins(style()->pixelMetric(QStyle::PM_LayoutLeftMargin) / 2, 0, 0,
-                                     0);
-    registerControl(this, kStatusLineId, m_statusLine);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(splitter, 1);
-    layout->addWidget(m_statusLine);
-    setFocusProxy(m_listView);
-    connect(grid(), &CLayerListCtrl::listChanged, this, &CLayerPaneView::UpdateStatusLine);
-    connect(grid(), &CLayerListCtrl::listStale, this, &CLayerPaneView::refill);
-    connect(grid(), &CLayerListCtrl::layersChanged, m_treeView,
-            &CLayerTreeVw::UpdateUnreconciledNode);
-    connect(m_treeView, &CLayerTreeVw::selectedLayersChanged, this, &CLayerPaneView::followFilter);
-    connect(m_treeView, &CLayerTreeVw::layersChanged, this, &CLayerPaneView::layersChangedByTree);
-    connect(grid(), &CLayerListCtrl::databaseGone, this, [this] {
-        m_pDb = nullptr;
-        m_treeView->bind(nullptr);
-        m_statusLine->clear();
-    });
-    m_bInitialised = true;
 }
 
 CLayerListCtrl* CLayerPaneView::grid() const
 {
     return m_listView ? &m_listView->grid() : nullptr;
+}
+
+bool CLayerPaneView::IsAllFilterSelected() const
+{
+    return m_treeView && m_treeView->IsAllFilterSelected();
+}
+
+// The drawing that is shown
+
+void CLayerPaneView::follow(OdDbDatabase* database)
+{
+    if (m_pDb)
+        m_pDb->removeReactor(m_reactor.get());
+    m_pDb = database;
+    m_search.forget();
+    if (m_pDb)
+        m_pDb->addReactor(m_reactor.get());
 }
 
 void CLayerPaneView::BindToCurrentDatabase()
@@ -97,67 +70,29 @@ void CLayerPaneView::BindToCurrentDatabase()
     OdDbDatabase* database = document ? document->database() : nullptr;
     if (!database || database == m_pDb)
         return;
-    m_pDb = database;
+    follow(database);
+    m_bInvert = false;
+    m_invertBox->setChecked(false);
     m_treeView->bind(m_pDb);
     refill();
+    UpdateCurrentLayerLine();
 }
 
-std::vector<OdDbObjectId> CLayerPaneView::wantedLayers() const
+void CLayerPaneView::databaseGone()
 {
-    std::vector<OdDbObjectId> layers = m_treeView->layersOfSelected().in;
-    // Layers that belong to programs are never listed.
-    std::erase_if(layers, [](OdDbObjectId id) {
-        const auto layer = id.openObject<OdDbLayerTableRecord>();
-        return !layer || layer->getName().contains(QLatin1Char('*'));
-    });
-    return layers;
+    m_pDb = nullptr; // it takes its listeners with it
+    m_search.forget();
+    m_treeView->bind(nullptr);
+    m_statusLine->clear();
+    m_currentLine->clear();
+    updateCommands();
 }
 
-void CLayerPaneView::list(const std::vector<OdDbObjectId>& layers)
+void CLayerPaneView::layerChanged(OdDbObjectId layer)
 {
-    if (m_treeView->IsAllFilterSelected() || grid()->database() != m_pDb)
-        grid()->fill(m_pDb);
-    if (!m_treeView->IsAllFilterSelected())
-        grid()->fillFromList(layers);
-}
-
-bool CLayerPaneView::isListed(const std::vector<OdDbObjectId>& layers) const
-{
-    return grid()->database() == m_pDb
-        && static_cast<int>(layers.size()) == grid()->layerModel().rowCount()
-        && std::all_of(layers.begin(), layers.end(),
-                       [this](OdDbObjectId layer) { return grid()->findRow(layer) >= 0; });
-}
-
-void CLayerPaneView::refill()
-{
-    if (!m_pDb)
-        return;
-    m_treeView->UpdateUnreconciledNode();
-    list(wantedLayers());
-}
-
-void CLayerPaneView::followFilter()
-{
-    if (!m_pDb)
-        return;
-    UpdateStatusLine();
-    const std::vector<OdDbObjectId> layers = wantedLayers();
-    if (isListed(layers))
-        return;
-    // Listing anew would take away what the user is typing.
-    if (grid()->editor())
-        grid()->requestRefresh();
-    else
-        list(layers);
-}
-
-void CLayerPaneView::layersChangedByTree()
-{
-    grid()->refreshAllRows();
-    if (IKestServicesManager* services = getServicesManagerInterface())
-        services->refreshView();
-    followFilter();
+    m_search.forget();
+    if (m_pDb->getCLAYER() == layer)
+        UpdateCurrentLayerLine();
 }
 
 void CLayerPaneView::SyncPaneVisibility(const KsApDocument* document, bool show)
@@ -194,21 +129,37 @@ void CLayerPaneView::showCurrentLayer()
     grid()->setFocus(Qt::OtherFocusReason);
 }
 
+void CLayerPaneView::BeginLayerUndoRecord(OdDbDatabase& database)
+{
+    beginLayerUndoRecord(database);
+}
+
+// The lines that tell what is shown
+
 void CLayerPaneView::UpdateStatusLine()
 {
     if (!m_statusLine || !m_pDb)
         return;
     const QString filter = m_treeView->selectedName();
-    // The leading blank is deliberate.
-    const QString pattern =
-        KsResString(85988, QStringLiteral(" %s : %d layers displayed of %d total layers"));
-    m_statusLine->setText(filledText(pattern,
+    m_statusLine->setFont(m_currentLine->font());
+    m_statusLine->setText(filledText(KsResString(paneTexts(), pane_text::kStatus),
                                      {filter.isEmpty() ? QStringLiteral("All") : filter,
                                       QString::number(grid()->displayedCount()),
                                       QString::number(m_pDb->layerTable().count())}));
 }
 
-void CLayerPaneView::BeginLayerUndoRecord(OdDbDatabase& database)
+void CLayerPaneView::UpdateCurrentLayerLine()
 {
-    beginLayerUndoRecord(database);
+    const OdDbObjectId current = readHostId(QStringLiteral("CLAYER")).value_or(OdDbObjectId());
+    if (!m_currentLine || current.isNull() || current.database() != m_pDb)
+        return;
+    const auto layer = current.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForRead, true);
+    const QString name = layer->getName();
+    if (name.isEmpty())
+        return;
+    QString text = KsResString(paneTexts(), pane_text::kCurrentLayer) + name;
+    if (const QString description = layer->description(); !description.isEmpty())
+        text += QLatin1String(": ") + description;
+    m_currentLine->setText(text);
+    m_currentLine->setCursorPosition(0);
 }

@@ -2,20 +2,44 @@
 
 #include "database/OdDbObjectId.h"
 #include "layermanager/module/CLayerDocMngrReactor.h"
+#include "layermanager/palette/CToolTipImpl.h"
+#include "layermanager/palette/LayerPaneLayout.h"
+#include "layermanager/palette/LayerSearch.h"
+#include "layermanager/palette/PaneCommandTarget.h"
 
+#include <QHash>
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 class CLayerListCtrl;
 class CLayerListVw;
+class CLayerPaneTBar;
+class CLayerSearchBox;
 class CLayerTreeVw;
 class OdDbDatabase;
+class PaneDatabaseReactor;
+class PaneKeys;
+class QCheckBox;
+class QHelpEvent;
 class QLabel;
+class QLineEdit;
+class QSplitter;
+class QToolButton;
 
-/// The form that fills the palette's pane.
-class CLayerPaneView : public QWidget
+/// Dialogs that the palette opens. The button of one that is not there is disabled.
+struct LayerPaneDialogs
+{
+    std::function<void(QWidget* parent, OdDbDatabase& database)> layerStates;
+    std::function<void(QWidget* parent)> settings;
+};
+
+/// The form that fills the palette's pane: filter tree and layer list, what searches and narrows
+/// the list, the toolbars, and the lines that tell what is shown.
+class CLayerPaneView : public QWidget, public CToolTipImpl, public PaneCommandTarget
 {
     Q_OBJECT
 public:
@@ -37,30 +61,115 @@ public:
     /// the user is editing a cell.
     void showCurrentLayer();
     void UpdateStatusLine();
+    /// Shows which layer is current; the line stays as it was where there is none.
+    void UpdateCurrentLayerLine();
     /// Opens the undo record for one edit made from the palette.
     void BeginLayerUndoRecord(OdDbDatabase& database);
 
+    void ShowFilterTree(bool show);
+    bool isFilterTreeShown() const { return m_bTreeVisible; }
+    /// Lists the layers of the selected filter whose names match the search box. Nothing where no
+    /// filter is selected or the selected one is gone.
+    void ApplySearch();
+    /// Ready to search without a wait: reads what is not known.
+    void prepareSearch();
+    bool isInverted() const { return m_bInvert; }
+    void setInverted(bool inverted);
+    bool IsAllFilterSelected() const;
+    /// How often a filter was evaluated to list its layers.
+    int filterEvaluations() const { return m_filterEvaluations; }
+
+    void setDialogs(LayerPaneDialogs dialogs);
+    void command(int id) override;
+    bool isCommandEnabled(int id) const override;
+    bool isCommandChecked(int id) const override;
+    void updateCommands();
+
     /// The drawing that the palette shows, or null.
     OdDbDatabase* database() const { return m_pDb; }
-    /// Null before the initial update.
+    /// Null before the initial update, as the other parts are.
     CLayerListCtrl* grid() const;
     CLayerTreeVw* tree() const { return m_treeView; }
+    CLayerSearchBox* searchBox() const { return m_searchBox; }
+    QCheckBox* invertBox() const { return m_invertBox; }
+    CLayerPaneTBar* toolbar(int id) const;
+
+    /// Texts of toolbar buttons by paneToolTextKey(). A button without one shows its own text.
+    QHash<int, QString>& toolTexts() { return m_toolTexts; }
+
+    // What the drawing tells
+    void layerChanged(OdDbObjectId layer);
+    void drawingChanged() { m_search.forgetFilter(); }
+    void databaseGone();
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    // Set-up
+    void makeSplitter();
+    void makeToolbars();
+    void makeTopRow();
+    void makeLines();
+    void connectParts();
+    void addTools();
+    void setTabOrders();
+    void updateSearchIcon();
+    void layOut();
+    LayerPaneSizes sizes() const;
+    void place(const LayerPaneRects& rects);
+    bool showToolText(const CLayerPaneTBar& bar, const QHelpEvent& request);
+
+    // Listing
+    void follow(OdDbDatabase* database);
     /// Lists the layers of the selected filter anew, also where they are the same.
     void refill();
     /// Lists them where they are others than those listed.
     void followFilter();
-    void list(const std::vector<OdDbObjectId>& layers);
+    void list(const LayerSearch::Ids& layers);
     /// Whether the grid's rows are just these, in whatever order.
-    bool isListed(const std::vector<OdDbObjectId>& layers) const;
+    bool isListed(const LayerSearch::Ids& layers) const;
     void layersChangedByTree();
-    std::vector<OdDbObjectId> wantedLayers() const;
+    QString pattern() const;
+    bool isReferenceSelected() const;
+    LayerSearch::Ids wantedLayers();
+
+    // Commands
+    struct Command;
+    static const Command* commandOf(int id);
+    void deleteLayers(int id);
+    void newLayer(int id);
+    void makeCurrent(int id);
+    void newFilter(int id);
+    void openLayerStates(int id);
+    void openSettings(int id);
+    void refreshList(int id);
+    void searchNow(int id);
+    void toggleTree(int id);
 
     OdSmartPtr<CLayerDocMngrReactor> m_docReactor;
+    std::unique_ptr<PaneDatabaseReactor> m_reactor;
+    std::unique_ptr<PaneKeys> m_keys;
+    QSplitter* m_splitter = nullptr;
+    QWidget* m_treePane = nullptr;
     CLayerTreeVw* m_treeView = nullptr;
     CLayerListVw* m_listView = nullptr;
+    std::vector<CLayerPaneTBar*> m_toolbars;
+    QToolButton* m_searchButton = nullptr;
+    QCheckBox* m_invertBox = nullptr;
     QLabel* m_statusLine = nullptr;
+    QLineEdit* m_currentLine = nullptr;
+    CLayerSearchBox* m_searchBox = nullptr;
     OdDbDatabase* m_pDb = nullptr;
+    LayerSearch m_search;
+    LayerPaneDialogs m_dialogs;
+    QHash<int, QString> m_toolTexts;
+    int m_filterEvaluations = 0;
     bool m_bInitialised = false;
+    bool m_bTreeVisible = true;
+    bool m_bInvert = false;
+    bool m_layingOut = false;
 };

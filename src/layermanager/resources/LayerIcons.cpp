@@ -30,6 +30,17 @@ constexpr std::array kNames = {
     "filter-group",
     "filter-reference",
     "filter-unreconciled",
+    "tool-new-property-filter",
+    "tool-new-group-filter",
+    "tool-layer-states",
+    "tool-new-layer",
+    "tool-new-layer-frozen",
+    "tool-delete-layer",
+    "tool-set-current",
+    "tool-refresh",
+    "tool-settings",
+    "tool-filter-tree",
+    "tool-search",
 };
 
 /// The files are drawn for light backgrounds; each colour has its counterparts for others.

@@ -3,7 +3,7 @@
 #include <QHash>
 #include <QPixmap>
 
-/// The icons of the layer grid and the filter tree.
+/// The icons of the layer grid, the filter tree and the toolbars.
 enum class LayerIcon {
     StatusCurrent,
     StatusNotInUse,
@@ -26,6 +26,17 @@ enum class LayerIcon {
     FilterGroup,
     FilterReference,
     FilterUnreconciled,
+    ToolNewPropertyFilter,
+    ToolNewGroupFilter,
+    ToolLayerStates,
+    ToolNewLayer,
+    ToolNewLayerFrozen,
+    ToolDeleteLayer,
+    ToolSetCurrent,
+    ToolRefresh,
+    ToolSettings,
+    ToolFilterTree,
+    ToolSearch,
 };
 
 /// What an icon is drawn on.

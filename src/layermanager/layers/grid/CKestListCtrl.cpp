@@ -20,7 +20,6 @@ constexpr int kMinimumEditWidth = 5;
 /// Margins kept when a row is scrolled into view, in pixels.
 constexpr int kMarginBelow = 6;
 constexpr int kTopLimit = 5;
-constexpr int kMarginAbove = 20;
 
 } // namespace
 
@@ -86,7 +85,7 @@ int CKestListCtrl::rowsPerPage() const
     return std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize());
 }
 
-void CKestListCtrl::scrollRowIntoView(int row)
+void CKestListCtrl::scrollRowIntoView(int row, int above)
 {
     if (!model() || row < 0 || row >= model()->rowCount())
         return;
@@ -99,7 +98,7 @@ void CKestListCtrl::scrollRowIntoView(int row)
         bar->setValue(bar->value() + below + kMarginBelow);
     const int top = rowViewportPosition(row);
     if (top < kTopLimit)
-        bar->setValue(bar->value() + top - kMarginAbove);
+        bar->setValue(bar->value() + top - above);
 }
 
 void CKestListCtrl::showEvent(QShowEvent* event)

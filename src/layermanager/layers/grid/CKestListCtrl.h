@@ -11,6 +11,9 @@ class CKestListCtrl : public QTableView
 {
     Q_OBJECT
 public:
+    /// Margin kept when a row is scrolled into view from above, in pixels.
+    static constexpr int kMarginAbove = 20;
+
     class CInPlaceEdit;
 
     struct Cell
@@ -50,8 +53,12 @@ public:
     void chooseForMenu(int row);
     /// Moves the focus to a cell; the selection stays.
     void focusCell(int row, int column);
-    /// Scrolls so far that the row is in view, with a margin.
-    void scrollRowIntoView(int row);
+    /// Scrolls so far that the row is in view, with a margin; `above` is that at the top.
+    void scrollRowIntoView(int row, int above = kMarginAbove);
+    /// Goes so many rows down, and selects that row alone. Nothing beyond the ends.
+    void stepRow(int step);
+    /// Goes to the next column, or to the one before with -1, that is shown. False at the ends.
+    bool stepColumn(int step);
 
     /// Row where a range selection starts.
     int anchorRow() const { return m_anchor.row(); }
@@ -99,7 +106,6 @@ private:
     void setAnchorRow(int row) { m_anchor = model()->index(row, 0); }
     bool pressKey(int key, Qt::KeyboardModifiers modifiers);
     bool moveRow(int key, Qt::KeyboardModifiers modifiers);
-    bool moveColumn(int step);
     void editorLostFocus(CInPlaceEdit& editor, Qt::FocusReason reason);
     void reportEdit(const CInPlaceEdit& editor);
     bool mayDestroy(const CInPlaceEdit& editor) const;

@@ -14,6 +14,9 @@ namespace {
 
 constexpr Qt::KeyboardModifiers kSelecting = Qt::ControlModifier | Qt::ShiftModifier;
 
+/// Margin above a row that a step leads to, in pixels.
+constexpr int kMarginAboveStep = 22;
+
 /// Where a key leads to, possibly beyond the ends; nothing for keys that do not move.
 std::optional<int> targetRow(int key, int from, int last, int page)
 {
@@ -191,7 +194,7 @@ bool CKestListCtrl::pressKey(int key, Qt::KeyboardModifiers modifiers)
         return currentIndex().isValid();
     case Qt::Key_Left:
     case Qt::Key_Right:
-        moveColumn((key == Qt::Key_Right) != isRightToLeft() ? 1 : -1);
+        stepColumn((key == Qt::Key_Right) != isRightToLeft() ? 1 : -1);
         return true;
     default:
         return moveRow(key, modifiers);
@@ -220,8 +223,21 @@ bool CKestListCtrl::moveRow(int key, Qt::KeyboardModifiers modifiers)
     return true;
 }
 
-bool CKestListCtrl::moveColumn(int step)
+void CKestListCtrl::stepRow(int step)
 {
+    const int to = currentIndex().row() + step;
+    if (!model() || to < 0 || to >= model()->rowCount())
+        return;
+    focusCell(to, std::max(0, currentIndex().column()));
+    chooseOnly(to);
+    setAnchorRow(to);
+    scrollRowIntoView(to, kMarginAboveStep);
+}
+
+bool CKestListCtrl::stepColumn(int step)
+{
+    if (!model() || model()->rowCount() == 0)
+        return false;
     const int count = model()->columnCount();
     const int row = std::max(0, currentIndex().row());
     int column = currentIndex().column() + step;
@@ -236,7 +252,7 @@ bool CKestListCtrl::moveColumn(int step)
 
 bool CKestListCtrl::focusNextPrevChild(bool next)
 {
-    if (model() && model()->rowCount() > 0 && moveColumn(next ? 1 : -1))
+    if (stepColumn(next ? 1 : -1))
         return true;
     return QTableView::focusNextPrevChild(next);
 }

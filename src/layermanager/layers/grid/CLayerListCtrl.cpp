@@ -151,11 +151,34 @@ bool CLayerListCtrl::fillFromList(const LayerListModel::Ids& layers)
 
 void CLayerListCtrl::list(LayerListModel::Ids layers)
 {
+    sortLayers(layers, m_sortOrder, m_model.context());
+    showRows(std::move(layers));
+}
+
+void CLayerListCtrl::listOrdered(LayerListModel::Ids layers)
+{
+    if (m_switchedOff || !m_database || layers == m_model.layers())
+        return;
+    const UpdatesOff still(*this);
+    const LayerListModel::Ids chosen = chosenLayers();
+    const QModelIndex before = currentIndex();
+    const OdDbObjectId focused = m_model.layerId(before.row());
+    const int column = before.column();
+    showRows(std::move(layers));
+    chooseRows(rowsOf(m_model, chosen));
+    if (const int row = findRow(focused); row >= 0) {
+        focusCell(row, column);
+        scrollRowIntoView(row);
+    }
+}
+
+void CLayerListCtrl::showRows(LayerListModel::Ids ordered)
+{
     m_newLayerFlag = false;
     m_newLayer = {};
     m_orderPending = false;
     m_model.forgetNewLayers();
-    m_model.reset(std::move(layers), m_sortOrder);
+    m_model.resetOrdered(std::move(ordered));
     m_displayedCount = m_model.rowCount();
     emit listChanged();
 }

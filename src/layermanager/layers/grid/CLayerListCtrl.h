@@ -36,6 +36,9 @@ public:
     /// Lists exactly these layers, null ids left out. False without a current drawing; raises
     /// OdError_NotThatKindOfClass at an id that is no layer, with the rows before it listed.
     bool fillFromList(const LayerListModel::Ids& layers);
+    /// Lists these layers of the drawing it follows, which are in the order of the grid already.
+    /// Those of them that were selected stay so, and the focus stays where it can.
+    void listOrdered(LayerListModel::Ids layers);
     /// Lists nothing and follows no drawing.
     void unbind();
     /// The drawing that the grid follows, or null.
@@ -60,6 +63,8 @@ public:
     void command(int id);
     /// Runs an operation on the selected layers, those of the toolbar included, whatever runs.
     void operate(int id);
+    /// Edits the text of the focused cell in place; the name where the cell is no text.
+    void editFocusedCell();
     /// The context menu on the selected rows; null without a drawing.
     std::unique_ptr<QMenu> contextMenu();
     /// What opens the dialogs of layer states, called with the identifier of the command. Without
@@ -132,6 +137,7 @@ private:
     void setShown(ListCtrlColumnData& column, bool shown);
     void sectionResized(int section, int width);
     void list(LayerListModel::Ids layers);
+    void showRows(LayerListModel::Ids ordered);
     ListCtrlColumnData& record(int column);
     void currentLayerMoved();
 

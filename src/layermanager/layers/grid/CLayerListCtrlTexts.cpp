@@ -31,6 +31,16 @@ void CLayerListCtrl::startTextEdit(int row, LayerColumn column)
         opened->selectAll();
 }
 
+void CLayerListCtrl::editFocusedCell()
+{
+    const int row = currentIndex().row();
+    if (!m_database || m_model.layerId(row).isNull() || preCheck() || !leaveEditor())
+        return;
+    const bool onDescription =
+        currentIndex().column() == static_cast<int>(LayerColumn::Description);
+    startTextEdit(row, onDescription ? LayerColumn::Description : LayerColumn::Name);
+}
+
 void CLayerListCtrl::endTextEdit(int row, LayerColumn column, const QString& text)
 {
     const bool isName = column == LayerColumn::Name;
