@@ -16,8 +16,8 @@
         <translation>A&amp;usdruck:</translation>
     </message>
     <message>
-        <source>The expression cannot be read. Criteria look like NAME==&quot;A*&quot; and are joined by AND and OR.</source>
-        <translation>Der Ausdruck ist nicht lesbar. Kriterien sehen aus wie NAME==&quot;A*&quot; und werden mit AND und OR verbunden.</translation>
+        <source>The expression cannot be read. Criteria look like NAME=="A*" and are joined by AND and OR.</source>
+        <translation>Der Ausdruck ist nicht lesbar. Kriterien sehen aus wie NAME=="A*" und werden mit AND und OR verbunden.</translation>
     </message>
 </context>
 <context>
@@ -32,6 +32,49 @@
     <message>
         <source>Displayed layers</source>
         <translation>Angezeigte Layer</translation>
+    </message>
+    <message>
+        <source>Current layer</source>
+        <translation>Aktueller Layer</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Layer filters</source>
+        <translation>Layerfilter</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>Layer</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>Invert filter</source>
+        <translation>Filter umkehren</translation>
+    </message>
+    <message>
+        <source>Search/Lists the layers whose names match. * stands for any characters, ? for one.</source>
+        <translation>Suchen/Führt Layer auf, deren Namen passen. * steht für beliebige Zeichen, ? für eines.</translation>
+    </message>
+    <message>
+        <source>Search/Lists the layers whose names match the text.</source>
+        <translation>Suchen/Führt Layer auf, deren Namen zum Text passen.</translation>
+    </message>
+    <message>
+        <source>Invert filter/Lists the layers that the selected filter does not show.</source>
+        <translation>Filter umkehren/Führt die Layer auf, die der gewählte Filter nicht zeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>CLayerSearchBox</name>
+    <message>
+        <source>Search for layers</source>
+        <translation>Nach Layern suchen</translation>
     </message>
 </context>
 <context>
@@ -570,9 +613,9 @@ Folgende Zeichen sind in Filternamen nicht erlaubt:
         <translation>Auf neue Layer achten/Unterscheidet neue Layer von geprüften. Das ist Ihre eigene Einstellung für alle Zeichnungen: Ohne sie wird keine Zeichnung untersucht./Systemvariable LAYEREVALCTL</translation>
     </message>
     <message>
-        <source>Evaluate new layers of this drawing/Lists layers that were added and not reviewed yet under &quot;UnReconciled New Layers&quot;. The drawing keeps this setting./System variable LAYEREVAL</source>
+        <source>Evaluate new layers of this drawing/Lists layers that were added and not reviewed yet under "UnReconciled New Layers". The drawing keeps this setting./System variable LAYEREVAL</source>
         <comment>40103</comment>
-        <translation>Neue Layer dieser Zeichnung auswerten/Führt hinzugekommene, noch nicht geprüfte Layer unter &quot;Nicht abgeglichene neue Layer&quot; auf. Die Zeichnung merkt sich diese Einstellung./Systemvariable LAYEREVAL</translation>
+        <translation>Neue Layer dieser Zeichnung auswerten/Führt hinzugekommene, noch nicht geprüfte Layer unter "Nicht abgeglichene neue Layer" auf. Die Zeichnung merkt sich diese Einstellung./Systemvariable LAYEREVAL</translation>
     </message>
     <message>
         <source>External references only/Looks for new layers in attached external references. Layers that are added to this drawing itself count as reviewed.</source>
@@ -628,6 +671,16 @@ Folgende Zeichen sind in Filternamen nicht erlaubt:
         <source>Show layer usage/Marks layers without objects in the Status column. In very large drawings the list is quicker without it./System variable SHOWLAYERUSAGE</source>
         <comment>40114</comment>
         <translation>Verwendung der Layer anzeigen/Kennzeichnet Layer ohne Objekte in der Spalte Status. In sehr großen Zeichnungen ist die Liste ohne dies schneller./Systemvariable SHOWLAYERUSAGE</translation>
+    </message>
+    <message>
+        <source>Current Layer: </source>
+        <comment>84537</comment>
+        <translation>Aktueller Layer: </translation>
+    </message>
+    <message>
+        <source> %s : %d layers displayed of %d total layers</source>
+        <comment>85988</comment>
+        <translation> %s : %d von insgesamt %d Layern angezeigt</translation>
     </message>
 </context>
 <context>
@@ -854,8 +907,51 @@ Folgende Zeichen sind in Filternamen nicht erlaubt:
         <translation>Ein Name ist nötig.</translation>
     </message>
     <message>
-        <source>A layer&apos;s name holds no control characters.</source>
+        <source>A layer's name holds no control characters.</source>
         <translation>Der Name eines Layers enthält keine Steuerzeichen.</translation>
+    </message>
+</context>
+<context>
+    <name>PaneCommands</name>
+    <message>
+        <source>New Properties Filter</source>
+        <translation>Neuer Eigenschaftenfilter</translation>
+    </message>
+    <message>
+        <source>New Group Filter</source>
+        <translation>Neuer Gruppenfilter</translation>
+    </message>
+    <message>
+        <source>Layer States Manager</source>
+        <translation>Layerstatus-Manager</translation>
+    </message>
+    <message>
+        <source>New Layer</source>
+        <translation>Neuer Layer</translation>
+    </message>
+    <message>
+        <source>New Layer Frozen in New Viewports</source>
+        <translation>Neuer, in neuen Ansichtsfenstern gefrorener Layer</translation>
+    </message>
+    <message>
+        <source>Delete Layers (Del)</source>
+        <translation>Layer löschen (Entf)</translation>
+    </message>
+    <message>
+        <source>Set Current</source>
+        <translation>Aktuell setzen</translation>
+    </message>
+    <message>
+        <source>Show the Filter Tree</source>
+        <translation>Filterbaum anzeigen</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Layer Settings</source>
+        <translation>Layereinstellungen</translation>
     </message>
 </context>
 </TS>

@@ -13,7 +13,7 @@ PROJECT = Path(sys.argv.pop(1))
 LUPDATE = sys.argv.pop(1)
 CATALOGUES = sorted((PROJECT / "translations").glob("*.ts"))
 PLACES = re.compile(r"%(?:L?\d+|[sdn])")
-RESOURCE = re.compile(r'\{?\s*(\d{4,6}),\s*QT_TRANSLATE_NOOP3\(\s*"KsResString",\s*((?:"(?:[^"\\]|\\.)*"\s*)+),\s*"(\d+)"\)')
+RESOURCE = re.compile(r'([\w:]+),\s*QT_TRANSLATE_NOOP3\(\s*"KsResString",\s*((?:"(?:[^"\\]|\\.)*"\s*)+),\s*"(\d+)"\)')
 
 
 def messages(catalogue):
@@ -138,9 +138,10 @@ class Translations(unittest.TestCase):
         texts = {}
         for path in (PROJECT / "src").rglob("*.cpp"):
             for number, text, comment in RESOURCE.findall(path.read_text(encoding="utf-8")):
-                self.assertEqual(number, comment, path)
+                if number.isdigit():
+                    self.assertEqual(number, comment, path)
                 joined = "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', text))
-                self.assertEqual(texts.setdefault(number, joined), joined, f"{number} in {path}")
+                self.assertEqual(texts.setdefault(comment, joined), joined, f"{comment} in {path}")
         self.assertGreater(len(texts), 40)
         catalogued = {key[2] for key in messages(PROJECT / "translations/LayerManager_de.ts") if key[0] == "KsResString"}
         self.assertEqual(catalogued, set(texts))

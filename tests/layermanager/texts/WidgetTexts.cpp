@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMap>
 #include <QMenu>
+#include <QSet>
 #include <QStyle>
 #include <QStyleOptionGroupBox>
 #include <QTabBar>
@@ -136,6 +137,14 @@ QSize neededSize(const QWidget& widget)
     return {};
 }
 
+/// In the palette's own pane, which is as wide as the user wants.
+bool isAsWideAsItsPane(const QWidget& widget)
+{
+    static const QSet<QString> names{QStringLiteral("invertFilter"), QStringLiteral("currentLine"),
+                                     QStringLiteral("statusLine")};
+    return names.contains(widget.objectName());
+}
+
 bool isInScrollArea(const QWidget& widget)
 {
     const auto* area = widget.parentWidget()
@@ -190,7 +199,8 @@ QStringList cutOffTexts(const QWidget& root)
                                   .arg(needed.height())
                                   .arg(widget->width())
                                   .arg(widget->height());
-        if (needed.width() > widget->width() || needed.height() > widget->height())
+        const bool tooNarrow = needed.width() > widget->width() && !isAsWideAsItsPane(*widget);
+        if (tooNarrow || needed.height() > widget->height())
             found.append(placeOf(*widget, root) + sizes);
         const QWidget* parent = widget == &root ? nullptr : widget->parentWidget();
         if (needed.isValid() && parent && !isInScrollArea(*widget)
