@@ -130,7 +130,9 @@ QSize neededSize(const QWidget& widget)
         return label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
                                  : label->sizeHint();
     }
-    if (qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QComboBox*>(&widget))
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return button->text().isEmpty() ? QSize() : button->sizeHint();
+    if (qobject_cast<const QComboBox*>(&widget))
         return widget.sizeHint();
     if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
         return {group->fontMetrics().horizontalAdvance(group->title()), 0};
@@ -140,8 +142,7 @@ QSize neededSize(const QWidget& widget)
 /// In the palette's own pane, which is as wide as the user wants.
 bool isAsWideAsItsPane(const QWidget& widget)
 {
-    static const QSet<QString> names{QStringLiteral("invertFilter"), QStringLiteral("currentLine"),
-                                     QStringLiteral("statusLine")};
+    static const QSet<QString> names{QStringLiteral("invertFilter"), QStringLiteral("statusLine")};
     return names.contains(widget.objectName());
 }
 
