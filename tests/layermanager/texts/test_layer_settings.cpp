@@ -8,9 +8,11 @@
 #include "toolkit/ControlRegistry.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -88,6 +90,9 @@ private slots:
     void okStoresEverything();
     void cancelStoresNothing();
     void settingsOfADrawingThatIsGoneAreNotStoredInAnother();
+    void settingsOfADrawingThatWasClosedAreNotStored();
+    void goWithTheirParent();
+    void runReturnsWhatTheUserDecided();
     void openWithoutADrawingAndWithoutVariables();
     void everyControlHasItsTooltip();
     void looksLikeItsGoldenImages_data();
@@ -278,6 +283,44 @@ void TestLayerSettings::settingsOfADrawingThatIsGoneAreNotStoredInAnother()
     press(QDialogButtonBox::Ok);
     QCOMPARE(get("LAYEREVAL"), 1);
     QCOMPARE(get("SHOWLAYERUSAGE"), 1);
+}
+
+void TestLayerSettings::settingsOfADrawingThatWasClosedAreNotStored()
+{
+    OdDbDatabase& second = m_host->open(layer_drawing::make({{"Doors"}}));
+    open();
+    click(Id::kEverywhere);
+    m_host->close(second);
+    press(QDialogButtonBox::Ok);
+    QVERIFY(!m_dialog->isVisible());
+    QCOMPARE(get("LAYEREVAL"), 1);
+    QVERIFY(m_host->historyNames.isEmpty());
+}
+
+void TestLayerSettings::goWithTheirParent()
+{
+    auto* owner = new QWidget;
+    bool wasOpen = false;
+    QTimer::singleShot(0, qApp, [&] {
+        wasOpen = qobject_cast<CLayerSettingsDlg*>(QApplication::activeModalWidget()) != nullptr;
+        delete owner;
+    });
+    QVERIFY(!CLayerSettingsDlg::run(owner));
+    QVERIFY(wasOpen);
+}
+
+void TestLayerSettings::runReturnsWhatTheUserDecided()
+{
+    for (const auto which : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel}) {
+        QWidget owner;
+        QTimer::singleShot(0, qApp, [&] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            QTest::mouseClick(dialog->findChild<QDialogButtonBox*>()->button(which),
+                              Qt::LeftButton);
+        });
+        QCOMPARE(CLayerSettingsDlg::run(&owner), which == QDialogButtonBox::Ok);
+        QVERIFY(owner.findChildren<QDialog*>().isEmpty());
+    }
 }
 
 void TestLayerSettings::openWithoutADrawingAndWithoutVariables()
