@@ -18,7 +18,7 @@
 class CLayerPaneView;
 class FilterTreeDatabaseReactor;
 class OdDbDatabase;
-class OdLyLayerFilter;
+struct FilterToEdit;
 
 /// The tree of layer filters of one drawing. It holds names only: for each command the filter is
 /// looked up again in the drawing's filter manager.
@@ -73,7 +73,7 @@ public:
 
     /// How a property filter is edited: false when the user gave up. To be replaced by tests.
     using FilterEditor =
-        std::function<bool(QWidget* parent, OdDbDatabase& database, OdLyLayerFilter& filter)>;
+        std::function<bool(QWidget* parent, OdDbDatabase& database, const FilterToEdit& task)>;
     void setFilterEditor(FilterEditor editor) { m_filterEditor = std::move(editor); }
 
 signals:
@@ -128,7 +128,7 @@ private:
     void newPropertyFilter(const FilterKey& parent);
     void editFilter(const FilterKey& key);
     /// Has a property filter edited; false when the user gave up, or the drawing went meanwhile.
-    bool askFor(OdLyLayerFilter& filter);
+    bool askFor(const FilterToEdit& task);
     void pickLayers(const FilterKey& group, const QString& mode);
     void endLabelEdit();
     /// Does a command of a menu that was opened on a node, unless another one is selected by now.
