@@ -9,15 +9,16 @@ constexpr ExitStatusInfo kStatuses[] = {
      QT_TRANSLATE_NOOP("layerman", "The program was called in a wrong way; nothing was done.")},
     {ExitStatus::BadInput,
      QT_TRANSLATE_NOOP("layerman",
-                       "A drawing could not be read, or does not have the filter, linetype or plot "
-                       "style that was asked for.")},
+                       "A drawing or a layer-state file could not be read, or a drawing does not "
+                       "have the filter, layer state, linetype or plot style that was asked for.")},
     {ExitStatus::CannotWrite,
      QT_TRANSLATE_NOOP("layerman",
-                       "A drawing, or the list, could not be written, or is being edited "
-                       "elsewhere.")},
+                       "A drawing, a layer-state file or the list could not be written, or a "
+                       "drawing is being edited elsewhere.")},
     {ExitStatus::Refused,
      QT_TRANSLATE_NOOP("layerman",
-                       "A rule kept a property of a layer as it was; everything else was done.")},
+                       "A rule kept a property of a layer, or a layer state, as it was; everything "
+                       "else was done.")},
     {ExitStatus::SomeFailed,
      QT_TRANSLATE_NOOP("layerman",
                        "Of several drawings some failed and the others were done, or they failed "

@@ -15,6 +15,7 @@
 #include "layerman/editing/SetCommand.h"
 #include "layerman/listing/FiltersCommand.h"
 #include "layerman/listing/ListCommand.h"
+#include "layerman/states/StatesCommand.h"
 
 namespace {
 /// As shells tell it of a program that a signal ended.
@@ -47,6 +48,8 @@ void run(const ParsedCommand& command, Output& output, Report& report)
         return runFiltersCommand(command, output, report);
     case CommandId::Set:
         return runSetCommand(command, output, report);
+    case CommandId::States:
+        return runStatesCommand(command, output, report);
     }
 }
 

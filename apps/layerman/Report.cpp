@@ -59,6 +59,11 @@ QString Report::failures() const
                   QT_TRANSLATE_NOOP("layerman", "%1 drawings failed"));
 }
 
+QString Report::refusals() const
+{
+    return m_refused == 0 ? QString() : CompanionText::tr(", %1 refused").arg(m_refused);
+}
+
 QString Report::listSummary() const
 {
     return CompanionText::tr("%1, %2 of %3 listed%4.")
@@ -79,7 +84,13 @@ QString Report::setSummary(bool isDryRun) const
     const QString changed =
         (isDryRun ? CompanionText::tr("%1 would change") : CompanionText::tr("%1 changed"))
             .arg(layers(m_changed));
-    const QString refused =
-        m_refused == 0 ? QString() : CompanionText::tr(", %1 refused").arg(m_refused);
-    return CompanionText::tr("%1: %2%3%4.").arg(drawings(), changed, refused, failures());
+    return CompanionText::tr("%1: %2%3%4.").arg(drawings(), changed, refusals(), failures());
+}
+
+QString Report::statesSummary(const char* done) const
+{
+    const QString states = counted(m_states, QT_TRANSLATE_NOOP("layerman", "%1 layer state"),
+                                   QT_TRANSLATE_NOOP("layerman", "%1 layer states"));
+    return CompanionText::tr("%1: %2%3%4.")
+        .arg(drawings(), CompanionText::tr(done).arg(states), refusals(), failures());
 }

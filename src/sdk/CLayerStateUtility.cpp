@@ -5,6 +5,7 @@
 #include "database/OdDbLayerTableRecord.h"
 #include "database/states/LayerStates.h"
 #include "io/las/LasReader.h"
+#include "io/las/LasText.h"
 #include "io/las/LasWriter.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "sdk/KsApDocManager.h"
@@ -213,4 +214,14 @@ bool CLayerStateUtility::CheckForDifference(const std::vector<LayerInfoInLS>& la
     bool same = false;
     attemptStates([&](LayerStates& states) { same = states.matchesDrawing(layers, m_mask); });
     return same;
+}
+
+QString CLayerStateUtility::LasFileText(const QByteArray& bytes)
+{
+    return LasText::decodeFile(bytes);
+}
+
+QString CLayerStateUtility::LasFileName(const QString& spelled)
+{
+    return LasText::unescaped(spelled);
 }

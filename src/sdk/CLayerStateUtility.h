@@ -62,6 +62,12 @@ public:
     /// last read or updated here names them; without such a state, all of them.
     bool CheckForDifference(const std::vector<LayerInfoInLS>& layers);
 
+    /// What a layer-state file says, whatever its encoding; the largest file that is read.
+    static QString LasFileText(const QByteArray& bytes);
+    static constexpr qint64 kLargestLasFile = qint64(256) << 20;
+    /// A name as such a file spells it, its escapes resolved.
+    static QString LasFileName(const QString& spelled);
+
     /// Why the last operation answered false; empty after one that did not.
     const QString& lastError() const { return m_lastError; }
 

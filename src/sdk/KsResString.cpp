@@ -1,8 +1,9 @@
 #include "sdk/KsResString.h"
 
+#include "sdk/LanguageResource.h"
 #include "sdk/ModulePath.h"
-#include "sdk/StringTable.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <algorithm>
@@ -12,30 +13,38 @@
 
 namespace {
 
-struct Resource
-{
-    QString module;
-    QString tablePath;
-    StringTable texts;
-};
-
 /// Handles are positions in this list, counted from 1.
-std::vector<Resource>& resources()
+std::vector<LanguageResource>& resources()
 {
-    static std::vector<Resource> list;
+    static std::vector<LanguageResource> list;
     return list;
 }
 
 KsResourceHandle s_current = 0;
 
+QString resourceText(int id, const char* defaultText)
+{
+    const std::vector<LanguageResource>& known = resources();
+    if (s_current >= 1 && s_current <= static_cast<KsResourceHandle>(known.size())) {
+        const QString text = known[static_cast<size_t>(s_current - 1)].text(id, defaultText);
+        if (!text.isEmpty())
+            return text;
+    }
+    // Also what happens outside of commands, such as a click, is told in the user's language.
+    return QCoreApplication::translate("KsResString", defaultText,
+                                       QByteArray::number(id).constData());
+}
+
 } // namespace
 
 QString KsResString(int id, const QString& defaultText)
 {
-    const std::vector<Resource>& known = resources();
-    if (s_current < 1 || s_current > static_cast<KsResourceHandle>(known.size()))
-        return defaultText;
-    return known[static_cast<size_t>(s_current - 1)].texts.value(id, defaultText);
+    return resourceText(id, defaultText.toUtf8().constData());
+}
+
+QString KsResString(const KsResText& text)
+{
+    return resourceText(text.id, text.source.text);
 }
 
 QString KsResString(std::span<const KsResText> table, int id)
@@ -43,21 +52,32 @@ QString KsResString(std::span<const KsResText> table, int id)
     const auto text = std::ranges::find(table, id, &KsResText::id);
     if (text == table.end())
         throw std::out_of_range("no resource string " + std::to_string(id));
-    return KsResString(id, QString::fromUtf8(text->source.text));
+    return KsResString(*text);
+}
+
+KsResourceHandle KsLoadLanguageCatalogue(const QString& module, const QString& path)
+{
+    std::vector<LanguageResource>& known = resources();
+    const auto isWanted = [&](const LanguageResource& resource) {
+        return resource.module() == module && resource.path() == path;
+    };
+    auto wanted = std::ranges::find_if(known, isWanted);
+    if (wanted == known.end()) {
+        known.emplace_back(module, path);
+        wanted = std::prev(known.end());
+    }
+    for (LanguageResource& resource : known) {
+        if (resource.module() == module)
+            resource.remove();
+    }
+    wanted->install();
+    return static_cast<KsResourceHandle>(wanted - known.begin() + 1);
 }
 
 KsResourceHandle KsLoadAppLangResourceDLL(void* instance)
 {
     const QString module = modulePathOf(instance);
-    const QString tablePath = findStringTable(module, QLocale().name());
-    std::vector<Resource>& known = resources();
-    for (size_t i = 0; i < known.size(); ++i) {
-        if (known[i].module == module && known[i].tablePath == tablePath)
-            return static_cast<KsResourceHandle>(i + 1);
-    }
-    known.push_back(
-        {module, tablePath, tablePath.isEmpty() ? StringTable() : readStringTable(tablePath)});
-    return static_cast<KsResourceHandle>(known.size());
+    return KsLoadLanguageCatalogue(module, LanguageResource::find(module, QLocale().name()));
 }
 
 KsResourceHandle KsSetResourceHandle(KsResourceHandle handle)

@@ -45,9 +45,9 @@ void draw(QMessageBox& box, MessageSign sign)
 }
 
 /// Layer names may hold what looks like mark-up, so the text is always taken as it stands.
-void prepare(QMessageBox& box, const QString& text)
+void prepare(QMessageBox& box, const QString& text, const QString& caption)
 {
-    box.setWindowTitle(QGuiApplication::applicationDisplayName());
+    box.setWindowTitle(caption.isEmpty() ? QGuiApplication::applicationDisplayName() : caption);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
 }
@@ -83,22 +83,37 @@ QString runFileDialog(QFileDialog& dialog, const FileQuestion& question)
     return dialog.selectedFiles().value(0);
 }
 
-} // namespace
-
-void DialogPrompts::message(QWidget* parent, const QString& text, Icon icon)
+void showMessage(QWidget* parent, const QString& text, Prompts::Icon icon, const QString& caption)
 {
     QMessageBox box(parent);
-    prepare(box, text);
+    prepare(box, text, caption);
     box.setIcon(boxIcon(icon));
     draw(box, signOf(icon));
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
 }
 
+} // namespace
+
+void DialogPrompts::message(QWidget* parent, const QString& text, Icon icon)
+{
+    showMessage(parent, text, icon, {});
+}
+
+void DialogPrompts::messageCaptioned(QWidget* parent, const QString& text, const QString& caption)
+{
+    showMessage(parent, text, Icon::Warning, caption);
+}
+
 bool DialogPrompts::confirm(QWidget* parent, const QString& text)
 {
+    return confirmCaptioned(parent, text, {});
+}
+
+bool DialogPrompts::confirmCaptioned(QWidget* parent, const QString& text, const QString& caption)
+{
     QMessageBox box(parent);
-    prepare(box, text);
+    prepare(box, text, caption);
     box.setIcon(QMessageBox::Question);
     draw(box, MessageSign::Question);
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);

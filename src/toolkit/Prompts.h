@@ -53,6 +53,15 @@ public:
     virtual void message(QWidget* parent, const QString& text, Icon icon = Icon::Warning) = 0;
     /// A modal yes/no question.
     virtual bool confirm(QWidget* parent, const QString& text) = 0;
+    /// The same under a caption; where it is empty, under that of the program.
+    virtual void messageCaptioned(QWidget* parent, const QString& text, const QString& /*caption*/)
+    {
+        message(parent, text);
+    }
+    virtual bool confirmCaptioned(QWidget* parent, const QString& text, const QString& /*caption*/)
+    {
+        return confirm(parent, text);
+    }
     /// A modal task dialog; the id of the chosen link, or kCancelled.
     virtual int ask(QWidget* parent, const TaskQuestion& question) = 0;
 

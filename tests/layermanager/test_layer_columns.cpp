@@ -34,7 +34,7 @@ TEST(LayerColumns, AreTheSeventeenInTheirOrder)
         SCOPED_TRACE(kExpected[i].header);
         EXPECT_EQ(static_cast<std::size_t>(column.column), i);
         EXPECT_EQ(column.headerText(), QLatin1String(kExpected[i].header));
-        EXPECT_EQ(column.headerId, kExpected[i].headerId);
+        EXPECT_EQ(column.header.id, kExpected[i].headerId);
         EXPECT_EQ(column.identifier, kExpected[i].identifier);
         EXPECT_EQ(column.width, kExpected[i].width);
         EXPECT_EQ(column.layoutsOnly, kExpected[i].layoutsOnly);

@@ -136,8 +136,8 @@ void TestLayerListModel::saysStatesInWords()
     write(*m_database, "Doors")->setIsOff(true);
     write(*m_database, "Doors")->setIsFrozen(true);
     const int doors = model.rowOf(id(*m_database, "Doors"));
-    QCOMPARE(text(model, doors, On, Qt::AccessibleTextRole), QStringLiteral("Off"));
-    QCOMPARE(text(model, doors, Freeze, Qt::AccessibleTextRole), QStringLiteral("Frozen"));
+    QCOMPARE(text(model, doors, On, Qt::AccessibleTextRole), QStringLiteral("On: no"));
+    QCOMPARE(text(model, doors, Freeze, Qt::AccessibleTextRole), QStringLiteral("Frozen: yes"));
     QCOMPARE(text(model, doors, Locked, Qt::ToolTipRole), QStringLiteral("Unlocked"));
     QCOMPARE(text(model, doors, Name, Qt::ToolTipRole), QStringLiteral("Doors"));
     QCOMPARE(text(model, 0, Status, Qt::ToolTipRole), QStringLiteral("Current layer"));

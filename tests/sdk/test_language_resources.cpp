@@ -1,20 +1,30 @@
+#include "sdk/CatalogueFormat.h"
 #include "sdk/KestSharedGlobals.h"
 #include "sdk/KsResString.h"
+#include "support/CatalogueBytes.h"
 #include "support/ExpectedWarning.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
 #include <QLocale>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
 constexpr int kTitle = 84536;
+constexpr char kDefaultTitle[] = "Layer Properties Manager";
+constexpr KsResText kTexts[] = {
+    {kTitle, QT_TRANSLATE_NOOP3("KsResString", "Layer Properties Manager", "84536")},
+    {51575, QT_TRANSLATE_NOOP3("KsResString", "Press F1 for more help.", "51575")},
+};
 
-/// A copy of the test module in a folder of its own, so that a string table can lie beside it.
+/// A copy of the test module in a folder of its own, so that a catalogue can lie beside it.
 class LanguageResources : public testing::Test
 {
 protected:
@@ -32,20 +42,26 @@ protected:
     {
         KsSetResourceHandle(0);
         QLocale::setDefault(QLocale::c());
+        KsLoadAppLangResourceDLL(m_anchor); // the language of this test goes
         m_library.unload();
     }
 
-    void writeTable(const char* language, const QByteArray& json)
+    QString catalogue(const char* language) const
     {
-        QFile file(m_folder.filePath(
-            QStringLiteral("sdk_test_module_%1.json").arg(QLatin1String(language))));
+        return m_folder.filePath(
+            QStringLiteral("sdk_test_module_%1.qm").arg(QLatin1String(language)));
+    }
+    void write(const char* language, const QByteArray& bytes)
+    {
+        QFile file(catalogue(language));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(json);
+        file.write(bytes);
     }
-    static QString title()
+    void writeTitle(const char* language, const QString& title)
     {
-        return KsResString(kTitle, QStringLiteral("Layer Properties Manager"));
+        write(language, catalogueBytes({{"KsResString", kDefaultTitle, "84536", title}}));
     }
+    static QString title() { return KsResString(kTitle, QLatin1String(kDefaultTitle)); }
 
     QTemporaryDir m_folder;
     QLibrary m_library;
@@ -57,91 +73,131 @@ protected:
 TEST_F(LanguageResources, GiveDefaultsWhileNoneIsCurrent)
 {
     EXPECT_EQ(KsGetResourceHandle(), 0);
-    EXPECT_EQ(title(), QStringLiteral("Layer Properties Manager"));
+    EXPECT_EQ(title(), QLatin1String(kDefaultTitle));
 }
 
-TEST_F(LanguageResources, GiveDefaultsForAModuleWithoutATable)
+TEST_F(LanguageResources, GiveDefaultsForAModuleWithoutACatalogue)
 {
     const KsResourceHandle handle = KsLoadAppLangResourceDLL(m_anchor);
     EXPECT_GT(handle, 0);
     const KsResourceScope scope(handle);
-    EXPECT_EQ(title(), QStringLiteral("Layer Properties Manager"));
+    EXPECT_EQ(title(), QLatin1String(kDefaultTitle));
 }
 
-TEST_F(LanguageResources, GiveTheTextsOfTheTableBesideTheModule)
+TEST_F(LanguageResources, GiveTheTextsOfTheCatalogueBesideTheModule)
 {
-    writeTable("de", R"({"84536": "Layer-Eigenschaften", "51575": "F1 dr\u00fccken"})");
+    write("de",
+          catalogueBytes({{"KsResString", kDefaultTitle, "84536", QStringLiteral("Layer-Manager")},
+                          {"KsResString", "Press F1 for more help.", "51575",
+                           QStringLiteral("F1 dr\u00fccken")}}));
     const KsResourceScope scope(KsLoadAppLangResourceDLL(m_anchor));
-    EXPECT_EQ(title(), QStringLiteral("Layer-Eigenschaften"));
-    EXPECT_EQ(KsResString(51575, {}), QStringLiteral("F1 dr\u00fccken"));
+    EXPECT_EQ(title(), QStringLiteral("Layer-Manager"));
+    EXPECT_EQ(KsResString(kTexts, 51575), QStringLiteral("F1 dr\u00fccken"));
+    EXPECT_EQ(KsResString(kTexts[0]), QStringLiteral("Layer-Manager"));
     EXPECT_EQ(KsResString(1, QStringLiteral("as it was")), QStringLiteral("as it was"));
+    EXPECT_THROW(KsResString(kTexts, 1), std::out_of_range);
 }
 
-TEST_F(LanguageResources, PreferTheTableOfTheCountry)
+TEST_F(LanguageResources, TellEqualTextsApartByTheirId)
 {
-    writeTable("de", R"({"84536": "allgemein"})");
-    writeTable("de_AT", R"({"84536": "hierzulande"})");
+    write("de",
+          catalogueBytes({{"KsResString", "On", "84773", QStringLiteral("Ein")},
+                          {"KsResString", "On", "84000", QStringLiteral("An")}}));
+    const KsResourceScope scope(KsLoadAppLangResourceDLL(m_anchor));
+    EXPECT_EQ(KsResString(84773, QStringLiteral("On")), QStringLiteral("Ein"));
+    EXPECT_EQ(KsResString(84000, QStringLiteral("On")), QStringLiteral("An"));
+}
+
+TEST_F(LanguageResources, TranslateTheOtherTextsOfTheModuleToo)
+{
+    write("de", catalogueBytes({{"LayerCells", "Frozen", "", QStringLiteral("Gefroren")}}));
+    KsLoadAppLangResourceDLL(m_anchor);
+    EXPECT_EQ(QCoreApplication::translate("LayerCells", "Frozen"), QStringLiteral("Gefroren"));
+    QLocale::setDefault(QLocale::c());
+    KsLoadAppLangResourceDLL(m_anchor);
+    EXPECT_EQ(QCoreApplication::translate("LayerCells", "Frozen"), QStringLiteral("Frozen"));
+}
+
+TEST_F(LanguageResources, AreReadAlsoWhileNoneIsCurrent)
+{
+    writeTitle("de", QStringLiteral("immer"));
+    KsLoadAppLangResourceDLL(m_anchor);
+    EXPECT_EQ(KsGetResourceHandle(), 0);
+    EXPECT_EQ(title(), QStringLiteral("immer"));
+}
+
+TEST_F(LanguageResources, PreferTheCatalogueOfTheCountry)
+{
+    writeTitle("de", QStringLiteral("allgemein"));
+    writeTitle("de_AT", QStringLiteral("hierzulande"));
     const KsResourceScope scope(KsLoadAppLangResourceDLL(m_anchor));
     EXPECT_EQ(title(), QStringLiteral("hierzulande"));
 }
 
-TEST_F(LanguageResources, LoadTheSameTableOnce)
+TEST_F(LanguageResources, LoadTheSameCatalogueOnce)
 {
-    writeTable("de", R"({"84536": "einmal"})");
+    writeTitle("de", QStringLiteral("einmal"));
     EXPECT_EQ(KsLoadAppLangResourceDLL(m_anchor), KsLoadAppLangResourceDLL(m_anchor));
 }
 
 TEST_F(LanguageResources, FollowAChangeOfTheLanguage)
 {
-    writeTable("de", R"({"84536": "deutsch"})");
-    writeTable("sv", R"({"84536": "svenska"})");
+    writeTitle("de", QStringLiteral("deutsch"));
+    writeTitle("sv", QStringLiteral("svenska"));
     const KsResourceHandle german = KsLoadAppLangResourceDLL(m_anchor);
     QLocale::setDefault(QLocale(QStringLiteral("sv_SE")));
-    const KsResourceScope scope(KsLoadAppLangResourceDLL(m_anchor));
-    EXPECT_NE(KsGetResourceHandle(), german);
+    const KsResourceHandle swedish = KsLoadAppLangResourceDLL(m_anchor);
+    EXPECT_NE(swedish, german);
     EXPECT_EQ(title(), QStringLiteral("svenska"));
+    const KsResourceScope scope(german);
+    EXPECT_EQ(title(), QStringLiteral("deutsch"));
 }
 
-TEST_F(LanguageResources, AreEmptyAndLogAWarningWhenTheTableIsBroken)
+TEST_F(LanguageResources, AreEmptyAndLogAWarningWhenTheFileIsNoCatalogue)
 {
-    const QByteArray broken[] = {"{\"84536\": \"half", "", "[\"84536\"]", "\xFF\xFE\x00 not json"};
-    const char* languages[] = {"de", "sv", "fr", "it"};
-    for (size_t i = 0; i < std::size(broken); ++i) {
-        writeTable(languages[i], broken[i]);
+    const QByteArray foreign[] = {"{\"84536\": \"half", "", "\xFF\xFE\x00 no catalogue",
+                                  catalogueBytes({}).first(16) + "\x96\x00\x00\x00\x01x",
+                                  catalogueBytes({}).first(16) + "\x2f\x00\x00\x00\x02\x00\x00"};
+    const char* languages[] = {"de", "sv", "fr", "it", "nl"};
+    for (size_t i = 0; i < std::size(foreign); ++i) {
+        write(languages[i], foreign[i]);
         QLocale::setDefault(QLocale(QString::fromLatin1(languages[i])));
-        const ExpectedWarning expected(QStringLiteral("is no string table"));
+        const ExpectedWarning expected(QStringLiteral("is not used as a catalogue"));
         const KsResourceScope scope(KsLoadAppLangResourceDLL(m_anchor));
-        EXPECT_EQ(title(), QStringLiteral("Layer Properties Manager"));
+        EXPECT_EQ(title(), QLatin1String(kDefaultTitle));
     }
 }
 
-TEST_F(LanguageResources, LeaveOutEntriesThatAreNoTexts)
+/// Each byte of a small catalogue is changed in turn, and the file is cut off after each one. A
+/// lookup in what is accepted reads nothing outside of the bytes.
+TEST_F(LanguageResources, StandACatalogueWithAnyByteBroken)
 {
-    writeTable("de", R"({"84536": 7, "51575": "Hilfe"})");
-    const ExpectedWarning number(QStringLiteral("left out: 84536"));
-    const KsResourceScope scope(KsLoadAppLangResourceDLL(m_anchor));
-    EXPECT_EQ(title(), QStringLiteral("Layer Properties Manager"));
-    EXPECT_EQ(KsResString(51575, {}), QStringLiteral("Hilfe"));
-}
-
-TEST_F(LanguageResources, LeaveOutEntriesWhoseKeyIsNoNumber)
-{
-    writeTable("de", R"({"title": "x", "84536": "Titel"})");
-    const ExpectedWarning key(QStringLiteral("left out: title"));
-    const KsResourceScope scope(KsLoadAppLangResourceDLL(m_anchor));
-    EXPECT_EQ(title(), QStringLiteral("Titel"));
-}
-
-TEST_F(LanguageResources, AreCurrentForAScopeAndGiveWayToTheOneBefore)
-{
-    writeTable("de", R"({"84536": "innen"})");
-    {
-        const KsResourceScope scope(KsLoadAppLangResourceDLL(m_anchor));
-        EXPECT_EQ(title(), QStringLiteral("innen"));
+    const QByteArray sound =
+        catalogueBytes({{"KsResString", kDefaultTitle, "84536", QStringLiteral("Layer-Manager")},
+                        {"LayerCells", "Frozen", "", QStringLiteral("Gefroren")}});
+    ASSERT_EQ(catalogueFault(sound), nullptr);
+    // What follows an empty section is not read, so it must not be what is checked either.
+    const QByteArray empty("\x69\x00\x00\x00\x00", 5);
+    EXPECT_NE(catalogueFault(sound + empty + sound.mid(16)), nullptr);
+    int refused = 0;
+    for (qsizetype at = 0; at < sound.size(); ++at) {
+        EXPECT_NE(catalogueFault(sound.first(at)), nullptr) << at;
+        for (const char value : {'\x00', '\x01', '\x7f', '\xff'}) {
+            QByteArray broken = sound;
+            broken[at] = value;
+            if (catalogueFault(broken)) {
+                ++refused;
+                continue;
+            }
+            QTranslator translator;
+            const std::vector<uchar> exact(broken.begin(), broken.end());
+            if (!translator.load(exact.data(), static_cast<int>(exact.size())))
+                continue;
+            EXPECT_LE(translator.translate("KsResString", kDefaultTitle, "84536").size(), 200);
+            EXPECT_LE(translator.translate("LayerCells", "Frozen").size(), 200);
+        }
     }
-    EXPECT_EQ(title(), QStringLiteral("Layer Properties Manager"));
-    EXPECT_EQ(KsSetResourceHandle(-5), 0);
-    EXPECT_EQ(title(), QStringLiteral("Layer Properties Manager"));
+    EXPECT_GT(refused, sound.size());
 }
 
 TEST_F(LanguageResources, MakeTheHostsOwnCurrentOnlyWhenAskedTo)

@@ -2,6 +2,7 @@
 
 #include "database/OdDbLinetypeTableRecord.h"
 #include "host/text/LineweightText.h"
+#include "io/DrawingFile.h"
 #include "sdk/CKsUndoRedoCommandHistory.h"
 #include "sdk/IKestSysvarManager.h"
 #include "sdk/KsApDocManager.h"
@@ -241,9 +242,16 @@ public:
     }
     int getString(const QString&, QString&) override { return kest::kError; }
     int getKeyword(const QString&, const QStringList&, int&) override { return kest::kError; }
-    int openDrawing(const QString&, std::unique_ptr<OdDbDatabase>&, QString&) override
+    int openDrawing(const QString& path, std::unique_ptr<OdDbDatabase>& drawing,
+                    QString& why) override
     {
-        return kest::kError;
+        try {
+            drawing = readDrawing(path);
+            return kest::kNormal;
+        } catch (const OdError& error) {
+            why = error.description();
+            return kest::kError;
+        }
     }
     int selectFile(const KestFileRequest& request, QString& path, int& filterIndex) override
     {

@@ -113,6 +113,21 @@ bool RecordingPrompts::confirm(QWidget* /*parent*/, const QString& text)
     return next(Kind::Confirm, text, 0) != 0;
 }
 
+void RecordingPrompts::messageCaptioned(QWidget* parent, const QString& text,
+                                        const QString& caption)
+{
+    message(parent, text, Icon::Warning);
+    m_asked.last().caption = caption;
+}
+
+bool RecordingPrompts::confirmCaptioned(QWidget* parent, const QString& text,
+                                        const QString& caption)
+{
+    const bool yes = confirm(parent, text);
+    m_asked.last().caption = caption;
+    return yes;
+}
+
 int RecordingPrompts::ask(QWidget* /*parent*/, const TaskQuestion& question)
 {
     m_asked.append({Kind::Ask, question.mainInstruction, Icon::Information, question});

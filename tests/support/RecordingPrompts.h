@@ -31,6 +31,7 @@ public:
         QString text; ///< the message, the main instruction of a task dialog, a dialog's title
         Icon icon; ///< of a message
         TaskQuestion question; ///< of a task dialog
+        QString caption = {}; ///< of a message or question that has one
     };
 
     RecordingPrompts();
@@ -70,6 +71,8 @@ public:
 
     void message(QWidget* parent, const QString& text, Icon icon) override;
     bool confirm(QWidget* parent, const QString& text) override;
+    void messageCaptioned(QWidget* parent, const QString& text, const QString& caption) override;
+    bool confirmCaptioned(QWidget* parent, const QString& text, const QString& caption) override;
     int ask(QWidget* parent, const TaskQuestion& question) override;
     QString openFile(QWidget* parent, const FileQuestion& question) override;
     QString saveFile(QWidget* parent, const FileQuestion& question) override;

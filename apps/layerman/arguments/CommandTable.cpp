@@ -47,6 +47,17 @@ constexpr OptionInfo kOptions[] = {
                        "Do not turn the current layer off; without this it is, with a note.")},
     {Backup, 0, "backup", nullptr,
      QT_TRANSLATE_NOOP("layerman", "Keep each file that is replaced under its name with ~ added.")},
+    {Mask, 0, "mask", "LIST",
+     QT_TRANSLATE_NOOP("layerman",
+                       "The properties that a restore brings back, with commas between, or all, "
+                       "or none. To restore, the state's own without this; to save a new state, "
+                       "all.")},
+    {TurnOffMissing, 0, "turn-off-missing", nullptr,
+     QT_TRANSLATE_NOOP("layerman", "Turn off the layers that the state does not have.")},
+    {Description, 0, "description", "TEXT",
+     QT_TRANSLATE_NOOP("layerman", "The description of the state that is saved.")},
+    {Replace, 0, "replace", nullptr,
+     QT_TRANSLATE_NOOP("layerman", "Save over states that are there already.")},
     {Help, 'h', "help", nullptr, QT_TRANSLATE_NOOP("layerman", "Print help and do nothing else.")},
 };
 
@@ -64,10 +75,22 @@ constexpr OperandInfo kSetOperands[] = {
                        "looks like this is written with its folder: ./a=b.dxf.")},
 };
 
+constexpr OperandInfo kStatesOperands[] = {
+    kFile,
+    {"ACTION",
+     QT_TRANSLATE_NOOP("layerman",
+                       "What to do, and what belongs to it. A file that is named like an action is "
+                       "written with its folder: ./list.")},
+};
+
 constexpr OptionId kListOptions[] = {Filter, Expr, Search, Invert, Columns, Format, Inches, Help};
 constexpr OptionId kFiltersOptions[] = {Format, Help};
 constexpr OptionId kSetOptions[] = {Filter,  Expr,   Search,        Invert, OptionId::Output,
                                     InPlace, DryRun, KeepCurrentOn, Backup, Help};
+
+constexpr OptionId kStatesOptions[] = {
+    Format,           Mask,    TurnOffMissing, Description, Replace,
+    OptionId::Output, InPlace, DryRun,         Backup,      Help};
 
 constexpr const char* kListFormats[] = {"table", "csv", "json"};
 constexpr const char* kFiltersFormats[] = {"table", "json"};
@@ -113,6 +136,19 @@ constexpr CommandInfo kCommands[] = {
      kSetOptions,
      kSetOperands,
      {}},
+    {CommandId::States, "states",
+     "FILE... (list [--format table|json] | save NAME [--description TEXT] [--mask LIST] "
+     "[--replace] | restore NAME [--mask LIST] [--turn-off-missing] | rename NAME NEWNAME | delete "
+     "NAME | export NAME OUT.las | import IN.las [--replace]) [-o OUT | --in-place | --dry-run] "
+     "[--backup]",
+     QT_TRANSLATE_NOOP("layerman", "Lists, makes and restores layer states of drawings."),
+     QT_TRANSLATE_NOOP("layerman",
+                       "A layer state is a named snapshot of the settings of all layers. Names are "
+                       "compared without regard to case. All actions but list and export change "
+                       "the drawings and need to know where they go, as set does.\n\n"
+                       "A drawing that does not have the state fails, and the others go on. A "
+                       "name that is taken is refused, and told as FILE: reason."),
+     kStatesOptions, kStatesOperands, kFiltersFormats},
 };
 
 constexpr OperandInfo kProgramOptions[] = {
@@ -129,6 +165,8 @@ constexpr ExampleInfo kExamples[] = {
      QT_TRANSLATE_NOOP("layerman", "Locks the layers of a filter and makes them grey.")},
     {"find plans -name '*.dxf' | layerman set - --search DEFPOINTS plot=no -o done/",
      QT_TRANSLATE_NOOP("layerman", "Copies of many drawings, one layer of each not plotted.")},
+    {"layerman states plans/*.dxf import standard.las --replace --in-place",
+     QT_TRANSLATE_NOOP("layerman", "Gives many drawings the layer states of a file.")},
 };
 } // namespace
 

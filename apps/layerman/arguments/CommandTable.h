@@ -19,6 +19,10 @@ enum class OptionId {
     DryRun,
     KeepCurrentOn,
     Backup,
+    Mask,
+    TurnOffMissing,
+    Description,
+    Replace,
     Help,
 };
 
@@ -37,7 +41,7 @@ struct OperandInfo
     const char* text;
 };
 
-enum class CommandId { List, Filters, Set };
+enum class CommandId { List, Filters, Set, States };
 
 struct CommandInfo
 {

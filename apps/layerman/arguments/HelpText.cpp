@@ -4,6 +4,8 @@
 #include "layerman/ExitStatus.h"
 #include "layerman/editing/PropertyTable.h"
 #include "layerman/listing/ColumnTable.h"
+#include "layerman/states/MaskNames.h"
+#include "layerman/states/StateActions.h"
 
 #include <QStringList>
 
@@ -144,6 +146,14 @@ QString commandHelp(const CommandInfo& command)
             text +=
                 row(QLatin1String(property.name) + QLatin1Char('=') + QLatin1String(property.value),
                     CompanionText::tr(property.text));
+    }
+    if (command.id == CommandId::States) {
+        text += heading(QT_TRANSLATE_NOOP("layerman", "Actions:"));
+        for (const StateActionInfo& action : stateActions())
+            text += row(stateActionText(action), CompanionText::tr(action.text));
+        text += heading(QT_TRANSLATE_NOOP("layerman", "Properties of a mask:"));
+        for (const MaskName& property : maskNames())
+            text += row(QLatin1String(property.name), CompanionText::tr(property.text));
     }
     return text + exitTexts() + QLatin1Char('\n')
         + wrapped({}, CompanionText::tr(exitPrecedence()), 0);

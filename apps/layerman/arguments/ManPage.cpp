@@ -6,6 +6,8 @@
 #include "layerman/arguments/HelpText.h"
 #include "layerman/editing/PropertyTable.h"
 #include "layerman/listing/ColumnTable.h"
+#include "layerman/states/MaskNames.h"
+#include "layerman/states/StateActions.h"
 
 #include <QStringList>
 
@@ -116,6 +118,12 @@ QString tables()
         text +=
             item(QLatin1String(property.name) + QLatin1Char('=') + QLatin1String(property.value),
                  CompanionText::tr(property.text));
+    text += section(QStringLiteral("ACTIONS OF STATES"));
+    for (const StateActionInfo& action : stateActions())
+        text += item(stateActionText(action), CompanionText::tr(action.text));
+    text += section(QStringLiteral("PROPERTIES OF A MASK"));
+    for (const MaskName& property : maskNames())
+        text += item(QLatin1String(property.name), CompanionText::tr(property.text));
     text += section(QStringLiteral("EXIT STATUS"));
     for (const ExitStatusInfo& info : exitStatuses())
         text += item(QString::number(static_cast<int>(info.status)), CompanionText::tr(info.text));

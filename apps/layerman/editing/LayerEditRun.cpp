@@ -6,6 +6,7 @@
 #include "database/states/DrawingLayers.h"
 #include "layerman/CompanionText.h"
 #include "layerman/Output.h"
+#include "layerman/editing/ChangeLine.h"
 #include "layerman/listing/ColumnTable.h"
 #include "layermanager/layers/LayerUndoRecord.h"
 
@@ -205,11 +206,6 @@ void LayerEditRun::tellChanges(const PropertyEdit& edit, const Layers& layers,
         const QString now = textOf(edit, layers[i]);
         if (now == old)
             continue;
-        const auto shown = [](const QString& text) {
-            return text.isEmpty() ? QStringLiteral("\"\"") : Output::escaped(text);
-        };
-        m_output->print(QStringLiteral("%1: %2: %3 %4 -> %5\n")
-                            .arg(Output::escaped(m_file), Output::escaped(layers[i].name),
-                                 name(edit), shown(old), shown(now)));
+        m_output->print(changeLine(m_file, layers[i].name, name(edit), old, now));
     }
 }

@@ -37,7 +37,8 @@ SaveTargets::SaveTargets(const ParsedCommand& command, const QStringList& files)
 {
     if (!command.has(OptionId::Output)) {
         if (!m_isInPlace && !m_isDryRun)
-            refuse(CompanionText::tr("set needs -o OUT, --in-place or --dry-run."));
+            refuse(CompanionText::tr("%1 needs -o OUT, --in-place or --dry-run.")
+                       .arg(QLatin1String(command.command().name)));
         return;
     }
     if (m_isInPlace)

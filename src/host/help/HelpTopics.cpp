@@ -12,6 +12,7 @@ constexpr TopicPage kPages[] = {
     {help_topics::kPropertyFilter, "property-filters.md"},
     {help_topics::kLayerStates, "layer-states.md"},
     {help_topics::kPalette, "palette.md"},
+    {help_topics::kLayerSettings, "layer-settings.md"},
     {help_topics::kCommandLine, "command-line.md"},
     {help_topics::kCanvas, "canvas.md"},
     {help_topics::kFiles, "files.md"},

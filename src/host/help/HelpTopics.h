@@ -10,6 +10,7 @@ constexpr int kContents = 1;
 constexpr int kPropertyFilter = 704; ///< the property filter dialog
 constexpr int kLayerStates = 706; ///< the dialogs of layer states
 constexpr int kPalette = 1000; ///< like the palette's docking pane
+constexpr int kLayerSettings = 1001; ///< the palette's settings
 constexpr int kCommandLine = 2000; ///< like the command line's docking pane
 constexpr int kCanvas = 2001;
 constexpr int kFiles = 2002;

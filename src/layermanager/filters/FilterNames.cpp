@@ -1,7 +1,7 @@
 #include "layermanager/filters/FilterNames.h"
 
 #include "base/NameCharacters.h"
-#include "sdk/KsResString.h"
+#include "layermanager/filters/FilterTexts.h"
 
 #include <QSet>
 
@@ -83,16 +83,9 @@ QString filterNameRefusal(FilterNameVerdict verdict)
 {
     switch (verdict) {
     case FilterNameVerdict::InvalidCharacters:
-        // "Followinf" is deliberate: the text is known by that spelling.
-        return KsResString(84539,
-                           QStringLiteral("Invalid Characters in filter name.\n\n"
-                                          "Followinf characters are not valid in Filter names:\n"
-                                          "    %1")
-                               .arg(kNotInFilters));
+        return KsResString(filterTexts(), 84539).arg(kNotInFilters);
     case FilterNameVerdict::NotUnique:
-        // The blank in front of the last line is deliberate.
-        return KsResString(84540,
-                           QStringLiteral("Invalid Filter name.\n\n Filter name must be unique."));
+        return KsResString(filterTexts(), 84540);
     case FilterNameVerdict::Accepted:
     case FilterNameVerdict::Unchanged:
         break;

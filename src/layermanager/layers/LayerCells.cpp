@@ -33,6 +33,23 @@ constexpr StateWords kStateWords[] = {
      QT_TRANSLATE_NOOP("LayerCells", "Thawed in the active viewport")},
 };
 
+/// What assistive programs say about a flag: the property and yes or no.
+struct SpokenFlag
+{
+    LayerColumn column;
+    const char* text;
+    bool flagMeansYes;
+};
+
+constexpr SpokenFlag kSpokenFlags[] = {
+    {On, QT_TRANSLATE_NOOP("LayerCells", "On: %1"), false},
+    {Freeze, QT_TRANSLATE_NOOP("LayerCells", "Frozen: %1"), true},
+    {Locked, QT_TRANSLATE_NOOP("LayerCells", "Locked: %1"), true},
+    {Plot, QT_TRANSLATE_NOOP("LayerCells", "Plotted: %1"), true},
+    {NewVpFreeze, QT_TRANSLATE_NOOP("LayerCells", "Frozen in new viewports: %1"), true},
+    {VpFreeze, QT_TRANSLATE_NOOP("LayerCells", "Frozen in the active viewport: %1"), true},
+};
+
 constexpr const char* kStatusWords[] = {
     QT_TRANSLATE_NOOP("LayerCells", "Current layer"),
     QT_TRANSLATE_NOOP("LayerCells", "Not in use"),
@@ -151,6 +168,22 @@ QString layerCellStateText(const OdDbLayerTableRecord& layer, LayerColumn column
             return words(layerCellFlag(layer, column, context) ? state.whenTrue : state.whenFalse);
     }
     return {};
+}
+
+QString layerCellSpokenText(const OdDbLayerTableRecord& layer, LayerColumn column,
+                            const LayerCellContext& context)
+{
+    if (layerColumnInfo(column).layoutsOnly && !context.viewportReadable())
+        return {};
+    for (const SpokenFlag& spoken : kSpokenFlags) {
+        if (spoken.column != column)
+            continue;
+        const bool yes = layerCellFlag(layer, column, context) == spoken.flagMeansYes;
+        return words(spoken.text)
+            .arg(words(yes ? QT_TRANSLATE_NOOP("LayerCells", "yes")
+                           : QT_TRANSLATE_NOOP("LayerCells", "no")));
+    }
+    return layerCellStateText(layer, column, context);
 }
 
 OdCmColor layerCellColor(const OdDbLayerTableRecord& layer, LayerColumn column,

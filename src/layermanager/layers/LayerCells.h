@@ -40,6 +40,10 @@ bool layerCellFlag(const OdDbLayerTableRecord& layer, LayerColumn column,
 QString layerCellStateText(const OdDbLayerTableRecord& layer, LayerColumn column,
                            const LayerCellContext& context);
 
+/// The same for assistive programs, which say it without the column: "Frozen: yes".
+QString layerCellSpokenText(const OdDbLayerTableRecord& layer, LayerColumn column,
+                            const LayerCellContext& context);
+
 /// Colour of the Color and VP Color cells.
 OdCmColor layerCellColor(const OdDbLayerTableRecord& layer, LayerColumn column,
                          const LayerCellContext& context);

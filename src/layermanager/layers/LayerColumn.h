@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QLatin1String>
+#include "sdk/KsResString.h"
+
 #include <QString>
 
 #include <array>
@@ -34,8 +35,7 @@ enum class LayerCellKind { StatusIcon, Text, Flag, Color, Lineweight };
 struct LayerColumnInfo
 {
     LayerColumn column;
-    int headerId; ///< resource id of the header text
-    QLatin1String header; ///< its default
+    KsResText header;
     int identifier; ///< fixed number of the column; not in column order, deliberately
     int width; ///< initial, in pixels
     bool layoutsOnly; ///< hidden while model space is current

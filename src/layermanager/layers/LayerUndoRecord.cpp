@@ -12,7 +12,7 @@ constexpr int kGroupOpen = 8;
 
 } // namespace
 
-void beginLayerUndoRecord(OdDbDatabase& database)
+void beginLayerUndoRecord(OdDbDatabase& database, const QString& command)
 {
     if (readHostInt(QStringLiteral("CMDACTIVE")).value_or(0) != 0)
         return;
@@ -22,6 +22,6 @@ void beginLayerUndoRecord(OdDbDatabase& database)
             return;
     }
     if (CKsUndoRedoCommandHistory* history = ksUndoRedoHistory())
-        history->AddCommand(QStringLiteral("_LAYER"));
+        history->AddCommand(command);
     database.startUndoRecord();
 }

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <QString>
+
 class OdDbDatabase;
 
 /// Opens the undo record for one edit made from the palette, unless the edit is to join the record
-/// of a running command or, by the user's preference, that of the edit before.
-void beginLayerUndoRecord(OdDbDatabase& database);
+/// of a running command or, by the user's preference, that of the edit before. `command` names
+/// the record in the Undo menu.
+void beginLayerUndoRecord(OdDbDatabase& database,
+                          const QString& command = QStringLiteral("_LAYER"));

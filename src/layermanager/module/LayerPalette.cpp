@@ -12,6 +12,8 @@ namespace {
 constexpr QRect kInitialRect(0, 0, 550, 200);
 constexpr QSize kMinTrackSize(355, 200);
 constexpr QSize kMaxTrackSize(1280, 700);
+constexpr KsResText kTitle{84536,
+                           QT_TRANSLATE_NOOP3("KsResString", "Layer Properties Manager", "84536")};
 
 CXTPDockingPaneManager* paneManager()
 {
@@ -32,7 +34,7 @@ void createPalette(CXTPDockingPaneManager& manager)
     const bool isNew = !pane;
     if (isNew)
         pane = createPane(manager);
-    pane->SetTitle(KsResString(84536, QStringLiteral("Layer Properties Manager")));
+    pane->SetTitle(KsResString(kTitle));
     auto* view = new CLayerPaneView(KestSharedGlobals::GetCMainWindow());
     pane->AttachView(view);
     LayerModuleState::s_pLayerPaneView = view;

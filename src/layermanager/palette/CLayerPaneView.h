@@ -31,13 +31,6 @@ class QLineEdit;
 class QSplitter;
 class QToolButton;
 
-/// Dialogs that the palette opens. The button of one that is not there is disabled.
-struct LayerPaneDialogs
-{
-    std::function<void(QWidget* parent, OdDbDatabase& database)> layerStates;
-    std::function<void(QWidget* parent)> settings;
-};
-
 /// The form that fills the palette's pane: filter tree and layer list, what searches and narrows
 /// the list, the toolbars, and the lines that tell what is shown.
 class CLayerPaneView : public QWidget, public CToolTipImpl, public PaneCommandTarget
@@ -80,7 +73,6 @@ public:
     /// How often a filter was evaluated to list its layers.
     int filterEvaluations() const { return m_filterEvaluations; }
 
-    void setDialogs(LayerPaneDialogs dialogs);
     void command(int id) override;
     bool isCommandEnabled(int id) const override;
     bool isCommandChecked(int id) const override;
@@ -168,7 +160,6 @@ private:
     CLayerSearchBox* m_searchBox = nullptr;
     OdDbDatabase* m_pDb = nullptr;
     LayerSearch m_search;
-    LayerPaneDialogs m_dialogs;
     QHash<int, QString> m_toolTexts;
     QTimer m_countTimer{this}; ///< one update of the status line for many layers
     int m_filterEvaluations = 0;

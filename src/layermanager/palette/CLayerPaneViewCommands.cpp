@@ -2,11 +2,12 @@
 
 #include "layermanager/filters/tree/FilterCommands.h"
 #include "layermanager/filters/view/CLayerTreeVw.h"
+#include "layermanager/layer_states/LayerStateDialogs.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
-#include "layermanager/module/LayerModuleState.h"
 #include "layermanager/palette/CLayerPaneTBar.h"
 #include "layermanager/palette/CLayerPaneView.h"
+#include "layermanager/palette/CLayerSettingsDlg.h"
 #include "layermanager/palette/pane/PaneCommands.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@
 namespace {
 
 /// What a command needs to be enabled.
-enum class Need { Nothing, Drawing, Rows, StatesDialog, SettingsDialog };
+enum class Need { Nothing, Drawing, Rows };
 
 } // namespace
 
@@ -34,9 +35,9 @@ const CLayerPaneView::Command* CLayerPaneView::commandOf(int id)
         {kToolbarSetCurrent, &CLayerPaneView::makeCurrent, Need::Rows},
         {kToolbarNewGroupFilter, &CLayerPaneView::newFilter, Need::Drawing},
         {kToolbarNewPropertyFilter, &CLayerPaneView::newFilter, Need::Drawing},
-        {kLayerStates, &CLayerPaneView::openLayerStates, Need::StatesDialog},
+        {kLayerStates, &CLayerPaneView::openLayerStates, Need::Drawing},
         {kRefreshList, &CLayerPaneView::refreshList, Need::Drawing},
-        {kLayerSettings, &CLayerPaneView::openSettings, Need::SettingsDialog},
+        {kLayerSettings, &CLayerPaneView::openSettings, Need::Nothing},
         {kSearchButton, &CLayerPaneView::searchNow, Need::Drawing},
         {kShowFilterTree, &CLayerPaneView::toggleTree, Need::Nothing},
     };
@@ -64,10 +65,6 @@ bool CLayerPaneView::isCommandEnabled(int id) const
         return m_pDb;
     case Need::Rows:
         return m_pDb && grid()->layerModel().rowCount() > 0;
-    case Need::StatesDialog:
-        return m_pDb && m_dialogs.layerStates;
-    case Need::SettingsDialog:
-        return static_cast<bool>(m_dialogs.settings);
     }
     return false;
 }
@@ -88,12 +85,6 @@ CLayerPaneTBar* CLayerPaneView::toolbar(int id) const
     const auto found = std::find_if(m_toolbars.begin(), m_toolbars.end(),
                                     [id](const CLayerPaneTBar* bar) { return bar->id() == id; });
     return found == m_toolbars.end() ? nullptr : *found;
-}
-
-void CLayerPaneView::setDialogs(LayerPaneDialogs dialogs)
-{
-    m_dialogs = std::move(dialogs);
-    updateCommands();
 }
 
 void CLayerPaneView::deleteLayers(int id)
@@ -125,14 +116,12 @@ void CLayerPaneView::newFilter(int id)
 
 void CLayerPaneView::openLayerStates(int)
 {
-    const KsResourceScope texts(LayerModuleState::s_languageResource);
-    m_dialogs.layerStates(this, *m_pDb);
+    openLayerStateManager(this);
 }
 
 void CLayerPaneView::openSettings(int)
 {
-    const KsResourceScope texts(LayerModuleState::s_languageResource);
-    m_dialogs.settings(this);
+    CLayerSettingsDlg::run(this);
 }
 
 /// Asks for the layers anew, whatever is known of them.

@@ -1,7 +1,9 @@
 // The palette's controls and their places.
 
 #include "layermanager/filters/view/CLayerTreeVw.h"
+#include "layermanager/layer_states/LayerStateDialogs.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
+#include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/palette/CLayerListVw.h"
 #include "layermanager/palette/CLayerPaneTBar.h"
 #include "layermanager/palette/CLayerPaneView.h"
@@ -175,6 +177,9 @@ void CLayerPaneView::connectParts()
             &CLayerPaneView::UpdateCurrentLayerLine);
     connect(grid(), &CLayerListCtrl::layersChanged, m_treeView,
             &CLayerTreeVw::UpdateUnreconciledNode);
+    grid()->setStateDialogs([this](int id) {
+        id == kNewLayerState ? openNewLayerState(this) : openLayerStateManager(this);
+    });
     connect(m_treeView, &CLayerTreeVw::selectedLayersChanged, this, &CLayerPaneView::followFilter);
     connect(m_treeView, &CLayerTreeVw::layersChanged, this, &CLayerPaneView::layersChangedByTree);
     connect(m_searchBox, &QLineEdit::textEdited, this, &CLayerPaneView::ApplySearch);

@@ -17,6 +17,9 @@ constexpr int kIsWindow = 0x1; ///< flag: the tool is known by its window
 constexpr quint32 kNotAButton = 0x80000002;
 constexpr QMargins kMargins(-2, -2, -2, -2);
 
+constexpr KsResText kHelpLine{
+    51575, QT_TRANSLATE_NOOP3("KsResString", "Press F1 for more help.", "51575")};
+
 constexpr auto kPanel = "<StackPanel Margin='1' MaxWidth='400' Background='#F1F1FA'>";
 constexpr auto kTitle = "<TextBlock Padding='1, 2, 1, 2' FontWeight='Bold'>%s</TextBlock>";
 constexpr auto kDescription = "<TextBlock Padding='2, 2, 10, 3' TextWrapping='Wrap'>%s</TextBlock>";
@@ -53,7 +56,7 @@ QString block(const char* layout, const QString& text)
 QString toolTipMarkup(const QString& text)
 {
     const auto [title, description, third] = partsOf(text);
-    const QString help = KsResString(51575, QStringLiteral("Press F1 for more help."));
+    const QString help = KsResString(kHelpLine);
     QString blocks;
     if (title.isEmpty() && description.isEmpty() && !third.isEmpty()) {
         blocks = block(kOnlyThird, third) + block(kHelp, help);

@@ -1,11 +1,11 @@
 #include "layermanager/filters/FilterNames.h"
-#include "sdk/KsResString.h"
+#include "layermanager/filters/FilterTexts.h"
 #include "sdk/ModulePath.h"
+#include "support/CatalogueBytes.h"
 
 #include <QFile>
-#include <QFileInfo>
-#include <QLocale>
 #include <QScopeGuard>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -210,16 +210,22 @@ TEST_F(FilterNames, ARefusalIsToldInTheseWords)
 
 TEST_F(FilterNames, TheWordsOfARefusalCanBeThoseOfAnotherLanguage)
 {
-    const QFileInfo program(modulePathOf(nullptr));
-    QFile table(program.path() + QLatin1Char('/') + program.completeBaseName()
-                + QStringLiteral("_eo.json"));
-    ASSERT_TRUE(table.open(QIODevice::WriteOnly));
-    const auto remove = qScopeGuard([&] { table.remove(); });
-    table.write(R"({"84539": "Signoj", "84540": "Nomo"})");
-    table.close();
-    QLocale::setDefault(QLocale(QStringLiteral("eo")));
-    const auto restore = qScopeGuard([] { QLocale::setDefault(QLocale::c()); });
-    const KsResourceScope scope(KsLoadAppLangResourceDLL(nullptr));
-    EXPECT_EQ(filterNameRefusal(Verdict::InvalidCharacters).toStdString(), "Signoj");
+    QTemporaryDir folder;
+    QFile catalogue(folder.filePath(QStringLiteral("signs.qm")));
+    ASSERT_TRUE(catalogue.open(QIODevice::WriteOnly));
+    QList<CatalogueText> texts;
+    for (const KsResText& text : filterTexts()) {
+        const QString translation = text.id == 84539 ? QStringLiteral("Signoj: %1")
+            : text.id == 84540                       ? QStringLiteral("Nomo")
+                                                     : QStringLiteral("-");
+        texts.append({"KsResString", text.source.text, text.source.comment, translation});
+    }
+    catalogue.write(catalogueBytes(texts));
+    catalogue.close();
+    const QString program = modulePathOf(nullptr);
+    const auto restore = qScopeGuard([&] { KsLoadLanguageCatalogue(program, QString()); });
+    const KsResourceScope scope(KsLoadLanguageCatalogue(program, catalogue.fileName()));
+    EXPECT_EQ(filterNameRefusal(Verdict::InvalidCharacters).toStdString(),
+              "Signoj: <>/\\\":;?*|,=`");
     EXPECT_EQ(filterNameRefusal(Verdict::NotUnique).toStdString(), "Nomo");
 }

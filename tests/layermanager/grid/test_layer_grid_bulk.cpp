@@ -74,7 +74,7 @@ private:
         int count = 0;
         for (int row = 0; row < grid().model()->rowCount(); ++row) {
             const QModelIndex index = grid().model()->index(row, static_cast<int>(column));
-            count += index.data(Qt::AccessibleTextRole).toString() == text ? 1 : 0;
+            count += index.data(Qt::ToolTipRole).toString() == text ? 1 : 0;
         }
         return count;
     }

@@ -1,6 +1,6 @@
 #include "layermanager/filters/tree/FilterCommands.h"
 
-#include "sdk/KsResString.h"
+#include "layermanager/filters/FilterTexts.h"
 
 #include <QCoreApplication>
 
@@ -77,9 +77,9 @@ QString filterMenuText(FilterMenu menu)
     case FilterMenu::Lock:
         return QCoreApplication::translate("FilterTree", "&Lock");
     case FilterMenu::Viewport:
-        return KsResString(40116, QStringLiteral("Vie&wport"));
+        return KsResString(filterTexts(), 40116);
     case FilterMenu::SelectLayers:
-        return KsResString(40117, QStringLiteral("&Select Layers"));
+        return KsResString(filterTexts(), 40117);
     }
     return {};
 }

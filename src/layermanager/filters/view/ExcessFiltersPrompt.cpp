@@ -2,9 +2,9 @@
 
 #include "database/OdDbDatabase.h"
 #include "database/OdDbDatabaseReactor.h"
+#include "layermanager/filters/FilterTexts.h"
 #include "layermanager/filters/tree/ExcessFilters.h"
 #include "sdk/KsApDocManager.h"
-#include "sdk/KsResString.h"
 #include "toolkit/Prompts.h"
 
 namespace {
@@ -45,18 +45,11 @@ private:
 TaskQuestion excessFiltersQuestion()
 {
     TaskQuestion question;
-    question.windowTitle = KsResString(40272, QStringLiteral("Layer - Excess Layer Filters"));
-    question.mainInstruction =
-        KsResString(40273,
-                    QStringLiteral("There are more layer filters in this drawing than layers. "
-                                   "What do you want to do?"));
-    question.content = KsResString(
-        40274,
-        QStringLiteral("Extra layer filters might have been created in error. Too many layer "
-                       "filters can result in slower performance."));
-    question.links = {
-        {kDeleteAll, KsResString(40275, QStringLiteral("Delete all layer filters (recommended)"))},
-        {kRetainAll, KsResString(40276, QStringLiteral("Retain all layer filters"))}};
+    question.windowTitle = KsResString(filterTexts(), 40272);
+    question.mainInstruction = KsResString(filterTexts(), 40273);
+    question.content = KsResString(filterTexts(), 40274);
+    question.links = {{kDeleteAll, KsResString(filterTexts(), 40275)},
+                      {kRetainAll, KsResString(filterTexts(), 40276)}};
     question.defaultLink = kDeleteAll;
     question.widthInDialogUnits = kWidth;
     return question;

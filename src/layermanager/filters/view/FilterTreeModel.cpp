@@ -1,15 +1,26 @@
 #include "layermanager/filters/view/FilterTreeModel.h"
 
-#include "database/filters/FilterRecords.h"
-#include "sdk/KsResString.h"
+#include "layermanager/filters/FilterTexts.h"
 
 namespace {
 
+/// The fixed nodes are named in the user's language; the drawing keeps their own names.
 QString label(const FilterNode& node)
 {
-    return node.kind == FilterNodeKind::Unreconciled
-        ? KsResString(84538, FilterRecords::kUnreconciled)
-        : node.key.name;
+    if (node.kind == FilterNodeKind::Unreconciled)
+        return KsResString(filterTexts(), 84538);
+    static constexpr const char* kFixedNames[] = {
+        QT_TRANSLATE_NOOP("FilterTreeModel", "All"),
+        QT_TRANSLATE_NOOP("FilterTreeModel", "All used layers"),
+        QT_TRANSLATE_NOOP("FilterTreeModel", "External References"),
+    };
+    const bool isFixed = node.kind == FilterNodeKind::All || node.kind == FilterNodeKind::UsedLayers
+        || (node.kind == FilterNodeKind::ExternalReference && node.block.isNull());
+    for (const char* name : kFixedNames) {
+        if (isFixed && node.key.name == QLatin1String(name))
+            return FilterTreeModel::tr(name);
+    }
+    return node.key.name;
 }
 
 QString kindInWords(const FilterNode& node)

@@ -3,6 +3,7 @@
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
+#include "layermanager/layers/LayerTexts.h"
 #include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/layers/grid/LayerValuePick.h"
@@ -11,7 +12,6 @@
 #include "layermanager/layers/operations/LayerEdits.h"
 #include "layermanager/layers/operations/LayerOperations.h"
 #include "sdk/IKestServicesManager.h"
-#include "sdk/KsResString.h"
 #include "toolkit/Prompts.h"
 
 namespace {
@@ -23,16 +23,11 @@ constexpr int kKeepCurrentOn = 102;
 TaskQuestion turnOffQuestion()
 {
     TaskQuestion question;
-    question.windowTitle = KsResString(85403, QStringLiteral("Layer - Current Layer off"));
-    question.mainInstruction = KsResString(
-        85404, QStringLiteral("The current Layer will be turned off.What do you want to do?"));
+    question.windowTitle = KsResString(layerTexts(), 85403);
+    question.mainInstruction = KsResString(layerTexts(), 85404);
     question.links = {
-        {101,
-         KsResString(85405,
-                     QStringLiteral("Turn the current layer off \n Objects that you create on will "
-                                    "not be displayed in the drawing until you turn the layer back "
-                                    "on"))},
-        {kKeepCurrentOn, KsResString(85406, QStringLiteral("Keep the current layer on"))},
+        {101, KsResString(layerTexts(), 85405)},
+        {kKeepCurrentOn, KsResString(layerTexts(), 85406)},
     };
     return question;
 }
@@ -46,10 +41,7 @@ bool CLayerListCtrl::preCheck()
     const QString running = readHostString(QStringLiteral("CMDNAMES")).value_or(QString());
     if (running.compare(QLatin1String("-LAYER"), Qt::CaseInsensitive) != 0)
         return false;
-    Prompts::current().message(
-        this,
-        KsResString(40182,
-                    QStringLiteral("Unable to modify layers while another command is active.")));
+    Prompts::current().message(this, KsResString(layerTexts(), 40182));
     return true;
 }
 

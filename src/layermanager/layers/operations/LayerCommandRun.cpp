@@ -2,10 +2,10 @@
 
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTableRecord.h"
+#include "layermanager/layers/LayerTexts.h"
 #include "layermanager/layers/operations/LayerActions.h"
 #include "layermanager/layers/operations/LayerDeletion.h"
 #include "layermanager/layers/operations/LayerOverrides.h"
-#include "sdk/KsResString.h"
 
 #include <algorithm>
 
@@ -69,7 +69,7 @@ LayerOutcome removeOverrides(const Call& call)
 LayerOutcome sayUnsupported(const Call&)
 {
     LayerOutcome outcome;
-    outcome.message = KsResString(84508, QStringLiteral("Not yet supported"));
+    outcome.message = KsResString(layerTexts(), 84508);
     return outcome;
 }
 

@@ -5,8 +5,8 @@
 #include "database/OdDbDictionaryVar.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
+#include "layermanager/layers/LayerTexts.h"
 #include "layermanager/layers/operations/UndoRecordOnDemand.h"
-#include "sdk/KsResString.h"
 
 #include <QCoreApplication>
 
@@ -28,11 +28,7 @@ bool isDefpoints(const QString& name)
 
 QString messageText()
 {
-    // The blanks before line ends and the mix of capitals are deliberate.
-    return KsResString(84515,
-                       QStringLiteral("The Following Layers Cannot be deleted.\n .Layer 0 and "
-                                      "Defpoints\n .current layer \n .Layers containing objects \n "
-                                      ".xref-dependent layers"));
+    return KsResString(layerTexts(), 84515);
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 #include "database/OdDbEntity.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
-#include "sdk/KsResString.h"
+#include "layermanager/layers/LayerTexts.h"
 
 #include <QCoreApplication>
 
@@ -18,7 +18,7 @@ using Record = OdDbLayerTableRecord;
 
 constexpr qsizetype kTooLong = 255;
 
-QString tr(const char* text)
+QString words(const char* text)
 {
     return QCoreApplication::translate("LayerEdits", text);
 }
@@ -67,19 +67,17 @@ LayerEditOutcome giveLayerValue(OdDbObjectId id, LayerColumn column, const Layer
 QString layerNameRefusal(const QString& name)
 {
     if (name.isEmpty())
-        return tr("A name is needed.");
+        return words(QT_TRANSLATE_NOOP("LayerEdits", "A name is needed."));
     if (name_characters::containsAnyOf(name, name_characters::kNotInLayers)) {
-        return KsResString(
-                   84506,
-                   QStringLiteral("The following characters are not valid in Layer Names:\n"))
-            + name_characters::kNotInLayers;
+        return KsResString(layerTexts(), 84506) + name_characters::kNotInLayers;
     }
     // 255 characters are refused already; deliberate.
     if (name.size() >= kTooLong)
-        return KsResString(84919, QStringLiteral("The name cannot be longer than 255 characters"));
+        return KsResString(layerTexts(), 84919);
     const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
     if (std::any_of(name.begin(), name.end(), isControl))
-        return tr("A layer's name holds no control characters.");
+        return words(
+            QT_TRANSLATE_NOOP("LayerEdits", "A layer's name holds no control characters."));
     return {};
 }
 
@@ -113,19 +111,14 @@ LayerEditOutcome describeLayer(OdDbObjectId id, const QString& text)
 
 QString severalCurrentLayersText()
 {
-    // The small "please" is deliberate.
-    return KsResString(40433,
-                       QStringLiteral("Multiple layers cannot be made current. please select a "
-                                      "single layer."));
+    return KsResString(layerTexts(), 40433);
 }
 
 QString currentLayerRefusal(const OdDbLayerTableRecord& layer)
 {
     if (!layer.isFrozen() && !layer.isDependent())
         return {};
-    return KsResString(84516,
-                       QStringLiteral("The following Layers Cannot be made current.\n .Xref "
-                                      "dependent layers\n .Frozen layers"));
+    return KsResString(layerTexts(), 84516);
 }
 
 LayerEditOutcome makeLayerCurrent(OdDbObjectId id)

@@ -4,9 +4,9 @@
 #include "database/OdDbEntity.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
+#include "layermanager/layers/LayerTexts.h"
 #include "layermanager/layers/operations/LayerEdits.h"
 #include "layermanager/layers/operations/UndoRecordOnDemand.h"
-#include "sdk/KsResString.h"
 
 #include <algorithm>
 
@@ -163,13 +163,9 @@ QString layerVerdictText(LayerVerdict verdict)
 {
     switch (verdict) {
     case LayerVerdict::CannotFreezeCurrent:
-        return KsResString(
-            84782, QStringLiteral("Cannot freeze current layer. Specify a different layer"));
+        return KsResString(layerTexts(), 84782);
     case LayerVerdict::CannotRename:
-        return KsResString(
-            85989,
-            QStringLiteral("The selected layer cannot be renamed.\n\n The following layers cannot "
-                           "be renamed: \n 1. Layer 0 \n 2. Xref-dependent Layers"));
+        return KsResString(layerTexts(), 85989);
     default:
         return {};
     }

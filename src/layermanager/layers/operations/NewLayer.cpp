@@ -6,10 +6,10 @@
 #include "database/OdDbLinetypeTableRecord.h"
 #include "layermanager/layers/FilledText.h"
 #include "layermanager/layers/HostVariables.h"
+#include "layermanager/layers/LayerTexts.h"
 #include "layermanager/layers/LayerUndoRecord.h"
 #include "layermanager/layers/operations/LayerActions.h"
 #include "layermanager/layers/operations/LayerEdits.h"
-#include "sdk/KsResString.h"
 
 namespace {
 
@@ -58,7 +58,7 @@ LayerState newState(const OdDbDatabase& database, NewLayerKind kind, OdDbObjectI
 
 QString newLayerName(const OdDbDatabase& database)
 {
-    QString pattern = KsResString(84791, QStringLiteral("Layer%d"));
+    QString pattern = KsResString(layerTexts(), 84791);
     if (!pattern.contains(QLatin1String("%d")))
         pattern += QLatin1String("%d"); // a translation without it would give one name only
     int number = 1;

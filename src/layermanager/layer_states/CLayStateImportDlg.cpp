@@ -1,0 +1,126 @@
+#include "layermanager/layer_states/CLayStateImportDlg.h"
+
+#include "database/OdDbDatabase.h"
+#include "database/streams/OdMemoryStream.h"
+#include "layermanager/layer_states/LayerStateSteps.h"
+#include "layermanager/layer_states/LayerStateTexts.h"
+#include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layers/FilledText.h"
+#include "sdk/CLayerStateUtility.h"
+#include "toolkit/Prompts.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+constexpr quint32 kPageSize = 2048;
+} // namespace
+
+CLayStateImportDlg::CLayStateImportDlg(std::unique_ptr<OdDbDatabase> source,
+                                       const QStringList& existing, QWidget* parent)
+    : QDialog(parent)
+    , m_source(std::move(source))
+    , m_existing(existing.begin(), existing.end())
+    , m_list(new QTableView(this))
+    , m_watch([this] { QDialog::reject(); })
+{
+    CLayerStateUtility service(m_source.get());
+    std::vector<layStateEntry> entries;
+    tellStateResult(service.GetDBLayStateIDs(entries), service);
+    m_states.fill(std::move(entries));
+    build();
+}
+
+CLayStateImportDlg::~CLayStateImportDlg() = default;
+
+void CLayStateImportDlg::build()
+{
+    constexpr int kCharacters = 66;
+    constexpr int kLines = 14;
+    constexpr int kWidestColumn = 36;
+    setUpStateDialog(*this, tr("Select Layer States"));
+    m_list->setModel(&m_states);
+    m_list->setShowGrid(true);
+    m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_list->setTabKeyNavigation(false);
+    m_list->setWordWrap(false);
+    m_list->verticalHeader()->hide();
+    m_list->verticalHeader()->setDefaultSectionSize(m_list->verticalHeader()->minimumSectionSize());
+    m_list->horizontalHeader()->setHighlightSections(false);
+    m_list->horizontalHeader()->setStretchLastSection(true);
+    m_list->setMinimumSize(sizeInCharacters(*this, kCharacters, kLines));
+    registerStateControl(*this, kList, m_list, tr("Layer states in the file"));
+    const int most = sizeInCharacters(*this, kWidestColumn, 1).width();
+    int number = 0;
+    for (const LayerStateListModel::ColumnInfo& column : LayerStateListModel::columns()) {
+        m_list->resizeColumnToContents(number);
+        m_list->setColumnWidth(
+            number,
+            std::clamp(m_list->columnWidth(number), column.width, std::max(column.width, most)));
+        ++number;
+    }
+    auto* label = new QLabel(tr("Layer &states to import:"), this);
+    label->setBuddy(m_list);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    registerStateControl(*this, kOk, buttons->button(QDialogButtonBox::Ok), tr("OK"));
+    registerStateControl(*this, kCancel, buttons->button(QDialogButtonBox::Cancel), tr("Cancel"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &CLayStateImportDlg::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &CLayStateImportDlg::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(label);
+    layout->addWidget(m_list, 1);
+    layout->addWidget(buttons);
+    m_list->setFocus();
+}
+
+void CLayStateImportDlg::accept()
+{
+    for (int row = 0; row < m_states.rowCount(); ++row) {
+        if (m_states.isTicked(row) && !take(m_states.entry(row).name))
+            return;
+    }
+    QDialog::accept();
+}
+
+bool CLayStateImportDlg::take(const QString& name)
+{
+    // With regard to case: where the names differ in it, the service decides.
+    const bool exists = m_existing.contains(name);
+    if (exists) {
+        const QPointer<CLayStateImportDlg> dialog(this);
+        const bool replace =
+            Prompts::current().confirm(this, filledText(layerStateText(84533), {name}));
+        if (!dialog || !m_watch.database())
+            return false;
+        if (!replace)
+            return true;
+    }
+    if (!m_watch.database())
+        return false;
+    copy(name, exists);
+    return true;
+}
+
+void CLayStateImportDlg::copy(const QString& name, bool replace)
+{
+    OdStreamBufPtr stream = OdMemoryStream::createNew(kPageSize);
+    CLayerStateUtility source(m_source.get());
+    // Nothing is deleted for a state that cannot be had.
+    if (!tellStateResult(source.ExportLayState(name, stream), source))
+        return;
+    stream->seek(0, OdDb::kSeekFromStart);
+    if (!m_begun)
+        beginLayerStateStep(*m_watch.database());
+    m_begun = true;
+    CLayerStateUtility target(m_watch.database());
+    if (replace)
+        tellStateResult(target.DeleteLayerState(name), target);
+    tellStateResult(target.ImportLayState(stream), target);
+}

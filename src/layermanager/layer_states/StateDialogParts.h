@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDialog>
+#include <QPointer>
+
+class QAbstractItemView;
+class QDialogButtonBox;
+
+/// Help topic of all dialogs of layer states.
+inline constexpr int kLayerStateHelp = 706;
+
+/// Icon, title and, if wanted, the topic of F1.
+void setUpStateDialog(QDialog& dialog, const QString& title, int helpTopic = 0);
+
+/// A control known by its id, with the name that assistive programs read.
+void registerStateControl(QDialog& dialog, int id, QWidget* control, const QString& name = {});
+
+/// A size in which an average text of that many characters, and that many lines, fits.
+QSize sizeInCharacters(const QWidget& widget, int columns, int lines);
+
+/// A dialog that is run and may go meanwhile with its parent.
+template <class Dialog>
+class ModalDialog
+{
+public:
+    explicit ModalDialog(Dialog* dialog)
+        : m_dialog(dialog)
+    { }
+    ~ModalDialog() { delete m_dialog; }
+    ModalDialog(const ModalDialog&) = delete;
+    ModalDialog& operator=(const ModalDialog&) = delete;
+
+    /// True when the user accepted and the dialog is still there.
+    bool accepted()
+    {
+        const int result = m_dialog->exec();
+        return result == QDialog::Accepted && m_dialog;
+    }
+    bool isThere() const { return !m_dialog.isNull(); }
+    Dialog* operator->() const { return m_dialog; }
+
+private:
+    QPointer<Dialog> m_dialog;
+};
