@@ -1,4 +1,5 @@
 #include "PaneFixture.h"
+#include "layermanager/filter_editor/CDlgLayPropFilter.h"
 #include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "layermanager/palette/pane/PaneCommandTarget.h"
 #include "sdk/CKestPreferenceManager.h"
@@ -197,9 +198,9 @@ void TestLayerPaneCommands::newFiltersComeFromTheTree()
     QVERIFY(labelEditor());
     typeLabel("Ground floor");
     QVERIFY(node("Ground floor").isValid());
-    tree().setFilterEditor([](QWidget*, OdDbDatabase&, OdLyLayerFilter& filter) {
-        filter.setName(QStringLiteral("Locked"));
-        filter.setFilterExpression(QStringLiteral("LOCKED==\"True\" "));
+    tree().setFilterEditor([](QWidget*, OdDbDatabase&, const FilterToEdit& task) {
+        task.filter->setName(QStringLiteral("Locked"));
+        task.filter->setFilterExpression(QStringLiteral("LOCKED==\"True\" "));
         return true;
     });
     clickTool(40025);
