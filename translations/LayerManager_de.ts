@@ -303,12 +303,12 @@
         <translation>Neue Layer dieser Zeichnung aus&amp;werten</translation>
     </message>
     <message>
-        <source>In external &amp;references only</source>
-        <translation>Nur in externen &amp;Referenzen</translation>
+        <source>In this &amp;drawing only</source>
+        <translation>Nur in dieser &amp;Zeichnung</translation>
     </message>
     <message>
-        <source>In this &amp;drawing and its external references</source>
-        <translation>In dieser &amp;Zeichnung und ihren externen Referenzen</translation>
+        <source>In this drawing and its external &amp;references</source>
+        <translation>In dieser Zeichnung und ihren externen &amp;Referenzen</translation>
     </message>
     <message>
         <source>&amp;Notify about new layers when</source>
@@ -1077,9 +1077,9 @@ Folgende Zeichen sind in Filternamen nicht erlaubt:
         <translation>Neue Layer dieser Zeichnung auswerten/Führt hinzugekommene, noch nicht geprüfte Layer unter &quot;Nicht abgeglichene neue Layer&quot; auf. Die Zeichnung merkt sich diese Einstellung./Systemvariable LAYEREVAL</translation>
     </message>
     <message>
-        <source>External references only/Looks for new layers in attached external references. Layers that are added to this drawing itself count as reviewed.</source>
+        <source>This drawing only/Looks for new layers in this drawing. Layers of attached external references are not listed.</source>
         <comment>40104</comment>
-        <translation>Nur externe Referenzen/Sucht neue Layer in zugeordneten externen Referenzen. Layer, die in dieser Zeichnung selbst hinzukommen, gelten als geprüft.</translation>
+        <translation>Nur diese Zeichnung/Sucht neue Layer in dieser Zeichnung. Layer zugeordneter externer Referenzen werden nicht aufgeführt.</translation>
     </message>
     <message>
         <source>This drawing and its external references/Looks for new layers everywhere: in this drawing and in what is attached to it.</source>
