@@ -21,6 +21,118 @@
     </message>
 </context>
 <context>
+    <name>CEdLayStateDlg</name>
+    <message>
+        <source>Edit Layer State: %1</source>
+        <translation>Layerstatus bearbeiten: %1</translation>
+    </message>
+    <message>
+        <source>Layers in the state</source>
+        <translation>Layer im Status</translation>
+    </message>
+    <message>
+        <source>La&amp;yers in the state:</source>
+        <translation>La&amp;yer im Status:</translation>
+    </message>
+    <message>
+        <source>&amp;Add Layers...</source>
+        <translation>Layer &amp;hinzufügen...</translation>
+    </message>
+    <message>
+        <source>&amp;Remove Layers</source>
+        <translation>Layer &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>Add layers</source>
+        <translation>Layer hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove layers</source>
+        <translation>Layer entfernen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>CLSImportPromptDlg</name>
+    <message>
+        <source>Layer State Imported</source>
+        <translation>Layerstatus importiert</translation>
+    </message>
+    <message>
+        <source>The layer state &apos;%s&apos; was imported. Do you want to restore it now?</source>
+        <translation>Der Layerstatus &apos;%s&apos; wurde importiert. Möchten Sie ihn jetzt wiederherstellen?</translation>
+    </message>
+    <message>
+        <source>&amp;Restore State</source>
+        <translation>Status &amp;wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Restore state</source>
+        <translation>Status wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>CLayStateImportDlg</name>
+    <message>
+        <source>Select Layer States</source>
+        <translation>Layerstatus auswählen</translation>
+    </message>
+    <message>
+        <source>Layer states in the file</source>
+        <translation>Layerstatus in der Datei</translation>
+    </message>
+    <message>
+        <source>Layer &amp;states to import:</source>
+        <translation>Zu importierende Layer&amp;status:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CLayStateMgrAddDlg</name>
+    <message>
+        <source>Add Layers to Layer State</source>
+        <translation>Layer zum Layerstatus hinzufügen</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>Layer</translation>
+    </message>
+    <message>
+        <source>&amp;Layers to add to the state:</source>
+        <translation>Zum Status hinzuzufügende &amp;Layer:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>CLayerListCtrl</name>
     <message>
         <source>Layers</source>
@@ -32,6 +144,49 @@
     <message>
         <source>Displayed layers</source>
         <translation>Angezeigte Layer</translation>
+    </message>
+    <message>
+        <source>Current layer</source>
+        <translation>Aktueller Layer</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Layer filters</source>
+        <translation>Layerfilter</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>Layer</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>Invert filter</source>
+        <translation>Filter umkehren</translation>
+    </message>
+    <message>
+        <source>Search/Lists the layers whose names match. * stands for any characters, ? for one.</source>
+        <translation>Suchen/Führt Layer auf, deren Namen passen. * steht für beliebige Zeichen, ? für eines.</translation>
+    </message>
+    <message>
+        <source>Search/Lists the layers whose names match the text.</source>
+        <translation>Suchen/Führt Layer auf, deren Namen zum Text passen.</translation>
+    </message>
+    <message>
+        <source>Invert filter/Lists the layers that the selected filter does not show.</source>
+        <translation>Filter umkehren/Führt die Layer auf, die der gewählte Filter nicht zeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>CLayerSearchBox</name>
+    <message>
+        <source>Search for layers</source>
+        <translation>Nach Layern suchen</translation>
     </message>
 </context>
 <context>
@@ -102,6 +257,129 @@
     </message>
 </context>
 <context>
+    <name>CLayerStateManDlg</name>
+    <message>
+        <source>&amp;New...</source>
+        <translation>&amp;Neu...</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Edit...</source>
+        <translation>&amp;Bearbeiten...</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>I&amp;mport...</source>
+        <translation>I&amp;mportieren...</translation>
+    </message>
+    <message>
+        <source>E&amp;xport...</source>
+        <translation>E&amp;xportieren...</translation>
+    </message>
+    <message>
+        <source>Layer States Manager</source>
+        <translation>Layerstatus-Manager</translation>
+    </message>
+    <message>
+        <source>Layer states</source>
+        <translation>Layerstatus</translation>
+    </message>
+    <message>
+        <source>La&amp;yer states:</source>
+        <translation>La&amp;yerstatus:</translation>
+    </message>
+    <message>
+        <source>D&amp;on&apos;t list layer states of external references</source>
+        <translation>Layers&amp;tatus externer Referenzen nicht aufführen</translation>
+    </message>
+    <message>
+        <source>Res&amp;tore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Layer properties to restore</source>
+        <translation>Wiederherzustellende Eigenschaften</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alle auswählen</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>Alle abwählen</translation>
+    </message>
+    <message>
+        <source>Restore options</source>
+        <translation>Optionen beim Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>T&amp;urn off layers not found in the state</source>
+        <translation>Nicht im Status enthaltene Layer &amp;ausschalten</translation>
+    </message>
+    <message>
+        <source>&amp;Apply as viewport overrides</source>
+        <translation>Als &amp;Überschreibungen im Ansichtsfenster anwenden</translation>
+    </message>
+    <message>
+        <source>On or o&amp;ff</source>
+        <translation>Ein &amp;oder aus</translation>
+    </message>
+    <message>
+        <source>Frozen or tha&amp;wed</source>
+        <translation>&amp;Gefroren oder getaut</translation>
+    </message>
+    <message>
+        <source>Frozen or thawed in current &amp;viewport</source>
+        <translation>Im aktuellen Ansichts&amp;fenster gefroren oder getaut</translation>
+    </message>
+    <message>
+        <source>Loc&amp;ked or unlocked</source>
+        <translation>Gespe&amp;rrt oder nicht</translation>
+    </message>
+    <message>
+        <source>&amp;Plot or no plot</source>
+        <translation>&amp;Plotten oder nicht</translation>
+    </message>
+    <message>
+        <source>Co&amp;lor</source>
+        <translation>Farb&amp;e</translation>
+    </message>
+    <message>
+        <source>L&amp;inetype</source>
+        <translation>L&amp;inientyp</translation>
+    </message>
+    <message>
+        <source>Linewei&amp;ght</source>
+        <translation>Linienstär&amp;ke</translation>
+    </message>
+    <message>
+        <source>Plot style</source>
+        <translation>Plotstil</translation>
+    </message>
+    <message>
+        <source>Fro&amp;zen in new viewports</source>
+        <translation>In &amp;jedem neuen Ansichtsfenster gefroren</translation>
+    </message>
+</context>
+<context>
     <name>CLayerTreeVw</name>
     <message>
         <source>Layer filters</source>
@@ -125,6 +403,41 @@
     <message>
         <source>A layer was changed and no longer agrees with the filter that is selected in the palette. It is listed, or left out, accordingly.</source>
         <translation>Ein Layer wurde geändert und passt nicht mehr zu dem Filter, der in der Palette gewählt ist. Er wird entsprechend aufgeführt oder weggelassen.</translation>
+    </message>
+</context>
+<context>
+    <name>CNewLayStateDlg</name>
+    <message>
+        <source>New Layer State to Save</source>
+        <translation>Neuer zu speichernder Layerstatus</translation>
+    </message>
+    <message>
+        <source>New layer state name</source>
+        <translation>Name des neuen Layerstatus</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>&amp;New layer state name:</source>
+        <translation>&amp;Name des neuen Layerstatus:</translation>
+    </message>
+    <message>
+        <source>&amp;Description:</source>
+        <translation>&amp;Beschreibung:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
     </message>
 </context>
 <context>
@@ -629,6 +942,211 @@ Folgende Zeichen sind in Filternamen nicht erlaubt:
         <comment>40114</comment>
         <translation>Verwendung der Layer anzeigen/Kennzeichnet Layer ohne Objekte in der Spalte Status. In sehr großen Zeichnungen ist die Liste ohne dies schneller./Systemvariable SHOWLAYERUSAGE</translation>
     </message>
+    <message>
+        <source>Current Layer: </source>
+        <comment>84537</comment>
+        <translation>Aktueller Layer: </translation>
+    </message>
+    <message>
+        <source> %s : %d layers displayed of %d total layers</source>
+        <comment>85988</comment>
+        <translation> %s : %d von insgesamt %d Layern angezeigt</translation>
+    </message>
+    <message>
+        <source>List the named layer states that have been saved in the drawing,the space in which they are saved(model space,layout,or xref),whether the layer list is the same as in the drawing, and an optional description.</source>
+        <comment>60071</comment>
+        <translation>Führt die benannten Layerstatus auf, die in der Zeichnung gespeichert sind, dazu den Bereich, in dem sie gespeichert wurden (Modell, Layout oder XRef), ob die Layerliste der Zeichnung entspricht, und eine Beschreibung.</translation>
+    </message>
+    <message>
+        <source>Display the New Layer State to save dialog box, where you can provide a name and a description for the new named layer state</source>
+        <comment>60072</comment>
+        <translation>Öffnet das Dialogfeld für einen neuen Layerstatus, in dem Sie Namen und Beschreibung angeben.</translation>
+    </message>
+    <message>
+        <source>Saves the selected named layer state.</source>
+        <comment>60073</comment>
+        <translation>Speichert den gewählten Layerstatus.</translation>
+    </message>
+    <message>
+        <source>Display the Edit Layer State dialog box,where you can modify a selected named layer state.</source>
+        <comment>60074</comment>
+        <translation>Öffnet das Dialogfeld, in dem Sie den gewählten Layerstatus bearbeiten.</translation>
+    </message>
+    <message>
+        <source>Allows in-place editing of the layer state name.</source>
+        <comment>60075</comment>
+        <translation>Bearbeitet den Namen des Layerstatus in der Liste.</translation>
+    </message>
+    <message>
+        <source>Removes the selected named layer state.</source>
+        <comment>60076</comment>
+        <translation>Entfernt den gewählten Layerstatus.</translation>
+    </message>
+    <message>
+        <source>Display a standard file selection dialog box, where you can load a previously exported layer state (LAS) file into the current drawing.Layer state in files (DWG,DWS,or DWT) can be imported.Additional layers may be created as a result of importing a layer state file.When a DWG, DWS or DWT file is selected, the select Layer States dialog box is displayed where you can select layer states to import.</source>
+        <comment>60077</comment>
+        <translation>Öffnet ein Dialogfeld zur Dateiauswahl, mit dem Sie eine zuvor exportierte Layerstatusdatei (LAS) in die aktuelle Zeichnung laden. Auch Layerstatus in Dateien der Typen DWG, DWS und DWT lassen sich importieren. Dabei können weitere Layer entstehen. Bei einer Datei des Typs DWG, DWS oder DWT wählen Sie anschließend aus, welche Layerstatus importiert werden.</translation>
+    </message>
+    <message>
+        <source>Displays a standard file selection dialog box, where you can save the selected named layer state to a layer state (LAS) file.</source>
+        <comment>60078</comment>
+        <translation>Öffnet ein Dialogfeld zur Dateiauswahl, mit dem Sie den gewählten Layerstatus in einer Layerstatusdatei (LAS) speichern.</translation>
+    </message>
+    <message>
+        <source>Controls whether layer states in xrefs are displayed.</source>
+        <comment>60079</comment>
+        <translation>Bestimmt, ob Layerstatus aus XRefs aufgeführt werden.</translation>
+    </message>
+    <message>
+        <source>When a layer state is restored, turns off new layers for which settings were not saved so that the drawing looks the same way it did when the named layer state was saved.</source>
+        <comment>60080</comment>
+        <translation>Schaltet beim Wiederherstellen neue Layer aus, für die nichts gespeichert wurde. So sieht die Zeichnung aus wie beim Speichern des Layerstatus.</translation>
+    </message>
+    <message>
+        <source>Applies layer property overrides to the current viewport.This option is available when the Layer states Manager is accessed when a layout viewport is active.</source>
+        <comment>60081</comment>
+        <translation>Wendet die Eigenschaften als Überschreibungen auf das aktuelle Ansichtsfenster an. Verfügbar, wenn beim Öffnen des Layerstatus-Managers ein Ansichtsfenster eines Layouts aktiv ist.</translation>
+    </message>
+    <message>
+        <source>Restores state and property settings of all layers in a drawing to their previously saved settings.Restores only those layer state and property settings that you specify with the check boxes. </source>
+        <comment>60082</comment>
+        <translation>Stellt Zustand und Eigenschaften aller Layer einer Zeichnung so wieder her, wie sie gespeichert wurden. Wiederhergestellt wird nur, was mit den Kontrollkästchen gewählt ist. </translation>
+    </message>
+    <message>
+        <source>More Restore Options</source>
+        <comment>60083</comment>
+        <translation>Mehr Optionen beim Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Selects all the settings</source>
+        <comment>60084</comment>
+        <translation>Wählt alle Einstellungen aus</translation>
+    </message>
+    <message>
+        <source>Removes selection from all the settings.</source>
+        <comment>60085</comment>
+        <translation>Wählt alle Einstellungen ab.</translation>
+    </message>
+    <message>
+        <source>Less Restore Options</source>
+        <comment>60086</comment>
+        <translation>Weniger Optionen beim Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Add layer to layer state</source>
+        <comment>60087</comment>
+        <translation>Layer zum Layerstatus hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove layer from layer state</source>
+        <comment>60088</comment>
+        <translation>Layer aus dem Layerstatus entfernen</translation>
+    </message>
+    <message>
+        <source>Specifies a name for the new layer state to be saved.</source>
+        <comment>60092</comment>
+        <translation>Gibt dem neuen, zu speichernden Layerstatus einen Namen.</translation>
+    </message>
+    <message>
+        <source>Cannot freeze the current layer</source>
+        <comment>84504</comment>
+        <translation>Der aktuelle Layer kann nicht gefroren werden</translation>
+    </message>
+    <message>
+        <source>layer State Manager</source>
+        <comment>84505</comment>
+        <translation>Layerstatus-Manager</translation>
+    </message>
+    <message>
+        <source>Export Layer State</source>
+        <comment>84517</comment>
+        <translation>Layerstatus exportieren</translation>
+    </message>
+    <message>
+        <source>Layer State file(*.las)|las</source>
+        <comment>84518</comment>
+        <translation>Layerstatusdatei (*.las)|las</translation>
+    </message>
+    <message>
+        <source>Import Layer State</source>
+        <comment>84519</comment>
+        <translation>Layerstatus importieren</translation>
+    </message>
+    <message>
+        <source>Drawing|dwg,Standards|dws,Drawing Template|dwt,Layer state files|las</source>
+        <comment>84520</comment>
+        <translation>Zeichnung|dwg,Standards|dws,Zeichnungsvorlage|dwt,Layerstatusdateien|las</translation>
+    </message>
+    <message>
+        <source>Replace Existing Layer State </source>
+        <comment>84521</comment>
+        <translation>Vorhandenen Layerstatus ersetzen </translation>
+    </message>
+    <message>
+        <source>OverWrite Selected Layer State?</source>
+        <comment>84522</comment>
+        <translation>Gewählten Layerstatus überschreiben?</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <comment>84523</comment>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <comment>84524</comment>
+        <translation>Bereich</translation>
+    </message>
+    <message>
+        <source>Same As Dwg</source>
+        <comment>84525</comment>
+        <translation>Wie in Zchng.</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <comment>84526</comment>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <comment>84527</comment>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <comment>84528</comment>
+        <translation>Layout</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <comment>84529</comment>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <comment>84530</comment>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Layer State &apos;%s&apos; already exists. Do you want to replace it?</source>
+        <comment>84533</comment>
+        <translation>Der Layerstatus &apos;%s&apos; ist schon vorhanden. Möchten Sie ihn ersetzen?</translation>
+    </message>
+    <message>
+        <source>Do you want to replace the state?</source>
+        <comment>84534</comment>
+        <translation>Möchten Sie den Status ersetzen?</translation>
+    </message>
+    <message>
+        <source>Check LayState</source>
+        <comment>84535</comment>
+        <translation>Layerstatus prüfen</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to  permanently delete the LS %s ?</source>
+        <comment>84790</comment>
+        <translation>Möchten Sie den Layerstatus %s wirklich endgültig löschen?</translation>
+    </message>
 </context>
 <context>
     <name>LayerCells</name>
@@ -856,6 +1374,49 @@ Folgende Zeichen sind in Filternamen nicht erlaubt:
     <message>
         <source>A layer&apos;s name holds no control characters.</source>
         <translation>Der Name eines Layers enthält keine Steuerzeichen.</translation>
+    </message>
+</context>
+<context>
+    <name>PaneCommands</name>
+    <message>
+        <source>New Properties Filter</source>
+        <translation>Neuer Eigenschaftenfilter</translation>
+    </message>
+    <message>
+        <source>New Group Filter</source>
+        <translation>Neuer Gruppenfilter</translation>
+    </message>
+    <message>
+        <source>Layer States Manager</source>
+        <translation>Layerstatus-Manager</translation>
+    </message>
+    <message>
+        <source>New Layer</source>
+        <translation>Neuer Layer</translation>
+    </message>
+    <message>
+        <source>New Layer Frozen in New Viewports</source>
+        <translation>Neuer, in neuen Ansichtsfenstern gefrorener Layer</translation>
+    </message>
+    <message>
+        <source>Delete Layers (Del)</source>
+        <translation>Layer löschen (Entf)</translation>
+    </message>
+    <message>
+        <source>Set Current</source>
+        <translation>Aktuell setzen</translation>
+    </message>
+    <message>
+        <source>Show the Filter Tree</source>
+        <translation>Filterbaum anzeigen</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Layer Settings</source>
+        <translation>Layereinstellungen</translation>
     </message>
 </context>
 </TS>

@@ -88,6 +88,7 @@ public:
     void addLayerId(OdDbObjectId layer) { m_layers.push_back(layer); }
     /// Takes the first entry of that layer out.
     void removeLayerId(OdDbObjectId layer);
+    void setLayerIds(std::vector<OdDbObjectId> layers) { m_layers = std::move(layers); }
 
 private:
     std::vector<OdDbObjectId> m_layers;

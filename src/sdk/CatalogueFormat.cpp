@@ -107,6 +107,9 @@ const char* catalogueFault(const QByteArray& bytes)
         const auto contents = taggedAt(bytes, at);
         if (!contents)
             return "a section is cut off";
+        // QTranslator reads no further than to an empty one; there is none in a sound file.
+        if (contents->isEmpty())
+            return "a section is empty";
         switch (tag) {
         case kHashes:
             hashes = *contents;

@@ -57,3 +57,24 @@ TEST(PreferenceSettings, PreferencesOfModulesAreKeptWithTheSettings)
     preferences.CombineLayerPropPreference = combine;
     preferences.m_iOffNotfoundLayer = off;
 }
+
+TEST(PreferenceSettings, SwitchesOfTheLayerPaletteAreKeptForTheNextSession)
+{
+    const QTemporaryDir folder;
+    bool* const switches[] = {&CKestPreferenceManager::s_Layer_FilterViolationPrompt,
+                              &CKestPreferenceManager::s_bApplyLayerFiltertoLayerToolbar,
+                              &CKestPreferenceManager::s_bNotifyPresentLayer};
+    for (bool* const preference : switches) {
+        const bool before = *preference;
+        {
+            UserSettings settings(folder.path());
+            *preference = !before;
+            storePreferences(settings);
+            EXPECT_EQ("", settings.save().toStdString());
+        }
+        *preference = before;
+        loadPreferences(UserSettings(folder.path()));
+        EXPECT_EQ(!before, *preference);
+        *preference = before;
+    }
+}

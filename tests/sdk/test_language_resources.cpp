@@ -176,6 +176,9 @@ TEST_F(LanguageResources, StandACatalogueWithAnyByteBroken)
         catalogueBytes({{"KsResString", kDefaultTitle, "84536", QStringLiteral("Layer-Manager")},
                         {"LayerCells", "Frozen", "", QStringLiteral("Gefroren")}});
     ASSERT_EQ(catalogueFault(sound), nullptr);
+    // What follows an empty section is not read, so it must not be what is checked either.
+    const QByteArray empty("\x69\x00\x00\x00\x00", 5);
+    EXPECT_NE(catalogueFault(sound + empty + sound.mid(16)), nullptr);
     int refused = 0;
     for (qsizetype at = 0; at < sound.size(); ++at) {
         EXPECT_NE(catalogueFault(sound.first(at)), nullptr) << at;

@@ -13,7 +13,7 @@ PROJECT = Path(sys.argv.pop(1))
 LUPDATE = sys.argv.pop(1)
 CATALOGUES = sorted((PROJECT / "translations").glob("*.ts"))
 PLACES = re.compile(r"%(?:L?\d+|[sdn])")
-RESOURCE = re.compile(r'\{?\s*(\d{4,6}),\s*QT_TRANSLATE_NOOP3\(\s*"KsResString",\s*((?:"(?:[^"\\]|\\.)*"\s*)+),\s*"(\d+)"\)')
+RESOURCE = re.compile(r'([\w:]+),\s*QT_TRANSLATE_NOOP3\(\s*"KsResString",\s*((?:"(?:[^"\\]|\\.)*"\s*)+),\s*"(\d+)"\)')
 
 
 def messages(catalogue):
@@ -48,8 +48,10 @@ def faults(source, text, context):
         yield "it has a key of its own where the text has none, or none where that has one"
     if context == "KsResString" and source.count("/") != text.count("/"):
         yield "it has other parts"
-    if source.endswith("\n") != text.endswith("\n") or source.startswith(" ") != text.startswith(" "):
+    if source.endswith(("\n", ": ")) != text.endswith(("\n", ": ")) or source.startswith(" ") != text.startswith(" "):
         yield "it begins or ends otherwise"
+    if re.findall(r"\|\w+", source) != re.findall(r"\|\w+", text):
+        yield "it names other kinds of files"
     if source.endswith("...") != text.endswith("..."):
         yield "one of them ends in dots"
 
@@ -111,6 +113,8 @@ class Translations(unittest.TestCase):
             ("Names:\n", "Namen:"),
             (" %s", "%s"),
             ("Edit...", "Bearbeiten"),
+            ("Layer: ", "Layer:"),
+            ("File|las,Drawing|dwg", "Datei|las,Zeichnung|dxf"),
             ("a", ""),
         ):
             self.assertEqual(len(list(faults(source, text, "x"))) > 0, True, (source, text))
@@ -134,9 +138,10 @@ class Translations(unittest.TestCase):
         texts = {}
         for path in (PROJECT / "src").rglob("*.cpp"):
             for number, text, comment in RESOURCE.findall(path.read_text(encoding="utf-8")):
-                self.assertEqual(number, comment, path)
+                if number.isdigit():
+                    self.assertEqual(number, comment, path)
                 joined = "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', text))
-                self.assertEqual(texts.setdefault(number, joined), joined, f"{number} in {path}")
+                self.assertEqual(texts.setdefault(comment, joined), joined, f"{comment} in {path}")
         self.assertGreater(len(texts), 40)
         catalogued = {key[2] for key in messages(PROJECT / "translations/LayerManager_de.ts") if key[0] == "KsResString"}
         self.assertEqual(catalogued, set(texts))

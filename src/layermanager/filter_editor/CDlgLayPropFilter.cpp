@@ -1,90 +1,204 @@
 #include "layermanager/filter_editor/CDlgLayPropFilter.h"
 
+#include "database/OdDbDatabase.h"
+#include "database/OdDbLayerTable.h"
+#include "database/OdDbLayerTableRecord.h"
 #include "database/OdLyLayerFilterManager.h"
-#include "database/filters/FilterExpressionText.h"
+#include "layermanager/filter_editor/CFilterExamplesBtn.h"
+#include "layermanager/filter_editor/CLayPropFilterEdListCtrl.h"
+#include "layermanager/filter_editor/CLayerPreviewList.h"
+#include "layermanager/filter_editor/FilterEditorRules.h"
+#include "layermanager/filter_editor/FilterEditorTexts.h"
+#include "layermanager/filters/FilterExpression.h"
 #include "layermanager/filters/FilterNames.h"
 #include "toolkit/Prompts.h"
 
-#include <QDialogButtonBox>
-#include <QFormLayout>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 
-namespace {
-
-constexpr int kWidestExpected = 60; ///< characters of an expression that are seen at once
-
-} // namespace
-
-CDlgLayPropFilter::CDlgLayPropFilter(OdDbDatabase& database, OdLyLayerFilter& filter,
+CDlgLayPropFilter::CDlgLayPropFilter(OdDbDatabase& database, OdLyLayerFilterPtr parentFilter,
+                                     OdLyLayerFilterPtr filter, LayerIds candidates, bool existing,
                                      QWidget* parent)
     : QDialog(parent)
-    , m_database(database)
-    , m_filter(filter)
-    , m_name(new QLineEdit(filter.name(), this))
-    , m_expression(new QLineEdit(filter.filterExpression(), this))
+    , m_previewList(new CLayerPreviewList(this))
+    , m_gridCtrl(new CLayPropFilterEdListCtrl(this))
+    , m_pDb(&database)
+    , m_pParentFilter(std::move(parentFilter))
+    , m_pFilter(std::move(filter))
+    , m_candidateIds(std::move(candidates))
+    , m_bExisting(existing)
+    , m_showsCandidates(!existing)
+    , m_nameEdit(new QLineEdit(this))
+    , m_previewLabel(new QLabel(this))
+    , m_notice(new QLabel(this))
 {
-    setWindowTitle(tr("Layer Filter Properties"));
-    m_name->setObjectName(QStringLiteral("filterName"));
-    m_expression->setObjectName(QStringLiteral("filterExpression"));
-    m_expression->setMinimumWidth(fontMetrics().averageCharWidth() * kWidestExpected);
-    m_expression->setPlaceholderText(QStringLiteral("NAME==\"A*\" AND OFF==\"False\""));
-    auto* layout = new QFormLayout(this);
-    layout->addRow(tr("&Name:"), m_name);
-    layout->addRow(tr("E&xpression:"), m_expression);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    connect(buttons, &QDialogButtonBox::accepted, this, &CDlgLayPropFilter::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &CDlgLayPropFilter::reject);
-    layout->addRow(buttons);
-    m_name->selectAll();
+    buildControls();
+    registerControls();
+    fillControls();
+    connect(m_gridCtrl, &CLayPropFilterEdListCtrl::rowsEdited, this,
+            [this] { m_rowsEdited = true; });
+    connect(m_gridCtrl, &CLayPropFilterEdListCtrl::expressionChanged, this,
+            &CDlgLayPropFilter::SetFilterExpressionAndRefresh);
+    connect(m_previewList, &CLayerListCtrl::listStale, this, &CDlgLayPropFilter::refreshPreview);
+    connect(m_previewList, &CLayerListCtrl::databaseGone, this, [this] {
+        // The dialog may live on for a while, until what was opened over it returns.
+        m_pDb = nullptr;
+        m_gridCtrl->unbind();
+        reject();
+    });
+    // Ctrl+A is the table's wherever the focus is.
+    qApp->installEventFilter(this);
 }
 
-bool CDlgLayPropFilter::edit(QWidget* parent, OdDbDatabase& database, OdLyLayerFilter& filter)
+CDlgLayPropFilter::~CDlgLayPropFilter()
+{
+    qApp->removeEventFilter(this);
+}
+
+bool CDlgLayPropFilter::edit(QWidget* parent, OdDbDatabase& database, const FilterToEdit& task)
 {
     // It may go with its parent while it is open.
-    auto* dialog = new CDlgLayPropFilter(database, filter, parent);
+    auto* dialog =
+        new CDlgLayPropFilter(database, task.parent, task.filter, {}, task.isExisting, parent);
+    if (dialog->m_previewList->database() != &database) {
+        delete dialog; // another drawing is current
+        return false;
+    }
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     return dialog->exec() == Accepted;
 }
 
+// Opening
+
+void CDlgLayPropFilter::fillControls()
+{
+    m_nameEdit->setText(m_pFilter->name());
+    m_nameEdit->selectAll();
+    fillCandidates();
+    refreshPreview();
+    OdLyLayerFilterPtr root;
+    OdLyLayerFilterPtr current;
+    odlyGetLayerFilterManager(m_pDb)->getFilters(root, current);
+    for (const OdLyLayerFilterPtr& filter : filtersOfTree(root))
+        m_filterNames.append(filter->name());
+    readRows();
+}
+
+void CDlgLayPropFilter::fillCandidates()
+{
+    if (m_candidateIds.empty() && m_pParentFilter)
+        GetLayersOfFilter(*m_pDb, *m_pParentFilter, m_candidateIds);
+    // Layers that belong to programs are never listed.
+    std::erase_if(m_candidateIds, [](OdDbObjectId id) {
+        const auto layer = id.openObject<OdDbLayerTableRecord>();
+        return !layer || layer->getName().contains(QLatin1Char('*'));
+    });
+    for (const OdDbObjectId id : m_candidateIds) {
+        if (id.slot() >= m_isCandidate.size())
+            m_isCandidate.resize(id.slot() + std::size_t(1));
+        m_isCandidate[id.slot()] = true;
+    }
+}
+
+void CDlgLayPropFilter::readRows()
+{
+    m_strExpression = m_pFilter->filterExpression();
+    LayerFilterRows rows;
+    ParseFilterExpression(*m_pDb, m_strExpression, rows);
+    const bool isWhole = m_pFilter->isEditable() && rowsSayAllOf(*m_pDb, m_strExpression, rows);
+    m_gridCtrl->Initialise(*m_pDb, std::move(rows));
+    m_gridCtrl->setReadOnly(!isWhole);
+    if (!isWhole)
+        showNotice(tr("The table cannot show all conditions of this filter. They stay as they are; "
+                      "only the name can be changed."));
+}
+
+// Live preview
+
+void CDlgLayPropFilter::SetFilterExpressionAndRefresh(const QString& expression)
+{
+    if (!m_pDb)
+        return;
+    m_showsCandidates = false;
+    m_pFilter->setFilterExpression(expression);
+    refreshPreview();
+    showNotice(canBeReadBack(*m_pDb, expression)
+                   ? QString()
+                   : tr("The drawing can keep these conditions, but the table cannot show them all "
+                        "again: once saved, they cannot be edited here any more."));
+}
+
+void CDlgLayPropFilter::refreshPreview()
+{
+    if (!m_pDb)
+        return;
+    LayerIds layers;
+    if (m_showsCandidates)
+        layers = m_pDb->layerTable().records();
+    else
+        GetLayersOfFilter(*m_pDb, *m_pFilter, layers);
+    std::erase_if(layers, [this](OdDbObjectId id) {
+        return id.slot() >= m_isCandidate.size() || !m_isCandidate[id.slot()];
+    });
+    if (!m_previewList->showLayers(layers, *m_pDb)) {
+        // Another drawing is current: what is edited here is not what the user sees.
+        reject();
+        return;
+    }
+    m_previewLabel->setText(tr("Filter &preview: %1 of %2 layers")
+                                .arg(m_previewList->displayedCount())
+                                .arg(m_candidateIds.size()));
+}
+
+void CDlgLayPropFilter::showNotice(const QString& text)
+{
+    m_notice->setText(text);
+    m_notice->setVisible(!text.isEmpty());
+}
+
+// Closing
+
 void CDlgLayPropFilter::accept()
 {
-    const std::optional<QString> name = acceptedName();
-    if (!name)
+    if (!m_pDb)
         return;
-    const std::optional<QString> expression = acceptedExpression();
-    if (!expression)
+    m_gridCtrl->closeInPlaceEditor();
+    m_strName = m_nameEdit->text();
+    const QString previous = m_pFilter->name();
+    const bool isValid = IsValidFilterName(m_strName, m_filterNames);
+    if (!isValid && !(m_bExisting && previous.compare(m_strName, Qt::CaseInsensitive) == 0)) {
+        const QPointer<CDlgLayPropFilter> self(this);
+        Prompts::current().message(this, filterEditorText(84503));
+        if (self) {
+            m_nameEdit->setFocus();
+            m_nameEdit->selectAll();
+        }
         return;
-    m_filter.setName(*name);
-    m_filter.setFilterExpression(*expression);
+    }
+    m_pFilter->setName(m_strName);
+    // Rows that nobody touched leave the text as it is, in whatever spelling.
+    if (m_rowsEdited) {
+        QStringList rowTexts;
+        BuildFilterExpression(m_gridCtrl->rowsModel().rows(), rowTexts, m_strExpression);
+        m_pFilter->setFilterExpression(m_strExpression);
+    }
     QDialog::accept();
 }
 
-std::optional<QString> CDlgLayPropFilter::acceptedName()
+bool CDlgLayPropFilter::eventFilter(QObject* watched, QEvent* event)
 {
-    OdLyLayerFilterPtr root;
-    OdLyLayerFilterPtr current;
-    odlyGetLayerFilterManager(&m_database)->getFilters(root, current);
-    const FilterNameVerdict verdict = checkFilterRename(root, m_filter.name(), m_name->text());
-    if (const QString refusal = filterNameRefusal(verdict); !refusal.isEmpty()) {
-        Prompts::current().message(this, refusal);
-        m_name->setFocus();
-        return std::nullopt;
-    }
-    return verdict == FilterNameVerdict::Accepted ? typedFilterName(m_name->text())
-                                                  : m_filter.name();
-}
-
-std::optional<QString> CDlgLayPropFilter::acceptedExpression()
-{
-    const QString text = m_expression->text();
-    const auto spelling = FilterExpressionText::spelled(m_database, text);
-    if (!text.isEmpty() && !spelling.isSayable) {
-        Prompts::current().message(
-            this,
-            tr("The expression cannot be read. Criteria look like NAME==\"A*\" and are "
-               "joined by AND and OR."));
-        m_expression->setFocus();
-        return std::nullopt;
-    }
-    return spelling.text;
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
+        return QDialog::eventFilter(watched, event);
+    const auto* widget = qobject_cast<QWidget*>(watched);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (!widget || widget->window() != this || key->key() != Qt::Key_A
+        || key->modifiers() != Qt::ControlModifier)
+        return QDialog::eventFilter(watched, event);
+    event->accept();
+    if (event->type() == QEvent::KeyPress)
+        m_gridCtrl->chooseRealLines();
+    return true;
 }

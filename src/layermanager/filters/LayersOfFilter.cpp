@@ -5,9 +5,8 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdLyLayerFilter.h"
-#include "database/filters/FilterRecords.h"
 #include "layermanager/filters/FilterExpression.h"
-#include "layermanager/filters/LayerFilterMatch.h"
+#include "layermanager/filters/LayerFilterTest.h"
 #include "layermanager/layers/HostVariables.h"
 
 #include <algorithm>
@@ -65,37 +64,6 @@ void divideByRecord(const OdDbDatabase& database, IsIn isIn, LayerIds& inLayers,
         inLayers, otherLayers);
 }
 
-/// By slot, whether a layer is a member. Ids of other drawings are none.
-std::vector<bool> membersOf(const OdDbDatabase& database, const OdLyLayerGroup& group)
-{
-    std::vector<bool> isMember;
-    for (const OdDbObjectId id : group.layerIds()) {
-        if (id.isNull() || id.database() != &database)
-            continue;
-        if (id.slot() >= isMember.size())
-            isMember.resize(id.slot() + std::size_t(1));
-        isMember[id.slot()] = true;
-    }
-    return isMember;
-}
-
-enum class Meaning { Group, Unreconciled, All, Used, Expression };
-
-/// A group is one whatever its name; of the others the names decide.
-Meaning meaningOf(const OdLyLayerFilter& filter)
-{
-    const auto isNamed = [&](const QString& name) {
-        return filter.name().compare(name, Qt::CaseInsensitive) == 0;
-    };
-    if (isNamed(FilterRecords::kUnreconciled))
-        return Meaning::Unreconciled;
-    if (filter.isIdFilter())
-        return Meaning::Group;
-    if (isNamed(FilterRecords::kAll))
-        return Meaning::All;
-    return isNamed(FilterRecords::kAllUsed) ? Meaning::Used : Meaning::Expression;
-}
-
 } // namespace
 
 void getLayersOfRows(OdDbDatabase& database, const LayerFilterRows& rows, LayerIds& inLayers,
@@ -117,24 +85,24 @@ void getLayersOfRows(OdDbDatabase& database, const LayerFilterRows& rows, LayerI
 void GetLayersOfFilter(OdDbDatabase& database, const OdLyLayerFilter& filter, LayerIds& inLayers,
                        LayerIds* otherLayers)
 {
-    switch (meaningOf(filter)) {
-    case Meaning::Group: {
+    switch (meaningOfFilter(filter)) {
+    case FilterMeaning::Group: {
         const std::vector<bool> isMember =
-            membersOf(database, static_cast<const OdLyLayerGroup&>(filter));
+            membersOfGroup(database, static_cast<const OdLyLayerGroup&>(filter));
         const auto isIn = [&](OdDbObjectId id) {
             return id.slot() < isMember.size() && isMember[id.slot()];
         };
         return divide(database.layerTable().records(), isIn, inLayers, otherLayers);
     }
-    case Meaning::Unreconciled:
+    case FilterMeaning::Unreconciled:
         return divideByRecord(
             database, [](const OdDbLayerTableRecord& layer) { return !layer.isReconciled(); },
             inLayers, otherLayers);
-    case Meaning::All:
+    case FilterMeaning::All:
         return divide(
             database.layerTable().records(), [](OdDbObjectId) { return true; }, inLayers,
             otherLayers);
-    case Meaning::Used:
+    case FilterMeaning::Used:
         // The filter shows the same whether or not the grid shows usage.
         readHostInt(QStringLiteral("SHOWLAYERUSAGE"));
         database.layerTable().generateUsageData();
@@ -142,7 +110,7 @@ void GetLayersOfFilter(OdDbDatabase& database, const OdLyLayerFilter& filter, La
             database.layerTable().records(),
             [&](OdDbObjectId id) { return database.layerTable().useCount(id.slot()) > 0; },
             inLayers, otherLayers);
-    case Meaning::Expression: {
+    case FilterMeaning::Expression: {
         LayerFilterRows rows;
         ParseFilterExpression(database, filter.filterExpression(), rows);
         return getLayersOfRows(database, rows, inLayers, otherLayers);

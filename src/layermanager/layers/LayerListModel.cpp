@@ -112,6 +112,19 @@ void LayerListModel::insertLayer(OdDbObjectId layer, int row)
     endInsertRows();
 }
 
+void LayerListModel::appendLayers(const Ids& layers)
+{
+    if (layers.empty())
+        return;
+    const int first = rowCount();
+    beginInsertRows({}, first, first + static_cast<int>(layers.size()) - 1);
+    for (const OdDbObjectId layer : layers) {
+        m_rows.push_back(layer);
+        m_index.inserted(layer, rowCount() - 1, rowCount());
+    }
+    endInsertRows();
+}
+
 void LayerListModel::removeLayer(int row)
 {
     Q_ASSERT(row >= 0 && row < rowCount());
@@ -143,6 +156,11 @@ bool LayerListModel::refreshRow(int row, OdDbObjectId layer)
 void LayerListModel::refreshAll()
 {
     m_newLayers.clear();
+    touchRows();
+}
+
+void LayerListModel::touchRows()
+{
     if (!m_rows.empty())
         emit dataChanged(index(0, 0), index(rowCount() - 1, kLayerColumnCount - 1));
 }

@@ -46,6 +46,8 @@ public:
     /// Orders the rows; indexes, and with them the selection, go along.
     void reorder(LayerSortOrder order);
     void insertLayer(OdDbObjectId layer, int row);
+    /// Puts layers behind the last row.
+    void appendLayers(const Ids& layers);
     void removeLayer(int row);
     /// Takes many rows out at once; the views start anew.
     void removeLayers(const Ids& layers);
@@ -53,9 +55,12 @@ public:
     /// Has the views read a row again; false when the layer cannot be opened.
     bool refreshRow(int row, OdDbObjectId layer);
     void refreshAll();
+    /// Has the views read all rows again; new layers stay new.
+    void touchRows();
 
     /// A layer just made counts as not in use until the next full refresh, without a usage pass.
     void markAsNew(OdDbObjectId layer) { m_newLayers.insert(layer.slot()); }
+    bool isNew(OdDbObjectId layer) const { return m_newLayers.contains(layer.slot()); }
     void forgetNewLayers() { m_newLayers.clear(); }
 
 private:

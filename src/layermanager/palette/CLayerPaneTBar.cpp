@@ -1,7 +1,7 @@
 #include "layermanager/palette/CLayerPaneTBar.h"
 
-#include "layermanager/palette/PaneCommandTarget.h"
-#include "layermanager/palette/PaneCommands.h"
+#include "layermanager/palette/pane/PaneCommandTarget.h"
+#include "layermanager/palette/pane/PaneCommands.h"
 
 #include <QAction>
 #include <QEvent>

@@ -10,15 +10,16 @@
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/module/LayerPalette.h"
 #include "layermanager/palette/CLayerListVw.h"
-#include "layermanager/palette/CLayerSearchBox.h"
-#include "layermanager/palette/PaneDatabaseReactor.h"
-#include "layermanager/palette/PaneKeys.h"
 #include "layermanager/palette/PaneTexts.h"
+#include "layermanager/palette/pane/CLayerSearchBox.h"
+#include "layermanager/palette/pane/PaneDatabaseReactor.h"
+#include "layermanager/palette/pane/PaneKeys.h"
 #include "sdk/KestSharedGlobals.h"
 #include "toolkit/CXTPDockingPaneManager.h"
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QTextDocument>
 
 #include <utility>
 
@@ -28,6 +29,9 @@ CLayerPaneView::CLayerPaneView(QWidget* parent)
     , m_reactor(std::make_unique<PaneDatabaseReactor>(*this))
 {
     setObjectName(QStringLiteral("layerPane"));
+    m_countTimer.setSingleShot(true);
+    m_countTimer.setInterval(0);
+    connect(&m_countTimer, &QTimer::timeout, this, &CLayerPaneView::UpdateStatusLine);
     if (KsApDocManager* documents = ksDocManagerPtr())
         documents->addReactor(m_docReactor.get());
 }
@@ -162,4 +166,5 @@ void CLayerPaneView::UpdateCurrentLayerLine()
         text += QLatin1String(": ") + description;
     m_currentLine->setText(text);
     m_currentLine->setCursorPosition(0);
+    m_currentLine->setToolTip(Qt::convertFromPlainText(text)); // there may be no room for all of it
 }

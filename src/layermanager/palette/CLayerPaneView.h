@@ -3,12 +3,13 @@
 #include "database/OdDbObjectId.h"
 #include "layermanager/module/CLayerDocMngrReactor.h"
 #include "layermanager/palette/CToolTipImpl.h"
-#include "layermanager/palette/LayerPaneLayout.h"
-#include "layermanager/palette/LayerSearch.h"
-#include "layermanager/palette/PaneCommandTarget.h"
+#include "layermanager/palette/pane/LayerPaneLayout.h"
+#include "layermanager/palette/pane/LayerSearch.h"
+#include "layermanager/palette/pane/PaneCommandTarget.h"
 
 #include <QHash>
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -91,6 +92,8 @@ public:
 
     // What the drawing tells
     void layerChanged(OdDbObjectId layer);
+    /// Layers came or went, listed or not.
+    void layerCountChanged() { m_countTimer.start(); }
     void drawingChanged() { m_search.forgetFilter(); }
     void databaseGone();
 
@@ -109,7 +112,7 @@ private:
     void connectParts();
     void addTools();
     void setTabOrders();
-    void updateSearchIcon();
+    void updateColours();
     void layOut();
     LayerPaneSizes sizes() const;
     void place(const LayerPaneRects& rects);
@@ -158,6 +161,7 @@ private:
     OdDbDatabase* m_pDb = nullptr;
     LayerSearch m_search;
     QHash<int, QString> m_toolTexts;
+    QTimer m_countTimer{this}; ///< one update of the status line for many layers
     int m_filterEvaluations = 0;
     bool m_bInitialised = false;
     bool m_bTreeVisible = true;

@@ -8,7 +8,7 @@
 #include "layermanager/palette/CLayerPaneTBar.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "layermanager/palette/CLayerSettingsDlg.h"
-#include "layermanager/palette/PaneCommands.h"
+#include "layermanager/palette/pane/PaneCommands.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include "layermanager/filters/view/CLayerTreeVw.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/palette/CLayerPaneView.h"
-#include "layermanager/palette/CLayerSearchBox.h"
+#include "layermanager/palette/pane/CLayerSearchBox.h"
 #include "sdk/IKestServicesManager.h"
 
 #include <QCheckBox>

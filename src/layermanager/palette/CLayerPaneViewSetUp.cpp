@@ -7,9 +7,9 @@
 #include "layermanager/palette/CLayerListVw.h"
 #include "layermanager/palette/CLayerPaneTBar.h"
 #include "layermanager/palette/CLayerPaneView.h"
-#include "layermanager/palette/CLayerSearchBox.h"
-#include "layermanager/palette/PaneCommands.h"
-#include "layermanager/palette/PaneKeys.h"
+#include "layermanager/palette/pane/CLayerSearchBox.h"
+#include "layermanager/palette/pane/PaneCommands.h"
+#include "layermanager/palette/pane/PaneKeys.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QAction>
@@ -77,7 +77,7 @@ void CLayerPaneView::makeTopRow()
     m_currentLine->setAccessibleName(tr("Current layer"));
     m_currentLine->setReadOnly(true);
     m_currentLine->setFrame(false);
-    m_currentLine->setTextMargins(kTextInset, 0, 0, 0);
+    m_currentLine->setTextMargins(kTextInset, 0, 2 * kTextInset, 0);
     m_searchBox = new CLayerSearchBox(this);
     registerControl(this, kSearchBox, m_searchBox);
     m_searchButton = new QToolButton(this);
@@ -85,10 +85,9 @@ void CLayerPaneView::makeTopRow()
     m_searchButton->setAccessibleName(tr("Search"));
     m_searchButton->setAutoRaise(true);
     registerControl(this, kSearchButton, m_searchButton);
-    updateSearchIcon();
 }
 
-void CLayerPaneView::updateSearchIcon()
+void CLayerPaneView::updateColours()
 {
     m_searchButton->setIcon(paneIcon(LayerIcon::ToolSearch, palette()));
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
@@ -98,6 +97,11 @@ void CLayerPaneView::updateSearchIcon()
     colours.setColor(QPalette::Base, palette().color(QPalette::Window));
     colours.setColor(QPalette::Text, palette().color(QPalette::WindowText));
     m_currentLine->setPalette(colours);
+    // On a dark ground styles leave hardly anything of an empty box to see.
+    QPalette boxColours = palette();
+    if (palette().color(QPalette::Base).lightness() < palette().color(QPalette::Window).lightness())
+        boxColours.setColor(QPalette::Base, palette().color(QPalette::Light));
+    m_invertBox->setPalette(boxColours);
 }
 
 void CLayerPaneView::makeSplitter()
@@ -147,6 +151,7 @@ void CLayerPaneView::makeLines()
     m_invertBox->setObjectName(QStringLiteral("invertFilter"));
     m_invertBox->setFont(m_currentLine->font());
     registerControl(this, kInvertFilter, m_invertBox);
+    updateColours();
 }
 
 void CLayerPaneView::addTools()
@@ -253,6 +258,7 @@ void CLayerPaneView::ShowFilterTree(bool show)
         return;
     m_bTreeVisible = show;
     m_treePane->setVisible(show);
+    m_splitter->refresh();
     layOut();
     updateCommands();
     update();
@@ -276,8 +282,8 @@ bool CLayerPaneView::event(QEvent* event)
 void CLayerPaneView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_searchButton)
-        updateSearchIcon();
+    if (event->type() == QEvent::PaletteChange && m_invertBox)
+        updateColours();
     else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         layOut();
 }

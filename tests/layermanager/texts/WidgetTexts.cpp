@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMap>
 #include <QMenu>
+#include <QSet>
 #include <QStyle>
 #include <QStyleOptionGroupBox>
 #include <QTabBar>
@@ -129,11 +130,20 @@ QSize neededSize(const QWidget& widget)
         return label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
                                  : label->sizeHint();
     }
-    if (qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QComboBox*>(&widget))
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return button->text().isEmpty() ? QSize() : button->sizeHint();
+    if (qobject_cast<const QComboBox*>(&widget))
         return widget.sizeHint();
     if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
         return {group->fontMetrics().horizontalAdvance(group->title()), 0};
     return {};
+}
+
+/// In the palette's own pane, which is as wide as the user wants.
+bool isAsWideAsItsPane(const QWidget& widget)
+{
+    static const QSet<QString> names{QStringLiteral("invertFilter"), QStringLiteral("statusLine")};
+    return names.contains(widget.objectName());
 }
 
 bool isInScrollArea(const QWidget& widget)
@@ -190,7 +200,8 @@ QStringList cutOffTexts(const QWidget& root)
                                   .arg(needed.height())
                                   .arg(widget->width())
                                   .arg(widget->height());
-        if (needed.width() > widget->width() || needed.height() > widget->height())
+        const bool tooNarrow = needed.width() > widget->width() && !isAsWideAsItsPane(*widget);
+        if (tooNarrow || needed.height() > widget->height())
             found.append(placeOf(*widget, root) + sizes);
         const QWidget* parent = widget == &root ? nullptr : widget->parentWidget();
         if (needed.isValid() && parent && !isInScrollArea(*widget)

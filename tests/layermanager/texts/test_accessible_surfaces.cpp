@@ -52,10 +52,12 @@ struct Walk
         if (!item || !item->isValid() || item->state().invisible)
             return;
         ++looked;
-        // The button that empties a field is Qt's own, as is the corner of a table.
+        // The button that empties a field is Qt's own, as is the corner of a table; the field of a
+        // combo box is told with that.
         const QObject* object = item->object();
         const bool isOfQt = object
-            && (object->inherits("QLineEditIconButton") || object->inherits("QTableCornerButton"));
+            && (object->inherits("QLineEditIconButton") || object->inherits("QTableCornerButton")
+                || (object->parent() && object->parent()->inherits("QComboBox")));
         const bool acts = isInteractive(item->role()) || item->state().focusable;
         if (acts && !isOfQt && item->text(QAccessible::Name).trimmed().isEmpty()
             && item->role() != QAccessible::Cell)

@@ -8,9 +8,11 @@
 #include "toolkit/ControlRegistry.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -88,6 +90,9 @@ private slots:
     void okStoresEverything();
     void cancelStoresNothing();
     void settingsOfADrawingThatIsGoneAreNotStoredInAnother();
+    void settingsOfADrawingThatWasClosedAreNotStored();
+    void goWithTheirParent();
+    void runReturnsWhatTheUserDecided();
     void openWithoutADrawingAndWithoutVariables();
     void everyControlHasItsTooltip();
     void looksLikeItsGoldenImages_data();
@@ -148,6 +153,7 @@ void TestLayerSettings::aNegativeNotificationIsOffAndKeepsItsBits()
     QCOMPARE(notifyBits(), 12);
     press(QDialogButtonBox::Ok);
     QCOMPARE(get("LAYERNOTIFY"), -12);
+    QVERIFY(m_host->historyNames.isEmpty()); // nothing changed, nothing to undo
     QVERIFY(!CKestPreferenceManager::s_bNotifyPresentLayer);
     open();
     click(Id::kNotify);
@@ -237,6 +243,7 @@ void TestLayerSettings::notificationBoxesFollowTheirSwitch()
 void TestLayerSettings::okStoresEverything()
 {
     open();
+    click(Id::kEverywhere);
     click(Id::kNotify);
     click(Id::kNotify2);
     click(Id::kNotify32);
@@ -245,8 +252,9 @@ void TestLayerSettings::okStoresEverything()
     press(QDialogButtonBox::Ok);
     QVERIFY(!m_dialog->isVisible());
     QCOMPARE(get("LAYEREVALCTL"), 1);
-    QCOMPARE(get("LAYEREVAL"), 1);
+    QCOMPARE(get("LAYEREVAL"), 2);
     QCOMPARE(get("LAYERNOTIFY"), 34);
+    QCOMPARE(m_host->historyNames, QStringList(QStringLiteral("_LAYER"))); // one step for both
     QCOMPARE(get("SHOWLAYERUSAGE"), 1);
     QVERIFY(CKestPreferenceManager::s_bApplyLayerFiltertoLayerToolbar);
     QVERIFY(CKestPreferenceManager::s_bNotifyPresentLayer);
@@ -275,6 +283,44 @@ void TestLayerSettings::settingsOfADrawingThatIsGoneAreNotStoredInAnother()
     press(QDialogButtonBox::Ok);
     QCOMPARE(get("LAYEREVAL"), 1);
     QCOMPARE(get("SHOWLAYERUSAGE"), 1);
+}
+
+void TestLayerSettings::settingsOfADrawingThatWasClosedAreNotStored()
+{
+    OdDbDatabase& second = m_host->open(layer_drawing::make({{"Doors"}}));
+    open();
+    click(Id::kEverywhere);
+    m_host->close(second);
+    press(QDialogButtonBox::Ok);
+    QVERIFY(!m_dialog->isVisible());
+    QCOMPARE(get("LAYEREVAL"), 1);
+    QVERIFY(m_host->historyNames.isEmpty());
+}
+
+void TestLayerSettings::goWithTheirParent()
+{
+    auto* owner = new QWidget;
+    bool wasOpen = false;
+    QTimer::singleShot(0, qApp, [&] {
+        wasOpen = qobject_cast<CLayerSettingsDlg*>(QApplication::activeModalWidget()) != nullptr;
+        delete owner;
+    });
+    QVERIFY(!CLayerSettingsDlg::run(owner));
+    QVERIFY(wasOpen);
+}
+
+void TestLayerSettings::runReturnsWhatTheUserDecided()
+{
+    for (const auto which : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel}) {
+        QWidget owner;
+        QTimer::singleShot(0, qApp, [&] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            QTest::mouseClick(dialog->findChild<QDialogButtonBox*>()->button(which),
+                              Qt::LeftButton);
+        });
+        QCOMPARE(CLayerSettingsDlg::run(&owner), which == QDialogButtonBox::Ok);
+        QVERIFY(owner.findChildren<QDialog*>().isEmpty());
+    }
 }
 
 void TestLayerSettings::openWithoutADrawingAndWithoutVariables()

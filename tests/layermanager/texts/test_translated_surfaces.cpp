@@ -1,6 +1,9 @@
 #include "SurfaceFixture.h"
 #include "WidgetTexts.h"
+#include "layermanager/filters/view/CLayerTreeVw.h"
+#include "layermanager/palette/CLayerPaneView.h"
 #include "layermanager/palette/CLayerSettingsDlg.h"
+#include "sdk/KsResString.h"
 #include "support/GoldenImage.h"
 #include "support/GoldenLook.h"
 
@@ -8,10 +11,13 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QPushButton>
 #include <QTest>
 
 #include <algorithm>
+
+extern "C" class OdRxModule* odrxCreateModuleObject(void* instance);
 
 namespace {
 
@@ -45,6 +51,7 @@ private slots:
     void theSearchFindsWhatIsWrong();
     void tooltipsKeepTheirParts();
     void qtsButtonsFollowTheLanguage();
+    void thePaletteSpeaksTheLanguageOfTheDesktop();
     void theSettingsLookLikeTheirGoldenImages_data();
     void theSettingsLookLikeTheirGoldenImages();
 };
@@ -154,6 +161,24 @@ void TestTranslatedSurfaces::qtsButtonsFollowTheLanguage()
     QCOMPARE(cancel(), QStringLiteral("Abbrechen"));
     openPalette(QString());
     QCOMPARE(cancel(), QStringLiteral("Cancel"));
+}
+
+void TestTranslatedSurfaces::thePaletteSpeaksTheLanguageOfTheDesktop()
+{
+    openPalette(QString());
+    const auto header = [this](LayerColumn column) {
+        return grid().model()->headerData(int(column), Qt::Horizontal).toString();
+    };
+    QCOMPARE(header(LayerColumn::Name), QStringLiteral("Layer Name"));
+    QLocale::setDefault(QLocale(QStringLiteral("de_AT")));
+    KsLoadAppLangResourceDLL(reinterpret_cast<void*>(&odrxCreateModuleObject));
+    QLocale::setDefault(QLocale::c());
+    QCOMPARE(header(LayerColumn::Name), QStringLiteral("Layername"));
+    QCOMPARE(grid().model()->index(0, int(LayerColumn::Freeze)).data(Qt::AccessibleTextRole),
+             QVariant(QStringLiteral("Gefroren: nein")));
+    QCOMPARE(tree().model()->index(0, 0).data(), QVariant(QStringLiteral("Alle")));
+    view()->UpdateStatusLine();
+    QCOMPARE(statusText(), QStringLiteral(" Alle : 3 von insgesamt 3 Layern angezeigt"));
 }
 
 void TestTranslatedSurfaces::theSettingsLookLikeTheirGoldenImages_data()

@@ -25,6 +25,17 @@ void removeAll(OdLyLayerGroup& group)
         group.removeLayerId(layer);
 }
 
+/// Takes all layers of these slots out; false where the group holds none.
+bool removeAll(OdLyLayerGroup& group, const std::unordered_set<quint32>& leaving)
+{
+    std::vector<OdDbObjectId> kept = group.layerIds();
+    const bool changed =
+        std::erase_if(kept, [&](OdDbObjectId id) { return leaving.contains(id.slot()); }) > 0;
+    if (changed)
+        group.setLayerIds(std::move(kept));
+    return changed;
+}
+
 bool fillGroup(OdDbDatabase& database, const FilterKey& key, std::span<const OdDbObjectId> layers,
                bool keepsContents)
 {
@@ -65,22 +76,59 @@ bool FillGroupFromSelection(OdDbDatabase& database, const FilterKey& group,
 bool addLayersToGroup(OdDbDatabase& database, const FilterKey& group,
                       std::span<const OdDbObjectId> layers)
 {
-    return fillGroup(database, group, layers, true);
+    return moveLayersToGroup(database, nullptr, group, layers);
+}
+
+bool moveLayersToGroup(OdDbDatabase& database, const FilterKey* from, const FilterKey& to,
+                       std::span<const OdDbObjectId> layers)
+{
+    FilterTreeEdit edit(database);
+    const OdLyLayerGroupPtr target = findGroup(edit, to);
+    if (!target || target->dynamicallyGenerated())
+        return false;
+    std::unordered_set<quint32> held;
+    for (const OdDbObjectId layer : target->layerIds())
+        held.insert(layer.slot());
+    bool changed = false;
+    std::unordered_set<quint32> moved;
+    for (const OdDbObjectId layer : layers) {
+        if (layer.isNull() || layer.isErased())
+            continue;
+        moved.insert(layer.slot());
+        if (!held.insert(layer.slot()).second)
+            continue;
+        target->addLayerId(layer);
+        changed = true;
+    }
+    const OdLyLayerGroupPtr source = from ? findGroup(edit, *from) : nullptr;
+    if (source && source != target && !source->dynamicallyGenerated())
+        changed |= removeAll(*source, moved);
+    if (!changed)
+        return false;
+    beginLayerUndoRecord(database);
+    edit.write();
+    return true;
 }
 
 bool RemoveLayerFromGroups(OdDbDatabase& database, OdDbObjectId layer)
 {
+    return removeLayersFromGroups(database, {&layer, 1});
+}
+
+bool removeLayersFromGroups(OdDbDatabase& database, std::span<const OdDbObjectId> layers)
+{
     FilterTreeEdit edit(database);
     if (!edit.root())
         return false;
+    std::unordered_set<quint32> leaving;
+    for (const OdDbObjectId layer : layers)
+        leaving.insert(layer.slot());
+    bool changed = false;
     for (const OdLyLayerFilterPtr& filter : filtersOfTree(edit.root())) {
-        if (!filter->isIdFilter())
-            continue;
-        auto& group = static_cast<OdLyLayerGroup&>(*filter);
-        while (std::find(group.layerIds().begin(), group.layerIds().end(), layer)
-               != group.layerIds().end())
-            group.removeLayerId(layer);
+        if (filter->isIdFilter())
+            changed |= removeAll(static_cast<OdLyLayerGroup&>(*filter), leaving);
     }
-    edit.write();
+    if (changed)
+        edit.write();
     return true;
 }

@@ -328,25 +328,26 @@ void CLayerTreeVw::newGroupFilter(const FilterKey& parent)
 
 void CLayerTreeVw::newPropertyFilter(const FilterKey& parent)
 {
-    const OdLyLayerFilterPtr root = FilterTreeEdit(*m_database).root();
+    const FilterTreeEdit tree(*m_database); // holds the parent
     const auto filter =
-        odrxCreate<OdLyLayerFilter>(MakeDefaultFilterName(root, FilterKind::Property));
-    if (askFor(*filter))
+        odrxCreate<OdLyLayerFilter>(MakeDefaultFilterName(tree.root(), FilterKind::Property));
+    if (askFor({filter, tree.find(parent), false}))
         showResult(addFilter(*m_database, parent, filter));
 }
 
 void CLayerTreeVw::editFilter(const FilterKey& key)
 {
-    const OdLyLayerFilterPtr filter = FilterTreeEdit(*m_database).find(key);
-    if (filter && askFor(*filter))
+    const FilterTreeEdit tree(*m_database); // a copy, which holds the parent
+    const OdLyLayerFilterPtr filter = tree.find(key);
+    if (filter && askFor({filter, filter->parent(), true}))
         showResult(changeFilter(*m_database, key, filter->name(), filter->filterExpression()));
 }
 
-bool CLayerTreeVw::askFor(OdLyLayerFilter& filter)
+bool CLayerTreeVw::askFor(const FilterToEdit& task)
 {
     const QPointer<CLayerTreeVw> view(this);
     const OdDbDatabase* database = m_database;
-    return m_filterEditor(this, *m_database, filter) && view && m_database == database;
+    return m_filterEditor(this, *m_database, task) && view && m_database == database;
 }
 
 void CLayerTreeVw::pickLayers(const FilterKey& group, const QString& mode)

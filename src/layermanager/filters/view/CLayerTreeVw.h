@@ -18,7 +18,7 @@
 class CLayerPaneView;
 class FilterTreeDatabaseReactor;
 class OdDbDatabase;
-class OdLyLayerFilter;
+struct FilterToEdit;
 
 /// The tree of layer filters of one drawing. It holds names only: for each command the filter is
 /// looked up again in the drawing's filter manager.
@@ -48,7 +48,19 @@ public:
     bool IsAllFilterSelected() const;
     /// What the selected node shows, and the other layers. Without a selection all layers are in.
     FilterLayers layersOfSelected() const;
+    /// Tells of single layers whether the selected node shows them, as the filters are now.
+    std::function<bool(OdDbObjectId)> testOfSelected() const;
     void select(const FilterKey& filter);
+
+    // Layers that are dragged onto a node
+
+    /// The node that layers would be dropped on; it is marked.
+    QModelIndex dropNode() const { return m_dropNode; }
+    void setDropNode(const QModelIndex& node);
+    /// Whether layers can be put into a node.
+    bool takesLayers(const QModelIndex& node) const;
+    /// Puts layers into a group, and takes them out of the selected one when they are moved.
+    void dropLayers(const QModelIndex& node, const std::vector<OdDbObjectId>& layers, bool moves);
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
     /// Runs a command of the context menu or the toolbar on the selected node.
@@ -61,7 +73,7 @@ public:
 
     /// How a property filter is edited: false when the user gave up. To be replaced by tests.
     using FilterEditor =
-        std::function<bool(QWidget* parent, OdDbDatabase& database, OdLyLayerFilter& filter)>;
+        std::function<bool(QWidget* parent, OdDbDatabase& database, const FilterToEdit& task)>;
     void setFilterEditor(FilterEditor editor) { m_filterEditor = std::move(editor); }
 
 signals:
@@ -74,6 +86,8 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
 
 protected slots:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -114,7 +128,7 @@ private:
     void newPropertyFilter(const FilterKey& parent);
     void editFilter(const FilterKey& key);
     /// Has a property filter edited; false when the user gave up, or the drawing went meanwhile.
-    bool askFor(OdLyLayerFilter& filter);
+    bool askFor(const FilterToEdit& task);
     void pickLayers(const FilterKey& group, const QString& mode);
     void endLabelEdit();
     /// Does a command of a menu that was opened on a node, unless another one is selected by now.
@@ -129,6 +143,7 @@ private:
     QSet<QString> m_collapsed; ///< case-folded names
     std::optional<TypedLabel> m_typed;
     QPointer<QMenu> m_menu;
+    QPersistentModelIndex m_dropNode;
     FilterKey m_pickGroup;
     const OdDbDatabase* m_pickDatabase = nullptr; ///< only to be compared
     bool m_showing = false; ///< selection and expansion are not the user's

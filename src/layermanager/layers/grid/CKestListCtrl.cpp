@@ -228,3 +228,11 @@ bool CKestListCtrl::checksCharacters(int) const
 {
     return true;
 }
+
+bool CKestListCtrl::isDragColumn(int) const
+{
+    return false;
+}
+
+void CKestListCtrl::beginDrag()
+{ }

@@ -3,6 +3,7 @@
 #include <QPersistentModelIndex>
 #include <QTableView>
 
+#include <optional>
 #include <vector>
 
 /// The generic grid: rows of cells that are clicked, walked through with the keyboard and edited
@@ -79,6 +80,10 @@ protected:
     virtual bool preCheck();
     /// Whether the text of a column's editor is held against the set of forbidden characters.
     virtual bool checksCharacters(int column) const;
+    /// Whether a press on a cell of that column may begin to drag the selected rows.
+    virtual bool isDragColumn(int column) const;
+    /// The user drags the selected rows, of which one was pressed.
+    virtual void beginDrag();
     /// Ctrl and Shift as held during the click that is being handled.
     Qt::KeyboardModifiers clickModifiers() const { return m_clickModifiers; }
     /// While an edit is reported: whether a press of the mouse elsewhere ends it.
@@ -110,7 +115,17 @@ private:
     void reportEdit(const CInPlaceEdit& editor);
     bool mayDestroy(const CInPlaceEdit& editor) const;
 
+    /// A press that may begin a drag. On a selected row the click waits for the release, so that
+    /// the other rows stay selected while they are dragged.
+    struct Press
+    {
+        Cell cell;
+        QPoint place;
+        bool waits = false;
+    };
+
     CInPlaceEdit* m_editor = nullptr;
+    std::optional<Press> m_press;
     bool m_reporting = false;
     bool m_endsByMouse = false;
     QPersistentModelIndex m_anchor; ///< goes with its row

@@ -2,6 +2,7 @@
 
 #include "layermanager/layers/grid/CKestListCtrl.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QItemSelection>
 #include <QKeyEvent>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -113,8 +115,17 @@ void CKestListCtrl::focusCell(int row, int column)
 void CKestListCtrl::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
-    if (event->button() == Qt::LeftButton && model())
-        clickCell(hitTest(event->position().toPoint()), event->modifiers());
+    m_press.reset();
+    if (event->button() != Qt::LeftButton || !model())
+        return;
+    const QPoint place = event->position().toPoint();
+    const Cell cell = hitTest(place);
+    const bool drags = cell.isValid() && isDragColumn(cell.column);
+    const bool waits = drags && isRowChosen(cell.row) && !(event->modifiers() & kSelecting);
+    if (!waits)
+        clickCell(cell, event->modifiers());
+    if (drags && hitTest(place) == cell && isRowChosen(cell.row))
+        m_press = Press{cell, place, waits};
 }
 
 void CKestListCtrl::clickCell(Cell cell, Qt::KeyboardModifiers modifiers, bool isDouble)
@@ -156,16 +167,28 @@ void CKestListCtrl::selectClicked(Cell cell, bool taken)
 void CKestListCtrl::mouseMoveEvent(QMouseEvent* event)
 {
     event->accept();
+    if (!m_press || !(event->buttons() & Qt::LeftButton))
+        return;
+    const QPoint way = event->position().toPoint() - m_press->place;
+    if (way.manhattanLength() < QApplication::startDragDistance())
+        return;
+    m_press.reset();
+    beginDrag();
 }
 
 void CKestListCtrl::mouseReleaseEvent(QMouseEvent* event)
 {
     event->accept();
+    const std::optional<Press> press = std::exchange(m_press, std::nullopt);
+    if (event->button() == Qt::LeftButton && press && press->waits
+        && hitTest(press->place) == press->cell)
+        clickCell(press->cell, Qt::NoModifier);
 }
 
 void CKestListCtrl::mouseDoubleClickEvent(QMouseEvent* event)
 {
     event->accept();
+    m_press.reset();
     if (event->button() == Qt::LeftButton && model())
         clickCell(hitTest(event->position().toPoint()), event->modifiers(), true);
 }

@@ -72,10 +72,16 @@ CLayerListCtrl::CLayerListCtrl(QWidget* parent)
             [this](int row, int subItem, const QString& text) {
                 endTextEdit(row, static_cast<LayerColumn>(columnData(subItem).subItem), text);
             });
-    m_refreshTimer.setSingleShot(true);
-    m_refreshTimer.setInterval(kRefreshDelay);
-    m_refreshTimer.setObjectName(QStringLiteral("timer_%1").arg(kRefreshTimer));
-    connect(&m_refreshTimer, &QTimer::timeout, this, &CLayerListCtrl::refreshTimeout);
+    const auto setUp = [this](QTimer& timer, int id, void (CLayerListCtrl::*expire)()) {
+        timer.setSingleShot(true);
+        timer.setInterval(kTimerDelay);
+        timer.setObjectName(QStringLiteral("timer_%1").arg(id));
+        connect(&timer, &QTimer::timeout, this, expire);
+    };
+    setUp(m_refreshTimer, kRefreshTimer, &CLayerListCtrl::refreshTimeout);
+    setUp(m_erasureTimer, kErasureTimer, &CLayerListCtrl::erasureTimeout);
+    setUp(m_typeAheadTimer, kTypeAheadTimer, &CLayerListCtrl::forgetTypedAhead);
+    m_refreshTimer.start();
 }
 
 CLayerListCtrl::~CLayerListCtrl()
@@ -95,6 +101,8 @@ void CLayerListCtrl::attach(OdDbDatabase* database)
     m_database = database;
     m_refreshPending = false;
     m_orderPending = false;
+    m_burst = {};
+    m_erasureTimer.stop();
     if (m_database)
         m_database->addReactor(m_reactor.get());
 }
@@ -177,6 +185,9 @@ void CLayerListCtrl::showRows(LayerListModel::Ids ordered)
     m_newLayerFlag = false;
     m_newLayer = {};
     m_orderPending = false;
+    m_burst.come.clear();
+    m_burst.gone.clear();
+    forgetListing();
     m_model.forgetNewLayers();
     m_model.resetOrdered(std::move(ordered));
     m_displayedCount = m_model.rowCount();
@@ -266,35 +277,6 @@ void CLayerListCtrl::currentLayerMoved()
     emit currentLayerChanged();
 }
 
-void CLayerListCtrl::layerAppended(OdDbObjectId layer)
-{
-    const auto record = layer.openObject<OdDbLayerTableRecord>();
-    if (!record || findRow(layer) >= 0 || record->getName().contains(QLatin1Char(kHiddenMark)))
-        return;
-    insertRow(layer, m_model.rowCount());
-    m_displayedCount = m_model.rowCount();
-    emit listChanged();
-}
-
-void CLayerListCtrl::layerModified(OdDbObjectId layer)
-{
-    const int row = findRow(layer);
-    if (row < 0) {
-        requestRefresh();
-        return;
-    }
-    refreshRow(row, layer);
-    m_refreshTimer.start();
-}
-
-void CLayerListCtrl::layerErased(OdDbObjectId layer)
-{
-    if (m_erased)
-        m_erased->push_back(layer);
-    else if (!m_renaming)
-        removeRows({layer});
-}
-
 void CLayerListCtrl::removeRows(const LayerListModel::Ids& layers)
 {
     const bool listed = std::any_of(layers.begin(), layers.end(),
@@ -318,25 +300,4 @@ void CLayerListCtrl::removeRows(const LayerListModel::Ids& layers)
     }
     m_displayedCount = m_model.rowCount();
     emit listChanged();
-}
-
-void CLayerListCtrl::requestRefresh()
-{
-    m_refreshPending = true;
-    m_refreshTimer.start();
-}
-
-void CLayerListCtrl::refreshTimeout()
-{
-    // Listing anew would take away what the user is typing.
-    if ((m_refreshPending || m_orderPending) && editor()) {
-        m_refreshTimer.start();
-        return;
-    }
-    if (std::exchange(m_orderPending, false))
-        m_model.reorder(m_sortOrder);
-    if (std::exchange(m_refreshPending, false))
-        emit listStale();
-    else
-        viewport()->update();
 }

@@ -3,6 +3,7 @@
 #include "layermanager/layers/LayerListModel.h"
 #include "layermanager/layers/ListCtrlColumnData.h"
 #include "layermanager/layers/grid/CKestListCtrl.h"
+#include "layermanager/layers/grid/LayerBurst.h"
 
 #include <QMenu>
 #include <QTimer>
@@ -21,9 +22,11 @@ class CLayerListCtrl : public CKestListCtrl
 public:
     class CLayerListCtrlDatabaseReactor;
 
-    /// Id of the timer that brings the grid up to date once a burst of changes is over.
-    static constexpr int kRefreshTimer = 100;
-    static constexpr int kRefreshDelay = 500; ///< milliseconds
+    // Ids of the timers, which run out once for each time they are started
+    static constexpr int kRefreshTimer = 100; ///< a burst of changes is over
+    static constexpr int kErasureTimer = 200; ///< a burst of erasures is over
+    static constexpr int kTypeAheadTimer = 300; ///< what is typed now is another word
+    static constexpr int kTimerDelay = 500; ///< milliseconds
 
     explicit CLayerListCtrl(QWidget* parent = nullptr);
     ~CLayerListCtrl() override;
@@ -48,13 +51,27 @@ public:
     bool refreshRow(int row, OdDbObjectId layer);
     void refreshAllRows();
     /// The row of a layer, or -1.
-    int findRow(OdDbObjectId layer) const { return m_model.rowOf(layer); }
+    int findRow(OdDbObjectId layer)
+    {
+        settle();
+        return m_model.rowOf(layer);
+    }
     /// Selects and focuses the current layer's row and scrolls it into view.
     void selectCurrentRow();
 
-    int displayedCount() const { return m_displayedCount; }
+    /// The layers of the selected rows, from top to bottom.
+    LayerListModel::Ids chosenLayers();
+    int displayedCount()
+    {
+        settle();
+        return m_displayedCount;
+    }
     OdDbObjectId currentLayer() const { return m_model.context().currentLayer; }
-    const LayerListModel& layerModel() const { return m_model; }
+    const LayerListModel& layerModel()
+    {
+        settle();
+        return m_model;
+    }
 
     // Commands
 
@@ -87,6 +104,9 @@ public:
 
     /// Has listStale() sent once a burst of changes, and an in-place edit, is over.
     void requestRefresh();
+    /// What tells whether a layer that comes or changes belongs into the list. Without it each
+    /// does.
+    void setListing(std::function<LayerListing()> listing) { m_listing = std::move(listing); }
 
     // State
 
@@ -113,6 +133,13 @@ signals:
     void currentLayerChanged();
     /// What is listed may no longer be what should be; sent once a burst of changes is over.
     void listStale();
+    /// A burst of changes is over, and the list is what it should be.
+    void burstOver();
+    /// A burst of erasures is over; the layers are out of the groups.
+    void erasuresOver();
+    /// Layers changed so that they came into the list or left it, or came and were not listed. Sent
+    /// once for a burst, when the user can be told.
+    void filterViolated();
     /// The drawing that the grid followed is ending.
     void databaseGone();
 
@@ -121,7 +148,11 @@ protected:
     bool cellDoubleClicked(int row, int column) override;
     bool preCheck() override;
     bool checksCharacters(int column) const override;
+    bool isDragColumn(int column) const override;
+    void beginDrag() override;
     bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void keyboardSearch(const QString& typed) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -143,9 +174,27 @@ private:
 
     // What the database tells
     void layerAppended(OdDbObjectId layer);
+    void layerReAppended(OdDbObjectId layer);
     void layerModified(OdDbObjectId layer);
     void layerErased(OdDbObjectId layer);
+    void forgetListing() { m_burst.listing.reset(); }
+    RowDecision decide(OdDbObjectId layer);
+    bool isInBurst();
+    void armRefresh();
+    void tellCount(bool inBurst);
+    /// Shows what waits since this turn of the event loop began.
+    void settle()
+    {
+        if (m_burst.told > 0)
+            settleTurn();
+    }
+    void settleTurn();
     void refreshTimeout();
+    void erasureTimeout();
+    void judgeChanges();
+    void tellViolation();
+    void forgetTypedAhead() { m_typedAhead.clear(); }
+    int findTypedAhead();
 
     // Edits
     bool isStartOfTextEdit(int row, LayerColumn column) const;
@@ -168,7 +217,6 @@ private:
     bool leaveEditor();
     void chooseAllBut(const std::vector<int>& rows);
     int commandOfKey(const QKeyEvent& event) const;
-    LayerListModel::Ids chosenLayers() const;
     void removeRows(const LayerListModel::Ids& layers);
     void editNewLayer();
 
@@ -189,5 +237,10 @@ private:
     bool m_settingWidths = false;
     bool m_refreshPending = false;
     bool m_orderPending = false; ///< a row waits to go to its place
+    LayerBurst m_burst;
+    std::function<LayerListing()> m_listing;
+    QString m_typedAhead; ///< lower case
     QTimer m_refreshTimer{this};
+    QTimer m_erasureTimer{this};
+    QTimer m_typeAheadTimer{this};
 };

@@ -42,8 +42,9 @@ CLayerListCtrl::Redraw CLayerListCtrl::redrawAfterCommand(int id)
     }
 }
 
-LayerListModel::Ids CLayerListCtrl::chosenLayers() const
+LayerListModel::Ids CLayerListCtrl::chosenLayers()
 {
+    settle();
     LayerListModel::Ids layers;
     for (const int row : chosenRows())
         layers.push_back(m_model.layerId(row));
@@ -180,6 +181,8 @@ int CLayerListCtrl::commandOfKey(const QKeyEvent& event) const
 
 bool CLayerListCtrl::event(QEvent* event)
 {
+    if (event->type() == QEvent::KeyPress)
+        settle();
     // The grid's keys go before those that the host's window has for its own commands.
     if (event->type() == QEvent::ShortcutOverride
         && commandOfKey(*static_cast<QKeyEvent*>(event)) != 0) {
@@ -187,6 +190,14 @@ bool CLayerListCtrl::event(QEvent* event)
         return true;
     }
     return CKestListCtrl::event(event);
+}
+
+bool CLayerListCtrl::viewportEvent(QEvent* event)
+{
+    // Whatever meets a row meets it where it is; painting waits for the end of the turn.
+    if (event->type() != QEvent::Paint)
+        settle();
+    return CKestListCtrl::viewportEvent(event);
 }
 
 void CLayerListCtrl::keyPressEvent(QKeyEvent* event)

@@ -22,7 +22,7 @@ public:
 
 private:
     /// The layer's id, or null where the notification does not concern the grid.
-    OdDbObjectId layerOf(const OdDbObject* object) const;
+    OdDbObjectId layerOf(const OdDbDatabase* database, const OdDbObject* object) const;
 
     CLayerListCtrl& m_grid;
 };

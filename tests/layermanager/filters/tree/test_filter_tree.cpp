@@ -1,6 +1,7 @@
 #include "FilterTreeFixture.h"
 #include "database/ObjectStore.h"
 #include "io/DrawingFile.h"
+#include "layermanager/filter_editor/CDlgLayPropFilter.h"
 #include "layermanager/module/LayerModuleState.h"
 
 #include <QAbstractItemModelTester>
@@ -225,9 +226,9 @@ void TestFilterTree::makesAPropertyFilterBelowTheSelectedOne()
     addGroup("Outer", {});
     click("Outer");
     QString name;
-    tree().setFilterEditor([&](QWidget*, OdDbDatabase&, OdLyLayerFilter& filter) {
-        name = filter.name();
-        filter.setFilterExpression(QStringLiteral("NAME==\"W*\" "));
+    tree().setFilterEditor([&](QWidget*, OdDbDatabase&, const FilterToEdit& task) {
+        name = task.filter->name();
+        task.filter->setFilterExpression(QStringLiteral("NAME==\"W*\" "));
         return true;
     });
     tree().command(40091);
@@ -241,7 +242,7 @@ void TestFilterTree::makesAPropertyFilterBelowTheSelectedOne()
 void TestFilterTree::makesNoPropertyFilterWhenTheUserGivesUp()
 {
     run("_LAYER");
-    tree().setFilterEditor([](QWidget*, OdDbDatabase&, OdLyLayerFilter&) { return false; });
+    tree().setFilterEditor([](QWidget*, OdDbDatabase&, const FilterToEdit&) { return false; });
     const auto stamp = db().editStamp();
     tree().command(40025);
     QCOMPARE(db().editStamp(), stamp);
@@ -253,9 +254,9 @@ void TestFilterTree::editsAPropertyFilter()
     run("_LAYER");
     addProperty("P", "NAME==\"W*\" ");
     click("P");
-    tree().setFilterEditor([](QWidget*, OdDbDatabase&, OdLyLayerFilter& filter) {
-        filter.setName(QStringLiteral("D"));
-        filter.setFilterExpression(QStringLiteral("NAME==\"D*\" "));
+    tree().setFilterEditor([](QWidget*, OdDbDatabase&, const FilterToEdit& task) {
+        task.filter->setName(QStringLiteral("D"));
+        task.filter->setFilterExpression(QStringLiteral("NAME==\"D*\" "));
         return true;
     });
     tree().command(40098);

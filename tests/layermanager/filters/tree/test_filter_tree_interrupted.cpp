@@ -51,7 +51,6 @@ private slots:
     void closesTheDialogWithTheDrawing();
     void keepsWhatChangedWhileAFilterWasEdited();
     void recordsNoStepWhereNothingWasEdited();
-    void takesTheOldNameBackInTheDialog();
 
     void fillsTheSecondOfTwoGroupsOfOneName();
     void fillsNoGroupOfAnotherDrawing();
@@ -166,8 +165,8 @@ void TestFilterTreeInterrupted::makesNoFilterWhenTheDrawingGoesWhileItIsAskedFor
     run("_LAYER");
     addProperty("P", "NAME==\"W*\" ");
     click("P");
-    tree().setFilterEditor([&](QWidget*, OdDbDatabase&, OdLyLayerFilter& filter) {
-        filter.setName(QStringLiteral("Late"));
+    tree().setFilterEditor([&](QWidget*, OdDbDatabase&, const FilterToEdit& task) {
+        task.filter->setName(QStringLiteral("Late"));
         host().close(db());
         return true;
     });
@@ -196,9 +195,9 @@ void TestFilterTreeInterrupted::keepsWhatChangedWhileAFilterWasEdited()
     run("_LAYER");
     addProperty("P", "NAME==\"W*\" ");
     click("P");
-    tree().setFilterEditor([&](QWidget*, OdDbDatabase&, OdLyLayerFilter& filter) {
+    tree().setFilterEditor([&](QWidget*, OdDbDatabase&, const FilterToEdit& task) {
         addGroup("Meanwhile", {"Doors"});
-        filter.setName(QStringLiteral("Edited"));
+        task.filter->setName(QStringLiteral("Edited"));
         return true;
     });
     tree().command(40098);
@@ -213,31 +212,10 @@ void TestFilterTreeInterrupted::recordsNoStepWhereNothingWasEdited()
     addProperty("P", "NAME==\"W*\" ");
     click("P");
     host().historyNames.clear();
-    tree().setFilterEditor([](QWidget*, OdDbDatabase&, OdLyLayerFilter&) { return true; });
+    tree().setFilterEditor([](QWidget*, OdDbDatabase&, const FilterToEdit&) { return true; });
     tree().command(40098);
     QCOMPARE(host().historyNames, QStringList());
     QCOMPARE(tree().selectedName(), QStringLiteral("P"));
-}
-
-void TestFilterTreeInterrupted::takesTheOldNameBackInTheDialog()
-{
-    addProperty("P", "NAME==\"W*\" ");
-    const OdLyLayerFilterPtr filter = FilterTreeEdit(db()).find(key("P"));
-    CDlgLayPropFilter dialog(db(), *filter);
-    auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("filterName"));
-    auto* expression = dialog.findChild<QLineEdit*>(QStringLiteral("filterExpression"));
-    name->setText(QStringLiteral("Q"));
-    expression->setText(QStringLiteral("no expression"));
-    prompts().willCloseMessage();
-    dialog.accept();
-    QCOMPARE(dialog.result(), int(QDialog::Rejected));
-    QCOMPARE(filter->name(), QStringLiteral("P"));
-    name->setText(QStringLiteral("P"));
-    expression->setText(QStringLiteral("NAME==\"D*\""));
-    dialog.accept();
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(filter->name(), QStringLiteral("P"));
-    QVERIFY(filter->filterExpression().contains(QStringLiteral("\"D*\"")));
 }
 
 void TestFilterTreeInterrupted::fillsTheSecondOfTwoGroupsOfOneName()

@@ -1,4 +1,4 @@
-#include "layermanager/palette/LayerSearch.h"
+#include "layermanager/palette/pane/LayerSearch.h"
 
 #include "base/WildcardPattern.h"
 #include "database/NameIndex.h"

@@ -1,4 +1,4 @@
-#include "layermanager/palette/PaneKeys.h"
+#include "layermanager/palette/pane/PaneKeys.h"
 
 #include "layermanager/filters/tree/FilterCommands.h"
 #include "layermanager/filters/view/CLayerTreeVw.h"
@@ -6,7 +6,7 @@
 #include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/module/LayerPalette.h"
 #include "layermanager/palette/CLayerPaneView.h"
-#include "layermanager/palette/CLayerSearchBox.h"
+#include "layermanager/palette/pane/CLayerSearchBox.h"
 #include "sdk/LocalSearch.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "layermanager/palette/PaneDatabaseReactor.h"
+#include "layermanager/palette/pane/PaneDatabaseReactor.h"
 
 #include "database/OdDbLayerTableRecord.h"
 #include "layermanager/palette/CLayerPaneView.h"
@@ -9,6 +9,13 @@ void PaneDatabaseReactor::look(const OdDbObject* object)
         m_view.layerChanged(object->objectId());
     else
         m_view.drawingChanged();
+}
+
+void PaneDatabaseReactor::count(const OdDbObject* object)
+{
+    look(object);
+    if (OdDbLayerTableRecord::isKind(object->kind()))
+        m_view.layerCountChanged();
 }
 
 void PaneDatabaseReactor::headerSysVarChanged(const OdDbDatabase*, const QString& name)

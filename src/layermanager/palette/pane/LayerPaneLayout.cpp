@@ -1,4 +1,4 @@
-#include "layermanager/palette/LayerPaneLayout.h"
+#include "layermanager/palette/pane/LayerPaneLayout.h"
 
 #include <algorithm>
 

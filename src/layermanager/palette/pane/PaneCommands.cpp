@@ -1,4 +1,4 @@
-#include "layermanager/palette/PaneCommands.h"
+#include "layermanager/palette/pane/PaneCommands.h"
 
 #include "layermanager/filters/tree/FilterCommands.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"

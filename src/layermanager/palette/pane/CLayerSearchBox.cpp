@@ -1,4 +1,4 @@
-#include "layermanager/palette/CLayerSearchBox.h"
+#include "layermanager/palette/pane/CLayerSearchBox.h"
 
 #include <QFocusEvent>
 #include <QMouseEvent>

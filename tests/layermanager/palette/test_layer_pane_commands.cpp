@@ -1,0 +1,356 @@
+#include "PaneFixture.h"
+#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/palette/pane/PaneCommandTarget.h"
+#include "sdk/CKestPreferenceManager.h"
+
+#include <QHelpEvent>
+#include <QScopedValueRollback>
+#include <QTest>
+#include <QToolTip>
+
+class TestLayerPaneCommands : public PaneFixture
+{
+    Q_OBJECT
+
+private slots:
+    void threeToolbarsHoldTheirCommands();
+    void deleteTakesTheSelectedLayers();
+    void deleteIsIgnoredDuringAnEdit();
+    void newLayerIsMadeAndItsNameEdited();
+    void newLayerEndsAnEdit();
+    void newLayerFrozenInNewViewportsIsThat();
+    void setCurrentMakesTheSelectedLayerCurrent();
+    void setCurrentWithSeveralLayersDoesNothing();
+    void setCurrentIsIgnoredDuringAnEdit();
+    void deleteAndSetCurrentAreEnabledWhileALayerIsListed();
+    void newFiltersComeFromTheTree();
+    void dialogsAreOfferedOnceThereAreSome();
+    void aCheckButtonHidesAndShowsTheTree();
+    void withoutADrawingNothingButThePaletteIsOffered();
+    void commandsThatAreNoneDoNothing();
+    void editsInsideARunningCommandOpenNoRecord();
+    void combiningJoinsSuccessiveEdits();
+    void withoutCombiningEachEditIsAStep();
+    void aToolbarWithoutAnOwnerAsksItsParent();
+    void textsOfButtonsShareOneNumbering();
+    void aTextOfThePaletteGoesBeforeThatOfTheButton();
+    void buttonsAreReachedByTab();
+
+private:
+    void deleteSpareLayersOneByOne();
+    int undoSteps();
+};
+
+namespace {
+
+/// A parent that takes the commands of a toolbar.
+class Taker : public QWidget, public PaneCommandTarget
+{
+public:
+    void command(int id) override { taken.append(id); }
+    bool isCommandEnabled(int id) const override { return id != kLayerStates; }
+    bool isCommandChecked(int) const override { return false; }
+    QList<int> taken;
+};
+
+} // namespace
+
+void TestLayerPaneCommands::deleteSpareLayersOneByOne()
+{
+    for (const char* name : {"Spare-1", "Spare-2"}) {
+        choose({name});
+        clickTool(40001);
+    }
+    QCOMPARE(view()->database()->layerTable().count(), 5);
+}
+
+/// How many steps of undo bring both layers back.
+int TestLayerPaneCommands::undoSteps()
+{
+    OdDbDatabase& d = *view()->database();
+    int steps = 0;
+    while (d.layerTable().count() < 7 && d.undo())
+        ++steps;
+    return steps;
+}
+
+void TestLayerPaneCommands::threeToolbarsHoldTheirCommands()
+{
+    const auto commands = [this](int bar) {
+        QList<int> ids;
+        for (const QAction* action : view()->toolbar(bar)->actions()) {
+            ids.append(action->data().toInt());
+            if (action->icon().isNull() || action->toolTip().isEmpty())
+                ids.append(-1);
+        }
+        return ids;
+    };
+    QCOMPARE(commands(kToolbarLeft), (QList<int>{40025, 40024, 40026}));
+    QCOMPARE(commands(kToolbarMiddle), (QList<int>{40002, 40010, 40001, 40003}));
+    QCOMPARE(commands(kToolbarRight), (QList<int>{kShowFilterTree, 40085, 40088}));
+}
+
+void TestLayerPaneCommands::deleteTakesTheSelectedLayers()
+{
+    addSpareLayers();
+    choose({"Spare-1", "Spare-2"});
+    clickTool(40001);
+    QCOMPARE(listed(), texts({"0", "Doors", "Roof", "Walls", "Walls-2"}));
+}
+
+void TestLayerPaneCommands::deleteIsIgnoredDuringAnEdit()
+{
+    choose({"Doors"});
+    grid().setFocus();
+    press(Qt::Key_F2);
+    QVERIFY(grid().editor());
+    clickTool(40001);
+    QVERIFY(grid().editor());
+    QCOMPARE(listed().size(), 5);
+}
+
+void TestLayerPaneCommands::newLayerIsMadeAndItsNameEdited()
+{
+    choose({"Doors"});
+    layer("Doors")->setColor(OdCmColor::fromIndex(3));
+    clickTool(40002);
+    QVERIFY(grid().editor());
+    QTest::keyClicks(grid().editor(), QStringLiteral("Gates"));
+    press(Qt::Key_Return);
+    const auto made = layer_drawing::read(*view()->database(), "Gates");
+    QVERIFY(made);
+    QVERIFY(!made->VPDFLT());
+    QCOMPARE(made->color(), OdCmColor::fromIndex(3));
+    QCOMPARE(statusText(), QStringLiteral(" All : 6 layers displayed of 6 total layers"));
+}
+
+void TestLayerPaneCommands::newLayerEndsAnEdit()
+{
+    choose({"Doors"});
+    grid().setFocus();
+    press(Qt::Key_F2);
+    QTest::keyClicks(grid().editor(), QStringLiteral("Gates"));
+    clickTool(40002);
+    QVERIFY(listed().contains(QStringLiteral("Gates")));
+    QCOMPARE(listed().size(), 6);
+    // A text that is refused is to be corrected first.
+    grid().editor()->setText(QStringLiteral("a*b"));
+    clickTool(40002);
+    QCOMPARE(listed().size(), 6);
+    QCOMPARE(grid().editor()->text(), QStringLiteral("a*b"));
+    press(Qt::Key_Escape);
+}
+
+void TestLayerPaneCommands::newLayerFrozenInNewViewportsIsThat()
+{
+    clickTool(40010);
+    QVERIFY(grid().editor());
+    press(Qt::Key_Return);
+    QVERIFY(layer_drawing::read(*view()->database(), "Layer1")->VPDFLT());
+}
+
+void TestLayerPaneCommands::setCurrentMakesTheSelectedLayerCurrent()
+{
+    choose({"Roof"});
+    clickTool(40003);
+    OdDbDatabase& d = *view()->database();
+    QCOMPARE(d.getCLAYER(), layer_drawing::id(d, "Roof"));
+    QCOMPARE(currentLine(), QStringLiteral("Current Layer: Roof"));
+}
+
+void TestLayerPaneCommands::setCurrentWithSeveralLayersDoesNothing()
+{
+    choose({"Roof", "Walls"});
+    clickTool(40003);
+    OdDbDatabase& d = *view()->database();
+    QCOMPARE(d.getCLAYER(), d.getLayerZeroId());
+    QCOMPARE(currentLine(), QStringLiteral("Current Layer: 0"));
+}
+
+void TestLayerPaneCommands::setCurrentIsIgnoredDuringAnEdit()
+{
+    choose({"Roof"});
+    grid().setFocus();
+    press(Qt::Key_F2);
+    clickTool(40003);
+    QVERIFY(grid().editor());
+    OdDbDatabase& d = *view()->database();
+    QCOMPARE(d.getCLAYER(), d.getLayerZeroId());
+}
+
+void TestLayerPaneCommands::deleteAndSetCurrentAreEnabledWhileALayerIsListed()
+{
+    QVERIFY(tool(40001)->isEnabled() && tool(40003)->isEnabled());
+    search("nothing");
+    QVERIFY(!tool(40001)->isEnabled() && !tool(40003)->isEnabled());
+    QVERIFY(tool(40002)->isEnabled() && tool(40010)->isEnabled());
+    box().selectAll();
+    press(Qt::Key_Backspace);
+    QVERIFY(tool(40001)->isEnabled() && tool(40003)->isEnabled());
+}
+
+void TestLayerPaneCommands::newFiltersComeFromTheTree()
+{
+    clickTool(40024);
+    QVERIFY(labelEditor());
+    typeLabel("Ground floor");
+    QVERIFY(node("Ground floor").isValid());
+    tree().setFilterEditor([](QWidget*, OdDbDatabase&, OdLyLayerFilter& filter) {
+        filter.setName(QStringLiteral("Locked"));
+        filter.setFilterExpression(QStringLiteral("LOCKED==\"True\" "));
+        return true;
+    });
+    clickTool(40025);
+    settle();
+    QVERIFY(node("Locked").isValid());
+    QCOMPARE(tree().selectedName(), QStringLiteral("Locked"));
+    QCOMPARE(listed(), QStringList());
+}
+
+void TestLayerPaneCommands::dialogsAreOfferedOnceThereAreSome()
+{
+    QVERIFY(!tool(40026)->isEnabled());
+    QVERIFY(!tool(40088)->isEnabled());
+    view()->command(40026);
+    view()->command(40088);
+    QStringList opened;
+    view()->setDialogs({[&](QWidget* parent, OdDbDatabase& database) {
+                            QCOMPARE(parent, view());
+                            QCOMPARE(&database, view()->database());
+                            opened.append(QStringLiteral("states"));
+                        },
+                        [&](QWidget*) { opened.append(QStringLiteral("settings")); }});
+    clickTool(40026);
+    clickTool(40088);
+    QCOMPARE(opened, texts({"states", "settings"}));
+    view()->setDialogs({});
+    QVERIFY(!tool(40026)->isEnabled() && !tool(40088)->isEnabled());
+}
+
+void TestLayerPaneCommands::aCheckButtonHidesAndShowsTheTree()
+{
+    QVERIFY(tool(kShowFilterTree)->isChecked());
+    clickTool(kShowFilterTree);
+    QVERIFY(!tree().isVisible() && !invert().isVisible());
+    QVERIFY(!tool(kShowFilterTree)->isChecked());
+    clickTool(kShowFilterTree);
+    QVERIFY(tree().isVisible() && invert().isVisible());
+    QVERIFY(tool(kShowFilterTree)->isChecked());
+    view()->ShowFilterTree(false);
+    QVERIFY(!tool(kShowFilterTree)->isChecked());
+}
+
+void TestLayerPaneCommands::withoutADrawingNothingButThePaletteIsOffered()
+{
+    host().close(*view()->database());
+    host().close(db());
+    QVERIFY(!view()->database());
+    for (const int id : {40001, 40002, 40003, 40010, 40024, 40025, 40026, 40085})
+        QVERIFY2(!tool(id)->isEnabled(), qPrintable(QString::number(id)));
+    QVERIFY(tool(kShowFilterTree)->isEnabled());
+    for (const int id : {40001, 40002, 40003, 40010, 40024, 40025, 40026, 40085, 1003})
+        view()->command(id);
+    QVERIFY(listed().isEmpty());
+}
+
+void TestLayerPaneCommands::commandsThatAreNoneDoNothing()
+{
+    QVERIFY(!view()->isCommandEnabled(12345));
+    view()->command(12345);
+    QCOMPARE(listed().size(), 5);
+}
+
+void TestLayerPaneCommands::editsInsideARunningCommandOpenNoRecord()
+{
+    OdDbDatabase& d = *view()->database();
+    addSpareLayers();
+    host().ints[QStringLiteral("CMDACTIVE")] = 1;
+    d.startUndoRecord();
+    deleteSpareLayersOneByOne();
+    d.endUndoRecord();
+    QCOMPARE(host().historyNames, QStringList());
+    QCOMPARE(undoSteps(), 1);
+}
+
+void TestLayerPaneCommands::combiningJoinsSuccessiveEdits()
+{
+    const QScopedValueRollback<bool> combine(
+        CKestPreferenceManager::instance().CombineLayerPropPreference, true);
+    addSpareLayers();
+    deleteSpareLayersOneByOne();
+    QCOMPARE(host().historyNames, texts({"_LAYER"}));
+    QCOMPARE(undoSteps(), 1);
+}
+
+void TestLayerPaneCommands::withoutCombiningEachEditIsAStep()
+{
+    const QScopedValueRollback<bool> combine(
+        CKestPreferenceManager::instance().CombineLayerPropPreference, false);
+    addSpareLayers();
+    deleteSpareLayersOneByOne();
+    QCOMPARE(host().historyNames, texts({"_LAYER", "_LAYER"}));
+    QCOMPARE(undoSteps(), 2);
+}
+
+void TestLayerPaneCommands::aToolbarWithoutAnOwnerAsksItsParent()
+{
+    Taker parent;
+    CLayerPaneTBar bar(kToolbarLeft, &parent);
+    bar.updateCommands();
+    const QList<QAction*> actions = bar.actions();
+    QVERIFY(actions[0]->isEnabled() && actions[1]->isEnabled());
+    QVERIFY(!actions[2]->isEnabled());
+    actions[1]->trigger();
+    QCOMPARE(parent.taken, QList<int>{40024});
+    // With one, that is asked.
+    Taker owner;
+    bar.setOwner(&owner);
+    actions[0]->trigger();
+    QCOMPARE(owner.taken, QList<int>{40025});
+    QCOMPARE(parent.taken, QList<int>{40024});
+}
+
+void TestLayerPaneCommands::textsOfButtonsShareOneNumbering()
+{
+    QCOMPARE(paneToolTextKey(117, 40025), 40024);
+    QCOMPARE(paneToolTextKey(110, 40001), 40003);
+    QCOMPARE(paneToolTextKey(116, 40088), 40094);
+    QCOMPARE(paneToolTextKey(115, 40088), -1);
+    QVERIFY(view()->toolTexts().isEmpty());
+}
+
+void TestLayerPaneCommands::aTextOfThePaletteGoesBeforeThatOfTheButton()
+{
+    const auto rest = [this](int id) {
+        QToolTip::hideText();
+        QWidget* button = toolButton(id);
+        const QPoint place = button->rect().center();
+        QHelpEvent request(QEvent::ToolTip, place, button->mapToGlobal(place));
+        QApplication::sendEvent(button, &request);
+        return QToolTip::text();
+    };
+    // The table is empty: the button's own text is shown.
+    QCOMPARE(rest(40001), QStringLiteral("Delete Layers (Del)"));
+    view()->toolTexts().insert(40003, QStringLiteral("From the palette"));
+    QCOMPARE(rest(40001), QStringLiteral("From the palette"));
+    QCOMPARE(rest(40002), QStringLiteral("New Layer"));
+    QToolTip::hideText();
+}
+
+void TestLayerPaneCommands::buttonsAreReachedByTab()
+{
+    part<QLineEdit>("currentLayer")->setFocus();
+    QList<QWidget*> reached;
+    for (int i = 0; i < 9; ++i) {
+        press(Qt::Key_Tab);
+        reached.append(window().focusWidget());
+    }
+    // 40026 and 40088 are disabled, and passed over.
+    QCOMPARE(reached,
+             (QList<QWidget*>{&box(), control(kSearchButton), toolButton(40025), toolButton(40024),
+                              toolButton(40002), toolButton(40010), toolButton(40001),
+                              toolButton(40003), toolButton(kShowFilterTree)}));
+}
+
+QTEST_MAIN(TestLayerPaneCommands)
+#include "test_layer_pane_commands.moc"

@@ -1,0 +1,121 @@
+#include "PaneFixture.h"
+#include "io/DrawingFile.h"
+#include "support/GoldenImage.h"
+#include "support/GoldenLook.h"
+
+#include <QPainter>
+#include <QTest>
+
+using Theme = GoldenLook::Theme;
+
+namespace {
+
+const QString kSample = QStringLiteral(KEST_SAMPLES "/office.dxf");
+
+} // namespace
+
+/// The palette over the sample drawing.
+class TestLayerPaneLook : public PaneFixture
+{
+    Q_OBJECT
+
+private slots:
+    void looksLikeItsGoldenImages_data();
+    void looksLikeItsGoldenImages();
+    void isSharpOnFineScreens_data();
+    void isSharpOnFineScreens();
+
+protected:
+    void prepare() override;
+    void finish() override;
+
+private:
+    void showSample(int width);
+    bool compare(const char* name) const;
+
+    std::unique_ptr<GoldenLook> m_look;
+    Theme m_theme = Theme::Light;
+};
+
+void TestLayerPaneLook::prepare()
+{
+    // The palette measures itself as it is made, so the look comes first.
+    m_theme = QByteArray(QTest::currentDataTag()) == "dark" ? Theme::Dark : Theme::Light;
+    m_look = std::make_unique<GoldenLook>(m_theme);
+    PaneFixture::prepare();
+}
+
+void TestLayerPaneLook::finish()
+{
+    PaneFixture::finish();
+    m_look.reset();
+}
+
+void TestLayerPaneLook::showSample(int width)
+{
+    host().open(readDrawing(kSample));
+    view()->setDialogs({[](QWidget*, OdDbDatabase&) {}, [](QWidget*) {}});
+    elsewhere().hide();
+    window().resize(width, 420);
+    settle();
+    grid().setColumnWidth(static_cast<int>(LayerColumn::Name), 190);
+    view()->showCurrentLayer();
+}
+
+bool TestLayerPaneLook::compare(const char* name) const
+{
+    return goldenImage(
+        view(),
+        QStringLiteral("layer_pane_%1_%2").arg(QLatin1String(name), GoldenLook::suffix(m_theme)));
+}
+
+void TestLayerPaneLook::looksLikeItsGoldenImages_data()
+{
+    QTest::addColumn<int>("theme");
+    for (const Theme theme : {Theme::Light, Theme::Dark})
+        QTest::newRow(qPrintable(GoldenLook::suffix(theme))) << int(theme);
+}
+
+void TestLayerPaneLook::looksLikeItsGoldenImages()
+{
+    showSample(1100);
+    QVERIFY(compare("office"));
+    view()->ShowFilterTree(false);
+    QVERIFY(compare("without_tree"));
+    view()->ShowFilterTree(true);
+    search("a-*w");
+    QVERIFY(compare("searching"));
+    box().selectAll();
+    QTest::keyClicks(&box(), QStringLiteral("*"));
+    grid().setFocus();
+    OdDbDatabase& d = *view()->database();
+    d.setTILEMODE(false);
+    settle();
+    QVERIFY(compare("layout"));
+    d.setTILEMODE(true);
+    settle();
+    view()->setParent(nullptr);
+    view()->resize(355, 420);
+    const bool isSame = compare("narrow");
+    view()->hide();
+    view()->setParent(&window());
+    QVERIFY(isSame);
+}
+
+void TestLayerPaneLook::isSharpOnFineScreens_data()
+{
+    looksLikeItsGoldenImages_data();
+}
+
+void TestLayerPaneLook::isSharpOnFineScreens()
+{
+    showSample(1100);
+    QImage picture(view()->size() * 2, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(2);
+    view()->render(&picture);
+    QVERIFY(goldenImage(picture,
+                        QStringLiteral("layer_pane_fine_%1").arg(GoldenLook::suffix(m_theme))));
+}
+
+QTEST_MAIN(TestLayerPaneLook)
+#include "test_layer_pane_look.moc"
