@@ -120,7 +120,7 @@ const SysvarDefinition kTable[] = {
      .get = drawing_variables::dictionaryInteger,
      .set = drawing_variables::setDictionaryInteger,
      .meaning = QT_TRANSLATE_NOOP(
-         "Host", "New layers are evaluated: 0 never, 1 in references, 2 everywhere")},
+         "Host", "New layers are evaluated: 0 never, 1 those of the drawing itself, 2 those of references too")},
     {.name = "LAYEREVALCTL",
      .fallback = 1,
      .meaning =

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/OdDbObjectId.h"
+#include "layermanager/layers/LayerListing.h"
 #include "layermanager/module/CLayerDocMngrReactor.h"
 #include "layermanager/palette/CToolTipImpl.h"
 #include "layermanager/palette/pane/LayerPaneLayout.h"
@@ -70,6 +71,8 @@ public:
     bool isInverted() const { return m_bInvert; }
     void setInverted(bool inverted);
     bool IsAllFilterSelected() const;
+    /// What the grid lists by the selected filter, the search box and the box that inverts.
+    LayerListing listing() const;
     /// How often a filter was evaluated to list its layers.
     int filterEvaluations() const { return m_filterEvaluations; }
 
@@ -110,6 +113,7 @@ private:
     void makeTopRow();
     void makeLines();
     void connectParts();
+    void connectSync();
     void addTools();
     void setTabOrders();
     void updateColours();
@@ -124,6 +128,9 @@ private:
     void refill();
     /// Lists them where they are others than those listed.
     void followFilter();
+    /// Brings tree and list up to date after somebody else changed layers; what is selected and
+    /// where the list stands stay so.
+    void refreshFromDrawing();
     void list(const LayerSearch::Ids& layers);
     /// Whether the grid's rows are just these, in whatever order.
     bool isListed(const LayerSearch::Ids& layers) const;

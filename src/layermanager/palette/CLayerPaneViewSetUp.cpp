@@ -172,7 +172,6 @@ void CLayerPaneView::connectParts()
         updateCommands();
     };
     connect(grid(), &CLayerListCtrl::listChanged, this, stateChanged);
-    connect(grid(), &CLayerListCtrl::listStale, this, &CLayerPaneView::refill);
     connect(grid(), &CLayerListCtrl::currentLayerChanged, this,
             &CLayerPaneView::UpdateCurrentLayerLine);
     connect(grid(), &CLayerListCtrl::layersChanged, m_treeView,
@@ -187,6 +186,7 @@ void CLayerPaneView::connectParts()
     connect(m_searchButton, &QToolButton::clicked, this, [this] { command(kSearchButton); });
     connect(m_invertBox, &QCheckBox::clicked, this, &CLayerPaneView::setInverted);
     connect(m_splitter, &QSplitter::splitterMoved, this, &CLayerPaneView::layOut);
+    connectSync();
 }
 
 void CLayerPaneView::setTabOrders()

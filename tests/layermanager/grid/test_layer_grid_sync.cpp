@@ -43,6 +43,7 @@ void TestLayerGridSync::refreshesTheRowOfAChangedLayerAtOnce()
 
 void TestLayerGridSync::repaintsOnceForABurstOfChanges()
 {
+    QVERIFY(flushRefresh()); // it is started with the grid
     QVERIFY(!flushRefresh());
     QSignalSpy stale(&grid(), &CLayerListCtrl::listStale);
     for (const char* name : {"Walls", "Doors", "Roof"})

@@ -101,6 +101,13 @@ void CKestListCtrl::scrollRowIntoView(int row, int above)
         bar->setValue(bar->value() + top - above);
 }
 
+void CKestListCtrl::keepRowAt(int row, int place, int otherwise)
+{
+    executeDelayedItemsLayout();
+    QScrollBar* bar = verticalScrollBar();
+    bar->setValue(row < 0 ? otherwise : bar->value() + rowViewportPosition(row) - place);
+}
+
 void CKestListCtrl::showEvent(QShowEvent* event)
 {
     QTableView::showEvent(event);

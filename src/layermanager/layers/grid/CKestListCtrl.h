@@ -56,6 +56,8 @@ public:
     void focusCell(int row, int column);
     /// Scrolls so far that the row is in view, with a margin; `above` is that at the top.
     void scrollRowIntoView(int row, int above = kMarginAbove);
+    /// Scrolls so that a row stands at that place of the viewport; without it to `otherwise`.
+    void keepRowAt(int row, int place, int otherwise);
     /// Goes so many rows down, and selects that row alone. Nothing beyond the ends.
     void stepRow(int step);
     /// Goes to the next column, or to the one before with -1, that is shown. False at the ends.

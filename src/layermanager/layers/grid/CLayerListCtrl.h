@@ -182,13 +182,14 @@ private:
     bool isInBurst();
     void armRefresh();
     void tellCount(bool inBurst);
-    /// Shows what waits since this turn of the event loop began.
+    void turnOver();
+    /// Shows what waits for the end of this turn of the event loop.
     void settle()
     {
-        if (m_burst.told > 0)
-            settleTurn();
+        if (m_burst.waits())
+            settleWaiting();
     }
-    void settleTurn();
+    void settleWaiting();
     void refreshTimeout();
     void erasureTimeout();
     void judgeChanges();

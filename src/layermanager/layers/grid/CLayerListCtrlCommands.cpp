@@ -113,8 +113,10 @@ void CLayerListCtrl::operate(int id)
     removeRows(erased);
     if (!outcome)
         return;
-    if (id == kReconcileLayers)
+    if (id == kReconcileLayers) {
         removeRows(chosen);
+        m_burst.takeChanges(); // the user asked for just that
+    }
     finishEdit(*outcome, redrawAfterCommand(id));
     if (id == kReconcileLayers && !chosen.empty())
         emit listStale(); // those that the selected filter shows come back

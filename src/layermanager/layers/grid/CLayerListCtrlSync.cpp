@@ -104,11 +104,11 @@ RowDecision CLayerListCtrl::decide(OdDbObjectId layer)
 bool CLayerListCtrl::isInBurst()
 {
     if (m_burst.told++ == 0)
-        QMetaObject::invokeMethod(this, &CLayerListCtrl::settle, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &CLayerListCtrl::turnOver, Qt::QueuedConnection);
     return m_burst.told > LayerBurst::kShownAtOnce;
 }
 
-/// Starts the refresh timer once for a turn; settleTurn() starts it again at the end.
+/// Starts the refresh timer once for a turn; turnOver() starts it again at the end.
 void CLayerListCtrl::armRefresh()
 {
     if (!std::exchange(m_burst.armed, true) || !m_refreshTimer.isActive())
@@ -123,7 +123,7 @@ void CLayerListCtrl::tellCount(bool inBurst)
         emit listChanged();
 }
 
-void CLayerListCtrl::settleTurn()
+void CLayerListCtrl::turnOver()
 {
     const bool wasBurst = std::exchange(m_burst.told, 0) > 1;
     if (std::exchange(m_burst.armed, false) && wasBurst)
@@ -131,21 +131,28 @@ void CLayerListCtrl::settleTurn()
     if (wasBurst && m_erasureTimer.isActive())
         m_erasureTimer.start();
     forgetListing();
+    settle();
+}
+
+void CLayerListCtrl::settleWaiting()
+{
     LayerListModel::Ids gone = std::exchange(m_burst.gone, {});
     std::erase_if(gone, [](OdDbObjectId layer) { return !layer.isErased(); });
     LayerListModel::Ids come = std::exchange(m_burst.come, {});
     std::erase_if(
         come, [this](OdDbObjectId layer) { return layer.isErased() || m_model.rowOf(layer) >= 0; });
     bool countStale = std::exchange(m_burst.countStale, false);
+    const bool rowsStale = std::exchange(m_burst.rowsStale, false);
+    const bool currentStale = std::exchange(m_burst.currentStale, false);
     removeRows(gone);
     if (!come.empty()) {
         m_model.appendLayers(come);
         m_displayedCount = m_model.rowCount();
         countStale = true;
     }
-    if (std::exchange(m_burst.rowsStale, false))
+    if (rowsStale)
         m_model.touchRows();
-    if (std::exchange(m_burst.currentStale, false))
+    if (currentStale)
         emit currentLayerChanged();
     if (countStale)
         emit listChanged();
@@ -161,7 +168,8 @@ void CLayerListCtrl::requestRefresh()
 
 void CLayerListCtrl::refreshTimeout()
 {
-    settle();
+    turnOver();
+    m_refreshTimer.stop();
     // Listing anew would take away what the user is typing.
     if ((m_refreshPending || m_orderPending || m_burst.hasChanges()) && editor()) {
         m_refreshTimer.start();
@@ -207,7 +215,8 @@ void CLayerListCtrl::tellViolation()
 
 void CLayerListCtrl::erasureTimeout()
 {
-    settle();
+    turnOver();
+    m_erasureTimer.stop();
     LayerListModel::Ids erased = std::exchange(m_burst.erased, {});
     std::erase_if(erased, [](OdDbObjectId layer) { return !layer.isErased(); });
     if (!m_database)

@@ -32,6 +32,11 @@ struct LayerBurst
     Ids gone; ///< layers that wait for their rows to go
     std::optional<LayerListing> listing; ///< made ready for this turn
 
+    bool waits() const
+    {
+        return rowsStale || countStale || currentStale || !come.empty() || !gone.empty();
+    }
+
     // Until the timers fire
     Ids erased;
     bool violated = false; ///< a layer agrees with the listing no more; the user is to be told

@@ -99,6 +99,33 @@ TEST(RemoveLayerFromGroups, TakesItOutOfEveryGroupHoweverDeep)
     EXPECT_EQ(drawing.layersOf("Inner"), texts({"A"}));
 }
 
+TEST(RemoveLayerFromGroups, TakesManyOutInOneWalk)
+{
+    FilterDrawing drawing;
+    drawing.group("Outer", {"A", "B", "C"});
+    drawing.group("Other", {"C"});
+    const std::vector<OdDbObjectId> layers = {layer_drawing::id(*drawing, "C"),
+                                              layer_drawing::id(*drawing, "A")};
+    EXPECT_TRUE(removeLayersFromGroups(*drawing, layers));
+    EXPECT_EQ(drawing.layersOf("Outer"), texts({"B"}));
+    EXPECT_EQ(drawing.layersOf("Other"), QStringList());
+}
+
+TEST(RemoveLayerFromGroups, KnowsGroupsThatProgramsMade)
+{
+    FilterDrawing drawing;
+    const auto group = odrxCreate<OdLyLayerGroup>(QStringLiteral("Session"));
+    group->addLayerId(layer_drawing::id(*drawing, "A"));
+    group->setDynamicallyGenerated(true);
+    drawing->setSessionFilters({group});
+    const auto stamp = drawing->editStamp();
+    layer_drawing::write(*drawing, "A")->erase();
+    EXPECT_TRUE(RemoveLayerFromGroups(*drawing, group->layerIds().front()));
+    EXPECT_EQ(drawing.layersOf("Session"), QStringList());
+    EXPECT_TRUE(drawing->undo()) << "the erasure is the only edit";
+    EXPECT_EQ(drawing->editStamp(), stamp);
+}
+
 TEST(RemoveLayerFromGroups, WritesNothingWhereNoGroupHoldsTheLayer)
 {
     FilterDrawing drawing;
@@ -116,4 +143,44 @@ TEST(AddLayersToGroup, TakesLayersAsTheyAre)
                                               layer_drawing::id(*drawing, "B")};
     EXPECT_TRUE(addLayersToGroup(*drawing, FilterDrawing::key("G"), layers));
     EXPECT_EQ(drawing.layersOf("G"), texts({"B", "A"}));
+}
+
+TEST(MoveLayersToGroup, TakesThemOutOfTheOtherGroupInOneStep)
+{
+    FilterDrawing drawing;
+    const FilterKey from = drawing.group("From", {"A", "B"});
+    const FilterKey to = drawing.group("To", {"B"});
+    drawing->endUndoRecord();
+    const std::vector<OdDbObjectId> layers = {layer_drawing::id(*drawing, "A"),
+                                              layer_drawing::id(*drawing, "B")};
+    EXPECT_TRUE(moveLayersToGroup(*drawing, &from, to, layers));
+    EXPECT_EQ(drawing.layersOf("From"), QStringList());
+    EXPECT_EQ(drawing.layersOf("To"), texts({"B", "A"}));
+    EXPECT_TRUE(drawing->undo());
+    EXPECT_EQ(drawing.layersOf("From"), texts({"A", "B"}));
+    EXPECT_EQ(drawing.layersOf("To"), texts({"B"}));
+}
+
+TEST(MoveLayersToGroup, ChangesNothingWithinOneGroup)
+{
+    FilterDrawing drawing;
+    const FilterKey group = drawing.group("G", {"A"});
+    const std::vector<OdDbObjectId> layers = {layer_drawing::id(*drawing, "A")};
+    const auto stamp = drawing->editStamp();
+    EXPECT_FALSE(moveLayersToGroup(*drawing, &group, group, layers));
+    EXPECT_EQ(drawing->editStamp(), stamp);
+    EXPECT_TRUE(drawing.host.historyNames.isEmpty());
+}
+
+TEST(MoveLayersToGroup, KnowsNoSuchGroupAndNoErasedLayer)
+{
+    FilterDrawing drawing;
+    const FilterKey property = drawing.property("P", "COLOR==\"1\" ");
+    const FilterKey group = drawing.group("G", {});
+    const std::vector<OdDbObjectId> layers = {layer_drawing::id(*drawing, "A"), OdDbObjectId()};
+    EXPECT_FALSE(moveLayersToGroup(*drawing, nullptr, property, layers));
+    EXPECT_FALSE(moveLayersToGroup(*drawing, nullptr, FilterDrawing::key("nobody"), layers));
+    layer_drawing::write(*drawing, "A")->erase();
+    EXPECT_FALSE(moveLayersToGroup(*drawing, nullptr, group, layers));
+    EXPECT_EQ(drawing.layersOf("G"), QStringList());
 }
