@@ -8,16 +8,47 @@
         <translation>Eigenschaften des Layerfilters</translation>
     </message>
     <message>
-        <source>&amp;Name:</source>
-        <translation>&amp;Name:</translation>
+        <source>The table cannot show all conditions of this filter. They stay as they are; only the name can be changed.</source>
+        <translation>Die Tabelle kann nicht alle Bedingungen dieses Filters zeigen. Sie bleiben, wie sie sind; nur der Name lässt sich ändern.</translation>
     </message>
     <message>
-        <source>E&amp;xpression:</source>
-        <translation>A&amp;usdruck:</translation>
+        <source>The drawing can keep these conditions, but the table cannot show them all again: once saved, they cannot be edited here any more.</source>
+        <translation>Die Zeichnung kann diese Bedingungen speichern, aber die Tabelle kann sie nicht alle wieder zeigen: Einmal gespeichert, lassen sie sich hier nicht mehr bearbeiten.</translation>
     </message>
     <message>
-        <source>The expression cannot be read. Criteria look like NAME==&quot;A*&quot; and are joined by AND and OR.</source>
-        <translation>Der Ausdruck ist nicht lesbar. Kriterien sehen aus wie NAME==&quot;A*&quot; und werden mit AND und OR verbunden.</translation>
+        <source>Filter &amp;preview: %1 of %2 layers</source>
+        <translation>&amp;Vorschau des Filters: %1 von %2 Layern</translation>
+    </message>
+    <message>
+        <source>Filter &amp;name:</source>
+        <translation>Filter&amp;name:</translation>
+    </message>
+    <message>
+        <source>Filter name</source>
+        <translation>Filtername</translation>
+    </message>
+    <message>
+        <source>Filter &amp;definition:</source>
+        <translation>Filter&amp;definition:</translation>
+    </message>
+    <message>
+        <source>Filter definition</source>
+        <translation>Filterdefinition</translation>
+    </message>
+    <message>
+        <source>Note on the filter definition</source>
+        <translation>Hinweis zur Filterdefinition</translation>
+    </message>
+    <message>
+        <source>Layers that the filter shows</source>
+        <translation>Layer, die der Filter zeigt</translation>
+    </message>
+</context>
+<context>
+    <name>CDragDropUtility</name>
+    <message>
+        <source>%1 layers</source>
+        <translation>%1 Layer</translation>
     </message>
 </context>
 <context>
@@ -64,6 +95,57 @@
     </message>
 </context>
 <context>
+    <name>CFilterExamplesBtn</name>
+    <message>
+        <source>Layers whose names begin with A-</source>
+        <translation>Layer, deren Namen mit A- beginnen</translation>
+    </message>
+    <message>
+        <source>Layer Name &lt;b&gt;A-*&lt;/b&gt;</source>
+        <translation>Layername &lt;b&gt;A-*&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Those of them that are frozen</source>
+        <translation>Davon jene, die gefroren sind</translation>
+    </message>
+    <message>
+        <source>Layer Name &lt;b&gt;A-*&lt;/b&gt;, Freeze &lt;b&gt;frozen&lt;/b&gt;</source>
+        <translation>Layername &lt;b&gt;A-*&lt;/b&gt;, Frieren &lt;b&gt;gefroren&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>All layers but these</source>
+        <translation>Alle Layer außer diesen</translation>
+    </message>
+    <message>
+        <source>Layer Name &lt;b&gt;~A-*&lt;/b&gt;</source>
+        <translation>Layername &lt;b&gt;~A-*&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Layers that are red or blue, and in use</source>
+        <translation>Layer, die rot oder blau sind und verwendet werden</translation>
+    </message>
+    <message>
+        <source>Line 1: Status &lt;b&gt;in use&lt;/b&gt;, Color &lt;b&gt;red&lt;/b&gt;&lt;br/&gt;Line 2: Status &lt;b&gt;in use&lt;/b&gt;, Color &lt;b&gt;blue&lt;/b&gt;</source>
+        <translation>Zeile 1: Status &lt;b&gt;verwendet&lt;/b&gt;, Farbe &lt;b&gt;rot&lt;/b&gt;&lt;br/&gt;Zeile 2: Status &lt;b&gt;verwendet&lt;/b&gt;, Farbe &lt;b&gt;blau&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Layers of floors 1 to 3</source>
+        <translation>Layer der Geschosse 1 bis 3</translation>
+    </message>
+    <message>
+        <source>Layer Name &lt;b&gt;*FLOOR[123]*&lt;/b&gt;</source>
+        <translation>Layername &lt;b&gt;*GESCHOSS[123]*&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>E&amp;xamples</source>
+        <translation>&amp;Beispiele</translation>
+    </message>
+    <message>
+        <source>Examples of filters</source>
+        <translation>Beispiele für Filter</translation>
+    </message>
+</context>
+<context>
     <name>CLSImportPromptDlg</name>
     <message>
         <source>Layer State Imported</source>
@@ -84,6 +166,27 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>CLayPropFilterEdBtn</name>
+    <message>
+        <source>Pick a value</source>
+        <translation>Wert auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>CLayPropFilterEdCombo</name>
+    <message>
+        <source>not set</source>
+        <translation>nicht gesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>CLayPropFilterEdListCtrl</name>
+    <message>
+        <source>Filter line commands</source>
+        <translation>Befehle für Filterzeilen</translation>
     </message>
 </context>
 <context>
@@ -200,12 +303,12 @@
         <translation>Neue Layer dieser Zeichnung aus&amp;werten</translation>
     </message>
     <message>
-        <source>In external &amp;references only</source>
-        <translation>Nur in externen &amp;Referenzen</translation>
+        <source>In this &amp;drawing only</source>
+        <translation>Nur in dieser &amp;Zeichnung</translation>
     </message>
     <message>
-        <source>In this &amp;drawing and its external references</source>
-        <translation>In dieser &amp;Zeichnung und ihren externen Referenzen</translation>
+        <source>In this drawing and its external &amp;references</source>
+        <translation>In dieser Zeichnung und ihren externen &amp;Referenzen</translation>
     </message>
     <message>
         <source>&amp;Notify about new layers when</source>
@@ -487,6 +590,92 @@
     <message>
         <source>Hidden panes</source>
         <translation>Ausgeblendete Bereiche</translation>
+    </message>
+</context>
+<context>
+    <name>FilterColumn</name>
+    <message>
+        <source>in use</source>
+        <translation>verwendet</translation>
+    </message>
+    <message>
+        <source>not in use</source>
+        <translation>nicht verwendet</translation>
+    </message>
+    <message>
+        <source>in use, with viewport overrides</source>
+        <translation>verwendet, mit Überschreibungen im Ansichtsfenster</translation>
+    </message>
+    <message>
+        <source>not in use, with viewport overrides</source>
+        <translation>nicht verwendet, mit Überschreibungen im Ansichtsfenster</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>ein</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>frozen</source>
+        <translation>gefroren</translation>
+    </message>
+    <message>
+        <source>thawed</source>
+        <translation>getaut</translation>
+    </message>
+    <message>
+        <source>locked</source>
+        <translation>gesperrt</translation>
+    </message>
+    <message>
+        <source>unlocked</source>
+        <translation>nicht gesperrt</translation>
+    </message>
+    <message>
+        <source>plotted</source>
+        <translation>wird geplottet</translation>
+    </message>
+    <message>
+        <source>not plotted</source>
+        <translation>wird nicht geplottet</translation>
+    </message>
+    <message>
+        <source>frozen in new viewports</source>
+        <translation>in neuen Ansichtsfenstern gefroren</translation>
+    </message>
+    <message>
+        <source>thawed in new viewports</source>
+        <translation>in neuen Ansichtsfenstern getaut</translation>
+    </message>
+    <message>
+        <source>frozen in the active viewport</source>
+        <translation>im aktiven Ansichtsfenster gefroren</translation>
+    </message>
+    <message>
+        <source>thawed in the active viewport</source>
+        <translation>im aktiven Ansichtsfenster getaut</translation>
+    </message>
+</context>
+<context>
+    <name>FilterRowsModel</name>
+    <message>
+        <source>Line %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1, Zeile %2</translation>
+    </message>
+    <message>
+        <source>%1, line %2: %3</source>
+        <translation>%1, Zeile %2: %3</translation>
+    </message>
+    <message>
+        <source>not set</source>
+        <translation>nicht gesetzt</translation>
     </message>
 </context>
 <context>
@@ -888,9 +1077,9 @@ Folgende Zeichen sind in Filternamen nicht erlaubt:
         <translation>Neue Layer dieser Zeichnung auswerten/Führt hinzugekommene, noch nicht geprüfte Layer unter &quot;Nicht abgeglichene neue Layer&quot; auf. Die Zeichnung merkt sich diese Einstellung./Systemvariable LAYEREVAL</translation>
     </message>
     <message>
-        <source>External references only/Looks for new layers in attached external references. Layers that are added to this drawing itself count as reviewed.</source>
+        <source>This drawing only/Looks for new layers in this drawing. Layers of attached external references are not listed.</source>
         <comment>40104</comment>
-        <translation>Nur externe Referenzen/Sucht neue Layer in zugeordneten externen Referenzen. Layer, die in dieser Zeichnung selbst hinzukommen, gelten als geprüft.</translation>
+        <translation>Nur diese Zeichnung/Sucht neue Layer in dieser Zeichnung. Layer zugeordneter externer Referenzen werden nicht aufgeführt.</translation>
     </message>
     <message>
         <source>This drawing and its external references/Looks for new layers everywhere: in this drawing and in what is attached to it.</source>
@@ -1146,6 +1335,36 @@ Folgende Zeichen sind in Filternamen nicht erlaubt:
         <source>Are you sure you want to  permanently delete the LS %s ?</source>
         <comment>84790</comment>
         <translation>Möchten Sie den Layerstatus %s wirklich endgültig löschen?</translation>
+    </message>
+    <message>
+        <source>Provides a space to enter a name for the layer properties filter </source>
+        <comment>60089</comment>
+        <translation>Nimmt den Namen des Eigenschaftenfilters für Layer auf </translation>
+    </message>
+    <message>
+        <source>Displays the properties of layers. You can use one or more properties to define the filter.For example, you can define a filter that displays all layers that are either red or blue and in use.To include more than one color, linetype, or lineweight, duplicate the filter on the next line and select a different setting.</source>
+        <comment>60090</comment>
+        <translation>Zeigt die Eigenschaften von Layern. Eine oder mehrere davon bestimmen den Filter, zum Beispiel einen Filter für alle Layer, die rot oder blau sind und verwendet werden. Für mehr als eine Farbe, einen Linientyp oder eine Linienstärke duplizieren Sie die Zeile und wählen in der nächsten eine andere Einstellung.</translation>
+    </message>
+    <message>
+        <source>Displays the examples of layer property filter definition in Layer Filter Examples.</source>
+        <comment>60091</comment>
+        <translation>Zeigt Beispiele für Definitionen von Eigenschaftenfiltern.</translation>
+    </message>
+    <message>
+        <source>Invalid Filter Name</source>
+        <comment>84503</comment>
+        <translation>Ungültiger Filtername</translation>
+    </message>
+    <message>
+        <source>Duplicate Row</source>
+        <comment>84531</comment>
+        <translation>Zeile duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete Row</source>
+        <comment>84532</comment>
+        <translation>Zeile löschen</translation>
     </message>
 </context>
 <context>

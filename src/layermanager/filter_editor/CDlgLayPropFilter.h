@@ -14,6 +14,7 @@ class CLayerPreviewList;
 class OdDbDatabase;
 class QLabel;
 class QLineEdit;
+class QVBoxLayout;
 
 /// A property filter of a copy of a drawing's tree, which is to be edited.
 struct FilterToEdit
@@ -62,7 +63,7 @@ protected:
 
 private:
     void buildControls();
-    void buildButtons(class QVBoxLayout& layout);
+    void buildButtons(QVBoxLayout& layout);
     void registerControls();
     void fillControls();
     void fillCandidates();

@@ -40,6 +40,11 @@ bool CLayerPreviewList::preCheck()
     return false; // nothing is edited, so no command can be in the way
 }
 
+bool CLayerPreviewList::isDragColumn(int) const
+{
+    return false; // dropped on a group, layers would change it
+}
+
 bool CLayerPreviewList::event(QEvent* event)
 {
     // Past the grid of layers, which would claim the keys of its commands.

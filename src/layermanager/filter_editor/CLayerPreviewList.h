@@ -18,6 +18,7 @@ protected:
     bool cellAction(int row, int column) override;
     bool cellDoubleClicked(int row, int column) override;
     bool preCheck() override;
+    bool isDragColumn(int column) const override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;

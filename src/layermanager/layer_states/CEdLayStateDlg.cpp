@@ -26,6 +26,7 @@ CEdLayStateDlg::CEdLayStateDlg(const QString& state, QWidget* parent)
     AddTool(kRemove, layerStateText(60088));
     if (m_watch.database())
         m_list->initialise(*m_watch.database(), state);
+    resize(sizeHint());
 }
 
 void CEdLayStateDlg::build(const QString& state)

@@ -18,6 +18,8 @@
 
 namespace {
 
+constexpr int kWidestColumn = 40; ///< in characters; wider columns are the user's choice
+
 /// Asks the host's dialog for the value of a column; false where the user gave up.
 bool pick(IKestServicesManager& services, const KestPickRequest& request, StateLayerColumn column,
           LayerInfoInLS& layer)
@@ -56,7 +58,7 @@ CEdLayStateListCtrl::CEdLayStateListCtrl(QWidget* parent)
 
 QSize CEdLayStateListCtrl::sizeHint() const
 {
-    constexpr int kCharacters = 118;
+    constexpr int kCharacters = 128;
     constexpr int kLines = 22;
     return sizeInCharacters(*this, kCharacters, kLines);
 }
@@ -72,6 +74,17 @@ void CEdLayStateListCtrl::initialise(OdDbDatabase& database, const QString& stat
     std::vector<LayerInfoInLS> layers;
     tellStateResult(m_util.SetLayersInLS(state, layers), m_util);
     m_model.setLayers(std::move(layers));
+    fitColumns();
+}
+
+/// Widens columns that are too narrow for what they hold, within bounds.
+void CEdLayStateListCtrl::fitColumns()
+{
+    const int most = sizeInCharacters(*this, kWidestColumn, 1).width();
+    for (ListCtrlColumnData& column : m_columns) {
+        column.width = std::max(column.width, std::min(most, sizeHintForColumn(column.subItem)));
+        setColumnWidth(column.subItem, column.width);
+    }
 }
 
 void CEdLayStateListCtrl::insertColumns()

@@ -41,6 +41,7 @@ protected:
 
 private:
     void insertColumns();
+    void fitColumns();
     void toggleFreeze(int row);
     void pickValue(int row, StateLayerColumn column);
 

@@ -12,7 +12,9 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -20,6 +22,34 @@
 
 namespace {
 constexpr quint32 kPageSize = 2048;
+
+/// On dark grounds some styles draw check boxes as dark as the ground; they get a frame.
+class TickDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        QStyleOptionViewItem item = option;
+        initStyleOption(&item, index);
+        if (!(item.features & QStyleOptionViewItem::HasCheckIndicator)
+            || item.palette.color(QPalette::Base).lightness() > kDark)
+            return;
+        QColor frame = item.palette.color(QPalette::Text);
+        frame.setAlphaF(0.5F);
+        painter->setPen(frame);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(
+            item.widget->style()
+                ->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &item, item.widget)
+                .adjusted(0, 0, -1, -1));
+    }
+
+private:
+    static constexpr int kDark = 128;
+};
 } // namespace
 
 CLayStateImportDlg::CLayStateImportDlg(std::unique_ptr<OdDbDatabase> source,
@@ -46,6 +76,7 @@ void CLayStateImportDlg::build()
     constexpr int kWidestColumn = 36;
     setUpStateDialog(*this, tr("Select Layer States"));
     m_list->setModel(&m_states);
+    m_list->setItemDelegate(new TickDelegate(m_list));
     m_list->setShowGrid(true);
     m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_list->setTabKeyNavigation(false);

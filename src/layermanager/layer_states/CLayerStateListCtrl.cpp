@@ -5,12 +5,31 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyle>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int kWidestColumn = 40; ///< in characters; wider columns are the user's choice
+
+/// Rows as high as those of the layer grid.
+class RowDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const QStyle& style = *option.widget->style();
+        const int margin = style.pixelMetric(QStyle::PM_FocusFrameVMargin, nullptr, option.widget);
+        const int icon = style.pixelMetric(QStyle::PM_SmallIconSize, nullptr, option.widget);
+        const QSize hint = QStyledItemDelegate::sizeHint(option, index);
+        const int room = 2 * option.fontMetrics.averageCharWidth();
+        return {hint.width() + room,
+                std::max(option.fontMetrics.height(), icon) + 2 * (margin + 1)};
+    }
+};
 
 bool isEnter(const QKeyEvent& event)
 {
@@ -23,6 +42,7 @@ CLayerStateListCtrl::CLayerStateListCtrl(QWidget* parent)
     : QTreeView(parent)
 {
     setModel(&m_states);
+    setItemDelegate(new RowDelegate(this));
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
@@ -36,7 +56,7 @@ CLayerStateListCtrl::CLayerStateListCtrl(QWidget* parent)
 
 QSize CLayerStateListCtrl::sizeHint() const
 {
-    constexpr int kCharacters = 62;
+    constexpr int kCharacters = 74;
     constexpr int kLines = 20;
     return sizeInCharacters(*this, kCharacters, kLines);
 }
@@ -66,7 +86,9 @@ void CLayerStateListCtrl::fitColumns()
     const int most = sizeInCharacters(*this, kWidestColumn, 1).width();
     const auto columns = LayerStateListModel::columns();
     for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
-        const int text = std::min(most, sizeHintForColumn(column));
+        // Descriptions have what the other columns leave.
+        const bool isLast = column == LayerStateListModel::Description;
+        const int text = isLast ? 0 : std::min(most, sizeHintForColumn(column));
         setColumnWidth(column,
                        std::max({columns[static_cast<size_t>(column)].width, text,
                                  header()->sectionSizeHint(column)}));

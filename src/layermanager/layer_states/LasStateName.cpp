@@ -4,13 +4,28 @@
 
 #include <QFile>
 
+namespace {
+
+constexpr QLatin1String kDictionary("LAYERSTATEDICTIONARY");
+constexpr QLatin1String kState("LAYERSTATE");
+
+/// Whether it is worth while to decode a file: nonsense may be long.
+bool mayHoldName(const QByteArray& bytes)
+{
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
+        return true; // two or four bytes a character
+    const qsizetype dictionary = bytes.indexOf(kDictionary.data());
+    return dictionary >= 0 && bytes.indexOf(kState.data(), dictionary + kDictionary.size()) >= 0;
+}
+
+} // namespace
+
 QString stateNameInLas(const QString& text)
 {
-    constexpr qsizetype kPastDictionary = 20;
-    const qsizetype dictionary = text.indexOf(QLatin1String("LAYERSTATEDICTIONARY"));
+    const qsizetype dictionary = text.indexOf(kDictionary);
     if (dictionary < 0)
         return {};
-    const qsizetype state = text.indexOf(QLatin1String("LAYERSTATE"), dictionary + kPastDictionary);
+    const qsizetype state = text.indexOf(kState, dictionary + kDictionary.size());
     if (state < 0)
         return {};
     // The line with the code of the name is skipped, whatever it says.
@@ -31,7 +46,7 @@ QString readStateName(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QByteArray bytes = file.read(CLayerStateUtility::kLargestLasFile + 1);
-    if (bytes.isEmpty() || bytes.size() > CLayerStateUtility::kLargestLasFile)
+    if (bytes.size() > CLayerStateUtility::kLargestLasFile || !mayHoldName(bytes))
         return {};
     return stateNameInLas(CLayerStateUtility::LasFileText(bytes));
 }

@@ -13,6 +13,8 @@ constexpr LayerStateListModel::ColumnInfo kColumns[] = {
     {84526, 100},
 };
 
+constexpr std::size_t kMostRemovals = 100;
+
 /// Breaks of lines would make a row higher than the others.
 QString inOneLine(QString text)
 {
@@ -58,15 +60,37 @@ int LayerStateListModel::append(const layStateEntry& entry)
 void LayerStateListModel::removeAll(const std::vector<int>& rows)
 {
     // Neighbours go together: each removal moves all rows behind it.
-    for (auto last = rows.rbegin(); last != rows.rend();) {
-        auto first = last;
-        while (std::next(first) != rows.rend() && *std::next(first) == *first - 1)
-            ++first;
-        beginRemoveRows({}, *first, *last);
-        m_rows.erase(m_rows.begin() + *first, m_rows.begin() + *last + 1);
-        endRemoveRows();
-        last = std::next(first);
+    std::vector<std::pair<int, int>> ranges;
+    for (const int row : rows) {
+        if (!ranges.empty() && ranges.back().second == row - 1)
+            ranges.back().second = row;
+        else
+            ranges.push_back({row, row});
     }
+    if (ranges.size() > kMostRemovals)
+        return removeAtOnce(rows);
+    for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
+        beginRemoveRows({}, range->first, range->second);
+        m_rows.erase(m_rows.begin() + range->first, m_rows.begin() + range->second + 1);
+        endRemoveRows();
+    }
+}
+
+/// For many rows here and there: views would take long over one removal after the other.
+void LayerStateListModel::removeAtOnce(const std::vector<int>& rows)
+{
+    beginResetModel();
+    std::vector<Row> kept;
+    kept.reserve(m_rows.size());
+    auto next = rows.begin();
+    for (int row = 0; row < rowCount(); ++row) {
+        if (next != rows.end() && *next == row)
+            ++next;
+        else
+            kept.push_back(std::move(m_rows[static_cast<size_t>(row)]));
+    }
+    m_rows = std::move(kept);
+    endResetModel();
 }
 
 void LayerStateListModel::setSameAsDrawing(int row, bool same)

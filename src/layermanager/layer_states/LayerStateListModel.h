@@ -63,6 +63,7 @@ private:
         bool ticked = false;
     };
     QString text(const layStateEntry& entry, int column) const;
+    void removeAtOnce(const std::vector<int>& rows);
 
     Kind m_kind;
     std::vector<Row> m_rows;

@@ -40,6 +40,17 @@ LayerIconGround groundOf(const QStyleOptionViewItem& option)
                                                         : LayerIconGround::Light;
 }
 
+int iconSize(const QStyleOptionViewItem& option)
+{
+    const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
+    return style->pixelMetric(QStyle::PM_SmallIconSize, nullptr, option.widget);
+}
+
+qreal ratioOf(const QStyleOptionViewItem& option)
+{
+    return option.widget ? option.widget->devicePixelRatioF() : 1.0;
+}
+
 QPixmap swatch(const QStyleOptionViewItem& option, const OdCmColor& color, int size, qreal ratio)
 {
     QPixmap pixmap(qRound(size * ratio), qRound(size * ratio));
@@ -64,29 +75,31 @@ void StateLayerDelegate::initStyleOption(QStyleOptionViewItem* option,
                                          const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    if (index.column() != static_cast<int>(Color))
+        return;
+    const int side = std::min(option->fontMetrics.ascent(), iconSize(*option));
+    const QPixmap pixmap =
+        swatch(*option, m_model.layer(index.row()).fullColor(), side, ratioOf(*option));
+    option->icon = QIcon(pixmap);
+    option->icon.addPixmap(pixmap, QIcon::Selected); // a selected row does not tint it
+    option->decorationSize = QSize(side, side);
+    option->features |= QStyleOptionViewItem::HasDecoration;
+}
+
+void StateLayerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
     const StateLayerListModel::ColumnInfo& column =
         StateLayerListModel::columns()[static_cast<std::size_t>(index.column())];
-    const LayerInfoInLS& layer = m_model.layer(index.row());
-    const QWidget* widget = option->widget;
-    const qreal ratio = widget ? widget->devicePixelRatioF() : 1.0;
-    const QStyle* style = widget ? widget->style() : QApplication::style();
-    const int size = style->pixelMetric(QStyle::PM_SmallIconSize, nullptr, widget);
-    if (column.column == Color) {
-        const int side = std::min(option->fontMetrics.ascent(), size);
-        option->icon = QIcon(swatch(*option, layer.fullColor(), side, ratio));
-        option->decorationSize = QSize(side, side);
-        option->features |= QStyleOptionViewItem::HasDecoration;
-        return;
-    }
     const auto icons = std::ranges::find(kFlagIcons, column.column, &FlagIcons::column);
     if (icons == std::end(kFlagIcons))
         return;
-    const LayerIcon icon = layer.flags & column.flag ? icons->set : icons->notSet;
-    option->icon = QIcon(m_icons.pixmap(icon, size, ratio, groundOf(*option)));
-    option->decorationSize = QSize(size, size);
-    // Above a text that is not there: in the middle of the cell.
-    option->decorationPosition = QStyleOptionViewItem::Top;
-    option->decorationAlignment = Qt::AlignCenter;
-    option->features |= QStyleOptionViewItem::HasDecoration;
-    option->features &= ~QStyleOptionViewItem::HasDisplay;
+    const bool isSet = (m_model.layer(index.row()).flags & column.flag) != 0;
+    const int size = iconSize(option);
+    QRect place(0, 0, size, size);
+    place.moveCenter(option.rect.center());
+    painter->drawPixmap(place.topLeft(),
+                        m_icons.pixmap(isSet ? icons->set : icons->notSet, size, ratioOf(option),
+                                       groundOf(option)));
 }

@@ -13,6 +13,9 @@ class StateLayerDelegate : public QStyledItemDelegate
 public:
     explicit StateLayerDelegate(const StateLayerListModel& model, QObject* parent = nullptr);
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 

@@ -166,5 +166,6 @@ void CLayerPaneView::UpdateCurrentLayerLine()
         text += QLatin1String(": ") + description;
     m_currentLine->setText(text);
     m_currentLine->setCursorPosition(0);
-    m_currentLine->setToolTip(Qt::convertFromPlainText(text)); // there may be no room for all of it
+    // There may be no room for all of it.
+    m_currentLine->setToolTip(Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal));
 }

@@ -43,10 +43,10 @@ constexpr Control kNewLayers[] = {
      QT_TRANSLATE_NOOP("CLayerSettingsDlg", "&Watch for new layers in drawings")},
     {CLayerSettingsDlg::kEvaluate, 40103, 1, 1, false,
      QT_TRANSLATE_NOOP("CLayerSettingsDlg", "&Evaluate new layers of this drawing")},
-    {CLayerSettingsDlg::kReferencesOnly, 40104, 2, 2, false,
-     QT_TRANSLATE_NOOP("CLayerSettingsDlg", "In external &references only")},
+    {CLayerSettingsDlg::kDrawingOnly, 40104, 2, 2, false,
+     QT_TRANSLATE_NOOP("CLayerSettingsDlg", "In this &drawing only")},
     {CLayerSettingsDlg::kEverywhere, 40105, 3, 2, false,
-     QT_TRANSLATE_NOOP("CLayerSettingsDlg", "In this &drawing and its external references")},
+     QT_TRANSLATE_NOOP("CLayerSettingsDlg", "In this drawing and its external &references")},
     {CLayerSettingsDlg::kNotify, 40106, 4, 2, false,
      QT_TRANSLATE_NOOP("CLayerSettingsDlg", "&Notify about new layers when")},
     {CLayerSettingsDlg::kNotify2, 40107, 5, 3, false,
@@ -108,7 +108,7 @@ QGroupBox* createGroup(const QString& title, std::span<const Control> controls, 
     grid->setColumnMinimumWidth(kLevels, step);
     grid->setColumnStretch(kLevels + 1, 1);
     for (const Control& control : controls) {
-        const bool isRadio = control.id == CLayerSettingsDlg::kReferencesOnly
+        const bool isRadio = control.id == CLayerSettingsDlg::kDrawingOnly
             || control.id == CLayerSettingsDlg::kEverywhere;
         QAbstractButton* button = isRadio
             ? static_cast<QAbstractButton*>(new QRadioButton(label(control), group))
@@ -192,7 +192,7 @@ void CLayerSettingsDlg::readSettings()
     button(kWatch)->setChecked(variable("LAYEREVALCTL") != 0);
     const int evaluation = variable("LAYEREVAL");
     button(kEvaluate)->setChecked(evaluation >= 1);
-    button(evaluation > 1 ? kEverywhere : kReferencesOnly)->setChecked(true);
+    button(evaluation > 1 ? kEverywhere : kDrawingOnly)->setChecked(true);
     const int notification = variable("LAYERNOTIFY");
     button(kNotify)->setChecked(notification >= 1 || CKestPreferenceManager::s_bNotifyPresentLayer);
     const qint64 chosen = std::abs(qint64(notification));
@@ -207,7 +207,7 @@ void CLayerSettingsDlg::enableControls()
         return button(id)->isChecked() && button(id)->isEnabled();
     };
     button(kEvaluate)->setEnabled(button(kWatch)->isChecked());
-    for (const int id : {kReferencesOnly, kEverywhere, kNotify})
+    for (const int id : {kDrawingOnly, kEverywhere, kNotify})
         button(id)->setEnabled(allows(kEvaluate));
     for (const NotifyBit& notify : kNotifyBits)
         button(notify.id)->setEnabled(allows(kNotify));

@@ -16,7 +16,7 @@ public:
     enum ControlId : int {
         kWatch = 1021, ///< LAYEREVALCTL
         kEvaluate = 1022, ///< LAYEREVAL is not 0
-        kReferencesOnly = 1023, ///< LAYEREVAL 1
+        kDrawingOnly = 1023, ///< LAYEREVAL 1
         kEverywhere = 1024, ///< LAYEREVAL 2
         kNotify = 1026, ///< LAYERNOTIFY is positive
         kNotify2 = 1027,

@@ -19,9 +19,8 @@ std::span<const KsResText> settingsTexts()
                             "40103")},
         {40104,
          QT_TRANSLATE_NOOP3("KsResString",
-                            "External references only/Looks for new layers in attached external "
-                            "references. Layers that are added to this drawing itself count as "
-                            "reviewed.",
+                            "This drawing only/Looks for new layers in this drawing. Layers of "
+                            "attached external references are not listed.",
                             "40104")},
         {40105,
          QT_TRANSLATE_NOOP3("KsResString",

@@ -1,11 +1,14 @@
 #include "PaneFixture.h"
+#include "layermanager/filter_editor/CDlgLayPropFilter.h"
 #include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "layermanager/palette/pane/PaneCommandTarget.h"
 #include "sdk/CKestPreferenceManager.h"
 
+#include <QDialog>
 #include <QHelpEvent>
 #include <QScopedValueRollback>
 #include <QTest>
+#include <QTimer>
 #include <QToolTip>
 
 class TestLayerPaneCommands : public PaneFixture
@@ -24,7 +27,7 @@ private slots:
     void setCurrentIsIgnoredDuringAnEdit();
     void deleteAndSetCurrentAreEnabledWhileALayerIsListed();
     void newFiltersComeFromTheTree();
-    void dialogsAreOfferedOnceThereAreSome();
+    void dialogsOpenOverThePalette();
     void aCheckButtonHidesAndShowsTheTree();
     void withoutADrawingNothingButThePaletteIsOffered();
     void commandsThatAreNoneDoNothing();
@@ -195,9 +198,9 @@ void TestLayerPaneCommands::newFiltersComeFromTheTree()
     QVERIFY(labelEditor());
     typeLabel("Ground floor");
     QVERIFY(node("Ground floor").isValid());
-    tree().setFilterEditor([](QWidget*, OdDbDatabase&, OdLyLayerFilter& filter) {
-        filter.setName(QStringLiteral("Locked"));
-        filter.setFilterExpression(QStringLiteral("LOCKED==\"True\" "));
+    tree().setFilterEditor([](QWidget*, OdDbDatabase&, const FilterToEdit& task) {
+        task.filter->setName(QStringLiteral("Locked"));
+        task.filter->setFilterExpression(QStringLiteral("LOCKED==\"True\" "));
         return true;
     });
     clickTool(40025);
@@ -207,24 +210,22 @@ void TestLayerPaneCommands::newFiltersComeFromTheTree()
     QCOMPARE(listed(), QStringList());
 }
 
-void TestLayerPaneCommands::dialogsAreOfferedOnceThereAreSome()
+void TestLayerPaneCommands::dialogsOpenOverThePalette()
 {
-    QVERIFY(!tool(40026)->isEnabled());
-    QVERIFY(!tool(40088)->isEnabled());
-    view()->command(40026);
-    view()->command(40088);
-    QStringList opened;
-    view()->setDialogs({[&](QWidget* parent, OdDbDatabase& database) {
-                            QCOMPARE(parent, view());
-                            QCOMPARE(&database, view()->database());
-                            opened.append(QStringLiteral("states"));
-                        },
-                        [&](QWidget*) { opened.append(QStringLiteral("settings")); }});
-    clickTool(40026);
-    clickTool(40088);
-    QCOMPARE(opened, texts({"states", "settings"}));
-    view()->setDialogs({});
-    QVERIFY(!tool(40026)->isEnabled() && !tool(40088)->isEnabled());
+    const auto opened = [this](int id) {
+        QString name;
+        QTimer::singleShot(0, this, [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            name = QLatin1String(dialog->metaObject()->className());
+            QVERIFY(view()->isAncestorOf(dialog) || dialog->parent() == view());
+            dialog->reject();
+        });
+        clickTool(id);
+        return name;
+    };
+    QCOMPARE(opened(40026), QStringLiteral("CLayerStateManDlg"));
+    QCOMPARE(opened(40088), QStringLiteral("CLayerSettingsDlg"));
 }
 
 void TestLayerPaneCommands::aCheckButtonHidesAndShowsTheTree()
@@ -248,6 +249,7 @@ void TestLayerPaneCommands::withoutADrawingNothingButThePaletteIsOffered()
     for (const int id : {40001, 40002, 40003, 40010, 40024, 40025, 40026, 40085})
         QVERIFY2(!tool(id)->isEnabled(), qPrintable(QString::number(id)));
     QVERIFY(tool(kShowFilterTree)->isEnabled());
+    QVERIFY(tool(40088)->isEnabled());
     for (const int id : {40001, 40002, 40003, 40010, 40024, 40025, 40026, 40085, 1003})
         view()->command(id);
     QVERIFY(listed().isEmpty());
@@ -341,15 +343,15 @@ void TestLayerPaneCommands::buttonsAreReachedByTab()
 {
     part<QLineEdit>("currentLayer")->setFocus();
     QList<QWidget*> reached;
-    for (int i = 0; i < 9; ++i) {
+    for (int i = 0; i < 12; ++i) {
         press(Qt::Key_Tab);
         reached.append(window().focusWidget());
     }
-    // 40026 and 40088 are disabled, and passed over.
     QCOMPARE(reached,
              (QList<QWidget*>{&box(), control(kSearchButton), toolButton(40025), toolButton(40024),
-                              toolButton(40002), toolButton(40010), toolButton(40001),
-                              toolButton(40003), toolButton(kShowFilterTree)}));
+                              toolButton(40026), toolButton(40002), toolButton(40010),
+                              toolButton(40001), toolButton(40003), toolButton(kShowFilterTree),
+                              toolButton(40085), toolButton(40088)}));
 }
 
 QTEST_MAIN(TestLayerPaneCommands)

@@ -54,7 +54,6 @@ void TestLayerPaneLook::finish()
 void TestLayerPaneLook::showSample(int width)
 {
     host().open(readDrawing(kSample));
-    view()->setDialogs({[](QWidget*, OdDbDatabase&) {}, [](QWidget*) {}});
     elsewhere().hide();
     window().resize(width, 420);
     settle();

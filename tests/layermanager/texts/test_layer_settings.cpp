@@ -106,7 +106,7 @@ void TestLayerSettings::openWithWhatTheHostHolds()
     CKestPreferenceManager::s_bApplyLayerFiltertoLayerToolbar = true;
     open();
     for (const int id :
-         {Id::kWatch, Id::kEvaluate, Id::kReferencesOnly, Id::kNotify, Id::kToolbar, Id::kUsage})
+         {Id::kWatch, Id::kEvaluate, Id::kDrawingOnly, Id::kNotify, Id::kToolbar, Id::kUsage})
         QVERIFY2(box(id)->isChecked(), qPrintable(QString::number(id)));
     QVERIFY(!box(Id::kEverywhere)->isChecked());
     QCOMPARE(notifyBits(), 5);
@@ -188,18 +188,18 @@ void TestLayerSettings::switchingTheEvaluationOffKeepsTheModeInTheDialogOnly()
     press(QDialogButtonBox::Ok);
     QCOMPARE(get("LAYEREVAL"), 0);
     open();
-    QVERIFY(box(Id::kReferencesOnly)->isChecked());
+    QVERIFY(box(Id::kDrawingOnly)->isChecked());
 }
 
 void TestLayerSettings::aClickOnTheSecondModeStoresTwo()
 {
     open();
     click(Id::kEverywhere);
-    QVERIFY(!box(Id::kReferencesOnly)->isChecked());
+    QVERIFY(!box(Id::kDrawingOnly)->isChecked());
     press(QDialogButtonBox::Ok);
     QCOMPARE(get("LAYEREVAL"), 2);
     open();
-    click(Id::kReferencesOnly);
+    click(Id::kDrawingOnly);
     press(QDialogButtonBox::Ok);
     QCOMPARE(get("LAYEREVAL"), 1);
 }
@@ -214,7 +214,7 @@ void TestLayerSettings::switchingTheWatchOffDisablesAllBelowAndChecksNothing()
         if (id == 1025)
             continue;
         QVERIFY2(!box(id)->isEnabled(), qPrintable(QString::number(id)));
-        QCOMPARE(box(id)->isChecked(), id != Id::kReferencesOnly);
+        QCOMPARE(box(id)->isChecked(), id != Id::kDrawingOnly);
     }
     QVERIFY(box(Id::kToolbar)->isEnabled());
     QVERIFY(box(Id::kUsage)->isEnabled());
@@ -331,7 +331,7 @@ void TestLayerSettings::openWithoutADrawingAndWithoutVariables()
     open();
     QVERIFY(!box(Id::kWatch)->isChecked());
     QVERIFY(!box(Id::kEvaluate)->isEnabled());
-    QVERIFY(box(Id::kReferencesOnly)->isChecked());
+    QVERIFY(box(Id::kDrawingOnly)->isChecked());
     press(QDialogButtonBox::Ok);
     QVERIFY(!m_dialog->isVisible());
 }

@@ -45,7 +45,7 @@ void LayerSearch::read(const OdDbDatabase& database, LayerSortOrder order,
                        const LayerCellContext& context)
 {
     if (!m_hasNames)
-        readNames(database, context);
+        readNames(database);
     const bool isSame = order.column == m_order.column && order.ascending == m_order.ascending;
     if (!m_hasNames || !m_hasOrder || !isSame)
         readOrder(order, context);
@@ -53,25 +53,24 @@ void LayerSearch::read(const OdDbDatabase& database, LayerSortOrder order,
     m_hasOrder = true;
 }
 
-void LayerSearch::readNames(const OdDbDatabase& database, const LayerCellContext& context)
+void LayerSearch::readNames(const OdDbDatabase& database)
 {
     const OdDbLayerTable& table = database.layerTable();
     const NameIndex& names = table.names();
-    const std::vector<quint32>& slots_ = table.slotsInOrder();
-    Ids ids;
-    ids.reserve(names.size());
-    for (quint32 position = 0; position < names.size(); ++position) {
-        if (names.isActive(position) && !names.key(position).contains(kHiddenMark))
-            ids.push_back(database.idOfSlot(slots_[position]));
-    }
-    sortLayers(ids, {LayerColumn::Name, true}, context);
+    const std::vector<quint32>& ranks = table.nameRanks();
+    std::vector<quint32> positions(ranks.size()); // in the order of names
+    for (quint32 position = 0; position < names.size(); ++position)
+        positions[ranks[position]] = position;
     m_layers.clear();
-    m_layers.reserve(ids.size());
+    m_layers.reserve(positions.size());
     m_text.clear();
-    m_text.reserve(static_cast<qsizetype>(ids.size()) * kNameEstimate);
+    m_text.reserve(static_cast<qsizetype>(positions.size()) * kNameEstimate);
     QByteArrayView before;
-    for (const OdDbObjectId id : ids) {
-        const QByteArrayView key = names.key(static_cast<quint32>(table.positionOf(id.slot())));
+    for (const quint32 position : positions) {
+        const QByteArrayView key = names.key(position);
+        if (!names.isActive(position) || key.contains(kHiddenMark))
+            continue;
+        const OdDbObjectId id = database.idOfSlot(table.slotsInOrder()[position]);
         const auto begin = static_cast<quint32>(m_text.size());
         // The index has names folded as a whole; patterns fold them character by character.
         if (isAscii(key))

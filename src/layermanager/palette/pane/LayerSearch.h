@@ -48,7 +48,7 @@ private:
     };
     enum Side : quint8 { None, In, Other };
 
-    void readNames(const OdDbDatabase& database, const LayerCellContext& context);
+    void readNames(const OdDbDatabase& database);
     void readOrder(LayerSortOrder order, const LayerCellContext& context);
     void note(const Ids& layers, Side side);
     QStringView nameOf(const Layer& layer) const
