@@ -327,6 +327,7 @@ void TestLayerDrag::scrollsNearTheEdges()
     choose({"A"});
     QScrollBar* vertical = tree().verticalScrollBar();
     QScrollBar* horizontal = tree().horizontalScrollBar();
+    settle();
     const QRect inside = tree().viewport()->rect();
     const QPoint middle = inside.center();
     CDragDropUtility::setDragRun([&](QDrag&) {
@@ -342,6 +343,8 @@ void TestLayerDrag::scrollsNearTheEdges()
         const int column = horizontal->singleStep();
         QVERIFY(line > 0 && column > 0);
         QCOMPARE(moved(middle), QPoint());
+        QCOMPARE(tree().viewport()->rect(), inside);
+        QVERIFY(vertical->value() < vertical->maximum());
         QCOMPARE(moved({middle.x(), inside.bottom() - 9}), QPoint(0, line));
         QCOMPARE(moved({middle.x(), inside.bottom() - 10}), QPoint());
         QCOMPARE(moved({middle.x(), inside.top() + 9}), QPoint(0, -line));
