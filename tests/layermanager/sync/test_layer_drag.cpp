@@ -334,6 +334,7 @@ void TestLayerDrag::scrollsNearTheEdges()
         QVERIFY(vertical->maximum() > 10 && horizontal->maximum() > 100);
         vertical->setValue(vertical->maximum() / 2);
         horizontal->setValue(horizontal->maximum() / 2);
+        enter(middle);
         const auto moved = [&](QPoint place) {
             const QPoint before(horizontal->value(), vertical->value());
             move(place);
