@@ -1,3 +1,4 @@
+#include "DragEvents.h"
 #include "SyncFixture.h"
 #include "database/UndoJournal.h"
 #include "layermanager/layers/CDragDropUtility.h"
@@ -7,7 +8,6 @@
 
 #include <QApplication>
 #include <QDrag>
-#include <QDragEnterEvent>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -59,30 +59,19 @@ private:
     using Modifiers = Qt::KeyboardModifiers;
 
     QPoint at(const char* name) const { return tree().visualRect(node(name)).center(); }
-    /// The action that a drag over that point would have; ignored ones have none.
     Qt::DropAction enter(QPoint place, Modifiers modifiers = {})
     {
-        QDragEnterEvent event(place, kActions, &m_mime, Qt::LeftButton, modifiers);
-        QApplication::sendEvent(tree().viewport(), &event);
-        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
+        return DragEvents(*tree().viewport(), m_mime).enter(place, modifiers);
     }
     Qt::DropAction move(QPoint place, Modifiers modifiers = {})
     {
-        QDragMoveEvent event(place, kActions, &m_mime, Qt::LeftButton, modifiers);
-        QApplication::sendEvent(tree().viewport(), &event);
-        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
+        return DragEvents(*tree().viewport(), m_mime).move(place, modifiers);
     }
     bool drop(QPoint place, Modifiers modifiers = {})
     {
-        QDropEvent event(place, kActions, &m_mime, Qt::LeftButton, modifiers);
-        QApplication::sendEvent(tree().viewport(), &event);
-        return event.isAccepted();
+        return DragEvents(*tree().viewport(), m_mime).drop(place, modifiers);
     }
-    void leave()
-    {
-        QDragLeaveEvent event;
-        QApplication::sendEvent(tree().viewport(), &event);
-    }
+    void leave() { DragEvents(*tree().viewport(), m_mime).leave(); }
     void dragOnto(const char* name, Modifiers modifiers = {})
     {
         CDragDropUtility::setDragRun([this, name, modifiers](QDrag&) {
@@ -130,7 +119,6 @@ private:
             addGroup(("Group " + QByteArray::number(i) + QByteArray(80, '.')).constData(), {});
     }
 
-    static constexpr Qt::DropActions kActions = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
     static constexpr QPoint kFar{60, 60};
     QMimeData m_mime;
     bool m_combined = false;
