@@ -60,6 +60,8 @@ CLayStateImportDlg::CLayStateImportDlg(std::unique_ptr<OdDbDatabase> source,
     , m_list(new QTableView(this))
     , m_watch([this] { QDialog::reject(); })
 {
+    for (const QString& name : existing)
+        m_existingFolded.insert(name.toCaseFolded());
     CLayerStateUtility service(m_source.get());
     std::vector<layStateEntry> entries;
     tellStateResult(service.GetDBLayStateIDs(entries), service);
@@ -82,7 +84,8 @@ void CLayStateImportDlg::build()
     m_list->setTabKeyNavigation(false);
     m_list->setWordWrap(false);
     m_list->verticalHeader()->hide();
-    m_list->verticalHeader()->setDefaultSectionSize(m_list->verticalHeader()->minimumSectionSize());
+    m_list->verticalHeader()->setMinimumSectionSize(stateRowHeight(*m_list));
+    m_list->verticalHeader()->setDefaultSectionSize(stateRowHeight(*m_list));
     m_list->horizontalHeader()->setHighlightSections(false);
     m_list->horizontalHeader()->setStretchLastSection(true);
     m_list->setMinimumSize(sizeInCharacters(*this, kCharacters, kLines));
@@ -123,8 +126,7 @@ void CLayStateImportDlg::accept()
 bool CLayStateImportDlg::take(const QString& name)
 {
     // With regard to case: where the names differ in it, the service decides.
-    const bool exists = m_existing.contains(name);
-    if (exists) {
+    if (m_existing.contains(name)) {
         const QPointer<CLayStateImportDlg> dialog(this);
         const bool replace =
             Prompts::current().confirm(this, filledText(layerStateText(84533), {name}));
@@ -135,11 +137,16 @@ bool CLayStateImportDlg::take(const QString& name)
     }
     if (!m_watch.database())
         return false;
-    copy(name, exists);
+    copy(name);
     return true;
 }
 
-void CLayStateImportDlg::copy(const QString& name, bool replace)
+bool CLayStateImportDlg::hasInOtherCase(const QString& name) const
+{
+    return !m_existing.contains(name) && m_existingFolded.contains(name.toCaseFolded());
+}
+
+void CLayStateImportDlg::copy(const QString& name)
 {
     OdStreamBufPtr stream = OdMemoryStream::createNew(kPageSize);
     CLayerStateUtility source(m_source.get());
@@ -151,7 +158,8 @@ void CLayStateImportDlg::copy(const QString& name, bool replace)
         beginLayerStateStep(*m_watch.database());
     m_begun = true;
     CLayerStateUtility target(m_watch.database());
-    if (replace)
-        tellStateResult(target.DeleteLayerState(name), target);
+    // Whether or not it is there: the state may have come since the names were listed.
+    if (!hasInOtherCase(name))
+        target.DeleteLayerState(name);
     tellStateResult(target.ImportLayState(stream), target);
 }

@@ -4,8 +4,6 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMouseEvent>
-#include <QStyle>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -21,13 +19,9 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
-        const QStyle& style = *option.widget->style();
-        const int margin = style.pixelMetric(QStyle::PM_FocusFrameVMargin, nullptr, option.widget);
-        const int icon = style.pixelMetric(QStyle::PM_SmallIconSize, nullptr, option.widget);
-        const QSize hint = QStyledItemDelegate::sizeHint(option, index);
         const int room = 2 * option.fontMetrics.averageCharWidth();
-        return {hint.width() + room,
-                std::max(option.fontMetrics.height(), icon) + 2 * (margin + 1)};
+        return {QStyledItemDelegate::sizeHint(option, index).width() + room,
+                stateRowHeight(*option.widget)};
     }
 };
 
@@ -98,8 +92,7 @@ void CLayerStateListCtrl::fitColumns()
 void CLayerStateListCtrl::mouseReleaseEvent(QMouseEvent* event)
 {
     QTreeView::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton)
-        emit picked();
+    emit picked(); // whichever button: all of them select
 }
 
 void CLayerStateListCtrl::keyPressEvent(QKeyEvent* event)
