@@ -5,6 +5,7 @@
 #include "layermanager/layer_states/LayerStateSteps.h"
 #include "layermanager/layer_states/LayerStateTexts.h"
 #include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/StateRowDelegate.h"
 #include "layermanager/layers/FilledText.h"
 #include "sdk/CLayerStateUtility.h"
 #include "toolkit/Prompts.h"
@@ -14,7 +15,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -24,14 +24,14 @@ namespace {
 constexpr quint32 kPageSize = 2048;
 
 /// On dark grounds some styles draw check boxes as dark as the ground; they get a frame.
-class TickDelegate : public QStyledItemDelegate
+class TickDelegate : public StateRowDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using StateRowDelegate::StateRowDelegate;
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override
     {
-        QStyledItemDelegate::paint(painter, option, index);
+        StateRowDelegate::paint(painter, option, index);
         QStyleOptionViewItem item = option;
         initStyleOption(&item, index);
         if (!(item.features & QStyleOptionViewItem::HasCheckIndicator)
@@ -73,7 +73,7 @@ CLayStateImportDlg::~CLayStateImportDlg() = default;
 
 void CLayStateImportDlg::build()
 {
-    constexpr int kCharacters = 66;
+    constexpr int kCharacters = 84;
     constexpr int kLines = 14;
     constexpr int kWidestColumn = 36;
     setUpStateDialog(*this, tr("Select Layer States"));
@@ -94,9 +94,10 @@ void CLayStateImportDlg::build()
     int number = 0;
     for (const LayerStateListModel::ColumnInfo& column : LayerStateListModel::columns()) {
         m_list->resizeColumnToContents(number);
-        m_list->setColumnWidth(
-            number,
-            std::clamp(m_list->columnWidth(number), column.width, std::max(column.width, most)));
+        // Descriptions have what the other columns leave.
+        const bool isLast = number == LayerStateListModel::Description;
+        const int text = isLast ? 0 : std::min(most, m_list->columnWidth(number));
+        m_list->setColumnWidth(number, std::max(column.width, text));
         ++number;
     }
     auto* label = new QLabel(tr("Layer &states to import:"), this);

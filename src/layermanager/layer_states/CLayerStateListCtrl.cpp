@@ -1,29 +1,16 @@
 #include "layermanager/layer_states/CLayerStateListCtrl.h"
 
 #include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/StateRowDelegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int kWidestColumn = 40; ///< in characters; wider columns are the user's choice
-
-/// Rows as high as those of the layer grid.
-class RowDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        const int room = 2 * option.fontMetrics.averageCharWidth();
-        return {QStyledItemDelegate::sizeHint(option, index).width() + room,
-                stateRowHeight(*option.widget)};
-    }
-};
 
 bool isEnter(const QKeyEvent& event)
 {
@@ -36,7 +23,7 @@ CLayerStateListCtrl::CLayerStateListCtrl(QWidget* parent)
     : QTreeView(parent)
 {
     setModel(&m_states);
-    setItemDelegate(new RowDelegate(this));
+    setItemDelegate(new StateRowDelegate(this));
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);

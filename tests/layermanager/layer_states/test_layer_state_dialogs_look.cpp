@@ -14,6 +14,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
+#include <QTableView>
 
 using namespace StateControl;
 using layer_drawing::write;
@@ -157,6 +159,8 @@ void TestLayerStateDialogsLook::endlessNamesDoNotStretchTheDialogs()
     checkSize(added);
     CLayStateImportDlg imported(readDrawing(drawingBytes(db()), QStringLiteral("a.dxf")), {});
     checkSize(imported);
+    const auto* list = imported.findChild<QTableView*>();
+    QVERIFY2(!list->horizontalScrollBar()->isVisible(), "descriptions have the room that is left");
     CLSImportPromptDlg prompt(text);
     checkSize(prompt);
 }
