@@ -330,8 +330,9 @@ void TestLayerDrag::scrollsNearTheEdges()
     const QRect inside = tree().viewport()->rect();
     const QPoint middle = inside.center();
     CDragDropUtility::setDragRun([&](QDrag&) {
-        vertical->setValue(10);
-        horizontal->setValue(50);
+        QVERIFY(vertical->maximum() > 10 && horizontal->maximum() > 100);
+        vertical->setValue(vertical->maximum() / 2);
+        horizontal->setValue(horizontal->maximum() / 2);
         const auto moved = [&](QPoint place) {
             const QPoint before(horizontal->value(), vertical->value());
             move(place);
