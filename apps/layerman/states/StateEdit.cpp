@@ -3,6 +3,7 @@
 #include "database/OdError.h"
 #include "database/states/LayerStates.h"
 #include "io/las/LasReader.h"
+#include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/Output.h"
 #include "layerman/states/LayerChanges.h"
@@ -20,7 +21,7 @@ OdError taken(const QString& name)
 {
     return {OdResult::DuplicateKey,
             CompanionText::tr("There is a layer state \"%1\" already; --replace saves over it.")
-                .arg(name)};
+                .arg(abridged(name))};
 }
 } // namespace
 
