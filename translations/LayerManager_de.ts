@@ -36,8 +36,8 @@
         <translation>Filterdefinition</translation>
     </message>
     <message>
-        <source>Note on the filter definition</source>
-        <translation>Hinweis zur Filterdefinition</translation>
+        <source>Some conditions are about viewports. They count, but their columns are shown only while a layout is current.</source>
+        <translation>Einige Bedingungen betreffen Ansichtsfenster. Sie gelten, aber ihre Spalten sind nur zu sehen, während ein Layout aktuell ist.</translation>
     </message>
     <message>
         <source>Layers that the filter shows</source>
@@ -491,6 +491,14 @@
     <message>
         <source>Invalid Filter</source>
         <translation>Ungültiger Filter</translation>
+    </message>
+    <message>
+        <source>The filter &quot;%1&quot; was not made: &quot;%2&quot;, which it was to stand below, is no longer in the drawing.</source>
+        <translation>Der Filter „%1“ wurde nicht angelegt: „%2“, unter dem er stehen sollte, ist nicht mehr in der Zeichnung.</translation>
+    </message>
+    <message>
+        <source>The filter &quot;%1&quot; was not changed: it is no longer in the drawing.</source>
+        <translation>Der Filter „%1“ wurde nicht geändert: Er ist nicht mehr in der Zeichnung.</translation>
     </message>
 </context>
 <context>

@@ -13,11 +13,14 @@
 #include "layermanager/filters/FilterNames.h"
 #include "toolkit/Prompts.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+
+#include <algorithm>
 
 CDlgLayPropFilter::CDlgLayPropFilter(OdDbDatabase& database, OdLyLayerFilterPtr parentFilter,
                                      OdLyLayerFilterPtr filter, LayerIds candidates, bool existing,
@@ -37,12 +40,12 @@ CDlgLayPropFilter::CDlgLayPropFilter(OdDbDatabase& database, OdLyLayerFilterPtr 
 {
     buildControls();
     registerControls();
-    fillControls();
     connect(m_gridCtrl, &CLayPropFilterEdListCtrl::rowsEdited, this,
             [this] { m_rowsEdited = true; });
     connect(m_gridCtrl, &CLayPropFilterEdListCtrl::expressionChanged, this,
             &CDlgLayPropFilter::SetFilterExpressionAndRefresh);
     connect(m_previewList, &CLayerListCtrl::listStale, this, &CDlgLayPropFilter::refreshPreview);
+    connect(m_previewList, &CLayerListCtrl::listChanged, this, &CDlgLayPropFilter::tellCount);
     connect(m_previewList, &CLayerListCtrl::databaseGone, this, [this] {
         // The dialog may live on for a while, until what was opened over it returns.
         m_pDb = nullptr;
@@ -51,11 +54,15 @@ CDlgLayPropFilter::CDlgLayPropFilter(OdDbDatabase& database, OdLyLayerFilterPtr 
     });
     // Ctrl+A is the table's wherever the focus is.
     qApp->installEventFilter(this);
+    fillControls();
 }
 
 CDlgLayPropFilter::~CDlgLayPropFilter()
 {
     qApp->removeEventFilter(this);
+    // What the controls tell while they go, such as the end of an edit, concerns nobody any more.
+    m_gridCtrl->disconnect(this);
+    m_previewList->disconnect(this);
 }
 
 bool CDlgLayPropFilter::edit(QWidget* parent, OdDbDatabase& database, const FilterToEdit& task)
@@ -79,12 +86,18 @@ void CDlgLayPropFilter::fillControls()
     m_nameEdit->selectAll();
     fillCandidates();
     refreshPreview();
+    collectNames();
+    readRows();
+}
+
+void CDlgLayPropFilter::collectNames()
+{
     OdLyLayerFilterPtr root;
     OdLyLayerFilterPtr current;
     odlyGetLayerFilterManager(m_pDb)->getFilters(root, current);
+    m_filterNames.clear();
     for (const OdLyLayerFilterPtr& filter : filtersOfTree(root))
         m_filterNames.append(filter->name());
-    readRows();
 }
 
 void CDlgLayPropFilter::fillCandidates()
@@ -111,9 +124,9 @@ void CDlgLayPropFilter::readRows()
     const bool isWhole = m_pFilter->isEditable() && rowsSayAllOf(*m_pDb, m_strExpression, rows);
     m_gridCtrl->Initialise(*m_pDb, std::move(rows));
     m_gridCtrl->setReadOnly(!isWhole);
-    if (!isWhole)
-        showNotice(tr("The table cannot show all conditions of this filter. They stay as they are; "
-                      "only the name can be changed."));
+    showNotice(isWhole ? noticeOnHidden()
+                       : tr("The table cannot show all conditions of this filter. They stay as "
+                            "they are; only the name can be changed."));
 }
 
 // Live preview
@@ -125,8 +138,8 @@ void CDlgLayPropFilter::SetFilterExpressionAndRefresh(const QString& expression)
     m_showsCandidates = false;
     m_pFilter->setFilterExpression(expression);
     refreshPreview();
-    showNotice(canBeReadBack(*m_pDb, expression)
-                   ? QString()
+    showNotice(canBeReadBack(*m_pDb, m_gridCtrl->rowsModel().rows(), expression)
+                   ? noticeOnHidden()
                    : tr("The drawing can keep these conditions, but the table cannot show them all "
                         "again: once saved, they cannot be edited here any more."));
 }
@@ -143,20 +156,40 @@ void CDlgLayPropFilter::refreshPreview()
     std::erase_if(layers, [this](OdDbObjectId id) {
         return id.slot() >= m_isCandidate.size() || !m_isCandidate[id.slot()];
     });
-    if (!m_previewList->showLayers(layers, *m_pDb)) {
-        // Another drawing is current: what is edited here is not what the user sees.
+    // Another drawing is current: what is edited here is not what the user sees.
+    if (!m_previewList->showLayers(layers, *m_pDb))
         reject();
+}
+
+void CDlgLayPropFilter::tellCount()
+{
+    if (!m_pDb)
         return;
-    }
-    m_previewLabel->setText(tr("Filter &preview: %1 of %2 layers")
-                                .arg(m_previewList->displayedCount())
-                                .arg(m_candidateIds.size()));
+    const auto present = std::count_if(m_candidateIds.begin(), m_candidateIds.end(),
+                                       [](OdDbObjectId layer) { return !layer.isErased(); });
+    m_previewLabel->setText(
+        tr("Filter &preview: %1 of %2 layers").arg(m_previewList->displayedCount()).arg(present));
+}
+
+/// What is to be said of conditions in columns that are hidden while model space is current.
+QString CDlgLayPropFilter::noticeOnHidden() const
+{
+    return m_gridCtrl->hidesCriteria()
+        ? tr("Some conditions are about viewports. They count, but their columns are shown only "
+             "while a layout is current.")
+        : QString();
 }
 
 void CDlgLayPropFilter::showNotice(const QString& text)
 {
+    if (text == m_notice->text())
+        return;
     m_notice->setText(text);
     m_notice->setVisible(!text.isEmpty());
+    if (text.isEmpty())
+        return;
+    QAccessibleEvent alert(m_notice, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 // Closing
@@ -167,6 +200,7 @@ void CDlgLayPropFilter::accept()
         return;
     m_gridCtrl->closeInPlaceEditor();
     m_strName = m_nameEdit->text();
+    collectNames(); // a script may have made filters meanwhile
     const QString previous = m_pFilter->name();
     const bool isValid = IsValidFilterName(m_strName, m_filterNames);
     if (!isValid && !(m_bExisting && previous.compare(m_strName, Qt::CaseInsensitive) == 0)) {

@@ -66,9 +66,12 @@ private:
     void buildButtons(QVBoxLayout& layout);
     void registerControls();
     void fillControls();
+    void collectNames();
     void fillCandidates();
     void readRows();
     void refreshPreview();
+    void tellCount();
+    QString noticeOnHidden() const;
     void showNotice(const QString& text);
 
     CLayerPreviewList* m_previewList;

@@ -58,10 +58,10 @@ void CDlgLayPropFilter::buildControls()
     layout->addWidget(m_gridCtrl, kDefinitionRows);
     m_notice->setObjectName(QStringLiteral("definitionNotice"));
     m_notice->setWordWrap(true);
-    m_notice->setAccessibleName(tr("Note on the filter definition"));
     m_notice->hide();
     layout->addWidget(m_notice);
 
+    m_previewLabel->setObjectName(QStringLiteral("previewCount"));
     m_previewLabel->setBuddy(m_previewList);
     layout->addWidget(m_previewLabel);
     m_previewList->setAccessibleName(tr("Layers that the filter shows"));

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QMenu>
+#include <QTextDocumentFragment>
 #include <QWidgetAction>
 
 namespace {
@@ -51,6 +52,8 @@ CFilterExamplesBtn::CFilterExamplesBtn(QWidget* parent)
     auto* menu = new QMenu(this);
     menu->setObjectName(QStringLiteral("filterExamples"));
     menu->setAccessibleName(tr("Examples of filters"));
+    // It keeps the focus, so what it holds is not read by itself.
+    menu->setAccessibleDescription(QTextDocumentFragment::fromHtml(table()).toPlainText());
     auto* label = new QLabel(table(), menu);
     label->setTextFormat(Qt::RichText);
     label->setMargin(fontMetrics().averageCharWidth());

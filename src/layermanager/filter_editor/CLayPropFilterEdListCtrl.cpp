@@ -103,6 +103,17 @@ void CLayPropFilterEdListCtrl::resizeEvent(QResizeEvent* event)
     stretchDescription();
 }
 
+bool CLayPropFilterEdListCtrl::hidesCriteria() const
+{
+    for (int column = 0; column < kFilterColumnCount; ++column) {
+        for (int row = 0; isColumnHidden(column) && row < m_rows.rowCount(); ++row) {
+            if (m_rows.isSet(m_rows.index(row, column)))
+                return true;
+        }
+    }
+    return false;
+}
+
 // Editing
 
 bool CLayPropFilterEdListCtrl::checksCharacters(int) const
@@ -259,7 +270,10 @@ std::unique_ptr<QMenu> CLayPropFilterEdListCtrl::contextMenu()
         {kDuplicateRow, filterEditorText(84531), QString(), nullptr, false, true},
         {kDeleteRow, filterEditorText(84532), QString(), nullptr, false, true},
     };
-    auto menu = makeCommandMenu(rows, [this](int id) { command(id); });
+    auto menu = makeCommandMenu(rows, [table = QPointer(this)](int id) {
+        if (table) // it may go while its menu is open
+            table->command(id);
+    });
     menu->setObjectName(QStringLiteral("filterDefinitionMenu"));
     menu->setAccessibleName(tr("Filter line commands"));
     return menu;

@@ -32,6 +32,8 @@ public:
     bool isReadOnly() const { return m_readOnly; }
 
     const FilterRowsModel& rowsModel() const { return m_rows; }
+    /// Whether a line sets a criterion in a column that is hidden.
+    bool hidesCriteria() const;
     int currentRow() const { return m_nCurRow; }
     int currentColumn() const { return m_nCurCol; }
 

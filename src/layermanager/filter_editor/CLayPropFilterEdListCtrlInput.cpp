@@ -54,8 +54,12 @@ bool CLayPropFilterEdListCtrl::typeInto(const QKeyEvent& event)
 {
     const QModelIndex cell = currentIndex();
     const QString text = event.text();
-    const bool isTyped = !text.isEmpty() && text.at(0).isPrint() && !text.at(0).isSpace()
-        && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    // Both together are AltGr, which some keyboards need for wildcards.
+    const bool isCommand = event.modifiers() & Qt::MetaModifier
+        || event.modifiers().testFlag(Qt::ControlModifier)
+            != event.modifiers().testFlag(Qt::AltModifier);
+    const bool isTyped =
+        !text.isEmpty() && text.at(0).isPrint() && !text.at(0).isSpace() && !isCommand;
     if (!isTyped || !cell.isValid()
         || filterColumns().at(static_cast<std::size_t>(cell.column())).editor
             != FilterCellEditor::Text)

@@ -5,6 +5,8 @@
 #include "database/filters/FilterExpressionText.h"
 #include "layermanager/filters/FilterExpression.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr QLatin1String kNotInName("<>/':;\"?*|,=`");
@@ -50,12 +52,11 @@ bool rowsSayAllOf(const OdDbDatabase& database, const QString& expression,
     return meant && meant == canonical(database, text);
 }
 
-bool canBeReadBack(const OdDbDatabase& database, const QString& expression)
+bool canBeReadBack(const OdDbDatabase& database, const LayerFilterRows& rows,
+                   const QString& expression)
 {
-    if (expression.isEmpty())
-        return true;
-    LayerFilterRows rows;
-    ParseFilterExpression(database, expression, rows);
-    return FilterExpressionText::spelled(database, expression).isSayable
-        && rowsSayAllOf(database, expression, rows);
+    LayerFilterRows read;
+    ParseFilterExpression(database, expression, read);
+    return std::equal(read.begin(), read.end(), rows.begin(), rows.end() - 1)
+        && (read.empty() || FilterExpressionText::spelled(database, expression).isSayable);
 }

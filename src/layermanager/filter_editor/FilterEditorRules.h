@@ -22,5 +22,7 @@ bool isFilterCellText(QStringView text);
 bool rowsSayAllOf(const OdDbDatabase& database, const QString& expression,
                   const LayerFilterRows& rows);
 
-/// Whether an expression that was built from rows will be read as the same rows again.
-bool canBeReadBack(const OdDbDatabase& database, const QString& expression);
+/// Whether the expression that was built from rows, the blank entry line behind them, will be read
+/// as the same rows again.
+bool canBeReadBack(const OdDbDatabase& database, const LayerFilterRows& rows,
+                   const QString& expression);

@@ -39,6 +39,15 @@ QString numberText(int column, qint32 value)
     }
 }
 
+/// Drawings can hold mark-up in their texts, and texts of any length.
+QString toolTip(const QString& value)
+{
+    constexpr qsizetype kLongest = 500;
+    return value.isEmpty() ? QString()
+                           : QLatin1String("<p>")
+            + value.first(std::min(value.size(), kLongest)).toHtmlEscaped() + QLatin1String("</p>");
+}
+
 /// Whether the field changed.
 template <class Value>
 bool assign(Value& field, const Value& value)
@@ -69,18 +78,29 @@ QVariant FilterRowsModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const QString value = valueText(index);
-    if (role == Qt::DisplayRole)
-        return value;
-    if (role != Qt::AccessibleTextRole)
+    switch (role) {
+    case Qt::DisplayRole:
+        return valueText(index);
+    case Qt::ToolTipRole: // pictures and lines do not tell their values, and columns are narrow
+        return toolTip(valueText(index));
+    case Qt::AccessibleTextRole:
+        return spokenText(index);
+    default:
         return {};
-    const QString title = infoOf(index.column()).headerText();
+    }
+}
+
+QString FilterRowsModel::spokenText(const QModelIndex& cell) const
+{
+    const Info& info = infoOf(cell.column());
+    const QString title = info.headerText();
+    const QString number = QString::number(cell.row() + 1);
     if (title.isEmpty())
-        return tr("Line %1").arg(index.row() + 1);
-    if (!infoOf(index.column()).isEditable())
-        return tr("%1, line %2").arg(title).arg(index.row() + 1);
-    return tr("%1, line %2: %3")
-        .arg(title, QString::number(index.row() + 1), value.isEmpty() ? tr("not set") : value);
+        return tr("Line %1").arg(number);
+    if (!info.isEditable())
+        return tr("%1, line %2").arg(title, number);
+    const QString value = valueText(cell);
+    return tr("%1, line %2: %3").arg(title, number, value.isEmpty() ? tr("not set") : value);
 }
 
 QVariant FilterRowsModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -122,6 +142,17 @@ qint32 FilterRowsModel::number(const QModelIndex& cell) const
     return field ? line(cell.row()).**field : info.unset;
 }
 
+bool FilterRowsModel::isSet(const QModelIndex& cell) const
+{
+    const Info& info = infoOf(cell.column());
+    const LayerFilterRow& row = line(cell.row());
+    if (const auto* text = std::get_if<Info::Text>(&info.field))
+        return !(row.**text).isEmpty();
+    if (const auto* id = std::get_if<Info::Id>(&info.field))
+        return !(row.**id).isNull();
+    return number(cell) != info.unset;
+}
+
 void FilterRowsModel::start(LayerFilterRows rows)
 {
     beginResetModel();
@@ -153,7 +184,7 @@ bool FilterRowsModel::setCell(const QModelIndex& cell, qint32 number, const QStr
     if (isEntryLine(place) && !isEmpty)
         appendBlank();
     else if (!isEntryLine(place) && isEmpty)
-        removeLine(place);
+        removeLines(place, place);
     return true;
 }
 
@@ -169,10 +200,10 @@ void FilterRowsModel::appendBlank()
     endInsertRows();
 }
 
-void FilterRowsModel::removeLine(int row)
+void FilterRowsModel::removeLines(int first, int last)
 {
-    beginRemoveRows({}, row, row);
-    m_rows.erase(m_rows.begin() + row);
+    beginRemoveRows({}, first, last);
+    m_rows.erase(m_rows.begin() + first, m_rows.begin() + last + 1);
     endRemoveRows();
 }
 
@@ -194,10 +225,11 @@ bool FilterRowsModel::remove(int row, int selected)
     if (selected == 1) {
         if (row < 0 || isEntryLine(row) || row >= rowCount())
             return false;
-        removeLine(row);
+        removeLines(row, row);
         return true;
     }
-    for (int position = std::min(selected - 1, rowCount() - 2); position >= 1; --position)
-        removeLine(position);
+    const int last = std::min(selected - 1, rowCount() - 2);
+    if (last >= 1)
+        removeLines(1, last);
     return true;
 }

@@ -14,7 +14,8 @@ public:
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
-    /// Values in words under the display role, column, line and value under the accessibility one.
+    /// Values in words under the display and the tooltip role, column, line and value under the
+    /// accessibility one.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
@@ -33,6 +34,8 @@ public:
     bool clearCell(const QModelIndex& cell);
     /// The number of a cell; the one that sets no criterion where it holds none.
     qint32 number(const QModelIndex& cell) const;
+    /// Whether a cell sets a criterion.
+    bool isSet(const QModelIndex& cell) const;
 
     /// Makes the entry line a copy of a line.
     void duplicate(int row);
@@ -43,8 +46,9 @@ public:
 
 private:
     QString valueText(const QModelIndex& cell) const;
+    QString spokenText(const QModelIndex& cell) const;
     void appendBlank();
-    void removeLine(int row);
+    void removeLines(int first, int last);
 
     LayerFilterRows m_rows{1};
 };

@@ -2,6 +2,7 @@
 #include "database/OdLyLayerFilterManager.h"
 #include "layermanager/filter_editor/FilterEditorRules.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -37,6 +38,11 @@ private slots:
     void aFilterThatRowsCannotSayIsKeptAndTold_data();
     void aFilterThatRowsCannotSayIsKeptAndTold();
     void tellsWhatCannotBeEditedAgain();
+    void tellsOfConditionsInHiddenColumns();
+    void notesAreReadAsTheyStand();
+    void countsTheLayersThatAreThere();
+    void aNameThatAScriptGaveMeanwhileIsRefused();
+    void anEditUnderWayGoesWithTheDialog();
     void thePreviewChangesNoLayer();
     void thePreviewKeepsNoWidths();
     void thePreviewFollowsTheDrawing();
@@ -286,6 +292,64 @@ void TestFilterDialog::tellsWhatCannotBeEditedAgain()
     QCOMPARE(notice(), QString());
 }
 
+void TestFilterDialog::tellsOfConditionsInHiddenColumns()
+{
+    showExisting("F", "NAME==\"A*\"  AND VPCOLOR==\"1\"  OR VPFROZEN==\"True\" ");
+    QVERIFY(notice().contains(QStringLiteral("are about viewports")));
+    QCOMPARE(lines(), 3);
+    choose(1, kOn, 1); // they stay in what is written
+    QVERIFY(notice().contains(QStringLiteral("are about viewports")));
+    QVERIFY(expression().contains(QStringLiteral("VPCOLOR==\"1\"")));
+    QVERIFY(expression().contains(QStringLiteral("VPFROZEN==\"True\"")));
+    closeDialog();
+    enterViewport();
+    showExisting("F", "NAME==\"A*\"  AND VPCOLOR==\"1\"  OR VPFROZEN==\"True\" ");
+    QCOMPARE(notice(), QString());
+}
+
+void TestFilterDialog::notesAreReadAsTheyStand()
+{
+    showExisting("Foreign", "NAME==\"A*\" AND PLOTSTYLE==\"x\"");
+    auto* label = dialog().findChild<QLabel*>(QStringLiteral("definitionNotice"));
+    QAccessibleInterface* read = QAccessible::queryAccessibleInterface(label);
+    QVERIFY(read);
+    QCOMPARE(read->text(QAccessible::Name), notice());
+}
+
+void TestFilterDialog::countsTheLayersThatAreThere()
+{
+    showExisting("F", "NAME==\"A*\" ");
+    const auto* count = dialog().findChild<QLabel*>(QStringLiteral("previewCount"));
+    QCOMPARE(count->text(), QStringLiteral("Filter &preview: 2 of 5 layers"));
+    write(db(), "A-Doors")->erase();
+    settle();
+    QCOMPARE(previewed(), QStringLiteral("A-Walls"));
+    QCOMPARE(count->text(), QStringLiteral("Filter &preview: 1 of 4 layers"));
+    write(db(), "S-Beams")->erase();
+    settle();
+    QCOMPARE(count->text(), QStringLiteral("Filter &preview: 1 of 3 layers"));
+}
+
+void TestFilterDialog::aNameThatAScriptGaveMeanwhileIsRefused()
+{
+    showNew();
+    nameEdit().setText(QStringLiteral("Walls"));
+    addToDrawing("walls", "NAME==\"W*\" ");
+    prompts().willCloseMessage();
+    dialog().accept();
+    QVERIFY(dialog().isVisible());
+    QCOMPARE(prompts().texts(), QStringList(QStringLiteral("Invalid Filter Name")));
+}
+
+void TestFilterDialog::anEditUnderWayGoesWithTheDialog()
+{
+    showNew();
+    click(0, kName);
+    QTest::keyClicks(editor(), QStringLiteral("A*"));
+    closeDialog();
+    QCOMPARE(filter().filterExpression(), QString());
+}
+
 void TestFilterDialog::thePreviewChangesNoLayer()
 {
     showNew();
@@ -377,6 +441,7 @@ void TestFilterDialog::examplesShowAndChangeNothing()
     const auto* label = leaf->findChild<QLabel*>();
     QVERIFY(label && label->isVisible());
     QVERIFY(label->text().contains(QStringLiteral("A-*")));
+    QVERIFY(leaf->accessibleDescription().contains(QStringLiteral("Layer Name ~A-*")));
     leaf->close();
     QCOMPARE(lines(), 1);
     QCOMPARE(expression(), QString());

@@ -20,6 +20,7 @@ private slots:
     void keysOpenAText_data();
     void keysOpenAText();
     void typingOnATextCellReplacesIt();
+    void whatAltGrTypesIsTypedAndCommandsAreNot();
     void enterOpensAPicker();
     void deleteEmptiesACell_data();
     void deleteEmptiesACell();
@@ -135,6 +136,23 @@ void TestFilterDialogKeys::typingOnATextCellReplacesIt()
     focusCell(0, kOn);
     press(Qt::Key_S);
     QVERIFY(!editor());
+}
+
+void TestFilterDialogKeys::whatAltGrTypesIsTypedAndCommandsAreNot()
+{
+    showNew();
+    focusCell(0, kName);
+    const auto type = [this](Qt::KeyboardModifiers modifiers) {
+        QTest::sendKeyEvent(QTest::Click, &table(), Qt::Key_AsciiTilde, QStringLiteral("~"),
+                            modifiers);
+    };
+    type(Qt::ControlModifier);
+    QVERIFY(!editor());
+    type(Qt::AltModifier);
+    QVERIFY(!editor());
+    type(Qt::ControlModifier | Qt::AltModifier);
+    QVERIFY(editor());
+    QCOMPARE(editor()->text(), QStringLiteral("~"));
 }
 
 void TestFilterDialogKeys::enterOpensAPicker()

@@ -78,22 +78,43 @@ TEST_F(FilterEditorRules, MillimetresThatAreReadAsInchesAreNotSaid)
 
 TEST_F(FilterEditorRules, TellsWhatTheDrawingWillNotGiveBack)
 {
-    EXPECT_TRUE(canBeReadBack(m_database, QString()));
-    EXPECT_TRUE(canBeReadBack(m_database, QStringLiteral("NAME==\"A*\" ")));
+    const auto comesBack = [this](LayerFilterRows rows) {
+        const QString expression = built(rows);
+        rows.emplace_back();
+        return canBeReadBack(m_database, rows, expression);
+    };
+    EXPECT_TRUE(comesBack({}));
     LayerFilterRow row;
+    row.m_strName = QStringLiteral("A*");
+    EXPECT_TRUE(comesBack({row}));
     row.m_nNewVpFrozen = 1;
-    EXPECT_TRUE(canBeReadBack(m_database, built({row})));
+    EXPECT_TRUE(comesBack({row, row}));
     row.m_nVpFrozen = 1;
-    EXPECT_FALSE(canBeReadBack(m_database, built({row})));
+    EXPECT_FALSE(comesBack({row}));
     LayerFilterRow heavy;
     heavy.m_nLineweight = 211;
-    EXPECT_FALSE(canBeReadBack(m_database, built({heavy})));
+    EXPECT_FALSE(comesBack({heavy}));
     LayerFilterRow weighty;
     weighty.m_nLineweight = 25;
-    EXPECT_TRUE(canBeReadBack(m_database, built({weighty})));
+    EXPECT_TRUE(comesBack({weighty}));
     setLineweightUnits(0);
-    EXPECT_FALSE(canBeReadBack(m_database, built({weighty})));
+    EXPECT_FALSE(comesBack({weighty}));
     LayerFilterRow described;
     described.m_strDesc = QStringLiteral("this OR that");
-    EXPECT_FALSE(canBeReadBack(m_database, built({described})));
+    EXPECT_FALSE(comesBack({described}));
+}
+
+TEST_F(FilterEditorRules, ALinetypeThatWentDoesNotComeBack)
+{
+    LayerFilterRow dashed;
+    dashed.m_idLinetype = linetype("DASHED");
+    LayerFilterRow both = dashed;
+    both.m_nOn = 1;
+    const LayerFilterRows alone{dashed, {}};
+    const LayerFilterRows together{both, {}};
+    EXPECT_TRUE(canBeReadBack(m_database, alone, built({dashed})));
+    EXPECT_TRUE(canBeReadBack(m_database, together, built({both})));
+    dashed.m_idLinetype.safeOpenObject<OdDbObject>(OdDb::kForWrite)->erase();
+    EXPECT_FALSE(canBeReadBack(m_database, alone, built({dashed})));
+    EXPECT_FALSE(canBeReadBack(m_database, together, built({both})));
 }

@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QProcess>
@@ -30,7 +31,9 @@ private slots:
     void cancellingLeavesTheDrawingAsItWas();
     void keepsTheLinesThatNobodyChanged();
     void offersNoEditOfAFilterThatRowsCannotSay();
-    void doesNothingForAFilterThatWasDeletedMeanwhile();
+    void tellsOfAFilterThatWasDeletedMeanwhile();
+    void tellsOfAParentThatWasDeletedMeanwhile();
+    void aMenuThatOutlivesItsTableDoesNothing();
     void closesWithItsDrawingWhileAPickerIsOpen();
     void filtersListTheSameLayersInTheCompanion_data();
     void filtersListTheSameLayersInTheCompanion();
@@ -147,7 +150,7 @@ void TestFilterEditorTree::makesANestedFilterWithTheLayersOfItsParent()
     addProperty("W", "NAME==\"W*\" ");
     click("W");
     inDialog(40091, [&](CDlgLayPropFilter& dialog) {
-        const auto* preview = dialog.findChild<CLayerPreviewList*>();
+        auto* preview = dialog.findChild<CLayerPreviewList*>();
         QCOMPARE(layer_drawing::names(preview->layerModel().layers()),
                  QStringList(QStringLiteral("Walls")));
         choose(dialog, 0, kOnColumn, 1);
@@ -191,6 +194,7 @@ void TestFilterEditorTree::cancellingLeavesTheDrawingAsItWas()
     addProperty("P", "NAME==\"W*\" ");
     click("P");
     const auto stamp = db().editStamp();
+    const QByteArray saved = drawingBytes(db());
     host().historyNames.clear();
     inDialog(command, [&](CDlgLayPropFilter& dialog) {
         type(dialog, 0, kNameColumn, "D*");
@@ -198,6 +202,7 @@ void TestFilterEditorTree::cancellingLeavesTheDrawingAsItWas()
     });
     QCOMPARE(db().editStamp(), stamp);
     QCOMPARE(host().historyNames, QStringList());
+    QVERIFY(drawingBytes(db()) == saved);
     QCOMPARE(FilterTreeEdit(db()).find(key("P"))->filterExpression(),
              QStringLiteral("NAME==\"W*\" "));
     QCOMPARE(listed(), QStringList(QStringLiteral("Walls")));
@@ -232,11 +237,12 @@ void TestFilterEditorTree::offersNoEditOfAFilterThatRowsCannotSay()
              QStringLiteral("NAME==\"W*\" AND PLOTSTYLE==\"x\""));
 }
 
-void TestFilterEditorTree::doesNothingForAFilterThatWasDeletedMeanwhile()
+void TestFilterEditorTree::tellsOfAFilterThatWasDeletedMeanwhile()
 {
     run("_LAYER");
     addProperty("P", "NAME==\"W*\" ");
     click("P");
+    prompts().willCloseMessage();
     inDialog(40098, [&](CDlgLayPropFilter& dialog) {
         type(dialog, 0, kNameColumn, "D*");
         deleteFilter(db(), key("P"));
@@ -244,6 +250,51 @@ void TestFilterEditorTree::doesNothingForAFilterThatWasDeletedMeanwhile()
     });
     QVERIFY(!FilterTreeEdit(db()).find(key("P")));
     QCOMPARE(shown().size(), 2);
+    QCOMPARE(prompts().texts(),
+             QStringList(QStringLiteral(
+                 "The filter \"P\" was not changed: it is no longer in the drawing.")));
+}
+
+void TestFilterEditorTree::tellsOfAParentThatWasDeletedMeanwhile()
+{
+    run("_LAYER");
+    addProperty("P %1", "NAME==\"W*\" ");
+    click("P %1");
+    prompts().willCloseMessage();
+    inDialog(40091, [&](CDlgLayPropFilter& dialog) {
+        deleteFilter(db(), key("P %1"));
+        name(dialog).setText(QStringLiteral("Below"));
+        press(dialog, CDlgLayPropFilter::kOk);
+    });
+    QCOMPARE(shown().size(), 2);
+    QCOMPARE(prompts().texts(),
+             QStringList(QStringLiteral("The filter \"Below\" was not made: \"P %1\", which it was "
+                                        "to stand below, is no longer in the drawing.")));
+}
+
+void TestFilterEditorTree::aMenuThatOutlivesItsTableDoesNothing()
+{
+    CLayPropFilterEdListCtrl* grid = new CLayPropFilterEdListCtrl;
+    LayerFilterRow row;
+    row.m_nOn = 1;
+    grid->Initialise(db(), {row});
+    grid->focusCell(0, kOnColumn);
+    grid->show();
+    bool came = false;
+    QTimer::singleShot(0, this, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        came = true;
+        delete grid;
+        menu->setActiveAction(menu->actions().constFirst());
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QPointer<CLayPropFilterEdListCtrl> target(grid);
+    QApplication::sendEvent(grid, &event);
+    QVERIFY(came);
+    QVERIFY(!target);
 }
 
 /// A host whose color dialog loses its drawing while it is open, and still answers.

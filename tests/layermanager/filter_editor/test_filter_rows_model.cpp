@@ -170,6 +170,48 @@ TEST_F(FilterRowsModelTest, KeepsTheBlankLineWhenEveryLineIsSelected)
     EXPECT_EQ(names(), "A -");
 }
 
+TEST_F(FilterRowsModelTest, DeletesManyLinesAtOnce)
+{
+    model.start(LayerFilterRows(1000, named("A")));
+    int removals = 0;
+    QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &model, [&] { ++removals; });
+    EXPECT_TRUE(model.remove(0, 1000));
+    EXPECT_EQ(names(), "A -");
+    EXPECT_EQ(removals, 1);
+}
+
+TEST_F(FilterRowsModelTest, TellsWhetherACellSetsACriterion)
+{
+    LayerFilterRow row = named("A");
+    row.m_nVpColor = 0;
+    row.m_idVpLinetype = linetype("DASHED");
+    model.start({row});
+    std::vector<int> set;
+    for (int column = 0; column < kFilterColumnCount; ++column) {
+        if (model.isSet(model.index(0, column)))
+            set.push_back(column);
+        EXPECT_FALSE(model.isSet(model.index(1, column))) << column;
+    }
+    EXPECT_EQ(set, (std::vector<int>{kNameColumn, 14, 15}));
+}
+
+TEST_F(FilterRowsModelTest, TooltipsTellValuesAndNoMarkUp)
+{
+    LayerFilterRow row = named("<img src='x'>");
+    row.m_nOn = 2;
+    row.m_nLineweight = 13;
+    row.m_strDesc = QString(100000, QLatin1Char('x'));
+    model.start({row});
+    const auto tip = [&](int column) {
+        return model.index(0, column).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_EQ(tip(kNameColumn).toStdString(), "<p>&lt;img src='x'&gt;</p>");
+    EXPECT_EQ(tip(kOnColumn).toStdString(), "<p>off</p>");
+    EXPECT_EQ(tip(8).toStdString(), "<p>0.13 mm</p>");
+    EXPECT_LT(tip(12).size(), 1000);
+    EXPECT_TRUE(tip(kStatusColumn).isNull());
+}
+
 TEST_F(FilterRowsModelTest, TellsItsCellsInWords)
 {
     set(0, kOnColumn, 1);

@@ -331,16 +331,30 @@ void CLayerTreeVw::newPropertyFilter(const FilterKey& parent)
     const FilterTreeEdit tree(*m_database); // holds the parent
     const auto filter =
         odrxCreate<OdLyLayerFilter>(MakeDefaultFilterName(tree.root(), FilterKind::Property));
-    if (askFor({filter, tree.find(parent), false}))
-        showResult(addFilter(*m_database, parent, filter));
+    if (!askFor({filter, tree.find(parent), false}))
+        return;
+    const std::optional<FilterKey> added = addFilter(*m_database, parent, filter);
+    showResult(added);
+    if (!added)
+        Prompts::current().message(this,
+                                   tr("The filter \"%1\" was not made: \"%2\", which it was to "
+                                      "stand below, is no longer in the drawing.")
+                                       .arg(filter->name(), parent.name));
 }
 
 void CLayerTreeVw::editFilter(const FilterKey& key)
 {
     const FilterTreeEdit tree(*m_database); // a copy, which holds the parent
     const OdLyLayerFilterPtr filter = tree.find(key);
-    if (filter && askFor({filter, filter->parent(), true}))
-        showResult(changeFilter(*m_database, key, filter->name(), filter->filterExpression()));
+    if (!filter || !askFor({filter, filter->parent(), true}))
+        return;
+    const std::optional<FilterKey> changed =
+        changeFilter(*m_database, key, filter->name(), filter->filterExpression());
+    showResult(changed);
+    if (!changed)
+        Prompts::current().message(
+            this,
+            tr("The filter \"%1\" was not changed: it is no longer in the drawing.").arg(key.name));
 }
 
 bool CLayerTreeVw::askFor(const FilterToEdit& task)
