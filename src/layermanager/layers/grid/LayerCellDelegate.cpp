@@ -9,6 +9,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 
 #include <algorithm>
@@ -42,6 +43,12 @@ constexpr int kLineweightDigits = 8;
 bool isDark(const QColor& colour)
 {
     return qGray(colour.rgb()) < 128;
+}
+
+/// Texts of drawings that look like mark-up are none.
+QString asPlainTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
 }
 
 } // namespace
@@ -245,7 +252,7 @@ bool LayerCellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     const QString text = index.data(Qt::ToolTipRole).toString();
     const Look look(option);
     if (isIcon || neededWidth(look, kind, text) > option.rect.width())
-        QToolTip::showText(event->globalPos(), text, view, option.rect);
+        QToolTip::showText(event->globalPos(), asPlainTip(text), view, option.rect);
     else
         QToolTip::hideText();
     return true;
