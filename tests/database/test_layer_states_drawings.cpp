@@ -1,6 +1,8 @@
 #include "LayerStatesFixture.h"
 #include "support/SharedDrawings.h"
 
+#include <set>
+
 namespace {
 
 /// States of drawings that other programs made.
@@ -17,6 +19,38 @@ protected:
                 names.push_back(entry.key);
         }
         return names;
+    }
+
+    /// Layers of a state that are there, in its order, and the codes of their groups.
+    static std::vector<std::pair<OdDbObjectId, std::set<int>>> entriesOf(const LayerStates& states,
+                                                                         const QString& name)
+    {
+        std::vector<std::pair<OdDbObjectId, std::set<int>>> entries;
+        for (const LayerInfoInLS& layer : states.layers(name)) {
+            if (layer.layerId.isNull())
+                continue;
+            entries.push_back({layer.layerId, {}});
+            for (const GroupList::Group group : layer.stored)
+                entries.back().second.insert(group.code);
+        }
+        return entries;
+    }
+    /// What is saved over a state leaves the order of its layers and the kinds of groups that they
+    /// have; true colors alone come and go with those of the layers.
+    static void expectKeptBySaving(LayerStates& states, const QString& name)
+    {
+        const auto before = entriesOf(states, name);
+        states.save(name, LayerStateMask::kAll);
+        const auto after = entriesOf(states, name);
+        ASSERT_GE(after.size(), before.size());
+        for (std::size_t i = 0; i < before.size(); ++i) {
+            EXPECT_EQ(after[i].first, before[i].first);
+            for (const int code : before[i].second) {
+                if (code != StateGroup::kPackedColor && code != StateGroup::kBookName) {
+                    EXPECT_EQ(after[i].second.count(code), 1u) << i << ", group " << code;
+                }
+            }
+        }
     }
 };
 
@@ -53,6 +87,7 @@ TEST_F(ForeignLayerStates, SurviveEveryEditThatIsTakenBack)
 
             drawing->startUndoRecord();
             service.restore(name, {LayerStateMask::kAll, true, false});
+            expectKeptBySaving(service, name);
             EXPECT_EQ(drawing->audit(), QStringList());
             drawing->undo();
             EXPECT_TRUE(LayerLook::of(*drawing) == before);

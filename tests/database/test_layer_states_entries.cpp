@@ -105,6 +105,41 @@ TEST_F(LayerStateEntries, ChangeOnlyTheGroupThatWasEdited)
                 == replaced(3, 90, "42"));
 }
 
+TEST_F(LayerStateEntries, KeepWhatOtherProgramsWroteWhenTheStateIsSavedAgain)
+{
+    store(m_plan,
+          {{91, "2047"},
+           {301, "x"},
+           {70, "5"},
+           {330, "31"}, // Walls
+           {90, "73"}, // off, and a bit that nobody knows
+           {62, "30"},
+           {93, "0"},
+           {331, "23"},
+           {92, "-1023443200"},
+           {330, "ABC"}, // gone
+           {90, "9"},
+           {8, "Roof"},
+           {309, "a note"},
+           {8, "ROOF"}});
+    m_states.save(m_plan, LayerStateMask::kColor);
+    const GroupList saved = groups(m_plan);
+    QByteArrayList texts;
+    for (const GroupList::Group group : saved) {
+        if (StateGroup::beginsLayer(group.code))
+            texts.append("|");
+        texts.append(QByteArray::number(group.code) + ' ' + group.value.toByteArray());
+    }
+    const QByteArrayList entries = texts.join(',').split('|');
+    ASSERT_EQ(entries.size(), 5) << "head, Walls, Roof, and the two that were not there";
+    EXPECT_EQ(entries[0], "91 32,301 x,70 5,290 0,302 0,");
+    EXPECT_EQ(entries[1], ",330 31,90 72,62 7,93 0,331 23,370 -3,1 Color_7,440 0,");
+    EXPECT_EQ(entries[2], ",8 Roof,309 a note,90 8,62 7,370 -3,331 22,1 Color_7,440 0,");
+    EXPECT_TRUE(isSame(m_plan));
+    m_states.save(m_plan, LayerStateMask::kColor);
+    EXPECT_TRUE(groups(m_plan) == saved);
+}
+
 TEST_F(LayerStateEntries, LoseTheTrueColorWithTheIndexItWentWith)
 {
     store(m_plan, foreign());

@@ -3,6 +3,7 @@
 #include "database/OdError.h"
 #include "database/states/LayerStates.h"
 #include "io/las/LasReader.h"
+#include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/Output.h"
 #include "layerman/states/LayerChanges.h"
@@ -20,7 +21,7 @@ OdError taken(const QString& name)
 {
     return {OdResult::DuplicateKey,
             CompanionText::tr("There is a layer state \"%1\" already; --replace saves over it.")
-                .arg(name)};
+                .arg(abridged(name))};
 }
 } // namespace
 
@@ -103,15 +104,25 @@ StateEditOutcome StateEdit::import(OdDbDatabase& drawing, const QString& file, O
     LayerStates states(drawing);
     StateEditOutcome outcome;
     for (const PortableLayerState& state : m_imported) {
-        if (states.has(state.name) && !m_replaces) {
-            output.complain(file, taken(state.name).description());
+        try {
+            take(state, states);
+            ++outcome.done;
+        } catch (const OdError& error) {
+            if (!isRefusal(error))
+                throw;
+            output.complain(file, error.description());
             ++outcome.refused;
-            continue;
         }
-        if (states.has(state.name))
-            states.remove(state.name);
-        states.take(state);
-        ++outcome.done;
     }
     return outcome;
+}
+
+void StateEdit::take(const PortableLayerState& state, LayerStates& states) const
+{
+    if (states.has(state.name)) {
+        if (!m_replaces)
+            throw taken(state.name);
+        states.remove(state.name);
+    }
+    states.take(state);
 }

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+class LayerStates;
 class OdDbDatabase;
 class Output;
 
@@ -33,6 +34,7 @@ private:
     void save(OdDbDatabase& drawing) const;
     void restore(OdDbDatabase& drawing) const;
     StateEditOutcome import(OdDbDatabase& drawing, const QString& file, Output& output) const;
+    void take(const PortableLayerState& state, LayerStates& states) const;
 
     StateAction m_action;
     QStringList m_arguments;

@@ -121,6 +121,23 @@ LayerInfoInLS DrawingLayers::settings(const OdDbLayerTableRecord& layer) const
     return info;
 }
 
+LayerInfoInLS DrawingLayers::settings(const OdDbLayerTableRecord& layer,
+                                      const StoredLayer& before) const
+{
+    LayerInfoInLS info = settings(layer);
+    info.flags |= before.flags.value_or(0) & ~quint32(StoredLayer::kKnownFlags);
+    for (auto group = before.begin; group != before.end; ++group)
+        info.stored.append(*group);
+    // Left out, these would be taken for settings that the state is not to touch.
+    if (!before.flags)
+        info.stored.append(StateGroup::kFlags, qint64(storedFlags(layer)));
+    if (!before.colorIndex)
+        info.stored.append(StateGroup::kColorIndex, qint64(info.color));
+    if (!before.lineWeight)
+        info.stored.append(StateGroup::kLineWeight, qint64(info.lineWeight));
+    return info;
+}
+
 LayerInfoInLS DrawingLayers::info(const StoredLayer& stored) const
 {
     LayerInfoInLS info;

@@ -37,6 +37,8 @@ public:
     quint32 storedFlags(const OdDbLayerTableRecord& layer) const;
     /// The settings of a layer now. The name is left out: not every caller needs it.
     LayerInfoInLS settings(const OdDbLayerTableRecord& layer) const;
+    /// The same, to be written over an entry that a state has of the layer.
+    LayerInfoInLS settings(const OdDbLayerTableRecord& layer, const StoredLayer& before) const;
     /// An entry in the form that dialogs edit, name included.
     LayerInfoInLS info(const StoredLayer& stored) const;
 

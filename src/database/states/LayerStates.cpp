@@ -1,5 +1,6 @@
 #include "database/states/LayerStates.h"
 
+#include "database/ObjectStore.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLayerTable.h"
 #include "database/states/LayerSnapshot.h"
@@ -50,14 +51,25 @@ QString LayerStates::currentLayerName() const
     return layer ? layer->getName() : QString();
 }
 
-void LayerStates::appendLayersNow(GroupList& groups) const
+void LayerStates::appendLayersNow(GroupList& groups, const GroupList& before) const
 {
     const DrawingLayers layers(m_drawing);
+    std::vector<bool> isWritten(m_drawing.store().size(), false);
+    StoredLayerReader reader(before);
+    for (StoredLayer was; reader.next(was);) {
+        const auto layer = layers.layer(was).openObject<OdDbLayerTableRecord>();
+        if (!layer || isWritten[layer->objectId().slot()])
+            continue;
+        isWritten[layer->objectId().slot()] = true;
+        appendStoredLayer(groups, layers.settings(*layer, was));
+    }
     const std::vector<OdDbObjectId> records = m_drawing.layerTable().records();
     // Backwards, as most programs list them.
-    for (std::size_t i = records.size(); i-- > 0;)
-        appendStoredLayer(groups,
-                          layers.settings(*records[i].safeOpenObject<OdDbLayerTableRecord>()));
+    for (std::size_t i = records.size(); i-- > 0;) {
+        if (!isWritten[records[i].slot()])
+            appendStoredLayer(groups,
+                              layers.settings(*records[i].safeOpenObject<OdDbLayerTableRecord>()));
+    }
 }
 
 void LayerStates::add(const QString& name, const QString& description)
@@ -80,7 +92,7 @@ void LayerStates::save(const QString& name, int mask)
     groups = LayerStateHead::with(groups, StateGroup::kInLayout,
                                   number(m_drawing.getTILEMODE() ? 0 : 1));
     groups = LayerStateHead::with(groups, StateGroup::kCurrentLayer, currentLayerName().toUtf8());
-    appendLayersNow(groups);
+    appendLayersNow(groups, record->groups());
     record->setGroups(groups);
 }
 
@@ -97,15 +109,18 @@ void LayerStates::markLastRestored(const QString& name)
     const auto states = LayerStateDictionary(m_drawing).open();
     const OdDbObjectId restored = states->getAt(name);
     for (const DictionaryEntry& entry : states->entries()) {
-        const auto record = entry.value.openObject<OdDbXrecord>(OdDb::kForWrite);
-        if (!record)
+        GroupList groups;
+        if (const auto record = entry.value.openObject<OdDbXrecord>())
+            groups = record->groups();
+        else
             continue;
-        const int before = LayerStateHead::read(record->groups()).mask;
+        const int before = LayerStateHead::read(groups).mask;
         const int after =
             entry.value == restored ? before | kLastRestored : before & ~kLastRestored;
         if (after != before)
-            record->setGroups(LayerStateHead::with(record->groups(), StateGroup::kMask,
-                                                   QByteArray::number(after)));
+            entry.value.safeOpenObject<OdDbXrecord>(OdDb::kForWrite)
+                ->setGroups(
+                    LayerStateHead::with(groups, StateGroup::kMask, QByteArray::number(after)));
     }
 }
 

@@ -66,7 +66,9 @@ public:
 
 private:
     QString currentLayerName() const;
-    void appendLayersNow(GroupList& groups) const;
+    /// The layers as they are. Layers that `before` has come first, in its order and over its
+    /// entries, so that what other programs wrote there stays.
+    void appendLayersNow(GroupList& groups, const GroupList& before = {}) const;
     void markLastRestored(const QString& name);
 
     OdDbDatabase& m_drawing;

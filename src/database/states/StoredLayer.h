@@ -15,6 +15,7 @@ struct StoredLayer
         kPlottable = 8,
         kFrozenInNewViewports = 16,
         kFrozenInViewport = 32,
+        kKnownFlags = 63, ///< all of these; others belong to other programs
     };
 
     quint64 layerHandle = 0; ///< 0 where the state has names, or the layer was gone already

@@ -119,8 +119,9 @@ const SysvarDefinition kTable[] = {
      .maximum = 2,
      .get = drawing_variables::dictionaryInteger,
      .set = drawing_variables::setDictionaryInteger,
-     .meaning = QT_TRANSLATE_NOOP(
-         "Host", "New layers are evaluated: 0 never, 1 those of the drawing itself, 2 those of references too")},
+     .meaning = QT_TRANSLATE_NOOP("Host",
+                                  "New layers are evaluated: 0 never, 1 those of the drawing "
+                                  "itself, 2 those of references too")},
     {.name = "LAYEREVALCTL",
      .fallback = 1,
      .meaning =

@@ -81,8 +81,10 @@ void CEdLayStateListCtrl::initialise(OdDbDatabase& database, const QString& stat
 void CEdLayStateListCtrl::fitColumns()
 {
     const int most = sizeInCharacters(*this, kWidestColumn, 1).width();
+    const int room = sizeInCharacters(*this, 2, 1).width();
     for (ListCtrlColumnData& column : m_columns) {
-        column.width = std::max(column.width, std::min(most, sizeHintForColumn(column.subItem)));
+        const int text = sizeHintForColumn(column.subItem) + room;
+        column.width = std::max(column.width, std::min(most, text));
         setColumnWidth(column.subItem, column.width);
     }
 }

@@ -5,6 +5,7 @@
 #include "layermanager/layer_states/LayerStateSteps.h"
 #include "layermanager/layer_states/LayerStateTexts.h"
 #include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/StateRowDelegate.h"
 #include "layermanager/layers/FilledText.h"
 #include "sdk/CLayerStateUtility.h"
 #include "toolkit/Prompts.h"
@@ -14,7 +15,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -24,14 +24,14 @@ namespace {
 constexpr quint32 kPageSize = 2048;
 
 /// On dark grounds some styles draw check boxes as dark as the ground; they get a frame.
-class TickDelegate : public QStyledItemDelegate
+class TickDelegate : public StateRowDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using StateRowDelegate::StateRowDelegate;
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override
     {
-        QStyledItemDelegate::paint(painter, option, index);
+        StateRowDelegate::paint(painter, option, index);
         QStyleOptionViewItem item = option;
         initStyleOption(&item, index);
         if (!(item.features & QStyleOptionViewItem::HasCheckIndicator)
@@ -60,6 +60,8 @@ CLayStateImportDlg::CLayStateImportDlg(std::unique_ptr<OdDbDatabase> source,
     , m_list(new QTableView(this))
     , m_watch([this] { QDialog::reject(); })
 {
+    for (const QString& name : existing)
+        m_existingFolded.insert(name.toCaseFolded());
     CLayerStateUtility service(m_source.get());
     std::vector<layStateEntry> entries;
     tellStateResult(service.GetDBLayStateIDs(entries), service);
@@ -71,7 +73,7 @@ CLayStateImportDlg::~CLayStateImportDlg() = default;
 
 void CLayStateImportDlg::build()
 {
-    constexpr int kCharacters = 66;
+    constexpr int kCharacters = 84;
     constexpr int kLines = 14;
     constexpr int kWidestColumn = 36;
     setUpStateDialog(*this, tr("Select Layer States"));
@@ -82,7 +84,8 @@ void CLayStateImportDlg::build()
     m_list->setTabKeyNavigation(false);
     m_list->setWordWrap(false);
     m_list->verticalHeader()->hide();
-    m_list->verticalHeader()->setDefaultSectionSize(m_list->verticalHeader()->minimumSectionSize());
+    m_list->verticalHeader()->setMinimumSectionSize(stateRowHeight(*m_list));
+    m_list->verticalHeader()->setDefaultSectionSize(stateRowHeight(*m_list));
     m_list->horizontalHeader()->setHighlightSections(false);
     m_list->horizontalHeader()->setStretchLastSection(true);
     m_list->setMinimumSize(sizeInCharacters(*this, kCharacters, kLines));
@@ -91,9 +94,10 @@ void CLayStateImportDlg::build()
     int number = 0;
     for (const LayerStateListModel::ColumnInfo& column : LayerStateListModel::columns()) {
         m_list->resizeColumnToContents(number);
-        m_list->setColumnWidth(
-            number,
-            std::clamp(m_list->columnWidth(number), column.width, std::max(column.width, most)));
+        // Descriptions have what the other columns leave.
+        const bool isLast = number == LayerStateListModel::Description;
+        const int text = isLast ? 0 : std::min(most, m_list->columnWidth(number));
+        m_list->setColumnWidth(number, std::max(column.width, text));
         ++number;
     }
     auto* label = new QLabel(tr("Layer &states to import:"), this);
@@ -123,8 +127,7 @@ void CLayStateImportDlg::accept()
 bool CLayStateImportDlg::take(const QString& name)
 {
     // With regard to case: where the names differ in it, the service decides.
-    const bool exists = m_existing.contains(name);
-    if (exists) {
+    if (m_existing.contains(name)) {
         const QPointer<CLayStateImportDlg> dialog(this);
         const bool replace =
             Prompts::current().confirm(this, filledText(layerStateText(84533), {name}));
@@ -135,11 +138,16 @@ bool CLayStateImportDlg::take(const QString& name)
     }
     if (!m_watch.database())
         return false;
-    copy(name, exists);
+    copy(name);
     return true;
 }
 
-void CLayStateImportDlg::copy(const QString& name, bool replace)
+bool CLayStateImportDlg::hasInOtherCase(const QString& name) const
+{
+    return !m_existing.contains(name) && m_existingFolded.contains(name.toCaseFolded());
+}
+
+void CLayStateImportDlg::copy(const QString& name)
 {
     OdStreamBufPtr stream = OdMemoryStream::createNew(kPageSize);
     CLayerStateUtility source(m_source.get());
@@ -151,7 +159,8 @@ void CLayStateImportDlg::copy(const QString& name, bool replace)
         beginLayerStateStep(*m_watch.database());
     m_begun = true;
     CLayerStateUtility target(m_watch.database());
-    if (replace)
-        tellStateResult(target.DeleteLayerState(name), target);
+    // Whether or not it is there: the state may have come since the names were listed.
+    if (!hasInOtherCase(name))
+        target.DeleteLayerState(name);
     tellStateResult(target.ImportLayState(stream), target);
 }

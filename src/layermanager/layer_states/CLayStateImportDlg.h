@@ -31,10 +31,14 @@ private:
     /// Asks where the state exists and takes it over. False where the dialog or its drawing is
     /// gone.
     bool take(const QString& name);
-    void copy(const QString& name, bool replace);
+    void copy(const QString& name);
+    /// A state whose name differs in case only is another one and stays; to the service both names
+    /// are the same.
+    bool hasInOtherCase(const QString& name) const;
 
     std::unique_ptr<OdDbDatabase> m_source;
     QSet<QString> m_existing;
+    QSet<QString> m_existingFolded;
     LayerStateListModel m_states{LayerStateListModel::Kind::Tickable};
     QTableView* m_list;
     bool m_begun = false; ///< the undo record for all states is open

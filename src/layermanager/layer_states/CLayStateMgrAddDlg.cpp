@@ -1,6 +1,7 @@
 #include "layermanager/layer_states/CLayStateMgrAddDlg.h"
 
 #include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/StateRowDelegate.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -22,6 +23,7 @@ CLayStateMgrAddDlg::CLayStateMgrAddDlg(const QStringList& names, QWidget* parent
     m_names->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_names->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_names->setUniformItemSizes(true);
+    m_names->setItemDelegate(new StateRowDelegate(m_names));
     m_names->setMinimumSize(sizeInCharacters(*this, kCharacters, kLines));
     registerStateControl(*this, kNames, m_names, tr("Layers"));
     auto* label = new QLabel(tr("&Layers to add to the state:"), this);

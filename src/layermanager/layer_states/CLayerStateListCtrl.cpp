@@ -1,35 +1,16 @@
 #include "layermanager/layer_states/CLayerStateListCtrl.h"
 
 #include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/StateRowDelegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMouseEvent>
-#include <QStyle>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int kWidestColumn = 40; ///< in characters; wider columns are the user's choice
-
-/// Rows as high as those of the layer grid.
-class RowDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        const QStyle& style = *option.widget->style();
-        const int margin = style.pixelMetric(QStyle::PM_FocusFrameVMargin, nullptr, option.widget);
-        const int icon = style.pixelMetric(QStyle::PM_SmallIconSize, nullptr, option.widget);
-        const QSize hint = QStyledItemDelegate::sizeHint(option, index);
-        const int room = 2 * option.fontMetrics.averageCharWidth();
-        return {hint.width() + room,
-                std::max(option.fontMetrics.height(), icon) + 2 * (margin + 1)};
-    }
-};
 
 bool isEnter(const QKeyEvent& event)
 {
@@ -42,7 +23,7 @@ CLayerStateListCtrl::CLayerStateListCtrl(QWidget* parent)
     : QTreeView(parent)
 {
     setModel(&m_states);
-    setItemDelegate(new RowDelegate(this));
+    setItemDelegate(new StateRowDelegate(this));
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
@@ -98,8 +79,7 @@ void CLayerStateListCtrl::fitColumns()
 void CLayerStateListCtrl::mouseReleaseEvent(QMouseEvent* event)
 {
     QTreeView::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton)
-        emit picked();
+    emit picked(); // whichever button: all of them select
 }
 
 void CLayerStateListCtrl::keyPressEvent(QKeyEvent* event)

@@ -21,6 +21,7 @@ public:
     /// Widens columns that are too narrow for what they hold, within bounds.
     void fitColumns();
 
+    using QTreeView::edit;
     QSize sizeHint() const override;
 
 signals:
@@ -28,6 +29,11 @@ signals:
     void picked();
 
 protected:
+    /// The name is edited, whichever cell is the current one.
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override
+    {
+        return QTreeView::edit(index.siblingAtColumn(LayerStateListModel::Name), trigger, event);
+    }
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 

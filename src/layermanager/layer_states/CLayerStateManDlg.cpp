@@ -164,7 +164,7 @@ void CLayerStateManDlg::accept()
     if (row < 0 || !drawing())
         return;
     const QString name = m_list->states().entry(row).name;
-    // The service reads from the preferences whether to restore as overrides.
+    // First: of the boxes the service is told one only, the other it reads from the preferences.
     storePreferences();
     beginLayerStateStep(*drawing());
     tell(m_util.RestoreLayState(name, m_nMask, box(kTurnOffOthers)->isChecked() ? 1 : 0));

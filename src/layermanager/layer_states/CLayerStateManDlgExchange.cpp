@@ -122,7 +122,7 @@ void CLayerStateManDlg::importLayerStateFile(const QString& path)
 void CLayerStateManDlg::offerRestore(const QString& name)
 {
     ModalDialog prompt(new CLSImportPromptDlg(name, this));
-    prompt.accepted();
+    prompt.run();
     if (!prompt.isThere() || !drawing() || !prompt->isToRestore())
         return;
     beginLayerStateStep(*drawing());

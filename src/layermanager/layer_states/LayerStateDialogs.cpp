@@ -24,7 +24,7 @@ void openLayerStateManager(QWidget* parent)
         return;
     const KsResourceScope texts(LayerModuleState::s_languageResource);
     ModalDialog dialog(new CLayerStateManDlg(parent));
-    dialog.accepted();
+    dialog.run();
 }
 
 void openNewLayerState(QWidget* parent)
@@ -39,5 +39,5 @@ void openNewLayerState(QWidget* parent)
     for (const layStateEntry& state : states)
         existing.append({state.name, state.description});
     ModalDialog dialog(new CNewLayStateDlg(existing, parent));
-    dialog.accepted();
+    dialog.run();
 }

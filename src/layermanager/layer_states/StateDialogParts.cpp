@@ -4,6 +4,9 @@
 #include "toolkit/ControlRegistry.h"
 
 #include <QIcon>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace {
 
@@ -32,6 +35,13 @@ void registerStateControl(QDialog& dialog, int id, QWidget* control, const QStri
     registerControl(&dialog, id, control);
     if (!name.isEmpty())
         control->setAccessibleName(name);
+}
+
+int stateRowHeight(const QWidget& list)
+{
+    const int margin = list.style()->pixelMetric(QStyle::PM_FocusFrameVMargin, nullptr, &list) + 1;
+    const int icon = list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &list);
+    return std::max(list.fontMetrics().height(), icon) + 2 * margin;
 }
 
 QSize sizeInCharacters(const QWidget& widget, int columns, int lines)

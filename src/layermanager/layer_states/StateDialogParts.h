@@ -18,6 +18,9 @@ void registerStateControl(QDialog& dialog, int id, QWidget* control, const QStri
 /// A size in which an average text of that many characters, and that many lines, fits.
 QSize sizeInCharacters(const QWidget& widget, int columns, int lines);
 
+/// The height of a row of a list: as in the layer grid.
+int stateRowHeight(const QWidget& list);
+
 /// A dialog that is run and may go meanwhile with its parent.
 template <class Dialog>
 class ModalDialog
@@ -31,11 +34,8 @@ public:
     ModalDialog& operator=(const ModalDialog&) = delete;
 
     /// True when the user accepted and the dialog is still there.
-    bool accepted()
-    {
-        const int result = m_dialog->exec();
-        return result == QDialog::Accepted && m_dialog;
-    }
+    bool accepted() { return run() == QDialog::Accepted && m_dialog; }
+    int run() { return m_dialog->exec(); }
     bool isThere() const { return !m_dialog.isNull(); }
     Dialog* operator->() const { return m_dialog; }
 

@@ -192,6 +192,25 @@ TEST_F(CompanionStates, OfAFileReplaceOthersOnlyWhenAskedTo)
     EXPECT_EQ("Day Model No 3 all", rows());
 }
 
+TEST_F(CompanionStates, OfAFileComeInBesideThoseThatCannotBeReplaced)
+{
+    ASSERT_EQ("0", states("save Own --in-place").substr(0, 1));
+    QByteArray plan = bytesOf(QStringLiteral("plan.dxf"));
+    const QByteArray lineEnd = plan.contains("\r\n") ? "\r\n" : "\n";
+    const qsizetype key = plan.lastIndexOf('\n', plan.indexOf(lineEnd + "Own" + lineEnd) - 1) + 1;
+    plan.insert(key, QByteArrayList{"3", "ref__day", "350", "0", ""}.join(lineEnd));
+    write("plan.dxf", plan);
+    ASSERT_EQ("ref__day Reference\nOwn Model Yes 3 all", rows());
+    write("two.las",
+          "  0\r\nLAYERSTATEDICTIONARY\r\n  0\r\nLAYERSTATE\r\n  1\r\nNight\r\n"
+          " 91\r\n2047\r\n  8\r\nWalls\r\n 62\r\n5\r\n"
+          "  0\r\nLAYERSTATE\r\n  1\r\nref__day\r\n 91\r\n2047\r\n");
+    const std::string told = states("import two.las --replace --in-place");
+    EXPECT_EQ('5', told.front()) << told;
+    EXPECT_NE(std::string::npos, told.find("1 layer state imported, 1 refused.")) << told;
+    EXPECT_EQ("ref__day Reference\nOwn Model Yes 3 all\nNight Model No 1 all", rows());
+}
+
 TEST_F(CompanionStates, TellInADryRunWhatARestoreWouldChange)
 {
     ASSERT_EQ("0", states("save Day --in-place").substr(0, 1));

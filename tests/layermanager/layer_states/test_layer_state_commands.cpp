@@ -29,6 +29,7 @@ private slots:
     void okWithAnEmptyNameAppendsAnEmptyRow();
     void saveAsksFirst();
     void renameWorksInPlace();
+    void theEditKeyRenamesFromAnyColumn();
     void escapeKeepsTheName();
     void anyNameIsPassedOnAsItIs();
     void aRefusedNameIsShownAllTheSameAndTold();
@@ -169,6 +170,26 @@ void TestLayerStateCommands::renameWorksInPlace()
     QCOMPARE(stateNames(), QStringList{QStringLiteral("Better")});
     QVERIFY(db().undo());
     QCOMPARE(stateNames(), QStringList{QStringLiteral("A")});
+}
+
+void TestLayerStateCommands::theEditKeyRenamesFromAnyColumn()
+{
+    addState("A", "text");
+    openManager();
+    QTreeView& list = manager().list();
+    QTest::mouseClick(
+        list.viewport(), Qt::LeftButton, {},
+        list.visualRect(states().index(0, LayerStateListModel::Description)).center());
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_F2);
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    QVERIFY(editor);
+    QCOMPARE(editor->text(), QStringLiteral("A"));
+    editor->setText(QStringLiteral("Better"));
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    QCOMPARE(stateNames(), QStringList{QStringLiteral("Better")});
+    QCOMPARE(row(0), QStringLiteral("Better|Model|Yes|text"));
 }
 
 void TestLayerStateCommands::escapeKeepsTheName()

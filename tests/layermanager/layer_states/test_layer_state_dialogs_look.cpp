@@ -14,6 +14,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
+#include <QTableView>
 
 using namespace StateControl;
 using layer_drawing::write;
@@ -26,6 +28,7 @@ private slots:
     void theDialogsLookLikeTheirGoldenImages_data();
     void theDialogsLookLikeTheirGoldenImages();
     void largeFontsCutNothingOff();
+    void endlessNamesDoNotStretchTheDialogs();
 
 private:
     void prepareStates();
@@ -125,6 +128,41 @@ void TestLayerStateDialogsLook::largeFontsCutNothingOff()
     checkNothingIsCut(imported);
     CLSImportPromptDlg prompt(QStringLiteral("Plan, all trades"));
     checkNothingIsCut(prompt);
+}
+
+void TestLayerStateDialogsLook::endlessNamesDoNotStretchTheDialogs()
+{
+    openLayers({"Walls"});
+    const QByteArray name = "a&b\n%1<b>" + QByteArray(10'000, 'W');
+    addState("Plan");
+    openManager();
+    const QSize manager = this->manager().size();
+    addState(name.constData(), name.constData());
+    QCOMPARE(openManager().size(), manager);
+    QCOMPARE(this->manager().list().visualRect(states().index(0, 0)).height(),
+             this->manager().list().visualRect(states().index(1, 0)).height());
+    const QString text = QString::fromUtf8(name);
+    const auto checkSize = [&](QDialog& dialog) {
+        dialog.show();
+        QCoreApplication::processEvents();
+        QVERIFY2(dialog.width() <= 1000 && dialog.height() <= 700,
+                 qPrintable(QStringLiteral("%1: %2 x %3")
+                                .arg(QLatin1String(dialog.metaObject()->className()))
+                                .arg(dialog.width())
+                                .arg(dialog.height())));
+    };
+    CNewLayStateDlg created({{text, text}});
+    checkSize(created);
+    CEdLayStateDlg edited(text);
+    checkSize(edited);
+    CLayStateMgrAddDlg added({text});
+    checkSize(added);
+    CLayStateImportDlg imported(readDrawing(drawingBytes(db()), QStringLiteral("a.dxf")), {});
+    checkSize(imported);
+    const auto* list = imported.findChild<QTableView*>();
+    QVERIFY2(!list->horizontalScrollBar()->isVisible(), "descriptions have the room that is left");
+    CLSImportPromptDlg prompt(text);
+    checkSize(prompt);
 }
 
 QTEST_MAIN(TestLayerStateDialogsLook)

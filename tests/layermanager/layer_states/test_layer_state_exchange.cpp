@@ -32,6 +32,7 @@ private slots:
     void tickedStatesOfADrawingAreCopied();
     void anExistingStateIsAskedAboutForEachRow();
     void aStateInOtherCaseIsNotAskedAboutAndStays();
+    void aStateThatCameMeanwhileIsReplaced();
     void aStateThatCannotBeHadReplacesNothing();
     void aStateIsTheSameAfterEveryWay();
 
@@ -331,6 +332,21 @@ void TestLayerStateExchange::aStateInOtherCaseIsNotAskedAboutAndStays()
     QCOMPARE(row(0), QStringLiteral("PLAN|Model|Yes|old"));
     QCOMPARE(states().rowCount(), 1);
     QCOMPARE(host().printed.size(), 1);
+}
+
+void TestLayerStateExchange::aStateThatCameMeanwhileIsReplaced()
+{
+    openManager();
+    inNext<CLayStateImportDlg>([this](CLayStateImportDlg& dialog) {
+        addState("Plan", "of a script");
+        tick(dialog, 0);
+        press(dialog, CLayStateImportDlg::kOk);
+    });
+    importFile(drawingWith({"Plan"}, "plan.dxf"));
+    QCOMPARE(prompts().texts(), QStringList());
+    QCOMPARE(host().printed, QStringList());
+    QCOMPARE(row(0), QStringLiteral("Plan|Model|No|from a file"));
+    QCOMPARE(states().rowCount(), 1);
 }
 
 void TestLayerStateExchange::aStateThatCannotBeHadReplacesNothing()

@@ -32,6 +32,8 @@ private slots:
     void severalSelectedStatesLeaveOnlyDeletionAndTheGeneralOptions();
     void aClickBesideTheRowsLeavesNothingSelected();
     void theKeyboardSelectsLikeTheMouse();
+    void theRightButtonSelectsLikeTheLeftOne();
+    void aLongDescriptionHasTheRoomThatIsLeft();
     void inModelSpaceTheViewportBoxIsDisabled();
     void inALayoutOnAndFrozenAreDisabled();
     void overridesAreOfferedInALayoutWithItsSheetActiveOnly();
@@ -145,6 +147,30 @@ void TestLayerStateManager::theKeyboardSelectsLikeTheMouse()
     QCOMPARE(chosen(), QList<int>{1});
     QCOMPARE(shownMask(), 0x020);
     QVERIFY(isEnabled(kSave));
+}
+
+void TestLayerStateManager::theRightButtonSelectsLikeTheLeftOne()
+{
+    addState("A", "", 0x001);
+    addState("B", "", 0x020);
+    openManager();
+    QTreeView& list = manager().list();
+    QTest::mouseClick(list.viewport(), Qt::RightButton, {},
+                      list.visualRect(states().index(1, 0)).center());
+    QCOMPARE(chosen(), QList<int>{1});
+    QCOMPARE(shownMask(), 0x020);
+    press(kRestore);
+    QCOMPARE(storedMask("B"), 0x020);
+    QCOMPARE(storedMask("A"), 0x001);
+}
+
+void TestLayerStateManager::aLongDescriptionHasTheRoomThatIsLeft()
+{
+    addState("A", QByteArray(500, 'x').constData());
+    openManager();
+    const QHeaderView* header = manager().list().header();
+    QCOMPARE(header->sectionViewportPosition(3) + header->sectionSize(3),
+             manager().list().viewport()->width());
 }
 
 void TestLayerStateManager::inModelSpaceTheViewportBoxIsDisabled()

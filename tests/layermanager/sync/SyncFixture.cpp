@@ -1,7 +1,7 @@
 #include "SyncFixture.h"
 
 #include "layermanager/palette/CLayerPaneView.h"
-#include "layermanager/palette/CLayerSearchBox.h"
+#include "layermanager/palette/pane/CLayerSearchBox.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "sdk/KsApDocManager.h"
 
@@ -92,6 +92,7 @@ bool SyncFixture::restarts(int id, const std::function<void()>& action)
     constexpr int kLong = 100000; // milliseconds
     constexpr int kSome = 100;
     QTimer* running = timer(id);
+    running->setTimerType(Qt::PreciseTimer);
     running->start(kLong);
     while (running->remainingTime() > kLong - kSome) {
     }

@@ -1,3 +1,4 @@
+#include "DragEvents.h"
 #include "SyncFixture.h"
 #include "database/UndoJournal.h"
 #include "layermanager/layers/CDragDropUtility.h"
@@ -7,7 +8,6 @@
 
 #include <QApplication>
 #include <QDrag>
-#include <QDragEnterEvent>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -59,30 +59,19 @@ private:
     using Modifiers = Qt::KeyboardModifiers;
 
     QPoint at(const char* name) const { return tree().visualRect(node(name)).center(); }
-    /// The action that a drag over that point would have; ignored ones have none.
     Qt::DropAction enter(QPoint place, Modifiers modifiers = {})
     {
-        QDragEnterEvent event(place, kActions, &m_mime, Qt::LeftButton, modifiers);
-        QApplication::sendEvent(tree().viewport(), &event);
-        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
+        return DragEvents(*tree().viewport(), m_mime).enter(place, modifiers);
     }
     Qt::DropAction move(QPoint place, Modifiers modifiers = {})
     {
-        QDragMoveEvent event(place, kActions, &m_mime, Qt::LeftButton, modifiers);
-        QApplication::sendEvent(tree().viewport(), &event);
-        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
+        return DragEvents(*tree().viewport(), m_mime).move(place, modifiers);
     }
     bool drop(QPoint place, Modifiers modifiers = {})
     {
-        QDropEvent event(place, kActions, &m_mime, Qt::LeftButton, modifiers);
-        QApplication::sendEvent(tree().viewport(), &event);
-        return event.isAccepted();
+        return DragEvents(*tree().viewport(), m_mime).drop(place, modifiers);
     }
-    void leave()
-    {
-        QDragLeaveEvent event;
-        QApplication::sendEvent(tree().viewport(), &event);
-    }
+    void leave() { DragEvents(*tree().viewport(), m_mime).leave(); }
     void dragOnto(const char* name, Modifiers modifiers = {})
     {
         CDragDropUtility::setDragRun([this, name, modifiers](QDrag&) {
@@ -130,7 +119,6 @@ private:
             addGroup(("Group " + QByteArray::number(i) + QByteArray(80, '.')).constData(), {});
     }
 
-    static constexpr Qt::DropActions kActions = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
     static constexpr QPoint kFar{60, 60};
     QMimeData m_mime;
     bool m_combined = false;
@@ -327,11 +315,14 @@ void TestLayerDrag::scrollsNearTheEdges()
     choose({"A"});
     QScrollBar* vertical = tree().verticalScrollBar();
     QScrollBar* horizontal = tree().horizontalScrollBar();
+    settle();
     const QRect inside = tree().viewport()->rect();
     const QPoint middle = inside.center();
     CDragDropUtility::setDragRun([&](QDrag&) {
-        vertical->setValue(10);
-        horizontal->setValue(50);
+        QVERIFY(vertical->maximum() > 10 && horizontal->maximum() > 100);
+        vertical->setValue(vertical->maximum() / 2);
+        horizontal->setValue(horizontal->maximum() / 2);
+        enter(middle);
         const auto moved = [&](QPoint place) {
             const QPoint before(horizontal->value(), vertical->value());
             move(place);
@@ -341,6 +332,8 @@ void TestLayerDrag::scrollsNearTheEdges()
         const int column = horizontal->singleStep();
         QVERIFY(line > 0 && column > 0);
         QCOMPARE(moved(middle), QPoint());
+        QCOMPARE(tree().viewport()->rect(), inside);
+        QVERIFY(vertical->value() < vertical->maximum());
         QCOMPARE(moved({middle.x(), inside.bottom() - 9}), QPoint(0, line));
         QCOMPARE(moved({middle.x(), inside.bottom() - 10}), QPoint());
         QCOMPARE(moved({middle.x(), inside.top() + 9}), QPoint(0, -line));

@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -214,8 +215,7 @@ void TestPaletteDocuments::showsWhatTheLayerCommandDoes()
 {
     openPlans();
     showDrawing(m_one);
-    typeLine("-LAYER New Stairs Freeze Door Color 1 Wall");
-    typeLine("");
+    typeLine("-LAYER New Stairs Freeze Door Color 1 Wall \"\"");
     QCOMPARE(grid().displayedCount(), 4);
     fireRefresh();
     const auto cell = [this](const char* layer, LayerColumn column) {
@@ -241,8 +241,8 @@ void TestPaletteDocuments::showsWhatAScriptDoes()
     openPlans();
     showDrawing(m_one);
     for (const QString& text :
-         {QStringLiteral("-LAYER New S1,S2,S3"), QStringLiteral("-LAYER DELete Door"),
-          QStringLiteral("-LAYER Rename Wall Brick")})
+         {QStringLiteral("-LAYER New S1,S2,S3 \"\""), QStringLiteral("-LAYER DELete Door \"\""),
+          QStringLiteral("-LAYER Rename Wall Brick \"\"")})
         core->queue().append(text);
     window->runCommand(QStringLiteral("REGEN")); // what was queued follows
     settle();

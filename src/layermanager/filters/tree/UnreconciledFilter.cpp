@@ -89,8 +89,8 @@ bool updateUnreconciledFilter(OdDbDatabase& database)
         present->parent()->removeNested(present);
     if (wanted)
         root->addNested(wanted);
-    // Where it goes, the drawing's note of it as the current one stays, and means the root: to write
-    // here would be an edit that nobody made, and would end what can be redone.
+    // Where it goes, the drawing's note of it as the current one stays, and means the root: to
+    // write here would be an edit that nobody made, and would end what can be redone.
     if (wasCurrent && wanted)
         current = wanted;
     manager->setFilters(root, current);
