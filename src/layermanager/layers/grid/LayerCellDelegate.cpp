@@ -40,6 +40,8 @@ constexpr LayerIcon kStatusIcons[] = {LayerIcon::StatusCurrent, LayerIcon::Statu
 /// Average characters in the room kept for the text beside a lineweight sample.
 constexpr int kLineweightDigits = 8;
 
+constexpr qsizetype kMostDrawn = 2000; ///< characters; no cell has room for more
+
 bool isDark(const QColor& colour)
 {
     return qGray(colour.rgb()) < 128;
@@ -172,7 +174,7 @@ void LayerCellDelegate::paintText(QPainter& painter, const Look& look, QRect rec
         return;
     painter.setPen(look.text);
     painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     look.metrics.elidedText(text, Qt::ElideRight, rect.width()));
+                     look.metrics.elidedText(text.left(kMostDrawn), Qt::ElideRight, rect.width()));
 }
 
 void LayerCellDelegate::paintColor(QPainter& painter, const Look& look, const OdCmColor& color,
