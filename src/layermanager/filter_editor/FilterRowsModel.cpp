@@ -3,6 +3,7 @@
 #include "database/OdCmColor.h"
 #include "database/OdDbDatabase.h"
 #include "database/OdDbLinetypeTableRecord.h"
+#include "layermanager/layers/LayerCells.h"
 #include "sdk/IKestServicesManager.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ const Info& infoOf(int column)
 
 QString colorText(qint32 index)
 {
-    return index >= 1 && index <= 255 ? OdCmColor::fromIndex(index).colorNameForDisplay()
+    return index >= 1 && index <= 255 ? layerColorText(OdCmColor::fromIndex(index))
                                       : QString::number(index);
 }
 

@@ -4,6 +4,7 @@
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdDbLinetypeTableRecord.h"
 #include "layermanager/layer_states/LayerStateTexts.h"
+#include "layermanager/layers/LayerCells.h"
 #include "sdk/IKestServicesManager.h"
 
 using Info = LayerInfoInLS;
@@ -126,7 +127,7 @@ QString StateLayerListModel::text(const Info& layer, StateLayerColumn column)
     case Name:
         return layer.name;
     case Color:
-        return OdCmColor::fromIndex(layer.color).colorNameForDisplay();
+        return layerColorText(OdCmColor::fromIndex(layer.color));
     case Linetype:
         return linetypeName(layer.linetypeId);
     case Lineweight: {

@@ -50,6 +50,14 @@ constexpr SpokenFlag kSpokenFlags[] = {
     {VpFreeze, QT_TRANSLATE_NOOP("LayerCells", "Frozen in the active viewport: %1"), true},
 };
 
+/// From index 1 on; further ones have numbers.
+constexpr const char* kColors[] = {
+    QT_TRANSLATE_NOOP("LayerCells", "red"),   QT_TRANSLATE_NOOP("LayerCells", "yellow"),
+    QT_TRANSLATE_NOOP("LayerCells", "green"), QT_TRANSLATE_NOOP("LayerCells", "cyan"),
+    QT_TRANSLATE_NOOP("LayerCells", "blue"),  QT_TRANSLATE_NOOP("LayerCells", "magenta"),
+    QT_TRANSLATE_NOOP("LayerCells", "white"),
+};
+
 constexpr const char* kStatusWords[] = {
     QT_TRANSLATE_NOOP("LayerCells", "Current layer"),
     QT_TRANSLATE_NOOP("LayerCells", "Not in use"),
@@ -101,6 +109,14 @@ LayerStatus layerStatus(const OdDbLayerTableRecord& layer, const LayerCellContex
     return LayerStatus::InUse;
 }
 
+QString layerColorText(const OdCmColor& color)
+{
+    const int index = color.colorMethod() == OdCmColor::kByACI ? color.colorIndex() : 0;
+    if (index > 0 && index <= static_cast<int>(std::size(kColors)))
+        return words(kColors[index - 1]);
+    return color.colorNameForDisplay();
+}
+
 QString layerCellText(const OdDbLayerTableRecord& layer, LayerColumn column,
                       const LayerCellContext& context)
 {
@@ -112,7 +128,7 @@ QString layerCellText(const OdDbLayerTableRecord& layer, LayerColumn column,
         return layer.getName();
     case Color:
     case VpColor:
-        return layer.color(viewport).colorNameForDisplay();
+        return layerColorText(layer.color(viewport));
     case Linetype:
     case VpLinetype:
         return linetypeName(layer.linetypeObjectId(viewport));

@@ -26,6 +26,9 @@ struct LayerCellContext
 
 LayerStatus layerStatus(const OdDbLayerTableRecord& layer, const LayerCellContext& context);
 
+/// A colour in words as users read it; in drawings, expressions and scripts names are English.
+QString layerColorText(const OdCmColor& color);
+
 /// The text that a cell shows; empty for cells that are icons only, and for viewport cells while
 /// there is no viewport.
 QString layerCellText(const OdDbLayerTableRecord& layer, LayerColumn column,

@@ -4,6 +4,7 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "layermanager/filters/view/CLayerTreeVw.h"
+#include "layermanager/filters/view/FilterTreeModel.h"
 #include "layermanager/layers/FilledText.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/LayerUndoRecord.h"
@@ -21,7 +22,7 @@
 #include <QLabel>
 #include <QTextDocument>
 
-#include <utility>
+#include <algorithm>
 
 CLayerPaneView::CLayerPaneView(QWidget* parent)
     : QWidget(parent)
@@ -87,8 +88,11 @@ void CLayerPaneView::databaseGone()
     m_pDb = nullptr; // it takes its listeners with it
     m_search.forget();
     m_treeView->bind(nullptr);
-    m_statusLine->clear();
+    m_statusText.clear();
+    m_statusLine->setAccessibleDescription({});
+    elideStatus();
     m_currentLine->clear();
+    m_currentLine->setToolTip({});
     updateCommands();
 }
 
@@ -140,16 +144,50 @@ void CLayerPaneView::BeginLayerUndoRecord(OdDbDatabase& database)
 
 // The lines that tell what is shown
 
+namespace {
+
+constexpr qsizetype kToolTipCharacters = 2000;
+
+/// What a drawing holds can be of any length.
+QString toolTipOf(const QString& text)
+{
+    return Qt::convertFromPlainText(text.left(kToolTipCharacters), Qt::WhiteSpaceNormal);
+}
+
+/// A name out of a drawing may hold line ends.
+QString asOneLine(QString text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](QChar c) { return c.category() == QChar::Other_Control; },
+        QLatin1Char(' '));
+    return text;
+}
+
+} // namespace
+
 void CLayerPaneView::UpdateStatusLine()
 {
     if (!m_statusLine || !m_pDb)
         return;
     const QString filter = m_treeView->selectedName();
     m_statusLine->setFont(m_currentLine->font());
-    m_statusLine->setText(filledText(KsResString(paneTexts(), pane_text::kStatus),
-                                     {filter.isEmpty() ? QStringLiteral("All") : filter,
-                                      QString::number(grid()->displayedCount()),
-                                      QString::number(m_pDb->layerTable().count())}));
+    m_statusText = asOneLine(filledText(KsResString(paneTexts(), pane_text::kStatus),
+                                        {filter.isEmpty() ? FilterTreeModel::tr("All") : filter,
+                                         QString::number(grid()->displayedCount()),
+                                         QString::number(m_pDb->layerTable().count())}));
+    m_statusLine->setAccessibleDescription(m_statusText.trimmed());
+    elideStatus();
+}
+
+/// Where there is no room for all of it the tooltip tells the rest.
+void CLayerPaneView::elideStatus()
+{
+    const int room = m_statusLine->width() - m_statusLine->indent();
+    const QFontMetrics metrics = m_statusLine->fontMetrics();
+    const bool fits = metrics.horizontalAdvance(m_statusText) <= room;
+    m_statusLine->setText(fits ? m_statusText
+                               : metrics.elidedText(m_statusText, Qt::ElideRight, room));
+    m_statusLine->setToolTip(fits ? QString() : toolTipOf(m_statusText));
 }
 
 void CLayerPaneView::UpdateCurrentLayerLine()
@@ -167,5 +205,5 @@ void CLayerPaneView::UpdateCurrentLayerLine()
     m_currentLine->setText(text);
     m_currentLine->setCursorPosition(0);
     // There may be no room for all of it.
-    m_currentLine->setToolTip(Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal));
+    m_currentLine->setToolTip(toolTipOf(text));
 }

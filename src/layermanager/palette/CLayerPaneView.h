@@ -13,7 +13,6 @@
 #include <QTimer>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -120,6 +119,7 @@ private:
     void layOut();
     LayerPaneSizes sizes() const;
     void place(const LayerPaneRects& rects);
+    void elideStatus();
     bool showToolText(const CLayerPaneTBar& bar, const QHelpEvent& request);
 
     // Listing
@@ -168,6 +168,7 @@ private:
     OdDbDatabase* m_pDb = nullptr;
     LayerSearch m_search;
     QHash<int, QString> m_toolTexts;
+    QString m_statusText; ///< in whole
     QTimer m_countTimer{this}; ///< one update of the status line for many layers
     int m_filterEvaluations = 0;
     bool m_bInitialised = false;

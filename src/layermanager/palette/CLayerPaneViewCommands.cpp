@@ -95,9 +95,10 @@ void CLayerPaneView::deleteLayers(int id)
 
 void CLayerPaneView::newLayer(int id)
 {
+    const QPointer<CLayerPaneView> self(this); // it may go while a message is shown
     grid()->closeInPlaceEditor();
     // A text that is refused stays open and wants correcting first.
-    if (!grid()->editor())
+    if (self && m_pDb && !grid()->editor())
         grid()->operate(id);
 }
 
@@ -105,8 +106,10 @@ void CLayerPaneView::makeCurrent(int id)
 {
     if (grid()->editor() || grid()->chosenRowCount() > 1)
         return;
+    const QPointer<CLayerPaneView> self(this); // it may go while a message is shown
     grid()->operate(id);
-    UpdateCurrentLayerLine();
+    if (self)
+        UpdateCurrentLayerLine();
 }
 
 void CLayerPaneView::newFilter(int id)

@@ -4,6 +4,7 @@
 #include "layermanager/layer_states/LayerStateDialogs.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
+#include "layermanager/palette/BoxPalette.h"
 #include "layermanager/palette/CLayerListVw.h"
 #include "layermanager/palette/CLayerPaneTBar.h"
 #include "layermanager/palette/CLayerPaneView.h"
@@ -97,11 +98,7 @@ void CLayerPaneView::updateColours()
     colours.setColor(QPalette::Base, palette().color(QPalette::Window));
     colours.setColor(QPalette::Text, palette().color(QPalette::WindowText));
     m_currentLine->setPalette(colours);
-    // On a dark ground styles leave hardly anything of an empty box to see.
-    QPalette boxColours = palette();
-    if (palette().color(QPalette::Base).lightness() < palette().color(QPalette::Window).lightness())
-        boxColours.setColor(QPalette::Base, palette().color(QPalette::Light));
-    m_invertBox->setPalette(boxColours);
+    m_invertBox->setPalette(boxPalette(palette()));
 }
 
 void CLayerPaneView::makeSplitter()
@@ -112,7 +109,6 @@ void CLayerPaneView::makeSplitter()
     m_splitter->setHandleWidth(layer_pane::kListGap);
     m_treePane = new QWidget(m_splitter);
     m_treePane->setObjectName(QStringLiteral("treePane"));
-    m_treePane->setMinimumWidth(kLeastTreeWidth);
     m_treePane->installEventFilter(this);
     m_treeView = new CLayerTreeVw(m_treePane);
     m_listView = new CLayerListVw(m_splitter);
@@ -230,6 +226,7 @@ void CLayerPaneView::layOut()
     if (!m_bInitialised || m_layingOut || m_toolbars.empty() || !m_invertBox)
         return;
     const QScopedValueRollback<bool> busy(m_layingOut, true);
+    m_treePane->setMinimumWidth(std::max(kLeastTreeWidth, m_invertBox->sizeHint().width()));
     // Where the splitter stands does not depend on the tree's width, which follows from it.
     m_splitter->setGeometry(layOutLayerPane(sizes()).splitter);
     place(layOutLayerPane(sizes()));
@@ -247,6 +244,7 @@ void CLayerPaneView::place(const LayerPaneRects& rects)
     put(toolbar(kToolbarMiddle), rects.middleTools);
     put(toolbar(kToolbarRight), rects.rightTools);
     put(m_statusLine, rects.statusLine);
+    elideStatus();
     const QPoint origin = rects.splitter.topLeft();
     m_treeView->setGeometry(rects.tree.translated(-origin));
     m_invertBox->setGeometry(rects.invert.translated(-origin));

@@ -1,12 +1,11 @@
 #include "layermanager/palette/CLayerSettingsDlg.h"
 
-#include "database/OdDbDatabase.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/operations/UndoRecordOnDemand.h"
+#include "layermanager/palette/BoxPalette.h"
 #include "layermanager/palette/SettingsTexts.h"
 #include "layermanager/resources/LayerIcons.h"
 #include "sdk/CKestPreferenceManager.h"
-#include "sdk/KsApDocManager.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QCheckBox>
@@ -82,13 +81,6 @@ constexpr NotifyBit kNotifyBits[] = {
 
 constexpr int kLevels = 4;
 
-OdDbDatabase* currentDrawing()
-{
-    const KsApDocManager* documents = ksDocManagerPtr();
-    const KsApDocument* document = documents ? documents->curDocument() : nullptr;
-    return document ? document->database() : nullptr;
-}
-
 QString label(const Control& control)
 {
     return CLayerSettingsDlg::tr(control.label);
@@ -113,6 +105,7 @@ QGroupBox* createGroup(const QString& title, std::span<const Control> controls, 
         QAbstractButton* button = isRadio
             ? static_cast<QAbstractButton*>(new QRadioButton(label(control), group))
             : new QCheckBox(label(control), group);
+        button->setPalette(boxPalette(dialog.palette()));
         registerControl(&dialog, control.id, button);
         if (control.isSecond)
             grid->addWidget(button, control.row, kLevels + 1);
@@ -134,7 +127,7 @@ void store(const QString& variable, int value)
 
 CLayerSettingsDlg::CLayerSettingsDlg(QWidget* parent)
     : QDialog(parent)
-    , m_drawing(currentDrawing())
+    , m_watch([] {})
 {
     setWindowTitle(tr("Layer Settings"));
     setWindowIcon(LayerIcons().pixmap(LayerIcon::StatusInUse, kIconSize, devicePixelRatioF(),
@@ -215,9 +208,9 @@ void CLayerSettingsDlg::enableControls()
 
 void CLayerSettingsDlg::storeDrawingSettings()
 {
-    OdDbDatabase* drawing = currentDrawing();
     // A script may have closed the drawing, or gone to another one, meanwhile.
-    if (!drawing || drawing != m_drawing)
+    OdDbDatabase* drawing = m_watch.database();
+    if (!drawing)
         return;
     int chosen = 0;
     for (const NotifyBit& notify : kNotifyBits)

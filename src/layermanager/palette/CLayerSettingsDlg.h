@@ -1,10 +1,10 @@
 #pragma once
 
+#include "layermanager/layer_states/DrawingWatch.h"
 #include "layermanager/palette/CToolTipImpl.h"
 
 #include <QDialog>
 
-class OdDbDatabase;
 class QAbstractButton;
 
 /// The palette's settings: how new layers are evaluated and told about, whether the use of layers
@@ -46,6 +46,5 @@ private:
     void storeDrawingSettings();
     QAbstractButton* button(int id) const;
 
-    /// Current when the dialog was opened; not looked into.
-    const OdDbDatabase* m_drawing;
+    DrawingWatch m_watch; ///< that was current when the dialog was opened
 };

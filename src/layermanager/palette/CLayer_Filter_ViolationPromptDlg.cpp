@@ -1,5 +1,6 @@
 #include "layermanager/palette/CLayer_Filter_ViolationPromptDlg.h"
 
+#include "layermanager/palette/BoxPalette.h"
 #include "layermanager/resources/LayerIcons.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "toolkit/ControlRegistry.h"
@@ -48,6 +49,7 @@ CLayer_Filter_ViolationPromptDlg::CLayer_Filter_ViolationPromptDlg(QWidget* pare
     layout->addWidget(buttons, 2, 0, 1, 2);
     layout->setColumnStretch(1, 1);
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    m_showAgain->setPalette(boxPalette(palette()));
     registerControl(this, kShowAgain, m_showAgain);
     m_showAgain->setChecked(CKestPreferenceManager::s_Layer_FilterViolationPrompt);
     // Kept at once: however the notice is closed, the choice counts.

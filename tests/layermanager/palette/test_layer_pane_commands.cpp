@@ -1,8 +1,10 @@
 #include "PaneFixture.h"
 #include "layermanager/filter_editor/CDlgLayPropFilter.h"
 #include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/palette/pane/PaneCommandTarget.h"
 #include "sdk/CKestPreferenceManager.h"
+#include "toolkit/Prompts.h"
 
 #include <QDialog>
 #include <QHelpEvent>
@@ -10,6 +12,9 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
+
+#include <functional>
+#include <utility>
 
 class TestLayerPaneCommands : public PaneFixture
 {
@@ -31,6 +36,10 @@ private slots:
     void aCheckButtonHidesAndShowsTheTree();
     void withoutADrawingNothingButThePaletteIsOffered();
     void commandsThatAreNoneDoNothing();
+    void thePaletteMayGoWhileAMessageIsShown_data();
+    void thePaletteMayGoWhileAMessageIsShown();
+    void theDrawingMayGoWhileAMessageIsShown_data();
+    void theDrawingMayGoWhileAMessageIsShown();
     void editsInsideARunningCommandOpenNoRecord();
     void combiningJoinsSuccessiveEdits();
     void withoutCombiningEachEditIsAStep();
@@ -42,6 +51,7 @@ private slots:
 private:
     void deleteSpareLayersOneByOne();
     int undoSteps();
+    void prepareRefusal(int command);
 };
 
 namespace {
@@ -54,6 +64,34 @@ public:
     bool isCommandEnabled(int id) const override { return id != kLayerStates; }
     bool isCommandChecked(int) const override { return false; }
     QList<int> taken;
+};
+
+/// Something happens while a message stands.
+class DuringMessage : public Prompts
+{
+public:
+    explicit DuringMessage(std::function<void()> happens)
+        : m_happens(std::move(happens))
+        , m_before(Prompts::install(this))
+    { }
+    ~DuringMessage() override { Prompts::install(m_before); }
+    DuringMessage(const DuringMessage&) = delete;
+    DuringMessage& operator=(const DuringMessage&) = delete;
+
+    void message(QWidget*, const QString&, Icon) override
+    {
+        ++messages;
+        if (const auto happens = std::exchange(m_happens, nullptr))
+            happens();
+    }
+    bool confirm(QWidget*, const QString&) override { return false; }
+    int ask(QWidget*, const TaskQuestion&) override { return kCancelled; }
+
+    int messages = 0;
+
+private:
+    std::function<void()> m_happens;
+    Prompts* m_before;
 };
 
 } // namespace
@@ -260,6 +298,62 @@ void TestLayerPaneCommands::commandsThatAreNoneDoNothing()
     QVERIFY(!view()->isCommandEnabled(12345));
     view()->command(12345);
     QCOMPARE(listed().size(), 5);
+}
+
+/// Brings about what the command refuses with a message.
+void TestLayerPaneCommands::prepareRefusal(int command)
+{
+    if (command == kToolbarSetCurrent)
+        layer("Roof")->setIsFrozen(true);
+    if (command == kToolbarDeleteLayers)
+        choose({"0", "Roof"});
+    else
+        choose({"Roof"});
+    if (command != kToolbarNewLayer)
+        return;
+    grid().setFocus();
+    press(Qt::Key_F2);
+    grid().editor()->setText(QStringLiteral("Walls")); // another layer has it
+}
+
+void TestLayerPaneCommands::thePaletteMayGoWhileAMessageIsShown_data()
+{
+    QTest::addColumn<int>("command");
+    QTest::newRow("new layer") << int(kToolbarNewLayer);
+    QTest::newRow("set current") << int(kToolbarSetCurrent);
+    QTest::newRow("delete some") << int(kToolbarDeleteLayers);
+}
+
+void TestLayerPaneCommands::thePaletteMayGoWhileAMessageIsShown()
+{
+    QFETCH(const int, command);
+    prepareRefusal(command);
+    const OdDbDatabase& drawing = *view()->database();
+    DuringMessage prompts([this] { unload(); });
+    view()->command(command);
+    QCOMPARE(prompts.messages, 1);
+    QVERIFY(!view());
+    QCOMPARE(drawing.layerTable().count(), command == kToolbarDeleteLayers ? 4 : 5);
+}
+
+void TestLayerPaneCommands::theDrawingMayGoWhileAMessageIsShown_data()
+{
+    thePaletteMayGoWhileAMessageIsShown_data();
+}
+
+void TestLayerPaneCommands::theDrawingMayGoWhileAMessageIsShown()
+{
+    QFETCH(const int, command);
+    prepareRefusal(command);
+    DuringMessage prompts([this] {
+        host().close(*view()->database());
+        host().close(db());
+    });
+    view()->command(command);
+    QCOMPARE(prompts.messages, 1);
+    QVERIFY(!view()->database());
+    QCOMPARE(statusText(), QString());
+    QCOMPARE(currentLine(), QString());
 }
 
 void TestLayerPaneCommands::editsInsideARunningCommandOpenNoRecord()

@@ -16,7 +16,7 @@ private slots:
     void f1IsEatenAndOpensTheHelp();
     void controlASelectsAllRows();
     void controlAIsEatenWhileACellIsEdited();
-    void controlAInTheSearchBoxSelectsItsText();
+    void controlAIsEatenWhereItIsNotForTheGrid();
     void deleteOnTheTreeDeletesTheFilter();
     void deleteOnTheGridDeletesTheSelectedLayers();
     void deleteInACellIsTheEditors();
@@ -76,12 +76,28 @@ void TestLayerPaneKeys::controlAIsEatenWhileACellIsEdited()
     QCOMPARE(grid().chosenRowCount(), 1);
 }
 
-void TestLayerPaneKeys::controlAInTheSearchBoxSelectsItsText()
+void TestLayerPaneKeys::controlAIsEatenWhereItIsNotForTheGrid()
 {
+    int fired = 0;
+    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_A), &window());
+    connect(shortcut, &QShortcut::activated, this, [&fired] { ++fired; });
+    choose({"Doors"});
     search("wal");
     press(Qt::Key_A, Qt::ControlModifier);
-    QCOMPARE(box().selectedText(), QStringLiteral("wal*"));
+    QCOMPARE(box().selectedText(), QString());
+    QCOMPARE(box().text(), QStringLiteral("wal*"));
     QVERIFY(grid().chosenRowCount() <= 1);
+    tree().setFocus();
+    press(Qt::Key_A, Qt::ControlModifier);
+    QVERIFY(grid().chosenRowCount() <= 1);
+    enterGrid("Walls");
+    press(Qt::Key_F2);
+    grid().editor()->setCursorPosition(0);
+    press(Qt::Key_A, Qt::ControlModifier);
+    QVERIFY(grid().editor());
+    QCOMPARE(grid().editor()->selectedText(), QString());
+    QCOMPARE(grid().chosenRowCount(), 1);
+    QCOMPARE(fired, 0);
 }
 
 void TestLayerPaneKeys::deleteOnTheTreeDeletesTheFilter()

@@ -12,6 +12,9 @@ private slots:
     void theStatusSaysAllWithoutASelectedNode();
     void theTotalCountsEveryLayerWhateverFilterAndSearch();
     void theStatusHasTheFontOfTheCurrentLayersLine();
+    void aStatusThatDoesNotFitEndsInAnEllipsis();
+    void aNameWithLineEndsStaysInTheStatusLine();
+    void aDescriptionOfAnyLengthIsShown();
     void theLineShowsTheNameAloneWithoutADescription();
     void theLineShowsTheDescriptionBehindTheName();
     void theLineFollowsTheCurrentLayer();
@@ -52,6 +55,46 @@ void TestLayerPaneLines::theStatusHasTheFontOfTheCurrentLayersLine()
     part<QLineEdit>("currentLayer")->setFont(font);
     view()->UpdateStatusLine();
     QCOMPARE(part<QLabel>("statusLine")->font(), font);
+}
+
+void TestLayerPaneLines::aStatusThatDoesNotFitEndsInAnEllipsis()
+{
+    const QString whole = statusText();
+    auto* line = part<QLabel>("statusLine");
+    QCOMPARE(line->toolTip(), QString());
+    QCOMPARE(line->accessibleDescription(), whole.trimmed());
+    view()->setParent(nullptr);
+    view()->resize(120, 300);
+    view()->show();
+    QVERIFY(statusText().endsWith(QChar(0x2026)));
+    QVERIFY(line->sizeHint().width() <= line->width());
+    QVERIFY(line->toolTip().contains(whole.trimmed()));
+    QCOMPARE(line->accessibleDescription(), whole.trimmed());
+    QTest::keyClicks(&box(), QStringLiteral("w*"));
+    QVERIFY(line->toolTip().contains(QStringLiteral("2 layers displayed of 5 total layers")));
+    view()->resize(900, 300);
+    QCOMPARE(statusText(), QStringLiteral(" All : 2 layers displayed of 5 total layers"));
+    QCOMPARE(line->toolTip(), QString());
+    view()->hide();
+    view()->setParent(&window());
+}
+
+void TestLayerPaneLines::aNameWithLineEndsStaysInTheStatusLine()
+{
+    addGroup("A\nB\t%1 &C<b>", {"Walls"});
+    click("A\nB\t%1 &C<b>");
+    QCOMPARE(statusText(), QStringLiteral(" A B %1 &C<b> : 1 layers displayed of 5 total layers"));
+    const auto* line = part<QLabel>("statusLine");
+    QVERIFY(line->sizeHint().height() <= line->height());
+}
+
+void TestLayerPaneLines::aDescriptionOfAnyLengthIsShown()
+{
+    layer("0")->setDescription(QString(100000, QLatin1Char('x')) + QStringLiteral("<b>"));
+    QVERIFY(currentLine().startsWith(QStringLiteral("Current Layer: 0: xxx")));
+    const QString toolTip = part("currentLayer")->toolTip();
+    QVERIFY(toolTip.contains(QStringLiteral("xxx")));
+    QVERIFY(toolTip.size() < 3000);
 }
 
 void TestLayerPaneLines::theLineShowsTheNameAloneWithoutADescription()
@@ -127,6 +170,10 @@ void TestLayerPaneLines::bothAreEmptyWithoutADrawing()
     QVERIFY(!view()->database());
     QCOMPARE(statusText(), QString());
     QCOMPARE(currentLine(), QString());
+    for (const char* name : {"statusLine", "currentLayer"}) {
+        QCOMPARE(part(name)->toolTip(), QString());
+        QCOMPARE(part(name)->accessibleDescription(), QString());
+    }
 }
 
 QTEST_MAIN(TestLayerPaneLines)

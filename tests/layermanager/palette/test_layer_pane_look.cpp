@@ -3,8 +3,8 @@
 #include "support/GoldenImage.h"
 #include "support/GoldenLook.h"
 
-#include <QPainter>
 #include <QTest>
+#include <QToolButton>
 
 using Theme = GoldenLook::Theme;
 
@@ -31,6 +31,7 @@ protected:
 
 private:
     void showSample(int width);
+    QImage picture(qreal scale) const;
     bool compare(const char* name) const;
 
     std::unique_ptr<GoldenLook> m_look;
@@ -61,6 +62,14 @@ void TestLayerPaneLook::showSample(int width)
     view()->showCurrentLayer();
 }
 
+QImage TestLayerPaneLook::picture(qreal scale) const
+{
+    QImage picture((QSizeF(view()->size()) * scale).toSize(), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    view()->render(&picture);
+    return picture;
+}
+
 bool TestLayerPaneLook::compare(const char* name) const
 {
     return goldenImage(
@@ -83,10 +92,13 @@ void TestLayerPaneLook::looksLikeItsGoldenImages()
     QVERIFY(compare("without_tree"));
     view()->ShowFilterTree(true);
     search("a-*w");
+    auto* clear = box().findChild<QToolButton*>();
+    QTRY_COMPARE(clear->property("opacity").toReal(), 1.0); // it fades in
     QVERIFY(compare("searching"));
     box().selectAll();
     QTest::keyClicks(&box(), QStringLiteral("*"));
     grid().setFocus();
+    QTRY_COMPARE(clear->property("opacity").toReal(), 0.0);
     OdDbDatabase& d = *view()->database();
     d.setTILEMODE(false);
     settle();
@@ -109,11 +121,11 @@ void TestLayerPaneLook::isSharpOnFineScreens_data()
 void TestLayerPaneLook::isSharpOnFineScreens()
 {
     showSample(1100);
-    QImage picture(view()->size() * 2, QImage::Format_RGB32);
-    picture.setDevicePixelRatio(2);
-    view()->render(&picture);
-    QVERIFY(goldenImage(picture,
+    QVERIFY(goldenImage(picture(2),
                         QStringLiteral("layer_pane_fine_%1").arg(GoldenLook::suffix(m_theme))));
+    QVERIFY(goldenImage(
+        picture(1.5),
+        QStringLiteral("layer_pane_one_and_a_half_%1").arg(GoldenLook::suffix(m_theme))));
 }
 
 QTEST_MAIN(TestLayerPaneLook)

@@ -101,8 +101,10 @@ void TestLayerPanePlaces::theMiddleToolbarFollowsTheSplitter()
     QCOMPARE(list().left(), 237);
     QCOMPARE(bar(110).left(), 237);
     QCOMPARE(placeOf(&invert()).width(), 230);
+    // No narrower than the box under the tree, which is shown whole.
     drag(-1000);
-    QCOMPARE(bar(110).left(), bar(117).right() + 1 + 10);
+    QCOMPARE(invert().width(), std::max(60, invert().sizeHint().width()));
+    QCOMPARE(bar(110).left(), std::max(list().left(), bar(117).right() + 1 + 10));
 }
 
 void TestLayerPanePlaces::toolbarsNeverOverlapOnANarrowPalette()
@@ -138,6 +140,10 @@ void TestLayerPanePlaces::largeFontsAreNotClipped()
     QVERIFY(control(65535)->height() > 25);
     QVERIFY(invert().height() >= invert().sizeHint().height());
     QVERIFY(invert().height() > 20);
+    QVERIFY(invert().width() >= invert().sizeHint().width());
+    QVERIFY(invert().width() > 170);
+    QCOMPARE(treePlace().width(), invert().width());
+    QCOMPARE(list().left(), treePlace().right() + 1 + 7);
     QVERIFY(box().height() >= box().sizeHint().height());
     QVERIFY(part("currentLayer")->height() >= box().sizeHint().height());
     const QRect splitter = placeOf(part("layerSplitter"));

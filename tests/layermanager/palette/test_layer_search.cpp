@@ -74,6 +74,19 @@ TEST(LayerSearch, UpperAndLowerCaseAreAlikeInEachAlphabet)
     EXPECT_EQ(layers.found("STRAß?"), "straße");
 }
 
+TEST(LayerSearch, ALetterThatFoldsIntoSeveralIsOneCharacter)
+{
+    Searched layers({});
+    layers.drawing().layerTable().add(QStringLiteral("Ma\u00DF"));
+    layers.drawing().layerTable().add(QStringLiteral("o\uFB01ce"));
+    layers.search().forget();
+    layers.read();
+    layers.search().setFilter(layers.drawing().layerTable().records(), {});
+    EXPECT_EQ(layers.found("ma?"), "Ma\u00DF");
+    EXPECT_EQ(layers.found("mass"), "");
+    EXPECT_EQ(layers.found("O?CE"), "o\uFB01ce");
+}
+
 TEST(LayerSearch, InvertedItSearchesTheLayersThatTheFilterDoesNotShow)
 {
     Searched layers({"Walls", "Doors", "Wall-2"});

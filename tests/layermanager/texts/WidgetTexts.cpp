@@ -12,7 +12,6 @@
 #include <QLineEdit>
 #include <QMap>
 #include <QMenu>
-#include <QSet>
 #include <QStyle>
 #include <QStyleOptionGroupBox>
 #include <QTabBar>
@@ -139,13 +138,6 @@ QSize neededSize(const QWidget& widget)
     return {};
 }
 
-/// In the palette's own pane, which is as wide as the user wants.
-bool isAsWideAsItsPane(const QWidget& widget)
-{
-    static const QSet<QString> names{QStringLiteral("invertFilter"), QStringLiteral("statusLine")};
-    return names.contains(widget.objectName());
-}
-
 bool isInScrollArea(const QWidget& widget)
 {
     const auto* area = widget.parentWidget()
@@ -200,8 +192,7 @@ QStringList cutOffTexts(const QWidget& root)
                                   .arg(needed.height())
                                   .arg(widget->width())
                                   .arg(widget->height());
-        const bool tooNarrow = needed.width() > widget->width() && !isAsWideAsItsPane(*widget);
-        if (tooNarrow || needed.height() > widget->height())
+        if (needed.width() > widget->width() || needed.height() > widget->height())
             found.append(placeOf(*widget, root) + sizes);
         const QWidget* parent = widget == &root ? nullptr : widget->parentWidget();
         if (needed.isValid() && parent && !isInScrollArea(*widget)

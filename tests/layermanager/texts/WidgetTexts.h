@@ -20,8 +20,7 @@ QList<WidgetText> widgetTexts(const QWidget& root);
 
 /// Texts that are wider or higher than the control that shows them, as the style measures it, and
 /// controls that stick out of what they stand in. Cells and headers of lists are left out: their
-/// columns are as wide as the user wants, and tooltips show them whole. So is the width of the
-/// lines of the palette, since the user sizes it.
+/// columns are as wide as the user wants, and tooltips show them whole.
 QStringList cutOffTexts(const QWidget& root);
 
 /// Keys after "&" that two controls of a window, or two actions of a menu, have both.

@@ -1,5 +1,6 @@
 #include "SurfaceFixture.h"
 #include "WidgetTexts.h"
+#include "layermanager/LayerDrawing.h"
 #include "layermanager/filters/view/CLayerTreeVw.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "layermanager/palette/CLayerSettingsDlg.h"
@@ -176,9 +177,22 @@ void TestTranslatedSurfaces::thePaletteSpeaksTheLanguageOfTheDesktop()
     QCOMPARE(header(LayerColumn::Name), QStringLiteral("Layername"));
     QCOMPARE(grid().model()->index(0, int(LayerColumn::Freeze)).data(Qt::AccessibleTextRole),
              QVariant(QStringLiteral("Gefroren: nein")));
+    const auto colour = [this](int row) {
+        return grid().model()->index(row, int(LayerColumn::Color)).data().toString();
+    };
+    layer_drawing::write(db(), "0")->setColor(OdCmColor::fromIndex(1));
+    layer_drawing::write(db(), "Doors")->setColor(OdCmColor::fromIndex(8));
+    QCOMPARE(colour(0), QStringLiteral("rot"));
+    QCOMPARE(colour(1), QStringLiteral("8"));
+    QCOMPARE(colour(2), QStringLiteral("weiß"));
+    layer_drawing::write(db(), "0")->setColor(OdCmColor::fromRgb(255, 0, 1));
+    QCOMPARE(colour(0), QStringLiteral("255,0,1"));
     QCOMPARE(tree().model()->index(0, 0).data(), QVariant(QStringLiteral("Alle")));
-    view()->UpdateStatusLine();
-    QCOMPARE(statusText(), QStringLiteral(" Alle : 3 von insgesamt 3 Layern angezeigt"));
+    for (const QModelIndex& selected : {tree().currentIndex(), QModelIndex()}) {
+        tree().setCurrentIndex(selected);
+        view()->UpdateStatusLine();
+        QCOMPARE(statusText(), QStringLiteral(" Alle : 3 von insgesamt 3 Layern angezeigt"));
+    }
 }
 
 void TestTranslatedSurfaces::theSettingsLookLikeTheirGoldenImages_data()

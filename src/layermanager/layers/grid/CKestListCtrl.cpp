@@ -5,7 +5,7 @@
 
 #include <QEvent>
 #include <QHeaderView>
-#include <QScopedValueRollback>
+#include <QPointer>
 #include <QScrollBar>
 #include <QStyle>
 
@@ -147,28 +147,32 @@ bool CKestListCtrl::mayDestroy(const CInPlaceEdit& editor) const
         || CInPlaceEdit::isClean(editor.text());
 }
 
-void CKestListCtrl::reportEdit(const CInPlaceEdit& editor)
+bool CKestListCtrl::reportEdit(const CInPlaceEdit& editor)
 {
-    const QScopedValueRollback<bool> reporting(m_reporting, true);
+    const QPointer<CKestListCtrl> self(this);
+    m_reporting = true;
     emit endLabelEdit(editor.cell().row, editor.cell().column, editor.reportedText());
+    if (self)
+        m_reporting = false;
+    return self;
 }
 
 void CKestListCtrl::closeInPlaceEditor()
 {
     if (!m_editor || m_reporting || !mayDestroy(*m_editor))
         return;
-    reportEdit(*m_editor);
-    discardInPlaceEditor();
+    if (reportEdit(*m_editor))
+        discardInPlaceEditor();
 }
 
 void CKestListCtrl::editorLostFocus(CInPlaceEdit& editor, Qt::FocusReason reason)
 {
     if (m_editor != &editor || m_reporting)
         return;
-    {
-        const QScopedValueRollback<bool> byMouse(m_endsByMouse, reason == Qt::MouseFocusReason);
-        reportEdit(editor);
-    }
+    const bool before = std::exchange(m_endsByMouse, reason == Qt::MouseFocusReason);
+    if (!reportEdit(editor))
+        return;
+    m_endsByMouse = before;
     if (m_editor == &editor && mayDestroy(editor))
         discardInPlaceEditor();
 }

@@ -114,7 +114,8 @@ private:
     bool pressKey(int key, Qt::KeyboardModifiers modifiers);
     bool moveRow(int key, Qt::KeyboardModifiers modifiers);
     void editorLostFocus(CInPlaceEdit& editor, Qt::FocusReason reason);
-    void reportEdit(const CInPlaceEdit& editor);
+    /// Whether the list is still there: a message may be shown.
+    bool reportEdit(const CInPlaceEdit& editor);
     bool mayDestroy(const CInPlaceEdit& editor) const;
 
     /// A press that may begin a drag. On a selected row the click waits for the release, so that

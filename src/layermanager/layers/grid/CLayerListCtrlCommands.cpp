@@ -10,6 +10,7 @@
 
 #include <QContextMenuEvent>
 #include <QItemSelection>
+#include <QPointer>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -117,7 +118,10 @@ void CLayerListCtrl::operate(int id)
         removeRows(chosen);
         m_burst.takeChanges(); // the user asked for just that
     }
+    const QPointer<CLayerListCtrl> self(this);
     finishEdit(*outcome, redrawAfterCommand(id));
+    if (!self)
+        return;
     if (id == kReconcileLayers && !chosen.empty())
         emit listStale(); // those that the selected filter shows come back
     if (makesLayer(id) && !outcome->isEmpty())

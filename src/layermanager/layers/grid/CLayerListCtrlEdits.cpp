@@ -14,6 +14,8 @@
 #include "sdk/IKestServicesManager.h"
 #include "toolkit/Prompts.h"
 
+#include <QPointer>
+
 namespace {
 
 constexpr int kKeepCurrentOn = 102;
@@ -80,8 +82,9 @@ bool CLayerListCtrl::cellDoubleClicked(int row, int column)
     if (!leaveEditor() || !m_database)
         return true;
     const LayerOutcome outcome = setCurrentLayer(*m_database, m_model.layerId(row));
+    const QPointer<CLayerListCtrl> self(this);
     finishEdit(outcome);
-    if (findRow(currentLayer()) == row)
+    if (self && findRow(currentLayer()) == row)
         selectCurrentRow();
     return true;
 }
@@ -139,9 +142,10 @@ CLayerListCtrl::Redraw CLayerListCtrl::redrawAfterCell(LayerColumn column)
 
 void CLayerListCtrl::finishEdit(const LayerOutcome& outcome, Redraw redraw)
 {
+    const QPointer<CLayerListCtrl> self(this); // it may go while the message is shown
     if (!outcome.message.isEmpty())
         Prompts::current().message(this, outcome.message);
-    if (outcome.isEmpty())
+    if (!self || outcome.isEmpty())
         return;
     viewport()->update();
     IKestServicesManager* services = getServicesManagerInterface();

@@ -7,6 +7,7 @@
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/layers/operations/LayerEdits.h"
 
+#include <QPointer>
 #include <QScopedValueRollback>
 
 #include <utility>
@@ -49,6 +50,7 @@ void CLayerListCtrl::endTextEdit(int row, LayerColumn column, const QString& tex
     const QString shown = m_model.index(row, static_cast<int>(column)).data().toString();
     // The layer may have got another text since the editor opened, which one left alone keeps.
     const bool isTyped = text != shown && !(editor() && editor()->textBefore() == text);
+    const QPointer<CLayerListCtrl> self(this); // it may go while a refusal is shown
     // Whatever changes nothing asks nothing.
     if (!text.isEmpty() && isTyped && m_database && !preCheck()) {
         if (isName)
@@ -56,7 +58,7 @@ void CLayerListCtrl::endTextEdit(int row, LayerColumn column, const QString& tex
         else
             describeRow(row, text);
     }
-    if (isName && m_model.layerId(row) == m_newLayer && CInPlaceEdit::isClean(text))
+    if (self && isName && m_model.layerId(row) == m_newLayer && CInPlaceEdit::isClean(text))
         settleNewLayer();
 }
 

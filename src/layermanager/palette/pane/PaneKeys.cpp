@@ -117,14 +117,16 @@ bool PaneKeys::showHelp(QWidget&, const QKeyEvent&)
     return true;
 }
 
-bool PaneKeys::isSelectAll(const QWidget& widget, const QKeyEvent& key) const
+bool PaneKeys::isSelectAll(const QWidget&, const QKeyEvent& key) const
 {
-    return key.key() == Qt::Key_A && modifiersOf(key) == Qt::ControlModifier && isForGrid(widget);
+    return key.key() == Qt::Key_A && modifiersOf(key) == Qt::ControlModifier;
 }
 
-bool PaneKeys::selectAll(QWidget&, const QKeyEvent&)
+/// The key is the grid's alone: elsewhere in the palette, in its fields too, nothing happens. That
+/// is deliberate.
+bool PaneKeys::selectAll(QWidget& widget, const QKeyEvent&)
 {
-    if (!m_view.grid()->editor())
+    if (isForGrid(widget) && !m_view.grid()->editor())
         m_view.grid()->selectAll();
     return true;
 }
