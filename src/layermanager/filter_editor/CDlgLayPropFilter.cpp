@@ -4,6 +4,7 @@
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
 #include "database/OdLyLayerFilterManager.h"
+#include "database/filters/FilterRecords.h"
 #include "layermanager/filter_editor/CFilterExamplesBtn.h"
 #include "layermanager/filter_editor/CLayPropFilterEdListCtrl.h"
 #include "layermanager/filter_editor/CLayerPreviewList.h"
@@ -95,7 +96,8 @@ void CDlgLayPropFilter::collectNames()
     OdLyLayerFilterPtr root;
     OdLyLayerFilterPtr current;
     odlyGetLayerFilterManager(m_pDb)->getFilters(root, current);
-    m_filterNames.clear();
+    // That node comes and goes by itself; a filter of that name would go with it.
+    m_filterNames = {FilterRecords::kUnreconciled};
     for (const OdLyLayerFilterPtr& filter : filtersOfTree(root))
         m_filterNames.append(filter->name());
 }

@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -25,6 +26,7 @@ constexpr int kWidthInLayout = 175; ///< with the columns of viewports
 constexpr int kDefinitionRows = 9;
 constexpr int kPreviewRows = 14;
 constexpr int kFewestRows = 4;
+constexpr qreal kMostOfScreen = 0.9; ///< for large letters on a small screen
 
 QLabel* labelFor(QWidget* control, const QString& text, QWidget* parent)
 {
@@ -71,8 +73,10 @@ void CDlgLayPropFilter::buildControls()
     const int line = fontMetrics().height();
     m_gridCtrl->setMinimumHeight((kFewestRows + 1) * line);
     m_previewList->setMinimumHeight((kFewestRows + 1) * line);
-    resize((m_pDb->getTILEMODE() ? kWidth : kWidthInLayout) * fontMetrics().averageCharWidth(),
-           2 * (kDefinitionRows + kPreviewRows) * line);
+    const int width = m_pDb->getTILEMODE() ? kWidth : kWidthInLayout;
+    const QSize wanted(width * fontMetrics().averageCharWidth(),
+                       2 * (kDefinitionRows + kPreviewRows) * line);
+    resize(wanted.boundedTo(screen()->availableSize() * kMostOfScreen));
 }
 
 void CDlgLayPropFilter::buildButtons(QVBoxLayout& layout)

@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr qsizetype kMostDrawn = 2000; ///< characters; no cell has room for more
+
 bool isDark(const QColor& color)
 {
     return qGray(color.rgb()) < 128;
@@ -153,5 +155,5 @@ void FilterCellDelegate::paintText(QPainter& painter, const Look& look, QRect re
         return;
     painter.setPen(look.text);
     painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     look.metrics.elidedText(text, Qt::ElideRight, rect.width()));
+                     look.metrics.elidedText(text.left(kMostDrawn), Qt::ElideRight, rect.width()));
 }

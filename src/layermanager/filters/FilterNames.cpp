@@ -1,6 +1,7 @@
 #include "layermanager/filters/FilterNames.h"
 
 #include "base/NameCharacters.h"
+#include "database/filters/FilterRecords.h"
 #include "layermanager/filters/FilterTexts.h"
 
 #include <QSet>
@@ -74,7 +75,8 @@ FilterNameVerdict checkFilterRename(const OdLyLayerFilterPtr& root, const QStrin
         return FilterNameVerdict::Unchanged;
     if (containsAnyOf(name, kNotInFilters))
         return FilterNameVerdict::InvalidCharacters;
-    if (findFilter(root, name))
+    // The node of new layers comes and goes by itself; a filter of that name would go with it.
+    if (findFilter(root, name) || isSameName(name, FilterRecords::kUnreconciled))
         return FilterNameVerdict::NotUnique;
     return FilterNameVerdict::Accepted;
 }

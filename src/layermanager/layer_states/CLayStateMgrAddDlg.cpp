@@ -15,6 +15,7 @@ CLayStateMgrAddDlg::CLayStateMgrAddDlg(const QStringList& names, QWidget* parent
     : QDialog(parent)
     , m_model(names)
     , m_names(new QListView(this))
+    , m_watch([this] { reject(); })
 {
     constexpr int kCharacters = 44;
     constexpr int kLines = 16;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "layermanager/layer_states/DrawingWatch.h"
+
 #include <QDialog>
 #include <QStringListModel>
 
@@ -23,4 +25,5 @@ private:
     QStringListModel m_model;
     QListView* m_names;
     QStringList m_chosen;
+    DrawingWatch m_watch;
 };

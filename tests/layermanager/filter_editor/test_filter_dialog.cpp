@@ -188,6 +188,7 @@ void TestFilterDialog::aNameWithAnAsteriskIsRefusedAndOneWithABackslashTaken_dat
     QTest::addColumn<bool>("taken");
     QTest::newRow("asterisk") << QStringLiteral("a*b") << false;
     QTest::newRow("apostrophe") << QStringLiteral("a'b") << false;
+    QTest::newRow("node of new layers") << QStringLiteral("unreconciled new LAYERS") << false;
     QTest::newRow("nothing") << QStringLiteral("   ") << false;
     QTest::newRow("backslash") << QStringLiteral("a\\b") << true;
 }

@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QMenu>
+#include <QScreen>
 #include <QToolButton>
 
 using layer_drawing::write;
@@ -23,6 +24,10 @@ private slots:
 private:
     static void addThemes();
     void fillDrawing();
+
+    // Whatever screen the tests have
+    static constexpr QSize kInModelSpace{780, 644};
+    static constexpr QSize kInLayout{1050, 644};
 };
 
 void TestFilterEditorLook::addThemes()
@@ -62,6 +67,7 @@ void TestFilterEditorLook::theDialogLooksLikeItsGoldenImages()
     const QString suffix = GoldenLook::suffix(static_cast<GoldenLook::Theme>(theme));
     fillDrawing();
     showNew();
+    dialog().resize(kInModelSpace);
     QVERIFY(goldenImage(&dialog(), QStringLiteral("filter_dialog_new_%1").arg(suffix)));
     closeDialog();
     const char* rows =
@@ -74,6 +80,7 @@ void TestFilterEditorLook::theDialogLooksLikeItsGoldenImages()
     showExisting("Architecture and red layers", rows);
     QCOMPARE(lines(), 5);
     QCOMPARE(notice(), QString());
+    dialog().resize(kInModelSpace);
     table().chooseRows({1});
     table().setFocus();
     table().focusCell(1, kName);
@@ -84,9 +91,11 @@ void TestFilterEditorLook::theDialogLooksLikeItsGoldenImages()
                  "USED==\"True\" AND VPOVERRIDES==\"True\" AND VPFROZEN==\"True\"  AND "
                  "VPCOLOR==\"5\"  OR USED==\"False\" AND VPOVERRIDES==\"True\" AND NAME==\"S-*\"  "
                  "AND VPLINETYPE==\"DASHED\"  OR VPFROZEN==\"False\" ");
+    dialog().resize(kInLayout);
     QVERIFY(goldenImage(&dialog(), QStringLiteral("filter_dialog_layout_%1").arg(suffix)));
     closeDialog();
     showExisting("Foreign", "NAME==\"A*\" AND PLOTSTYLE==\"x\"");
+    dialog().resize(kInLayout);
     QVERIFY(goldenImage(&dialog(), QStringLiteral("filter_dialog_notice_%1").arg(suffix)));
 }
 
@@ -127,6 +136,8 @@ void TestFilterEditorLook::nothingIsCutOffWithALargeFont()
     QApplication::setFont(large);
     showExisting("Foreign", "NAME==\"A*\" AND PLOTSTYLE==\"x\"");
     settle();
+    QVERIFY(dialog().width() <= dialog().screen()->availableSize().width());
+    QVERIFY(dialog().height() <= dialog().screen()->availableSize().height());
     for (const QWidget* part :
          dialog().findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         if (!part->isVisible() || part->isWindow())

@@ -31,6 +31,7 @@ private slots:
     void cancellingLeavesTheDrawingAsItWas();
     void keepsTheLinesThatNobodyChanged();
     void offersNoEditOfAFilterThatRowsCannotSay();
+    void aRenameKeepsTheConditionsThatAScriptWroteMeanwhile();
     void tellsOfAFilterThatWasDeletedMeanwhile();
     void tellsOfAParentThatWasDeletedMeanwhile();
     void aMenuThatOutlivesItsTableDoesNothing();
@@ -235,6 +236,20 @@ void TestFilterEditorTree::offersNoEditOfAFilterThatRowsCannotSay()
     QVERIFY(!QApplication::activeModalWidget());
     QCOMPARE(FilterTreeEdit(db()).find(key("Foreign"))->storedExpression(),
              QStringLiteral("NAME==\"W*\" AND PLOTSTYLE==\"x\""));
+}
+
+void TestFilterEditorTree::aRenameKeepsTheConditionsThatAScriptWroteMeanwhile()
+{
+    run("_LAYER");
+    addProperty("P", "NAME==\"W*\" ");
+    click("P");
+    const QString written = QStringLiteral("NAME==\"D*\" ");
+    inDialog(40098, [&](CDlgLayPropFilter& dialog) {
+        changeFilter(db(), key("P"), QStringLiteral("P"), written);
+        name(dialog).setText(QStringLiteral("Q"));
+        press(dialog, CDlgLayPropFilter::kOk);
+    });
+    QCOMPARE(FilterTreeEdit(db()).find(key("Q"))->filterExpression(), written);
 }
 
 void TestFilterEditorTree::tellsOfAFilterThatWasDeletedMeanwhile()

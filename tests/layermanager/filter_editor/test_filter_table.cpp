@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QImage>
 #include <QMenu>
 
 class TestFilterTable : public FilterEditorFixture
@@ -28,6 +29,7 @@ private slots:
     void showsViewportColumnsInLayoutsOnly();
     void hasItsWidthsWholeRowsAndGridLines();
     void keepsItsLinesWhenTheSelectionHoldsTheBlankOne();
+    void aPatternOfAMillionCharactersIsDrawnByItsBeginning();
 
 private:
     void fillFour();
@@ -277,6 +279,18 @@ void TestFilterTable::keepsItsLinesWhenTheSelectionHoldsTheBlankOne()
     QVERIFY(menuCommand(2, kOn, 2001));
     QCOMPARE(names(), QStringLiteral("A* "));
     QCOMPARE(expression(), QStringLiteral("NAME==\"A*\" "));
+}
+
+void TestFilterTable::aPatternOfAMillionCharactersIsDrawnByItsBeginning()
+{
+    const auto drawn = [this](qsizetype length) {
+        showExisting("F", ("NAME==\"" + QByteArray(length, 'x') + "\" ").constData());
+        QImage image = table().viewport()->grab().toImage();
+        closeDialog();
+        return image;
+    };
+    QCOMPARE(drawn(1000000), drawn(300));
+    QVERIFY(drawn(300) != drawn(3));
 }
 
 QTEST_MAIN(TestFilterTable)

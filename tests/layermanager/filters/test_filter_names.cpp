@@ -229,3 +229,9 @@ TEST_F(FilterNames, TheWordsOfARefusalCanBeThoseOfAnotherLanguage)
               "Signoj: <>/\\\":;?*|,=`");
     EXPECT_EQ(filterNameRefusal(Verdict::NotUnique).toStdString(), "Nomo");
 }
+
+TEST_F(FilterNames, TheNodeOfNewLayersLendsItsNameToNoFilter)
+{
+    EXPECT_EQ(rename("Mine", "unreconciled new layers"), Verdict::NotUnique);
+    EXPECT_EQ(rename("UnReconciled New Layers", "UNRECONCILED NEW LAYERS"), Verdict::Unchanged);
+}

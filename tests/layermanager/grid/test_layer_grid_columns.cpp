@@ -189,6 +189,11 @@ void TestLayerGridColumns::explainsCellsThatAreTooNarrow()
     QCOMPARE(QToolTip::text(), QStringLiteral("Continuous"));
     pointAt(Name);
     QTRY_VERIFY(!QToolTip::isVisible());
+    const QString text =
+        QStringLiteral("<b>no</b> mark-up, %1").arg(QString(300, QLatin1Char('x')));
+    write(db(), "Walls")->setDescription(text);
+    pointAt(Description);
+    QCOMPARE(QToolTip::text(), text.toHtmlEscaped());
     pointAt(Locked);
     QCOMPARE(QToolTip::text(), QStringLiteral("Unlocked"));
     grid().setColumnWidth(static_cast<int>(Linetype), 200);

@@ -1,4 +1,5 @@
 #include "StateDialogFixture.h"
+#include "database/states/LayerStateDictionary.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/layer_states/CEdLayStateDlg.h"
 #include "layermanager/layer_states/CEdLayStateListCtrl.h"
@@ -38,6 +39,7 @@ private slots:
     void okWritesTheStateAndTellsWhetherItIsTheDrawing();
     void cancelWritesNothing();
     void aLayerErasedMeanwhileLosesItsRow();
+    void oddValuesOfOtherProgramsAreShownAndKept();
     void helpAndHintsAreThere();
     void aStateOfTenThousandLayersIsEditedWithoutDelay();
 
@@ -389,6 +391,40 @@ void TestEditLayerState::aLayerErasedMeanwhileLosesItsRow()
     QCOMPARE(list().layerModel().rowCount(), 2);
     press(*m_dialog, Dlg::kOk);
     QVERIFY(!m_dialog->isVisible());
+}
+
+void TestEditLayerState::oddValuesOfOtherProgramsAreShownAndKept()
+{
+    addState("A");
+    const QByteArray walls =
+        QByteArray::number(id(db(), "Walls").getHandle().value(), 16).toUpper();
+    const auto record = [this] {
+        return LayerStateDictionary(db()).state(QStringLiteral("A"), OdDb::kForWrite);
+    };
+    const GroupList groups{{91, "-1"},          {70, "5"},      {330, walls},
+                           {90, "2147483647"},  {62, "-7"},     {370, "-32769"},
+                           {331, walls},        {93, "0"},      {1, "a & b"},
+                           {330, "FFFFFFFFFF"}, {90, "9"},      {8, "Doors"},
+                           {62, "2147483647"},  {6, "no such"}, {92, "-1"},
+                           {300, "no dollar"},  {440, "-1"},    {309, "unknown"}};
+    record()->setGroups(groups);
+    open("A");
+    QCOMPARE(list().layerModel().rowCount(), 2);
+    QCOMPARE(cell("Walls", Linetype), QString());
+    QCOMPARE(cell("Walls", PlotStyle), QStringLiteral("a & b"));
+    QVERIFY(!list().grab().isNull());
+    press(*m_dialog, Dlg::kOk);
+    QVERIFY(record()->groups() == groups);
+
+    open("A");
+    click("Doors", Locked);
+    press(*m_dialog, Dlg::kOk);
+    GroupList edited;
+    for (const GroupList::Group group : groups)
+        edited.append(group);
+    edited.append(90, "12"); // locked and plotted; on, as it was taken to be
+    QVERIFY(record()->groups() == edited);
+    QCOMPARE(db().audit(), QStringList());
 }
 
 void TestEditLayerState::helpAndHintsAreThere()

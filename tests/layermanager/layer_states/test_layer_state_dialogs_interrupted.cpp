@@ -7,12 +7,14 @@
 #include "layermanager/layer_states/CEdLayStateListCtrl.h"
 #include "layermanager/layer_states/CLSImportPromptDlg.h"
 #include "layermanager/layer_states/CLayStateImportDlg.h"
+#include "layermanager/layer_states/CLayStateMgrAddDlg.h"
 #include "layermanager/layer_states/CNewLayStateDlg.h"
 #include "layermanager/layer_states/LayerStateDialogs.h"
 
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QListView>
 
 using namespace StateControl;
 using layer_drawing::write;
@@ -56,6 +58,7 @@ private slots:
     void theDrawingMayCloseUnderEveryDialog();
     void theDrawingMayCloseDuringAQuestion();
     void theParentMayGoWhileDialogsAreOpen();
+    void layersThatWentMeanwhileAreNotAdded();
     void statesThatAreGoneAreToldAndHarmNothing();
     void anUndoUnderTheManagerIsSurvived();
     void statesOfExternalReferencesAreListedAndLeftAlone();
@@ -106,6 +109,18 @@ void TestLayerStateDialogsInterrupted::theDrawingMayCloseUnderEveryDialog()
         closeDrawing(dialog);
         list.removeChosen();
         dialog.accept();
+    });
+    press(kEdit);
+    QVERIFY(!isManagerOpen());
+
+    openLayers({"Walls"});
+    addState("A");
+    QVERIFY(service().UpdateLayerStateInfo(QStringLiteral("A"), {}));
+    openManager();
+    inNext<CEdLayStateDlg>([&](CEdLayStateDlg& dialog) {
+        inNext<CLayStateMgrAddDlg>([&](CLayStateMgrAddDlg& names) { closeDrawing(names); });
+        press(dialog, CEdLayStateDlg::kAdd);
+        QVERIFY(!dialog.isVisible());
     });
     press(kEdit);
     QVERIFY(!isManagerOpen());
@@ -188,6 +203,28 @@ void TestLayerStateDialogsInterrupted::theParentMayGoWhileDialogsAreOpen()
     openLayerStateManager(parent.get());
     QVERIFY(!parent);
     QCOMPARE(stateNames(), QStringList{QStringLiteral("A")});
+}
+
+void TestLayerStateDialogsInterrupted::layersThatWentMeanwhileAreNotAdded()
+{
+    openLayers({"Walls", "Roof"});
+    addState("A");
+    QVERIFY(service().UpdateLayerStateInfo(QStringLiteral("A"), {}));
+    openManager();
+    inNext<CEdLayStateDlg>([&](CEdLayStateDlg& dialog) {
+        inNext<CLayStateMgrAddDlg>([&](CLayStateMgrAddDlg& names) {
+            write(db(), "Roof")->erase(true);
+            names.findChild<QListView*>()->selectAll();
+            press(names, CLayStateMgrAddDlg::kOk);
+        });
+        press(dialog, CEdLayStateDlg::kAdd);
+        QCOMPARE(dialog.list().layerModel().rowCount(), 2);
+        QCOMPARE(host().printed.size(), 1);
+        press(dialog, CEdLayStateDlg::kOk);
+    });
+    press(kEdit);
+    QCOMPARE(row(0), QStringLiteral("A|Model|Yes|"));
+    QCOMPARE(db().audit(), QStringList());
 }
 
 void TestLayerStateDialogsInterrupted::statesThatAreGoneAreToldAndHarmNothing()

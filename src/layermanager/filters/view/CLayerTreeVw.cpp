@@ -346,10 +346,14 @@ void CLayerTreeVw::editFilter(const FilterKey& key)
 {
     const FilterTreeEdit tree(*m_database); // a copy, which holds the parent
     const OdLyLayerFilterPtr filter = tree.find(key);
+    const QString before = filter ? filter->filterExpression() : QString();
     if (!filter || !askFor({filter, filter->parent(), true}))
         return;
-    const std::optional<FilterKey> changed =
-        changeFilter(*m_database, key, filter->name(), filter->filterExpression());
+    // Conditions that the user left alone stay as a script may have made them meanwhile.
+    const OdLyLayerFilterPtr present = FilterTreeEdit(*m_database).find(key);
+    const bool isLeft = present && filter->filterExpression() == before;
+    const std::optional<FilterKey> changed = changeFilter(
+        *m_database, key, filter->name(), (isLeft ? present : filter)->filterExpression());
     showResult(changed);
     if (!changed)
         Prompts::current().message(

@@ -9,6 +9,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 
 #include <algorithm>
@@ -39,9 +40,17 @@ constexpr LayerIcon kStatusIcons[] = {LayerIcon::StatusCurrent, LayerIcon::Statu
 /// Average characters in the room kept for the text beside a lineweight sample.
 constexpr int kLineweightDigits = 8;
 
+constexpr qsizetype kMostDrawn = 2000; ///< characters; no cell has room for more
+
 bool isDark(const QColor& colour)
 {
     return qGray(colour.rgb()) < 128;
+}
+
+/// Texts of drawings that look like mark-up are none.
+QString asPlainTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
 }
 
 } // namespace
@@ -165,7 +174,7 @@ void LayerCellDelegate::paintText(QPainter& painter, const Look& look, QRect rec
         return;
     painter.setPen(look.text);
     painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     look.metrics.elidedText(text, Qt::ElideRight, rect.width()));
+                     look.metrics.elidedText(text.left(kMostDrawn), Qt::ElideRight, rect.width()));
 }
 
 void LayerCellDelegate::paintColor(QPainter& painter, const Look& look, const OdCmColor& color,
@@ -245,7 +254,7 @@ bool LayerCellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     const QString text = index.data(Qt::ToolTipRole).toString();
     const Look look(option);
     if (isIcon || neededWidth(look, kind, text) > option.rect.width())
-        QToolTip::showText(event->globalPos(), text, view, option.rect);
+        QToolTip::showText(event->globalPos(), asPlainTip(text), view, option.rect);
     else
         QToolTip::hideText();
     return true;
