@@ -4,6 +4,7 @@
 #include "layermanager/layer_states/CLayerStateManDlg.h"
 #include "layermanager/layer_states/LayerStateTexts.h"
 #include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/palette/BoxPalette.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QCheckBox>
@@ -155,6 +156,7 @@ QAbstractButton* CLayerStateManDlg::addArrow(int id, Qt::ArrowType arrow, int te
 QCheckBox* CLayerStateManDlg::addCheckBox(QBoxLayout& layout, int id, const QString& label)
 {
     auto* added = new QCheckBox(label, this);
+    added->setPalette(boxPalette(palette()));
     layout.addWidget(added);
     registerStateControl(*this, id, added, QString(label).remove(QLatin1Char('&')));
     return added;
