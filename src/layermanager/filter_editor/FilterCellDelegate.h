@@ -5,6 +5,8 @@
 
 #include <QStyledItemDelegate>
 
+struct CellLook;
+
 /// Draws the cells of the filter table.
 class FilterCellDelegate : public QStyledItemDelegate
 {
@@ -16,12 +18,9 @@ public:
                const QModelIndex& index) const override;
 
 private:
-    struct Look;
-
-    void paintValue(QPainter& painter, const Look& look, const QModelIndex& index) const;
-    static void paintColor(QPainter& painter, const Look& look, int color, const QString& text);
-    static void paintLineweight(QPainter& painter, const Look& look, int weight);
-    static void paintText(QPainter& painter, const Look& look, QRect rect, const QString& text);
+    void paintValue(QPainter& painter, const CellLook& look, const QModelIndex& index) const;
+    static void paintColor(QPainter& painter, const CellLook& look, int color, const QString& text);
+    static void paintLineweight(QPainter& painter, const CellLook& look, int weight);
 
     const FilterRowsModel& m_model;
     FilterValueIcons m_icons;

@@ -1,10 +1,9 @@
 #include "layermanager/layer_states/StateLayerDelegate.h"
 
 #include "layermanager/layer_states/StateLayerListModel.h"
+#include "layermanager/layers/grid/CellLook.h"
 
-#include <QApplication>
 #include <QPainter>
-#include <QStyle>
 
 #include <algorithm>
 
@@ -26,41 +25,15 @@ constexpr FlagIcons kFlagIcons[] = {
     {NewVpFreeze, LayerIcon::NewViewportFrozen, LayerIcon::NewViewportThawed},
 };
 
-bool isDark(const QColor& color)
+QPixmap swatch(const CellLook& look, const OdCmColor& color)
 {
-    return qGray(color.rgb()) < 128;
-}
-
-LayerIconGround groundOf(const QStyleOptionViewItem& option)
-{
-    if (option.state & QStyle::State_Selected)
-        return isDark(option.palette.color(QPalette::HighlightedText)) ? LayerIconGround::Light
-                                                                       : LayerIconGround::Selection;
-    return isDark(option.palette.color(QPalette::Base)) ? LayerIconGround::Dark
-                                                        : LayerIconGround::Light;
-}
-
-int iconSize(const QStyleOptionViewItem& option)
-{
-    const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
-    return style->pixelMetric(QStyle::PM_SmallIconSize, nullptr, option.widget);
-}
-
-qreal ratioOf(const QStyleOptionViewItem& option)
-{
-    return option.widget ? option.widget->devicePixelRatioF() : 1.0;
-}
-
-QPixmap swatch(const QStyleOptionViewItem& option, const OdCmColor& color, int size, qreal ratio)
-{
-    QPixmap pixmap(qRound(size * ratio), qRound(size * ratio));
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(QColor::fromRgb(color.rgb(isDark(option.palette.color(QPalette::Base)))));
-    QColor frame = option.palette.color(QPalette::Text);
-    frame.setAlphaF(0.5F);
+    const int side = look.swatchSize();
+    QPixmap pixmap(qRound(side * look.ratio), qRound(side * look.ratio));
+    pixmap.setDevicePixelRatio(look.ratio);
+    pixmap.fill(QColor::fromRgb(color.rgb(look.isGroundDark())));
     QPainter painter(&pixmap);
-    painter.setPen(frame);
-    painter.drawRect(QRectF(0.5, 0.5, size - 1.0, size - 1.0));
+    painter.setPen(look.thinFrame());
+    painter.drawRect(QRectF(0.5, 0.5, side - 1.0, side - 1.0));
     return pixmap;
 }
 
@@ -77,12 +50,11 @@ void StateLayerDelegate::initStyleOption(QStyleOptionViewItem* option,
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.column() != static_cast<int>(Color))
         return;
-    const int side = std::min(option->fontMetrics.ascent(), iconSize(*option));
-    const QPixmap pixmap =
-        swatch(*option, m_model.layer(index.row()).fullColor(), side, ratioOf(*option));
+    const CellLook look(*option);
+    const QPixmap pixmap = swatch(look, m_model.layer(index.row()).fullColor());
     option->icon = QIcon(pixmap);
     option->icon.addPixmap(pixmap, QIcon::Selected); // a selected row does not tint it
-    option->decorationSize = QSize(side, side);
+    option->decorationSize = QSize(look.swatchSize(), look.swatchSize());
     option->features |= QStyleOptionViewItem::HasDecoration;
 }
 
@@ -96,10 +68,8 @@ void StateLayerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     if (icons == std::end(kFlagIcons))
         return;
     const bool isSet = (m_model.layer(index.row()).flags & column.flag) != 0;
-    const int size = iconSize(option);
-    QRect place(0, 0, size, size);
-    place.moveCenter(option.rect.center());
-    painter->drawPixmap(place.topLeft(),
-                        m_icons.pixmap(isSet ? icons->set : icons->notSet, size, ratioOf(option),
-                                       groundOf(option)));
+    const CellLook look(option);
+    look.paintIcon(*painter,
+                   m_icons.pixmap(isSet ? icons->set : icons->notSet, look.iconSize, look.ratio,
+                                  look.iconGround()));
 }

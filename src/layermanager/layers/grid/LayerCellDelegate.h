@@ -5,6 +5,8 @@
 
 #include <QStyledItemDelegate>
 
+struct CellLook;
+
 /// Draws the cells of the layer grid straight from the layer records.
 class LayerCellDelegate : public QStyledItemDelegate
 {
@@ -23,17 +25,12 @@ public:
     std::optional<LayerIcon> icon(const OdDbLayerTableRecord& layer, LayerColumn column) const;
 
 private:
-    struct Look;
-
-    static void paintFocus(QPainter& painter, const Look& look);
-    void paintIcon(QPainter& painter, const Look& look, LayerIcon icon) const;
-    static void paintText(QPainter& painter, const Look& look, QRect rect, const QString& text);
-    static void paintColor(QPainter& painter, const Look& look, const OdCmColor& color,
+    static void paintColor(QPainter& painter, const CellLook& look, const OdCmColor& color,
                            const QString& text);
-    static void paintLineweight(QPainter& painter, const Look& look, int weight,
+    static void paintLineweight(QPainter& painter, const CellLook& look, int weight,
                                 const QString& text);
     /// Width that the whole contents of a cell need, margins included.
-    static int neededWidth(const Look& look, LayerCellKind kind, const QString& text);
+    static int neededWidth(const CellLook& look, LayerCellKind kind, const QString& text);
 
     const LayerListModel& m_model;
     LayerIcons m_icons;
