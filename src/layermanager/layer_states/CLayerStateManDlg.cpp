@@ -35,12 +35,12 @@ CLayerStateManDlg::CLayerStateManDlg(QWidget* parent)
 {
     build();
     registerHelpTexts();
-    open();
+    initialUpdate();
 }
 
 CLayerStateManDlg::~CLayerStateManDlg() = default;
 
-void CLayerStateManDlg::open()
+void CLayerStateManDlg::initialUpdate()
 {
     try {
         fill();

@@ -52,7 +52,7 @@ private:
     QCheckBox* addCheckBox(QBoxLayout& layout, int id, const QString& label);
     void setTabOrders();
     void registerHelpTexts();
-    void open();
+    void initialUpdate();
     void fill();
 
     // Rules
