@@ -173,7 +173,8 @@ void CLayerListCtrl::contextMenuEvent(QContextMenuEvent* event)
 /// The command of a key; 0 for other keys.
 int CLayerListCtrl::commandOfKey(const QKeyEvent& event) const
 {
-    const QKeySequence pressed((event.modifiers() & ~Qt::KeypadModifier) | event.key());
+    const QKeySequence pressed(QKeyCombination(event.modifiers() & ~Qt::KeypadModifier,
+                                               static_cast<Qt::Key>(event.key())));
     for (const LayerGridCommand& command : layerGridCommands()) {
         if (!command.shortcut || pressed != QKeySequence(QLatin1String(command.shortcut)))
             continue;
