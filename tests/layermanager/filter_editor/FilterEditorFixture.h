@@ -17,32 +17,33 @@
 
 #include <memory>
 
-/// Columns of the filter table by what they are for.
-enum FilterTableColumn {
-    kMark,
-    kStatus,
-    kName,
-    kOn,
-    kFreeze,
-    kLocked,
-    kColor,
-    kLinetype,
-    kLineweight,
-    kPlotStyle,
-    kPlot,
-    kNewVpFreeze,
-    kDescription,
-    kVpFreeze,
-    kVpColor,
-    kVpLinetype,
-    kVpLineweight,
-    kVpPlotStyle,
-};
-
 /// The property filter dialog, shown over a drawing of a few layers.
 class FilterEditorFixture : public GuardedTest
 {
     Q_OBJECT
+public:
+    /// Columns of the filter table by what they are for.
+    enum FilterTableColumn {
+        kMark,
+        kStatus,
+        kName,
+        kOn,
+        kFreeze,
+        kLocked,
+        kColor,
+        kLinetype,
+        kLineweight,
+        kPlotStyle,
+        kPlot,
+        kNewVpFreeze,
+        kDescription,
+        kVpFreeze,
+        kVpColor,
+        kVpLinetype,
+        kVpLineweight,
+        kVpPlotStyle,
+    };
+
 protected:
     void prepare() override;
     void finish() override;
