@@ -37,6 +37,16 @@ MessageSign signOf(Prompts::Icon icon)
     return MessageSign::Error;
 }
 
+/// A parent that goes while the dialog is open must not delete it: it belongs to who asks.
+void outliveParent(QDialog& dialog)
+{
+    if (const QWidget* parent = dialog.parentWidget())
+        QObject::connect(parent, &QObject::destroyed, &dialog, [&dialog] {
+            dialog.setParent(nullptr);
+            dialog.done(QDialog::Rejected);
+        });
+}
+
 /// The box keeps its kind, which assistive programs are told; only the picture is another.
 void draw(QMessageBox& box, MessageSign sign)
 {
@@ -47,6 +57,7 @@ void draw(QMessageBox& box, MessageSign sign)
 /// Layer names may hold what looks like mark-up, so the text is always taken as it stands.
 void prepare(QMessageBox& box, const QString& text, const QString& caption)
 {
+    outliveParent(box);
     box.setWindowTitle(caption.isEmpty() ? QGuiApplication::applicationDisplayName() : caption);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
@@ -62,6 +73,7 @@ QString extensionOf(const QString& filter)
 /// Starts where the question says and with its filter; the path picked, or empty.
 QString runFileDialog(QFileDialog& dialog, const FileQuestion& question)
 {
+    outliveParent(dialog);
     const QStringList filters = question.filter.split(QStringLiteral(";;"), Qt::SkipEmptyParts);
     dialog.setNameFilters(filters);
     const QString first = filters.value(qMax(question.filterIndex, 0));
@@ -125,6 +137,7 @@ bool DialogPrompts::confirmCaptioned(QWidget* parent, const QString& text, const
 int DialogPrompts::ask(QWidget* parent, const TaskQuestion& question)
 {
     CXTPTaskDialog dialog(question, parent);
+    outliveParent(dialog);
     return dialog.DoModal();
 }
 

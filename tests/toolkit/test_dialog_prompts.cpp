@@ -70,6 +70,7 @@ private slots:
     void saveUnderTheExtensionOfTheFilterInForce();
     void startAFileDialogWithItsFilterAndFolder();
     void answerNothingToAClosedFileDialog();
+    void standTheEndOfTheirParent();
 };
 
 void TestDialogPrompts::initTestCase()
@@ -220,6 +221,34 @@ void TestDialogPrompts::answerNothingToAClosedFileDialog()
     inFileDialog([](QFileDialog& dialog) { dialog.reject(); });
     QVERIFY(Prompts::current().saveFile(nullptr, question).isEmpty());
     QCOMPARE(chosen, 5);
+}
+
+void TestDialogPrompts::standTheEndOfTheirParent()
+{
+    DialogPrompts prompts;
+    int ended = 0;
+    // The widget that asks is a child of what goes, as a list is of its palette.
+    const auto whileItGoes = [&](const auto& ask) {
+        auto* palette = new QWidget;
+        auto* list = new QWidget(palette);
+        palette->show();
+        QTimer::singleShot(0, qApp, [&ended, palette] {
+            ended += QApplication::activeModalWidget() ? 1 : 0;
+            delete palette;
+        });
+        ask(list);
+        QVERIFY(!QApplication::activeModalWidget());
+    };
+    whileItGoes([&](QWidget* list) { prompts.message(list, QStringLiteral("Text")); });
+    whileItGoes([&](QWidget* list) { QVERIFY(!prompts.confirm(list, QStringLiteral("Text"))); });
+    whileItGoes([&](QWidget* list) {
+        TaskQuestion question;
+        question.mainInstruction = QStringLiteral("Text");
+        question.links = {{101, QStringLiteral("One")}};
+        QCOMPARE(prompts.ask(list, question), Prompts::kCancelled);
+    });
+    whileItGoes([&](QWidget* list) { QCOMPARE(prompts.openFile(list, {}), QString()); });
+    QCOMPARE(ended, 4);
 }
 
 QTEST_MAIN(TestDialogPrompts)

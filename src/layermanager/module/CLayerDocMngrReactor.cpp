@@ -4,6 +4,8 @@
 #include "layermanager/module/PropertyUpdateScope.h"
 #include "layermanager/palette/CLayerPaneView.h"
 
+#include <QPointer>
+
 void CLayerDocMngrReactor::documentCreated(KsApDocument* document)
 {
     if (ksDocManagerPtr())
@@ -25,7 +27,10 @@ void CLayerDocMngrReactor::follow(KsApDocument* document)
     if (!document || !document->database())
         return;
     const PropertyUpdateScope guard;
-    CheckExcessFilters(document, &m_view);
-    m_view.BindToCurrentDatabase();
-    m_view.SyncPaneVisibility(nullptr, true);
+    const QPointer<CLayerPaneView> view(&m_view); // it may go while the user is asked
+    CheckExcessFilters(document, view);
+    if (!view)
+        return;
+    view->BindToCurrentDatabase();
+    view->SyncPaneVisibility(nullptr, true);
 }

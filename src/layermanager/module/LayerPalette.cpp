@@ -41,6 +41,8 @@ void createPalette(CXTPDockingPaneManager& manager)
     view->initialUpdate();
     if (const KsApDocManager* documents = ksDocManagerPtr())
         CheckExcessFilters(documents->curDocument(), view);
+    if (!LayerModuleState::s_pLayerPaneView)
+        return; // it went while the user was asked
     view->BindToCurrentDatabase();
     if (isNew)
         manager.ShowPane(pane);
@@ -63,6 +65,8 @@ void ShowLayerPalette()
         return;
     if (!LayerModuleState::s_pLayerPaneView)
         createPalette(*manager);
+    if (!LayerModuleState::s_pLayerPaneView)
+        return;
     CXTPDockingPane* pane = manager->FindPane(kLayerPaneId);
     if (pane && pane->IsClosed())
         reopenPalette(*manager, *pane);

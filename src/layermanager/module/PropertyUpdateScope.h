@@ -6,8 +6,15 @@
 class PropertyUpdateScope
 {
 public:
-    PropertyUpdateScope() { KestSharedGlobals::SetUnderPropertyUpdate(true); }
-    ~PropertyUpdateScope() { KestSharedGlobals::SetUnderPropertyUpdate(false); }
+    PropertyUpdateScope()
+        : m_before(KestSharedGlobals::IsUnderPropertyUpdate())
+    {
+        KestSharedGlobals::SetUnderPropertyUpdate(true);
+    }
+    ~PropertyUpdateScope() { KestSharedGlobals::SetUnderPropertyUpdate(m_before); }
     PropertyUpdateScope(const PropertyUpdateScope&) = delete;
     PropertyUpdateScope& operator=(const PropertyUpdateScope&) = delete;
+
+private:
+    bool m_before; ///< one may be open within another
 };

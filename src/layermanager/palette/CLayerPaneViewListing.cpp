@@ -6,6 +6,7 @@
 #include "layermanager/palette/CLayerPaneView.h"
 #include "layermanager/palette/pane/CLayerSearchBox.h"
 #include "sdk/IKestServicesManager.h"
+#include "sdk/KsApDocManager.h"
 
 #include <QCheckBox>
 
@@ -66,6 +67,11 @@ void CLayerPaneView::setInverted(bool inverted)
 
 void CLayerPaneView::list(const LayerSearch::Ids& layers)
 {
+    // Another drawing may be current while a question about it holds up its binding.
+    const KsApDocManager* documents = ksDocManagerPtr();
+    const KsApDocument* current = documents ? documents->curDocument() : nullptr;
+    if (!current || current->database() != m_pDb)
+        return;
     const bool isWhole =
         IsAllFilterSelected() && !m_bInvert && LayerSearch::isEverything(pattern());
     if (isWhole || grid()->database() != m_pDb)

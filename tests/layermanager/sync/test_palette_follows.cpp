@@ -30,6 +30,7 @@ private slots:
     void refreshesOnceForABurstOfChanges();
     void takesABurstOfErasuresTogether();
     void takesABurstOfNewLayersTogether();
+    void leavesOutALayerThatBecomesAPrograms();
     void showsWhatWaitsToWhoeverAsks();
     void showsABurstThatIsUndoneInTheSameTurn();
     void keepsAnEditThatIsOpenThroughABurst();
@@ -214,6 +215,14 @@ void TestPaletteFollows::leavesOutALayerThatFailsTheFilterByNow()
     QVERIFY(anew.isEmpty());
 }
 
+void TestPaletteFollows::leavesOutALayerThatBecomesAPrograms()
+{
+    show({"A", "B"});
+    write("A")->setName(QStringLiteral("*A"));
+    QVERIFY(fire(CLayerListCtrl::kRefreshTimer));
+    QCOMPARE(rows(), QStringLiteral("0 B"));
+}
+
 void TestPaletteFollows::takesErasedLayersOutOfGroupsAndUndoBringsThemBack()
 {
     show({"A", "B", "C"});
@@ -359,6 +368,7 @@ void TestPaletteFollows::takesABurstOfErasuresTogether()
     QSignalSpy anew(grid().model(), &QAbstractItemModel::modelReset);
     QSignalSpy counted(&grid(), &CLayerListCtrl::listChanged);
     grid().chooseRows({1, 10000, 20000});
+    grid().focusCell(20000, 2);
     for (std::size_t i = 0; i < all.size(); i += 2)
         open(all[i])->erase();
     settle();
@@ -367,6 +377,7 @@ void TestPaletteFollows::takesABurstOfErasuresTogether()
     QVERIFY(counted.size() <= LayerBurst::kShownAtOnce + 1);
     QCOMPARE(grid().displayedCount(), 10001);
     QCOMPARE(chosen(), QStringLiteral("D19999 D29999"));
+    QCOMPARE(grid().currentIndex(), grid().model()->index(grid().findRow(id("D29999")), 2));
     QCOMPARE(statusText(), QStringLiteral(" All : 10001 layers displayed of 10001 total layers"));
     quiesce();
     QCOMPARE(grid().displayedCount(), 10001);

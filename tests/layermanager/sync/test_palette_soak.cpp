@@ -8,6 +8,7 @@
 #include "layermanager/palette/pane/CLayerSearchBox.h"
 #include "sdk/KestStatus.h"
 
+#include <QLineEdit>
 #include <QTest>
 
 #include <algorithm>
@@ -244,6 +245,9 @@ void TestPaletteSoak::passTime()
 void TestPaletteSoak::compare()
 {
     grid().discardInPlaceEditor();
+    // A notice waits for as long as a label is edited.
+    if (QLineEdit* label = labelEditor())
+        QTest::keyClick(label, Qt::Key_Escape);
     quiesce();
     QCOMPARE(view()->database(), &drawing());
     QCOMPARE(grid().database(), &drawing());

@@ -19,12 +19,6 @@ OdLyLayerGroupPtr findGroup(const FilterTreeEdit& edit, const FilterKey& key)
         : OdLyLayerGroupPtr();
 }
 
-void removeAll(OdLyLayerGroup& group)
-{
-    for (const OdDbObjectId layer : std::vector<OdDbObjectId>(group.layerIds()))
-        group.removeLayerId(layer);
-}
-
 /// Takes all layers of these slots out; false where the group holds none.
 bool removeAll(OdLyLayerGroup& group, const std::unordered_set<quint32>& leaving)
 {
@@ -43,17 +37,20 @@ bool fillGroup(OdDbDatabase& database, const FilterKey& key, std::span<const OdD
     const OdLyLayerGroupPtr group = findGroup(edit, key);
     if (!group)
         return false;
+    const std::vector<OdDbObjectId> before = group->layerIds();
     std::unordered_set<quint32> held;
     if (keepsContents) {
-        for (const OdDbObjectId layer : group->layerIds())
+        for (const OdDbObjectId layer : before)
             held.insert(layer.slot());
     } else {
-        removeAll(*group);
+        group->setLayerIds({});
     }
     for (const OdDbObjectId layer : layers) {
         if (!layer.isNull() && held.insert(layer.slot()).second)
             group->addLayerId(layer);
     }
+    if (group->layerIds() == before)
+        return true;
     beginLayerUndoRecord(database);
     edit.write();
     return true;

@@ -7,6 +7,7 @@
 #include <QItemSelection>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 
 #include <algorithm>
 #include <optional>
@@ -122,25 +123,27 @@ void CKestListCtrl::mousePressEvent(QMouseEvent* event)
     const Cell cell = hitTest(place);
     const bool drags = cell.isValid() && isDragColumn(cell.column);
     const bool waits = drags && isRowChosen(cell.row) && !(event->modifiers() & kSelecting);
+    const QPointer<CKestListCtrl> self(this);
     if (!waits)
         clickCell(cell, event->modifiers());
-    if (drags && hitTest(place) == cell && isRowChosen(cell.row))
+    if (self && drags && hitTest(place) == cell && isRowChosen(cell.row))
         m_press = Press{cell, place, waits};
 }
 
 void CKestListCtrl::clickCell(Cell cell, Qt::KeyboardModifiers modifiers, bool isDouble)
 {
     m_clickModifiers = modifiers & kSelecting;
+    const QPointer<CKestListCtrl> self(this); // it may go while a message is shown
     if (!cell.isValid()) {
         closeInPlaceEditor();
-        if (!m_clickModifiers)
+        if (self && !m_clickModifiers)
             selectionModel()->clearSelection();
         return;
     }
     if (preCheck() || (isDouble && cellDoubleClicked(cell.row, cell.column)))
         return;
     const bool taken = cellAction(cell.row, cell.column);
-    if (cell.row >= model()->rowCount())
+    if (!self || cell.row >= model()->rowCount())
         return; // the action took the row away
     m_lastClicked = cell;
     selectClicked(cell, taken);
@@ -212,9 +215,10 @@ bool CKestListCtrl::pressKey(int key, Qt::KeyboardModifiers modifiers)
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (currentIndex().isValid())
-            clickCell({currentIndex().row(), currentIndex().column()}, modifiers);
-        return currentIndex().isValid();
+        if (!currentIndex().isValid())
+            return false;
+        clickCell({currentIndex().row(), currentIndex().column()}, modifiers);
+        return true;
     case Qt::Key_Left:
     case Qt::Key_Right:
         stepColumn((key == Qt::Key_Right) != isRightToLeft() ? 1 : -1);

@@ -168,16 +168,20 @@ void CLayerListCtrl::listOrdered(LayerListModel::Ids layers)
     if (m_switchedOff || !m_database || layers == m_model.layers())
         return;
     const UpdatesOff still(*this);
+    changeAllRows([&] { showRows(std::move(layers)); });
+    scrollRowIntoView(currentIndex().row());
+}
+
+/// Selection and focus stay on their layers.
+void CLayerListCtrl::changeAllRows(const std::function<void()>& change)
+{
     const LayerListModel::Ids chosen = chosenLayers();
-    const QModelIndex before = currentIndex();
-    const OdDbObjectId focused = m_model.layerId(before.row());
-    const int column = before.column();
-    showRows(std::move(layers));
+    const OdDbObjectId focused = m_model.layerId(currentIndex().row());
+    const int column = currentIndex().column();
+    change();
     chooseRows(rowsOf(m_model, chosen));
-    if (const int row = findRow(focused); row >= 0) {
+    if (const int row = findRow(focused); row >= 0)
         focusCell(row, column);
-        scrollRowIntoView(row);
-    }
 }
 
 void CLayerListCtrl::showRows(LayerListModel::Ids ordered)
@@ -291,10 +295,8 @@ void CLayerListCtrl::removeRows(const LayerListModel::Ids& layers)
         }
     } else {
         const UpdatesOff still(*this);
-        const LayerListModel::Ids chosen = chosenLayers();
         const int scrolled = verticalScrollBar()->value();
-        m_model.removeLayers(layers);
-        chooseRows(rowsOf(m_model, chosen));
+        changeAllRows([&] { m_model.removeLayers(layers); });
         executeDelayedItemsLayout();
         verticalScrollBar()->setValue(scrolled);
     }

@@ -169,6 +169,7 @@ private:
     void sectionResized(int section, int width);
     void list(LayerListModel::Ids layers);
     void showRows(LayerListModel::Ids ordered);
+    void changeAllRows(const std::function<void()>& change);
     ListCtrlColumnData& record(int column);
     void currentLayerMoved();
 

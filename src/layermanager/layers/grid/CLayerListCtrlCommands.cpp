@@ -147,7 +147,11 @@ std::unique_ptr<QMenu> CLayerListCtrl::contextMenu()
     LayerCommandState state = layerCommandState(*m_database, {chosenLayers(), m_model.layers()});
     state.switchedOff = m_switchedOff;
     state.hasStateDialogs = static_cast<bool>(m_stateDialogs);
-    return makeLayerMenu(state, [this](int id) { command(id); });
+    // It stands open for as long as the user likes.
+    return makeLayerMenu(state, [self = QPointer(this), database = m_database](int id) {
+        if (self && self->m_database == database)
+            self->command(id);
+    });
 }
 
 void CLayerListCtrl::contextMenuEvent(QContextMenuEvent* event)

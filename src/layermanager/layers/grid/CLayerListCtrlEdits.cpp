@@ -91,7 +91,10 @@ bool CLayerListCtrl::cellDoubleClicked(int row, int column)
 
 bool CLayerListCtrl::leaveEditor()
 {
+    const QPointer<CLayerListCtrl> self(this); // it may go while a refusal is shown
     closeInPlaceEditor();
+    if (!self)
+        return false;
     if (CInPlaceEdit* open = editor())
         open->setFocus(Qt::OtherFocusReason);
     return !editor();

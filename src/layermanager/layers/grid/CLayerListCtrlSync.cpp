@@ -8,6 +8,7 @@
 #include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 
 #include <algorithm>
@@ -15,11 +16,19 @@
 
 namespace {
 
+/// Whether the user types into a cell or a label; a dialog would end that half way.
+bool isTypingInPlace()
+{
+    const QWidget* focused = QApplication::focusWidget();
+    const QWidget* viewport = focused ? focused->parentWidget() : nullptr;
+    return viewport && qobject_cast<const QAbstractItemView*>(viewport->parentWidget());
+}
+
 /// While something else asks the user, a notice would get into its way.
 bool isUserBusy()
 {
     return QApplication::activeModalWidget() || QApplication::activePopupWidget()
-        || QApplication::mouseButtons() != Qt::NoButton
+        || isTypingInPlace() || QApplication::mouseButtons() != Qt::NoButton
         || readHostInt(QStringLiteral("CMDACTIVE")).value_or(0) != 0;
 }
 
@@ -193,8 +202,10 @@ void CLayerListCtrl::judgeChanges()
     forgetListing();
     for (const auto& [layer, wasListed] : m_burst.takeChanges()) {
         const RowDecision decision = decide(layer);
-        if (decision == RowDecision::Hidden)
-            continue; // gone again, or nothing for users
+        if (decision == RowDecision::Hidden) {
+            m_refreshPending |= m_model.rowOf(layer) >= 0; // it got such a name
+            continue;
+        }
         const bool listed = decision == RowDecision::Listed;
         m_burst.violated |= listed != wasListed;
         m_refreshPending |= listed != (m_model.rowOf(layer) >= 0);
@@ -204,7 +215,7 @@ void CLayerListCtrl::judgeChanges()
 
 void CLayerListCtrl::tellViolation()
 {
-    if (isVisible() && isUserBusy()) {
+    if (isVisible() && (editor() || isUserBusy())) {
         m_refreshTimer.start();
         return;
     }
@@ -236,6 +247,8 @@ void CLayerListCtrl::keyboardSearch(const QString& typed)
         const char c = typedChar.toLower().toLatin1();
         if (typedChar.unicode() > 'z' || !((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')))
             continue;
+        if (!leaveEditor())
+            return;
         if (m_typedAhead.isEmpty())
             m_typeAheadTimer.start();
         m_typedAhead += QLatin1Char(c);

@@ -43,8 +43,12 @@ TEST(FillGroup, InModeOneKeepsWhatIsThereAndAddsNothingTwice)
     EXPECT_TRUE(
         FillGroupFromSelection(*drawing, FilterDrawing::key("g"), picked(*drawing, {"A", "B"}), 1));
     EXPECT_EQ(drawing.layersOf("G"), texts({"A", "B"}));
+    drawing->endUndoRecord();
+    const auto stamp = drawing->editStamp();
     EXPECT_TRUE(FillGroupFromSelection(*drawing, FilterDrawing::key("G"), {}, 1));
     EXPECT_EQ(drawing.layersOf("G"), texts({"A", "B"})) << "an empty selection";
+    EXPECT_EQ(drawing->editStamp(), stamp);
+    EXPECT_FALSE(drawing->isUndoRecordOpen()) << "a step in which nothing happened";
 }
 
 TEST(FillGroup, InModeZeroReplacesWhatIsThere)
