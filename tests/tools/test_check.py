@@ -15,6 +15,7 @@ NOTE = '#!/bin/sh\necho "$(basename "$0") $*" >> "$LOG"\n'
 
 
 FLAGS = "-DKEST_PCH=ON -DCMAKE_CXX_FLAGS_DEBUG="
+LINKER = "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=gold -DCMAKE_SHARED_LINKER_FLAGS=-fuse-ld=gold"
 
 
 class Check(unittest.TestCase):
@@ -22,7 +23,7 @@ class Check(unittest.TestCase):
         self.root = Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.root)
         shutil.copy(PROJECT / "check", self.root)
-        for name in ("tools/setup.sh", "bin/cmake", "bin/ctest"):
+        for name in ("tools/setup.sh", "bin/cmake", "bin/ctest", "bin/ld.gold"):
             self.program(name)
         self.program("bin/nproc", "#!/bin/sh\necho 2\n")
         for folder in ("base", "database", "io", "host"):
@@ -53,7 +54,7 @@ class Check(unittest.TestCase):
             self.log(),
             [
                 "setup.sh ",
-                f"cmake --preset dev {FLAGS}-g1",
+                f"cmake --preset dev {FLAGS}-g1 {LINKER}",
                 "cmake --build --preset dev -j 2",
                 "ctest --preset dev -j 2",
                 f"cmake --preset asan {FLAGS}-O1 -g1",
