@@ -1,26 +1,19 @@
 #include "layermanager/filter_editor/FilterValueIcons.h"
 
 #include "layermanager/filter_editor/FilterColumn.h"
+#include "layermanager/resources/LayerFlagIcons.h"
 
 #include <QPainter>
 
 namespace {
 
-struct ValueIcons
+/// The icon of the first or the second value of a property.
+std::optional<LayerIcon> valueIcon(LayerColumn property, bool first)
 {
-    LayerColumn property;
-    LayerIcon first;
-    LayerIcon second;
-};
-constexpr ValueIcons kValueIcons[] = {
-    {LayerColumn::Status, LayerIcon::StatusInUse, LayerIcon::StatusNotInUse},
-    {LayerColumn::On, LayerIcon::On, LayerIcon::Off},
-    {LayerColumn::Freeze, LayerIcon::Frozen, LayerIcon::Thawed},
-    {LayerColumn::Locked, LayerIcon::Locked, LayerIcon::Unlocked},
-    {LayerColumn::Plot, LayerIcon::Plot, LayerIcon::NoPlot},
-    {LayerColumn::NewVpFreeze, LayerIcon::NewViewportFrozen, LayerIcon::NewViewportThawed},
-    {LayerColumn::VpFreeze, LayerIcon::ViewportFrozen, LayerIcon::ViewportThawed},
-};
+    if (property == LayerColumn::Status)
+        return first ? LayerIcon::StatusInUse : LayerIcon::StatusNotInUse;
+    return layerFlagIcon(property, first);
+}
 
 constexpr QRgb kMarkOnLight = 0xff1f78c1;
 constexpr QRgb kMarkOnDark = 0xff8fd0ff;
@@ -47,16 +40,15 @@ QPixmap FilterValueIcons::pixmap(int column, int value, int size, qreal ratio,
 {
     const std::optional<LayerColumn> property =
         filterColumns().at(static_cast<std::size_t>(column)).property;
-    for (const ValueIcons& icons : kValueIcons) {
-        const bool marked = icons.property == LayerColumn::Status && value > 2;
-        const int plain = marked ? value - 2 : value;
-        if (icons.property != property || plain < 1 || plain > 2)
-            continue;
-        QPixmap picture =
-            m_icons.pixmap(plain == 1 ? icons.first : icons.second, size, ratio, ground);
-        if (marked)
-            paintMark(picture, size, ground);
-        return picture;
-    }
-    return {};
+    if (!property)
+        return {};
+    const bool marked = property == LayerColumn::Status && value > 2;
+    const int plain = marked ? value - 2 : value;
+    const auto icon = valueIcon(*property, plain == 1);
+    if (!icon || plain < 1 || plain > 2)
+        return {};
+    QPixmap picture = m_icons.pixmap(*icon, size, ratio, ground);
+    if (marked)
+        paintMark(picture, size, ground);
+    return picture;
 }

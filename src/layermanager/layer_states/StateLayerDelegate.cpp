@@ -2,28 +2,13 @@
 
 #include "layermanager/layer_states/StateLayerListModel.h"
 #include "layermanager/layers/grid/CellLook.h"
+#include "layermanager/resources/LayerFlagIcons.h"
 
 #include <QPainter>
-
-#include <algorithm>
 
 using enum StateLayerColumn;
 
 namespace {
-
-struct FlagIcons
-{
-    StateLayerColumn column;
-    LayerIcon set;
-    LayerIcon notSet;
-};
-constexpr FlagIcons kFlagIcons[] = {
-    {On, LayerIcon::On, LayerIcon::Off},
-    {Freeze, LayerIcon::Frozen, LayerIcon::Thawed},
-    {Locked, LayerIcon::Locked, LayerIcon::Unlocked},
-    {Plot, LayerIcon::Plot, LayerIcon::NoPlot},
-    {NewVpFreeze, LayerIcon::NewViewportFrozen, LayerIcon::NewViewportThawed},
-};
 
 QPixmap swatch(const CellLook& look, const OdCmColor& color)
 {
@@ -64,12 +49,10 @@ void StateLayerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     QStyledItemDelegate::paint(painter, option, index);
     const StateLayerListModel::ColumnInfo& column =
         StateLayerListModel::columns()[static_cast<std::size_t>(index.column())];
-    const auto icons = std::ranges::find(kFlagIcons, column.column, &FlagIcons::column);
-    if (icons == std::end(kFlagIcons))
-        return;
     const bool isSet = (m_model.layer(index.row()).flags & column.flag) != 0;
+    const auto icon = layerFlagIcon(column.identifier, isSet);
+    if (!icon)
+        return;
     const CellLook look(option);
-    look.paintIcon(*painter,
-                   m_icons.pixmap(isSet ? icons->set : icons->notSet, look.iconSize, look.ratio,
-                                  look.iconGround()));
+    look.paintIcon(*painter, m_icons.pixmap(*icon, look.iconSize, look.ratio, look.iconGround()));
 }

@@ -4,6 +4,7 @@
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/LineweightSample.h"
 #include "layermanager/layers/grid/CellLook.h"
+#include "layermanager/resources/LayerFlagIcons.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -16,22 +17,6 @@
 using enum LayerColumn;
 
 namespace {
-
-/// Icons of a flag column, by the flag.
-struct FlagIcons
-{
-    LayerColumn column;
-    LayerIcon whenTrue;
-    LayerIcon whenFalse;
-};
-constexpr FlagIcons kFlagIcons[] = {
-    {On, LayerIcon::Off, LayerIcon::On},
-    {Freeze, LayerIcon::Frozen, LayerIcon::Thawed},
-    {Locked, LayerIcon::Locked, LayerIcon::Unlocked},
-    {Plot, LayerIcon::Plot, LayerIcon::NoPlot},
-    {NewVpFreeze, LayerIcon::NewViewportFrozen, LayerIcon::NewViewportThawed},
-    {VpFreeze, LayerIcon::ViewportFrozen, LayerIcon::ViewportThawed},
-};
 
 constexpr LayerIcon kStatusIcons[] = {LayerIcon::StatusCurrent, LayerIcon::StatusNotInUse,
                                       LayerIcon::StatusInUse};
@@ -60,11 +45,8 @@ std::optional<LayerIcon> LayerCellDelegate::icon(const OdDbLayerTableRecord& lay
     const LayerCellContext& context = m_model.context();
     if (layerColumnInfo(column).layoutsOnly && !context.viewportReadable())
         return std::nullopt;
-    for (const FlagIcons& icons : kFlagIcons) {
-        if (icons.column == column)
-            return layerCellFlag(layer, column, context) ? icons.whenTrue : icons.whenFalse;
-    }
-    return std::nullopt;
+    // The flag of "On" is that the layer is off.
+    return layerFlagIcon(column, layerCellFlag(layer, column, context) != (column == On));
 }
 
 void LayerCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
