@@ -1,0 +1,54 @@
+#include "io/dwg/container/DwgFile.h"
+
+#include "database/OdError.h"
+#include "io/dwg/container/FlatFile.h"
+#include "io/dwg/container/PagedFile.h"
+
+#include <QCoreApplication>
+#include <QtEndian>
+
+namespace {
+
+constexpr quint64 kMaintenanceAt = 0x0B;
+constexpr quint64 kCodePageAt = 0x13;
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("DwgFile", text);
+}
+
+} // namespace
+
+std::unique_ptr<DwgFile> DwgFile::open(const std::shared_ptr<const FileImage>& image)
+{
+    image->waitFor(image->size());
+    const auto version = dwgVersion(image->view());
+    if (!version)
+        throw OdError_InvalidDrawing(
+            image->name(), 0,
+            tr("this DWG drawing is of a version that cannot be read; expected R13 to 2018."));
+    if (*version <= DwgVersion::V2000)
+        return std::make_unique<FlatFile>(image, *version);
+    return std::make_unique<PagedFile>(image, *version);
+}
+
+DwgFile::DwgFile(const std::shared_ptr<const FileImage>& image, DwgVersion version)
+    : m_image(image)
+    , m_version(version)
+{
+    bytes(0, kCodePageAt + 2);
+    m_maintenance = static_cast<uchar>(image->begin()[kMaintenanceAt]);
+    m_codePage = qFromLittleEndian<quint16>(image->begin() + kCodePageAt);
+}
+
+void DwgFile::fail(quint64 offset, const QString& sentence) const
+{
+    throw OdError_InvalidDrawing::atByte(m_image->name(), offset, sentence);
+}
+
+QByteArrayView DwgFile::bytes(quint64 offset, quint64 size) const
+{
+    if (offset > m_image->size() || size > m_image->size() - offset)
+        fail(offset, tr("the file ends too early; expected %1 more bytes here.").arg(size));
+    return m_image->view(offset, offset + size);
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "io/dwg/container/DwgFile.h"
+
+#include <QHash>
+
+#include <array>
+#include <vector>
+
+/// A DWG file of the versions 2004 and 2010 to 2018: sections are cut into pages, which are
+/// compressed and found through a map of pages and a map of sections.
+class PagedFile final : public DwgFile
+{
+public:
+    PagedFile(const std::shared_ptr<const FileImage>& image, DwgVersion version);
+
+    QByteArrayView section(DwgSection section) const override;
+
+    struct Page
+    {
+        int number;
+        quint64 offset; ///< in the file, of its header
+        quint32 size; ///< in the file, header and padding included
+    };
+    struct SectionPage
+    {
+        int number;
+        quint32 packedSize;
+        quint64 start; ///< in the section
+    };
+    struct Section
+    {
+        QByteArray name;
+        quint64 size;
+        quint32 pageSize; ///< unpacked
+        bool compressed;
+        int id;
+        int encrypted; ///< 1: yes
+        std::vector<SectionPage> pages;
+    };
+    const std::vector<Page>& pages() const { return m_pages; }
+    const std::vector<Section>& sections() const { return m_sections; }
+    const Section* find(QByteArrayView name) const;
+    const Page* page(int number) const;
+
+private:
+    void readHead();
+    void readPageMap(quint64 offset);
+    void readSectionMap(quint64 offset);
+    const char* readSection(const char* at, const char* end);
+    QByteArray systemPage(quint64 offset, quint32 type);
+    QByteArray unpack(const Section& section) const;
+    void unpackPage(const Section& section, const SectionPage& part, char* out) const;
+
+    std::vector<Page> m_pages;
+    QHash<int, std::size_t> m_pageIndex;
+    std::vector<Section> m_sections;
+    int m_sectionMapPage = 0;
+    quint64 m_pageMapAt = 0;
+    mutable std::array<QByteArray, 4> m_unpacked;
+};
