@@ -1,6 +1,6 @@
 #include "base/CharacterReader.h"
 #include "base/WildcardPattern.h"
-#include "support/ReferenceWildcard.h"
+#include "support/reference/ReferenceWildcard.h"
 
 #include <chrono>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "LayerStatesFixture.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
 
 namespace {
 

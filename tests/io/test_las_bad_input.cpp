@@ -1,5 +1,5 @@
-#include "database/OdError.h"
-#include "database/states/StoredLayerReader.h"
+#include "database/states/stored/StoredLayerReader.h"
+#include "database/values/OdError.h"
 #include "io/las/LasReader.h"
 #include "io/las/LasWriter.h"
 

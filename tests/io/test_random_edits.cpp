@@ -1,10 +1,10 @@
-#include "database/HeaderVariables.h"
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/HeaderVariables.h"
 #include "io/DrawingFile.h"
-#include "support/DrawingDigest.h"
-#include "support/DrawingText.h"
-#include "support/RandomEdits.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/DrawingDigest.h"
+#include "support/drawings/DrawingText.h"
+#include "support/drawings/RandomEdits.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "database/states/LayerInfoInLS.h"
 #include "database/states/LayerStateRestore.h"
 #include "database/states/PortableLayerState.h"
+#include "database/states/stored/LayerInfoInLS.h"
 
 #include <vector>
 

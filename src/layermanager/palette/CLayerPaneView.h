@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdDbObjectId.h"
+#include "database/values/OdDbObjectId.h"
 #include "layermanager/layers/LayerListing.h"
 #include "layermanager/module/CLayerDocMngrReactor.h"
 #include "layermanager/palette/CToolTipImpl.h"

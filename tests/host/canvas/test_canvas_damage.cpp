@@ -1,10 +1,10 @@
-#include "CanvasFixture.h"
-#include "DamagedDrawing.h"
-#include "database/OdDbLayout.h"
-#include "database/OdError.h"
+#include "database/objects/OdDbLayout.h"
+#include "database/values/OdError.h"
 #include "host/canvas/CanvasContents.h"
+#include "host/canvas/support/CanvasFixture.h"
+#include "host/canvas/support/DamagedDrawing.h"
 #include "io/DrawingFile.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
