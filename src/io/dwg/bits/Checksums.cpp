@@ -22,7 +22,8 @@ Word sum(QByteArrayView bytes, Word value, const std::array<Word, 256>& table)
 {
     for (const char byte : bytes)
         value = static_cast<Word>(
-            value >> 8 ^ table[static_cast<std::size_t>((value ^ static_cast<uchar>(byte)) & 0xFF)]);
+            value >> 8
+            ^ table[static_cast<std::size_t>((value ^ static_cast<uchar>(byte)) & 0xFF)]);
     return value;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QByteArrayView>
+#include <QByteArray>
 
 #include <optional>
 
@@ -23,7 +23,8 @@ inline std::optional<DwgVersion> dwgVersion(QByteArrayView head)
         return std::nullopt;
     for (const DwgVersion version :
          {DwgVersion::R13, DwgVersion::R14, DwgVersion::V2000, DwgVersion::V2004, DwgVersion::V2007,
-          DwgVersion::V2010, DwgVersion::V2013, DwgVersion::V2018}) {
+          DwgVersion::V2010, DwgVersion::V2013, DwgVersion::V2018})
+    {
         if (head.sliced(2, 4) == QByteArray::number(static_cast<int>(version)))
             return version;
     }

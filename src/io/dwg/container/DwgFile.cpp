@@ -1,6 +1,6 @@
 #include "io/dwg/container/DwgFile.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "io/dwg/container/FlatFile.h"
 #include "io/dwg/container/PagedFile.h"
 

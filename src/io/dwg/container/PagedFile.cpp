@@ -96,7 +96,8 @@ PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DwgVersion v
     readPageMap(m_pageMapAt);
     const Page* map = page(m_sectionMapPage);
     if (!map)
-        fail(kHeadAt, tr("page %1, the section map, is not in the page map.").arg(m_sectionMapPage));
+        fail(kHeadAt,
+             tr("page %1, the section map, is not in the page map.").arg(m_sectionMapPage));
     readSectionMap(map->offset);
     if (word<quint32>(bytes(kSecurityAt, 4).data()) != 0)
         addFault(tr("Parts of it are encrypted or signed."));
@@ -127,7 +128,8 @@ QByteArray PagedFile::systemPage(quint64 offset, quint32 type)
     const auto size = word<quint32>(head.data() + 4);
     const auto packedSize = word<quint32>(head.data() + 8);
     const QByteArrayView packed = bytes(offset + kSystemHead, packedSize);
-    if (headSum(head, 16, 0) == 0 || Checksums::page(packed, headSum(head, 16, 0)) != word<quint32>(head.data() + 16))
+    if (headSum(head, 16, 0) == 0
+        || Checksums::page(packed, headSum(head, 16, 0)) != word<quint32>(head.data() + 16))
         addFault(tr("The check sum of the map at byte %1 is wrong.").arg(offset));
     if (size > quint64(packedSize) * kBestPacking + kSpare)
         fail(offset, tr("a map of %1 bytes; expected less.").arg(size));
@@ -209,7 +211,9 @@ QByteArray PagedFile::unpack(const Section& section) const
     if (section.encrypted == 1)
         fail(0, tr("the section %1 is encrypted.").arg(name));
     if (section.size > image().size() * kBestPacking + kSpare || section.pageSize == 0)
-        fail(0, tr("the section %1 says it has %2 bytes; that cannot be.").arg(name).arg(section.size));
+        fail(
+            0,
+            tr("the section %1 says it has %2 bytes; that cannot be.").arg(name).arg(section.size));
     QByteArray whole(static_cast<qsizetype>(section.size) + BitReader::kPadding, '\0');
     for (const SectionPage& part : section.pages) {
         if (part.start >= section.size)
@@ -229,7 +233,8 @@ void PagedFile::unpackPage(const Section& section, const SectionPage& part, char
         fail(place->offset, tr("no page of data; expected one here."));
     const auto packedSize = word<quint32>(head.data() + 8);
     const QByteArrayView packed = bytes(place->offset + kDataHead, packedSize);
-    const qsizetype size = static_cast<qsizetype>(std::min<quint64>(section.pageSize, section.size - part.start));
+    const qsizetype size =
+        static_cast<qsizetype>(std::min<quint64>(section.pageSize, section.size - part.start));
     if (!section.compressed) {
         std::copy_n(packed.data(), std::min(packed.size(), size), out + part.start);
     } else {

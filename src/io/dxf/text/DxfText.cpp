@@ -73,11 +73,11 @@ Escape caretEscape(QByteArrayView rest)
     return {};
 }
 
-Escape escapeAt(QByteArrayView rest)
+Escape escapeAt(QByteArrayView rest, bool carets)
 {
-    return rest.front() == '\\' ? backslashEscape(rest)
-        : rest.front() == '^'   ? caretEscape(rest)
-                                : Escape();
+    return rest.front() == '\\'         ? backslashEscape(rest)
+        : carets && rest.front() == '^' ? caretEscape(rest)
+                                        : Escape();
 }
 
 /// Text in UTF-8 between escapes.
@@ -86,7 +86,7 @@ QString decodeUtf8(QByteArrayView bytes)
     QString text;
     qsizetype plainFrom = 0;
     for (qsizetype at = 0; at < bytes.size();) {
-        const Escape escape = escapeAt(bytes.sliced(at));
+        const Escape escape = escapeAt(bytes.sliced(at), true);
         if (escape.length == 0) {
             ++at;
             continue;
@@ -99,7 +99,7 @@ QString decodeUtf8(QByteArrayView bytes)
     return text + QString::fromUtf8(bytes.sliced(plainFrom));
 }
 
-QString decodePage(QByteArrayView bytes, const CodePage& page)
+QString decodePage(QByteArrayView bytes, const CodePage& page, bool carets)
 {
     QString text;
     text.reserve(bytes.size());
@@ -111,7 +111,7 @@ QString decodePage(QByteArrayView bytes, const CodePage& page)
             at += character == CodePage::kNoCharacter && (bytes[at + 1] & 0x80) == 0 ? 1 : 2;
             continue;
         }
-        const Escape escape = escapeAt(bytes.sliced(at));
+        const Escape escape = escapeAt(bytes.sliced(at), carets);
         text += QChar(escape.length > 0 ? escape.character : page.character(bytes[at]));
         at += std::max<qsizetype>(escape.length, 1);
     }
@@ -145,6 +145,13 @@ DxfText::DxfText(QByteArrayView version, QByteArrayView codePage)
     m_page->name = codePage.toByteArray();
 }
 
+DxfText DxfText::ofBytes(QByteArrayView codePage)
+{
+    DxfText text(QByteArrayView(), codePage);
+    text.m_carets = false;
+    return text;
+}
+
 const CodePage& DxfText::page() const
 {
     std::call_once(m_page->once, [this] { m_page->tables = CodePage::named(m_page->name); });
@@ -158,7 +165,7 @@ QString DxfText::decode(QByteArrayView bytes) const
     });
     if (plain)
         return QString::fromLatin1(bytes);
-    return m_page ? decodePage(bytes, page()) : decodeUtf8(bytes);
+    return m_page ? decodePage(bytes, page(), m_carets) : decodeUtf8(bytes);
 }
 
 QByteArray DxfText::encode(QStringView text) const
@@ -167,9 +174,9 @@ QByteArray DxfText::encode(QStringView text) const
     bytes.reserve(text.size());
     for (qsizetype at = 0; at < text.size(); ++at) {
         const char16_t unit = text[at].unicode();
-        if (unit == u'^') {
+        if (m_carets && unit == u'^') {
             bytes += "^ ";
-        } else if (unit < 0x20) {
+        } else if (m_carets && unit < 0x20) {
             bytes += '^';
             bytes += static_cast<char>('@' + unit);
         } else if (unit == u'\\' && looksLikeEscape(text.sliced(at))) {

@@ -16,6 +16,8 @@ public:
     DxfText() = default;
     /// `version` as $ACADVER has it, `codePage` as $DWGCODEPAGE has it; either may be empty.
     DxfText(QByteArrayView version, QByteArrayView codePage);
+    /// Of texts in a code page that carry control characters as they are: ^x is no escape there.
+    static DxfText ofBytes(QByteArrayView codePage);
 
     /// Text of a value line. Bytes that the encoding does not know become U+FFFD.
     QString decode(QByteArrayView bytes) const;
@@ -37,4 +39,5 @@ private:
     const CodePage& page() const;
 
     std::shared_ptr<Page> m_page; ///< none for UTF-8
+    bool m_carets = true; ///< ^x is an escape
 };

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "io/dwg/container/DwgFile.h"
+#include "io/dwg/records/DwgFormat.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+/// The types of records in a drawing: fixed ones by number, others as its class section names them.
+class DwgClasses
+{
+public:
+    DwgClasses(const DwgFile& file, const DwgFormat& format);
+
+    /// The DXF name of a type ("LWPOLYLINE"); empty for a number that the drawing does not explain.
+    QByteArrayView name(quint16 type) const;
+    bool isEntity(quint16 type) const;
+    /// The number of a class, 0 where the drawing has none of that DXF name.
+    quint16 number(QByteArrayView dxfName) const;
+
+private:
+    struct Class
+    {
+        QByteArray name;
+        bool isEntity = false;
+    };
+    std::vector<Class> m_classes; ///< by number from kFirst
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "io/dwg/bits/DwgVersion.h"
+#include "io/dxf/text/DxfText.h"
+
+/// What the readers of records must know of a file.
+struct DwgFormat
+{
+    DwgVersion version = DwgVersion::V2018;
+    DxfText text; ///< of versions before 2007
+
+    /// `codePage` by the format's own numbers; windows-1252 for one that is unknown.
+    static DwgFormat of(DwgVersion version, int codePage);
+};

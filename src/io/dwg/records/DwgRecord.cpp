@@ -1,0 +1,178 @@
+#include "io/dwg/records/DwgRecord.h"
+
+#include "io/dwg/bits/Checksums.h"
+
+#include <array>
+
+namespace {
+
+constexpr qsizetype kSumSize = 2;
+
+constexpr std::array<qint16, 24> kLineWeights = {0,  5,   9,   13,  15,  18,  20,  25,
+                                                 30, 35,  40,  50,  53,  60,  70,  80,
+                                                 90, 100, 106, 120, 140, 158, 200, 211};
+constexpr int kByLayerNumber = 29;
+constexpr int kByBlockNumber = 30;
+
+} // namespace
+
+qint16 dwgLineWeight(int number)
+{
+    if (number < static_cast<int>(kLineWeights.size()))
+        return kLineWeights[static_cast<std::size_t>(number)];
+    return number == kByLayerNumber ? -1 : number == kByBlockNumber ? -2 : -3;
+}
+
+DwgRecord::DwgRecord(const DwgFormat& format, QByteArrayView objects)
+    : DwgStreams(format)
+    , m_objects(objects)
+{ }
+
+bool DwgRecord::open(quint64 offset)
+{
+    const auto whole = static_cast<quint64>(m_objects.size());
+    if (offset >= whole)
+        return false;
+    BitReader head(m_objects.sliced(static_cast<qsizetype>(offset)));
+    const quint64 size = head.modularShort();
+    const quint64 handleBits = since(DwgVersion::V2010) ? head.modularChar() : 0;
+    const quint64 first = head.position() / 8;
+    if (head.hasFailed() || size == 0 || size > whole - offset - first
+        || whole - offset - first - size < kSumSize || handleBits > size * 8)
+        return false;
+    m_bytes = m_objects.sliced(static_cast<qsizetype>(offset),
+                               static_cast<qsizetype>(first + size) + kSumSize);
+    start(m_bytes.sliced(static_cast<qsizetype>(first), static_cast<qsizetype>(size)));
+    m_type = since(DwgVersion::V2010) ? data.objectType() : static_cast<quint16>(data.bitShort());
+    if (since(DwgVersion::V2010))
+        divide(size * 8 - handleBits);
+    return true;
+}
+
+bool DwgRecord::sumHolds() const
+{
+    return Checksums::crc16(m_bytes.chopped(kSumSize))
+        == qFromLittleEndian<quint16>(m_bytes.data() + m_bytes.size() - kSumSize);
+}
+
+void DwgRecord::readStart(DwgHead& head)
+{
+    if (since(DwgVersion::V2000) && !since(DwgVersion::V2010))
+        divide(data.rawLong());
+    head.handle = data.handle().value;
+    setHandle(head.handle);
+    head.xDataBegin = data.position();
+    for (quint32 size = static_cast<quint16>(data.bitShort()); size != 0 && !data.hasFailed();
+         size = static_cast<quint16>(data.bitShort()))
+    {
+        data.handle();
+        data.skip(quint64(size) * 8);
+    }
+}
+
+void DwgRecord::readReferences(DwgHead& head)
+{
+    const quint32 reactors = count(8);
+    head.reactors.clear();
+    for (quint32 i = 0; i < reactors; ++i)
+        head.reactors.push_back(reference());
+    const bool noExtension = since(DwgVersion::V2004) && data.bit();
+    head.extension = noExtension ? 0 : reference();
+}
+
+void DwgRecord::readHead(DwgHead& head)
+{
+    readStart(head);
+    if (!since(DwgVersion::V2000))
+        divide(data.rawLong());
+    head.owner = reference();
+    readReferences(head);
+    if (since(DwgVersion::V2013))
+        data.bit(); // has data in the section of large data
+}
+
+void DwgRecord::readHead(DwgHead& head, DwgEntityHead& entity)
+{
+    readStart(head);
+    if (data.bit()) { // a picture for programs that do not know the entity
+        const quint64 size = since(DwgVersion::V2010) ? data.bitLongLong() : data.rawLong();
+        data.skip(qMin(size, data.left()) * 8);
+    }
+    if (!since(DwgVersion::V2000))
+        divide(data.rawLong());
+    const quint32 mode = data.bits(2);
+    entity.space = static_cast<DwgEntityHead::Space>(qMin(mode, 2u));
+    head.owner = mode == 0 ? reference() : 0;
+    readReferences(head);
+    if (since(DwgVersion::V2013))
+        data.bit();
+    if (!since(DwgVersion::V2000)) {
+        entity.layer = reference();
+        entity.linetypeKind = data.bit() ? 0 : 3;
+        entity.linetype = entity.linetypeKind == 3 ? reference() : 0;
+    }
+    readLinks(head, entity);
+    readEntityColor(entity);
+    entity.linetypeScale = data.bitDouble();
+    if (!since(DwgVersion::V2000)) {
+        entity.invisible = (data.bitShort() & 1) != 0;
+        entity.lineWeight = -1;
+        return;
+    }
+    entity.layer = reference();
+    entity.linetypeKind = static_cast<quint8>(data.bits(2));
+    entity.linetype = entity.linetypeKind == 3 ? reference() : 0;
+    if (since(DwgVersion::V2007)) {
+        if (data.bits(2) == 3)
+            reference(); // material
+        data.rawChar(); // shadows
+    }
+    if (data.bits(2) == 3)
+        reference(); // plot style
+    if (since(DwgVersion::V2010)) {
+        for (int style = 0; style < 3; ++style) { // visual styles: whole, faces, edges
+            if (data.bit())
+                reference();
+        }
+    }
+    entity.invisible = (data.bitShort() & 1) != 0;
+    entity.lineWeight = dwgLineWeight(data.rawChar());
+}
+
+void DwgRecord::readLinks(const DwgHead& head, DwgEntityHead& entity)
+{
+    entity.next = 0;
+    if (since(DwgVersion::V2004))
+        return;
+    if (data.bit()) {
+        entity.next = head.handle + 1;
+    } else {
+        reference(); // the one before
+        entity.next = reference();
+    }
+}
+
+void DwgRecord::readEntityColor(DwgEntityHead& entity)
+{
+    constexpr quint32 kTrueColor = 0x8000;
+    constexpr quint32 kBookColor = 0x4000;
+    constexpr quint32 kTransparency = 0x2000;
+    constexpr quint32 kIndex = 0x1FF;
+
+    const auto flags = static_cast<quint16>(data.bitShort());
+    entity.bookColor = 0;
+    entity.transparency = 0;
+    if (!since(DwgVersion::V2004)) {
+        entity.color = OdCmColor::fromIndex(flags);
+        return;
+    }
+    entity.color = OdCmColor::fromIndex(static_cast<int>(flags & kIndex));
+    if ((flags & kBookColor) != 0) {
+        entity.bookColor = reference();
+    } else if ((flags & kTrueColor) != 0) {
+        const auto packed = static_cast<quint32>(data.bitLong());
+        entity.color = OdCmColor::fromRgb(packed >> 16 & 0xFF, packed >> 8 & 0xFF, packed & 0xFF);
+    }
+    if ((flags & kTransparency) != 0)
+        entity.transparency = static_cast<quint32>(data.bitLong());
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "io/dwg/records/DwgStreams.h"
+
+#include <vector>
+
+/// What all records begin with.
+struct DwgHead
+{
+    quint64 handle = 0;
+    quint64 xDataBegin = 0; ///< bit of the data stream
+    quint64 owner = 0; ///< 0: an entity of the space in `space`
+    std::vector<quint64> reactors;
+    quint64 extension = 0; ///< dictionary of records that hang on the object, 0: none
+};
+
+/// What all entities begin with.
+struct DwgEntityHead
+{
+    enum class Space : quint8 { Owner, Paper, Model };
+
+    Space space = Space::Owner;
+    quint64 layer = 0;
+    quint64 linetype = 0; ///< where `linetypeKind` says so
+    quint8 linetypeKind = 0; ///< 0 by layer, 1 by block, 2 continuous, 3 named
+    quint64 next = 0; ///< up to version 2000: the next one of the same block, 0: none
+    OdCmColor color; ///< by layer where nothing else is said
+    quint64 bookColor = 0; ///< record of the colour
+    quint32 transparency = 0; ///< as group 440, 0 where there is none
+    double linetypeScale = 1.0;
+    bool invisible = false;
+    qint16 lineWeight = -1; ///< hundredths of a millimetre, negative ones have names
+};
+
+/// Reads one record at a time: its head, then what is its own.
+class DwgRecord : public DwgStreams
+{
+public:
+    /// Behind `objects` BitReader::kPadding bytes must be readable.
+    DwgRecord(const DwgFormat& format, QByteArrayView objects);
+
+    /// Goes to the record at `offset`, before its head. False where no record can stand there.
+    bool open(quint64 offset);
+
+    quint16 type() const { return m_type; }
+    /// From the size ahead to the check sum behind.
+    QByteArrayView bytes() const { return m_bytes; }
+    bool sumHolds() const;
+
+    /// Of an object that is no entity.
+    void readHead(DwgHead& head);
+    void readHead(DwgHead& head, DwgEntityHead& entity);
+
+private:
+    void readStart(DwgHead& head);
+    void readReferences(DwgHead& head);
+    void readEntityColor(DwgEntityHead& entity);
+    void readLinks(const DwgHead& head, DwgEntityHead& entity);
+
+    QByteArrayView m_objects;
+    QByteArrayView m_bytes;
+    quint16 m_type = 0;
+};
+
+/// Hundredths of a millimetre by the number in a record; negative ones have names.
+qint16 dwgLineWeight(int number);

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "database/values/OdCmColor.h"
+#include "io/dwg/bits/BitReader.h"
+#include "io/dwg/records/DwgFormat.h"
+
+#include <QByteArrayView>
+
+/// The streams of a record, or of a section of settings: data, texts, references. What is lacking
+/// reads as zero or nothing; hasFailed() tells that something was.
+class DwgStreams
+{
+public:
+    explicit DwgStreams(const DwgFormat& format)
+        : m_format(format)
+    { }
+
+    bool hasFailed() const { return data.hasFailed() || handles.hasFailed() || m_text.hasFailed(); }
+    DwgVersion version() const { return m_format.version; }
+    bool since(DwgVersion version) const { return m_format.version >= version; }
+
+    QString text(); ///< TV
+    OdCmColor color(); ///< CMC
+    /// The handle that a reference means.
+    quint64 reference() { return handles.handle().resolved(m_handle); }
+    /// An inlined count, never more than there are bits for that many of `bits` each.
+    quint32 count(quint64 bits);
+    /// A text whose length and characters stand in the data stream, as in free records.
+    QString plainText();
+    double number() { return data.bitDouble(); }
+    void point(double (&coordinates)[3]);
+
+    BitReader data;
+    BitReader handles;
+
+protected:
+    /// Starts over on these bytes; all is data as yet.
+    void start(QByteArrayView body);
+    /// Finds the streams behind the data, which ends at that bit.
+    void divide(quint64 dataEnd);
+    void setHandle(quint64 own) { m_handle = own; }
+
+private:
+    QString decode(QByteArrayView bytes) const;
+
+    const DwgFormat& m_format;
+    QByteArrayView m_body;
+    quint64 m_handle = 0;
+    BitReader m_text;
+};

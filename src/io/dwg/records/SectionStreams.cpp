@@ -1,0 +1,34 @@
+#include "io/dwg/records/SectionStreams.h"
+
+#include "io/dwg/bits/Checksums.h"
+
+#include <QtEndian>
+
+namespace {
+
+constexpr qsizetype kMarkSize = 16;
+constexpr qsizetype kSizeSize = 4;
+constexpr qsizetype kSumSize = 2;
+constexpr int kLastMaintenanceWithoutHighSize = 3; ///< of version 2010
+
+} // namespace
+
+SectionStreams::SectionStreams(const DwgFile& file, DwgSection section, const DwgFormat& format)
+    : DwgStreams(format)
+{
+    const QByteArrayView bytes = file.section(section);
+    const bool highSize = since(DwgVersion::V2018)
+        || (since(DwgVersion::V2010)
+            && file.maintenanceVersion() > kLastMaintenanceWithoutHighSize);
+    const qsizetype head = kMarkSize + kSizeSize * (highSize ? 2 : 1);
+    if (bytes.size() < head + kSumSize)
+        return;
+    const qsizetype size = qFromLittleEndian<quint32>(bytes.data() + kMarkSize);
+    if (size > bytes.size() - head - kSumSize)
+        return;
+    m_sound = Checksums::crc16(bytes.sliced(kMarkSize, head - kMarkSize + size))
+        == qFromLittleEndian<quint16>(bytes.data() + head + size);
+    start(bytes.sliced(head, size));
+    if (hasTextStream(version()))
+        divide(data.rawLong());
+}
