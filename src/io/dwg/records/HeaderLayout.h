@@ -1,0 +1,37 @@
+#pragma once
+
+#include "io/dwg/bits/DwgVersion.h"
+
+#include <span>
+
+/// One value of the section of header variables.
+struct HeaderField
+{
+    enum Kind : quint8 {
+        Bit, ///< B
+        InverseBit, ///< B, stored as its opposite
+        Short, ///< BS
+        Long, ///< BL
+        LongLong, ///< BLL
+        Real, ///< BD
+        Text, ///< T
+        Byte, ///< RC
+        Handle, ///< H
+        Seed, ///< H among the data in all versions
+        Color, ///< CMC
+        Point2, ///< 2RD
+        Point3, ///< 3BD
+        Days, ///< 2BL: days, milliseconds of the day
+        Flags, ///< BL, several variables in one
+        PlotStyle, ///< BS; a handle follows where it is 3
+    };
+
+    Kind kind;
+    const char* name = ""; ///< "$LTSCALE"; an empty one is read over
+    int code = 0; ///< of its group in DXF
+    DwgVersion since = DwgVersion::R13;
+    DwgVersion until = DwgVersion::V2018;
+};
+
+/// All values in the order of the section.
+std::span<const HeaderField> headerLayout();
