@@ -1,0 +1,28 @@
+#pragma once
+
+#include "database/values/GroupList.h"
+#include "io/dwg/records/DwgRecord.h"
+
+#include <functional>
+#include <vector>
+
+/// Records of free groups, dictionaries and extended data.
+namespace FreeRecords {
+
+/// The name of the record with that handle, for the names that DXF has where DWG has handles.
+using NameOf = std::function<QString(quint64 handle)>;
+
+/// Extended data of the open record, whose head was read; as DXF has them, from group 1001.
+GroupList xData(DwgRecord& record, const DwgHead& head, const NameOf& nameOf);
+
+struct Dictionary
+{
+    bool hard = false;
+    std::vector<std::pair<QString, quint64>> entries;
+};
+Dictionary dictionary(DwgRecord& record);
+
+/// Groups of an XRECORD behind its head.
+GroupList xrecord(DwgRecord& record);
+
+} // namespace FreeRecords

@@ -1,0 +1,130 @@
+#include "io/dwg/records/TableRecords.h"
+
+namespace {
+
+enum LayerFlag : int {
+    kFrozen = 1,
+    kOff = 2,
+    kFrozenInNewViewports = 4,
+    kLocked = 8,
+    kPlottable = 16,
+};
+constexpr int kLineWeightShift = 5;
+constexpr int kLineWeightMask = 0x1F;
+constexpr int kDependentIndex = 0x100;
+
+} // namespace
+
+std::vector<quint64> TableRecords::listed(DwgRecord& table, int extras)
+{
+    std::vector<quint64> handles;
+    const quint64 count = quint64(table.count(8)) + static_cast<quint64>(extras);
+    for (quint64 i = 0; i < count && !table.hasFailed(); ++i)
+        handles.push_back(table.reference());
+    return handles;
+}
+
+TableRecords::Name TableRecords::name(DwgRecord& record)
+{
+    Name name;
+    name.name = record.text();
+    if (record.since(DwgVersion::V2007)) {
+        name.dependent = (record.data.bitShort() & kDependentIndex) != 0;
+    } else {
+        record.data.bit(); // is referred to
+        record.data.bitShort(); // number of the reference, from 1
+        name.dependent = record.data.bit();
+    }
+    return name;
+}
+
+TableRecords::Layer TableRecords::layer(DwgRecord& record)
+{
+    Layer layer;
+    BitReader& data = record.data;
+    layer.head = name(record);
+    if (record.since(DwgVersion::V2000)) {
+        const int flags = data.bitShort();
+        layer.frozen = (flags & kFrozen) != 0;
+        layer.off = (flags & kOff) != 0;
+        layer.frozenInNewViewports = (flags & kFrozenInNewViewports) != 0;
+        layer.locked = (flags & kLocked) != 0;
+        layer.plottable = (flags & kPlottable) != 0;
+        layer.lineWeight = dwgLineWeight(flags >> kLineWeightShift & kLineWeightMask);
+    } else {
+        layer.frozen = data.bit();
+        layer.off = data.bit();
+        layer.frozenInNewViewports = data.bit();
+        layer.locked = data.bit();
+    }
+    layer.color = record.color();
+    record.reference(); // block of the external reference
+    if (record.since(DwgVersion::V2000))
+        layer.plotStyle = record.reference();
+    if (record.since(DwgVersion::V2007))
+        record.reference(); // material
+    layer.linetype = record.reference();
+    return layer;
+}
+
+TableRecords::Linetype TableRecords::linetype(DwgRecord& record)
+{
+    constexpr quint32 kMostDashes = 12;
+    Linetype linetype;
+    BitReader& data = record.data;
+    linetype.head = name(record);
+    linetype.description = record.text();
+    linetype.length = data.bitDouble();
+    data.rawChar(); // alignment
+    const quint32 count = qMin<quint32>(data.rawChar(), kMostDashes);
+    for (quint32 i = 0; i < count && !record.hasFailed(); ++i) {
+        Linetype::Dash dash;
+        dash.length = data.bitDouble();
+        dash.shape = data.bitShort();
+        dash.offset[0] = data.rawDouble();
+        dash.offset[1] = data.rawDouble();
+        dash.scale = data.bitDouble();
+        dash.angle = data.bitDouble();
+        dash.flags = data.bitShort();
+        linetype.dashes.push_back(dash);
+    }
+    return linetype;
+}
+
+TableRecords::Block TableRecords::block(DwgRecord& record)
+{
+    Block block;
+    BitReader& data = record.data;
+    block.head = name(record);
+    block.anonymous = data.bit();
+    block.hasAttributes = data.bit();
+    block.external = data.bit();
+    block.overlay = data.bit();
+    if (record.since(DwgVersion::V2000))
+        block.unloaded = data.bit();
+    const bool hasOwn = !block.external && !block.overlay;
+    const quint32 count = hasOwn && record.since(DwgVersion::V2004) ? record.count(8) : 0;
+    record.point(block.base);
+    block.path = record.text();
+    quint32 references = 0;
+    if (record.since(DwgVersion::V2000)) {
+        while (data.rawChar() != 0)
+            ++references;
+        block.description = record.text();
+    }
+    record.reference(); // none
+    block.entities.begin = record.reference();
+    if (hasOwn && !record.since(DwgVersion::V2004)) {
+        block.entities.first = record.reference();
+        block.entities.last = record.reference();
+    }
+    for (quint32 i = 0; i < count && !record.hasFailed(); ++i)
+        block.entities.listed.push_back(record.reference());
+    block.entities.end = record.reference();
+    if (record.since(DwgVersion::V2000)) {
+        for (quint32 i = 0; i < references && !record.hasFailed(); ++i)
+            record.reference();
+        block.layout = record.reference();
+    }
+    return block;
+}
