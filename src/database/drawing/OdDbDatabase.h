@@ -45,7 +45,6 @@ public:
     // Tables and roots
     OdDbObjectId getLayerTableId() const { return tableId(OdDbTableKind::Layer); }
     OdDbObjectId getLinetypeTableId() const { return tableId(OdDbTableKind::Linetype); }
-    OdDbObjectId getBlockTableId() const { return tableId(OdDbTableKind::Block); }
     OdDbObjectId getLinetypeContinuousId() const;
     OdDbObjectId tableId(OdDbTableKind kind) const;
     OdDbLayerTable& layerTable() const;

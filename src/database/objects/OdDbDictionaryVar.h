@@ -19,5 +19,3 @@ public:
     const QString& value() const { return m_state.value; }
     void setValue(const QString& value) { assign(&DictionaryVarState::value, value); }
 };
-
-using OdDbDictionaryVarPtr = OdSmartPtr<OdDbDictionaryVar>;

@@ -61,5 +61,4 @@ private:
     mutable std::vector<quint32> m_lookup; ///< slots of the frozen layers, sorted; made on demand
 };
 
-using OdDbEntityPtr = OdSmartPtr<OdDbEntity>;
 using OdDbViewportPtr = OdSmartPtr<OdDbViewport>;

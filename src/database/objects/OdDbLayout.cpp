@@ -7,9 +7,3 @@ std::vector<OdDbObjectId> OdDbLayout::getViewportArray() const
     return m_state.tabOrder == 0 ? std::vector<OdDbObjectId>()
                                  : database()->viewportsOf(m_state.block);
 }
-
-OdDbObjectId OdDbLayout::overallVportId() const
-{
-    const std::vector<OdDbObjectId> viewports = getViewportArray();
-    return viewports.empty() ? OdDbObjectId() : viewports.front();
-}

@@ -37,8 +37,4 @@ public:
     OdDbObjectId getBlockTableRecordId() const { return m_state.block; }
     /// The viewports of the sheet in drawing order, the overall one first where there is one.
     std::vector<OdDbObjectId> getViewportArray() const;
-    /// The viewport that covers the sheet itself, or a null id in a layout never opened.
-    OdDbObjectId overallVportId() const;
 };
-
-using OdDbLayoutPtr = OdSmartPtr<OdDbLayout>;

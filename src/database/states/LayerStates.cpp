@@ -200,8 +200,3 @@ void LayerStates::take(const PortableLayerState& state)
     const auto record = LayerStateDictionary(m_drawing).create(state.name);
     record->setGroups(LayerStateExchange(m_drawing).imported(state));
 }
-
-void LayerStates::takeFrom(OdDbDatabase& other, const QString& name)
-{
-    take(LayerStates(other).exported(name));
-}

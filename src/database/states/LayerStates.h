@@ -62,7 +62,6 @@ public:
     /// Takes a state in; see LayerStateExchange. Raises OdError with DuplicateKey before anything
     /// is changed.
     void take(const PortableLayerState& state);
-    void takeFrom(OdDbDatabase& other, const QString& name);
 
 private:
     QString currentLayerName() const;

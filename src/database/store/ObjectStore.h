@@ -129,7 +129,6 @@ public:
     /// Builds the handle index. Returns the slots whose handle an earlier slot has already.
     std::vector<quint32> indexHandles();
     void addHandle(quint64 handle, quint32 slot);
-    quint64 maxHandle() const { return m_maxHandle; }
     /// False for a file without handles; those its records have then are of this session only.
     bool fileHasHandles() const { return m_fileHasHandles; }
     /// Ends the loading of handles: `seed` is the next free one by the file, 0 where it tells none.

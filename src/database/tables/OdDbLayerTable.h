@@ -58,5 +58,3 @@ private:
     mutable bool m_usesKnown = false;
     mutable std::optional<int> m_reconciledRecords;
 };
-
-using OdDbLayerTablePtr = OdSmartPtr<OdDbLayerTable>;

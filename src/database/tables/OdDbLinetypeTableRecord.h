@@ -26,5 +26,3 @@ public:
     const QString& comments() const { return m_state.description; }
     const std::vector<double>& dashes() const { return m_state.dashes; }
 };
-
-using OdDbLinetypeTableRecordPtr = OdSmartPtr<OdDbLinetypeTableRecord>;

@@ -91,6 +91,3 @@ private:
     std::unique_ptr<NameIndex> m_names;
     int m_erasedCount = 0;
 };
-
-using OdDbSymbolTablePtr = OdSmartPtr<OdDbSymbolTable>;
-using OdDbSymbolTableRecordPtr = OdSmartPtr<OdDbSymbolTableRecord>;

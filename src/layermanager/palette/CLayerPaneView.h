@@ -61,7 +61,6 @@ public:
     void BeginLayerUndoRecord(OdDbDatabase& database);
 
     void ShowFilterTree(bool show);
-    bool isFilterTreeShown() const { return m_bTreeVisible; }
     /// Lists the layers of the selected filter whose names match the search box. Nothing where no
     /// filter is selected or the selected one is gone.
     void ApplySearch();

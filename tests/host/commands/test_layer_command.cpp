@@ -386,29 +386,29 @@ TEST_F(LayerCommandDialogue, ReplacesAStateOnlyWhenToldTo)
     EXPECT_FALSE(layer("A-WALL")->isOff());
 }
 
-TEST(LayerCommandSpeed, AHundredThousandLayersTakeSeconds)
+TEST(LayerCommandSpeed, ThousandsOfNamesInALargeTableTakeSeconds)
 {
     RecordingFrontEnd frontEnd;
     QTemporaryDir folder;
     HostCore core(frontEnd, folder.path());
     TestDrawing many;
-    for (int i = 0; i < 100'000; ++i)
+    for (int i = 0; i < 20'000; ++i)
         many.add({.name = "L" + QByteArray::number(i)});
     OdDbDatabase& drawing =
         *core.files().open(many.writeTo(folder.path(), QStringLiteral("m.dxf"))).database();
     QStringList names;
     for (int i = 0; i < 5'000; ++i)
-        names << QStringLiteral("l%1").arg(i * 17);
+        names << QStringLiteral("l%1").arg(i * 3);
     const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(core.commands()
                     .run(QStringLiteral("-LAYER Freeze L* LOck ") + names.join(QLatin1Char(',')))
                     .isDone());
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
     RecordProperty("seconds", std::to_string(took.count()));
-    // Searched one by one, the names alone would take half a billion comparisons.
-    EXPECT_LT(took.count(), 20);
+    // Searched one by one, the names alone would take fifty million comparisons.
+    EXPECT_LT(took.count(), 5);
     const auto layer =
-        drawing.layerTable().getAt(QStringLiteral("L17")).openObject<OdDbLayerTableRecord>();
+        drawing.layerTable().getAt(QStringLiteral("L18")).openObject<OdDbLayerTableRecord>();
     EXPECT_TRUE(layer->isFrozen() && layer->isLocked());
     EXPECT_EQ("", core.commands().run(QStringLiteral("U")).sentence.toStdString());
     EXPECT_FALSE(layer->isFrozen());

@@ -69,7 +69,7 @@ TEST_F(BatchSignals, AScriptThatWaitsForInputEndsAndLeavesNoLock)
 TEST_F(BatchSignals, ASaveUnderWayIsFinishedOrLeavesNothing)
 {
     TestDrawing large;
-    for (int i = 0; i < 120'000; ++i)
+    for (int i = 0; i < 40'000; ++i)
         large.add({.name = "LAYER-" + QByteArray::number(i)});
     QTemporaryDir source;
     const QString drawing = large.writeTo(source.path(), QStringLiteral("large.dxf"));
@@ -96,7 +96,7 @@ TEST_F(BatchSignals, ASaveUnderWayIsFinishedOrLeavesNothing)
 TEST_F(BatchSignals, AnOldFileIsKeptWholeWhenItsSaveIsStopped)
 {
     TestDrawing large;
-    for (int i = 0; i < 120'000; ++i)
+    for (int i = 0; i < 40'000; ++i)
         large.add({.name = "LAYER-" + QByteArray::number(i)});
     const QString drawing = large.writeTo(folder.path(), QStringLiteral("a.dxf"));
     const qint64 before = QFileInfo(drawing).size();

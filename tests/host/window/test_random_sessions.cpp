@@ -245,7 +245,7 @@ void TestRandomSessions::leaveNothingRunningAndEveryDrawingSound()
     }
     {
         const AnyPrompts anything(m_dice, files);
-        m_left = 400;
+        m_left = 200;
         QTimer::singleShot(0, this, &TestRandomSessions::go);
         QVERIFY(QTest::qWaitFor([this] { return m_left <= 0 && !isBusy(); }, 60'000));
         settle();

@@ -154,7 +154,7 @@ TEST(DxfBadInput, RandomDamageNeverCrashesAndNeverChangesOtherBytes)
     std::mt19937 random(11);
     const QByteArray whole = good();
     int opened = 0;
-    for (int round = 0; round < 3000; ++round) {
+    for (int round = 0; round < 1000; ++round) {
         QByteArray bytes = whole;
         for (int hits = 1 + static_cast<int>(random() % 3); hits > 0; --hits)
             bytes[static_cast<qsizetype>(random() % static_cast<quint32>(bytes.size()))] =
@@ -170,7 +170,7 @@ TEST(DxfBadInput, RandomDamageNeverCrashesAndNeverChangesOtherBytes)
             ASSERT_FALSE(error.description().isEmpty());
         }
     }
-    EXPECT_GT(opened, 100);
+    EXPECT_GT(opened, 30);
 }
 
 } // namespace

@@ -205,9 +205,10 @@ TEST(BinaryDxf, AFileIsReadLikeBytesInMemory)
     // Long enough for the second thread that loads large files.
     QByteArray text = rich();
     QByteArray lines;
-    for (int i = 0; i < 150000; ++i)
-        lines += DrawingText::groups({"0", "LINE", "5", QByteArray::number(0x100000 + i, 16), "8",
-                                      i % 2 ? "Walls" : "0", "10", "1.5", "20", "2.5"});
+    const QByteArray name(400, 'x');
+    for (int i = 0; i < 15000; ++i)
+        lines += DrawingText::groups({"0", "TEXT", "5", QByteArray::number(0x100000 + i, 16), "8",
+                                      i % 2 ? "Walls" : "0", "10", "1.5", "20", "2.5", "1", name});
     text.replace("0\nSECTION\n2\nENTITIES\n", "0\nSECTION\n2\nENTITIES\n" + lines);
     const QByteArray bytes = BinaryDrawing::fromText(text, 2);
     ASSERT_GT(bytes.size(), 5 << 20);
@@ -217,7 +218,7 @@ TEST(BinaryDxf, AFileIsReadLikeBytesInMemory)
     file.write(bytes);
     file.close();
     const auto database = readDrawing(file.fileName());
-    EXPECT_GT(database->store().fileRecords(), 150000u);
+    EXPECT_GT(database->store().fileRecords(), 15000u);
     EXPECT_TRUE(drawingBytes(*database) == bytes);
 }
 
@@ -293,7 +294,7 @@ TEST(BinaryDxf, RandomDamageNeverCrashesAndNeverChangesOtherBytes)
     const QByteArray whole[] = {BinaryDrawing::fromText(rich(), 1),
                                 BinaryDrawing::fromText(rich(), 2)};
     int opened = 0;
-    for (int round = 0; round < 4000; ++round) {
+    for (int round = 0; round < 1200; ++round) {
         QByteArray bytes = whole[round % 2];
         for (int hits = 1 + static_cast<int>(random() % 3); hits > 0; --hits)
             bytes[static_cast<qsizetype>(random() % static_cast<quint32>(bytes.size()))] =
@@ -309,7 +310,7 @@ TEST(BinaryDxf, RandomDamageNeverCrashesAndNeverChangesOtherBytes)
             ASSERT_FALSE(error.description().isEmpty());
         }
     }
-    EXPECT_GT(opened, 100);
+    EXPECT_GT(opened, 30);
 }
 
 TEST(BinaryDxf, RealDrawingsHaveTheLayersOfTheirTextTwins)

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kKills = 200;
+constexpr int kKills = 100;
 /// A handful of saves of the drawing below.
 constexpr auto kLatestKill = 60ms;
 
