@@ -1,6 +1,7 @@
 #include "io/DrawingFile.h"
 
 #include "io/DrawingCodec.h"
+#include "io/dwg/DwgCodec.h"
 #include "io/dxf/DxfCodec.h"
 #include "io/files/AtomicFile.h"
 #include "io/files/WrittenBytes.h"
@@ -21,23 +22,19 @@ QString tr(const char* text)
 const DrawingCodec& codecFor(const FileImage& image)
 {
     static const DxfCodec dxf;
-    static const std::array<const DrawingCodec*, 1> codecs = {&dxf};
+    static const DwgCodec dwg;
+    static const std::array<const DrawingCodec*, 2> codecs = {&dxf, &dwg};
     constexpr quint64 kHead = 4096;
     image.waitFor(kHead);
     const auto head = image.view(0, std::min(image.size(), kHead));
     const auto found = std::find_if(codecs.begin(), codecs.end(), [&](const DrawingCodec* codec) {
         return codec->recognises(head);
     });
-    if (found == codecs.end()) {
-        // DWG files start with the name of their version.
-        const bool isDwg =
-            head.startsWith("AC10") || head.startsWith("AC1.") || head.startsWith("AC2.");
+    if (found == codecs.end())
         throw OdError_InvalidDrawing(
-            image.name(), isDwg ? 0 : 1,
-            isDwg ? tr("this is a DWG drawing; only DXF can be opened yet.")
-                  : tr("this is no DXF drawing; expected group 0 with SECTION, or a comment (group "
-                       "999)."));
-    }
+            image.name(), 1,
+            tr("this is neither a DXF nor a DWG drawing; expected group 0 with SECTION, a comment "
+               "(group 999), or the name of a DWG version."));
     return **found;
 }
 

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "database/values/GroupCursor.h"
+#include "io/dwg/groups/GroupContext.h"
+
+#include <QHash>
+
+class DwgObjectSource;
+
+/// The groups that DXF would have for a record of a DWG file. A record is turned into groups as a
+/// whole when it is opened; the memory serves the next one again.
+class DwgCursor final : public GroupCursor, private RecordNames
+{
+public:
+    explicit DwgCursor(const DwgObjectSource& source);
+
+    void open(quint32 slot) override;
+    bool next() override;
+
+    double real() const override;
+    qint64 integer() const override;
+    quint64 handle() const override;
+    QString text() const override;
+    QByteArrayView bytes() const override;
+
+private:
+    QString nameOf(quint64 handle) const override;
+    void readRecord(bool isEntity);
+    /// An entity that was made in this session has its groups already.
+    void readMade(quint32 slot);
+
+    const DwgObjectSource& m_source;
+    DwgRecord m_record;
+    DwgHead m_head;
+    DwgEntityHead m_entity;
+    GroupSink m_groups;
+    std::size_t m_next = 0;
+    mutable QHash<quint64, QString> m_names;
+    mutable QByteArray m_bytes; ///< of the group that is asked for
+};

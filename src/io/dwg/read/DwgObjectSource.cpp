@@ -1,0 +1,331 @@
+#include "io/dwg/read/DwgObjectSource.h"
+
+#include "base/NumberText.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/objects/OdDbDictionaryVar.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/objects/OdDbLayout.h"
+#include "database/objects/OdDbXrecord.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbBlockTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
+#include "database/tables/OdDbNamedRecord.h"
+#include "io/dwg/read/DwgCursor.h"
+#include "io/dwg/records/SheetRecords.h"
+#include "io/dwg/records/TableRecords.h"
+#include "io/dxf/read/LayerExtras.h"
+#include "io/dxf/read/LayerGroups.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("DwgObjectSource", text);
+}
+
+} // namespace
+
+DwgObjectSource::DwgObjectSource(std::unique_ptr<DwgFile> file, OdDbDatabase& database)
+    : m_file(std::move(file))
+    , m_database(database)
+    , m_format(DwgFormat::of(m_file->version(), m_file->codePage()))
+    , m_classes(*m_file, m_format)
+{ }
+
+quint64 DwgObjectSource::footprint() const
+{
+    return image().size() + static_cast<quint64>(m_file->section(DwgSection::Objects).size());
+}
+
+DwgRecord DwgObjectSource::reader() const
+{
+    return {m_format, m_file->section(DwgSection::Objects)};
+}
+
+bool DwgObjectSource::open(DwgRecord& record, quint32 slot) const
+{
+    return slot < m_offsets.size() && record.open(m_offsets[slot]);
+}
+
+OdDbObjectId DwgObjectSource::id(quint64 handle) const
+{
+    return handle == 0 ? OdDbObjectId() : m_database.getOdDbObjectId(OdDbHandle(handle));
+}
+
+QString DwgObjectSource::nameOf(quint64 handle) const
+{
+    const OdDbObjectId record = id(handle);
+    return record.isNull() ? QString() : readNamed(record.slot()).name;
+}
+
+std::unique_ptr<GroupCursor> DwgObjectSource::makeCursor() const
+{
+    return std::make_unique<DwgCursor>(*this);
+}
+
+DrawingPieces DwgObjectSource::write(const OdDbDatabase& database) const
+{
+    if (!m_faults.isEmpty())
+        throw OdError_FileAccess(
+            OdResult::CantWriteFile,
+            tr("The drawing is open for reading only. %1").arg(m_faults.join(QLatin1Char(' '))));
+    if (!database.store().touched().empty())
+        throw OdError_FileAccess(OdResult::CantWriteFile,
+                                 tr("Edited DWG drawings cannot be saved yet."));
+    DrawingPieces pieces;
+    pieces.parts.push_back(image().view());
+    return pieces;
+}
+
+void DwgObjectSource::read(OdDbObject& object) const
+{
+    const quint32 slot = object.objectId().slot();
+    switch (object.kind()) {
+    case OdDbObjectKind::Layer:
+        static_cast<OdDbLayerTableRecord&>(object).stateForLoading() = readLayer(slot);
+        break;
+    case OdDbObjectKind::BlockTableRecord:
+        readBlock(slot, static_cast<OdDbBlockTableRecord&>(object).stateForLoading());
+        break;
+    case OdDbObjectKind::Linetype:
+        static_cast<OdDbLinetypeTableRecord&>(object).stateForLoading() = readLinetype(slot);
+        break;
+    case OdDbObjectKind::Dictionary:
+        static_cast<OdDbDictionary&>(object).stateForLoading() = readDictionary(slot);
+        break;
+    case OdDbObjectKind::Xrecord:
+        static_cast<OdDbXrecord&>(object).stateForLoading() = readXrecord(slot);
+        break;
+    case OdDbObjectKind::DictionaryVar:
+        static_cast<OdDbDictionaryVar&>(object).stateForLoading() = {readVariable(slot)};
+        break;
+    case OdDbObjectKind::Layout:
+        static_cast<OdDbLayout&>(object).stateForLoading() = readLayout(slot);
+        break;
+    case OdDbObjectKind::Viewport:
+        static_cast<OdDbViewport&>(object).stateForLoading() = readViewport(slot);
+        break;
+    case OdDbObjectKind::SymbolTableRecord:
+        static_cast<OdDbNamedRecord&>(object).stateForLoading() = readNamed(slot);
+        break;
+    default:
+        break;
+    }
+}
+
+quint32 DwgObjectSource::extensionDictionary(quint32 slot) const
+{
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return OdDbObjectId::kNoSlot;
+    DwgHead head;
+    DwgEntityHead entity;
+    if (m_database.store().has(slot, ObjectStore::kEntity))
+        record.readHead(head, entity);
+    else
+        record.readHead(head);
+    return id(head.extension).slot();
+}
+
+LayerState DwgObjectSource::readLayer(quint32 slot) const
+{
+    LayerState state;
+    state.linetype = m_database.getLinetypeContinuousId();
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return state;
+    DwgHead head;
+    record.readHead(head);
+    const TableRecords::Layer layer = TableRecords::layer(record);
+    state.name = layer.head.name;
+    state.dependent = layer.head.dependent;
+    state.off = layer.off;
+    state.frozen = layer.frozen;
+    state.locked = layer.locked;
+    state.plottable = layer.plottable;
+    state.frozenInNewViewports = layer.frozenInNewViewports;
+    state.lineWeight = layer.lineWeight;
+    // By-block, by-layer and what is no index say nothing on a layer.
+    const OdCmColor::Method method = layer.color.colorMethod();
+    if (method == OdCmColor::kByACI || method == OdCmColor::kByColor)
+        state.color = layer.color;
+    if (const OdDbObjectId linetype = id(layer.linetype); !linetype.isNull())
+        state.linetype = linetype;
+    state.plotStyle = id(layer.plotStyle);
+    readLayerXData(FreeRecords::xData(record, head, [this](quint64 h) { return nameOf(h); }),
+                   state);
+    readLayerExtras(head.extension, state);
+    return state;
+}
+
+void DwgObjectSource::readLayerXData(const GroupList& xData, LayerState& layer) const
+{
+    QByteArray application;
+    int strings = 0;
+    for (const GroupList::Group& group : xData) {
+        if (group.code == 1001) {
+            application = group.value.toByteArray();
+            strings = 0;
+        } else if (group.code == 1000
+                   && application.compare(LayerGroups::kDescriptionApplication, Qt::CaseInsensitive)
+                       == 0)
+        {
+            // The first string is of unknown use; the second is the description.
+            if (++strings == 2)
+                layer.description = QString::fromUtf8(group.value);
+        } else if (group.code == 1071
+                   && application.compare(LayerGroups::kTransparencyApplication,
+                                          Qt::CaseInsensitive)
+                       == 0)
+        {
+            layer.transparency = static_cast<quint32>(NumberText::integer(group.value).value_or(0));
+        }
+    }
+}
+
+void DwgObjectSource::readLayerExtras(quint64 dictionary, LayerState& layer) const
+{
+    const ObjectStore& store = m_database.store();
+    const OdDbObjectId extension = id(dictionary);
+    if (extension.isNull() || store.type(extension.slot()) != RecordType::Dictionary)
+        return;
+    for (const DictionaryEntry& entry : readDictionary(extension.slot()).entries) {
+        if (!entry.value.isNull() && store.type(entry.value.slot()) == RecordType::Xrecord)
+            LayerExtras::read(m_database, entry.key, readXrecord(entry.value.slot()).groups, layer);
+    }
+}
+
+DictionaryState DwgObjectSource::readDictionary(quint32 slot) const
+{
+    DictionaryState state;
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return state;
+    DwgHead head;
+    record.readHead(head);
+    const FreeRecords::Dictionary dictionary = FreeRecords::dictionary(record);
+    state.treatElementsAsHard = dictionary.hard;
+    for (const auto& [key, handle] : dictionary.entries)
+        state.entries.push_back({key, id(handle)});
+    state.xData = FreeRecords::xData(record, head, [this](quint64 h) { return nameOf(h); });
+    return state;
+}
+
+XrecordState DwgObjectSource::readXrecord(quint32 slot) const
+{
+    XrecordState state;
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return state;
+    DwgHead head;
+    record.readHead(head);
+    state.groups = FreeRecords::xrecord(record);
+    state.xData = FreeRecords::xData(record, head, [this](quint64 h) { return nameOf(h); });
+    return state;
+}
+
+QString DwgObjectSource::readVariable(quint32 slot) const
+{
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return {};
+    DwgHead head;
+    record.readHead(head);
+    record.data.rawChar(); // schema
+    return record.text();
+}
+
+ViewportState DwgObjectSource::readViewport(quint32 slot) const
+{
+    ViewportState state;
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return state;
+    DwgHead head;
+    DwgEntityHead entity;
+    record.readHead(head, entity);
+    const SheetRecords::Viewport viewport = SheetRecords::viewport(record);
+    const ObjectStore& store = m_database.store();
+    for (const quint64 handle : viewport.frozenLayers) {
+        const OdDbObjectId layer = id(handle);
+        if (!layer.isNull() && store.type(layer.slot()) == RecordType::Layer)
+            state.frozenLayers.push_back(layer);
+    }
+    // This format numbers viewports by their place in the sheet only.
+    for (const quint32 other : store.viewports()) {
+        if (store.owner(other) == store.owner(slot))
+            ++state.number;
+        if (other == slot)
+            break;
+    }
+    state.status = (viewport.flags & SheetRecords::Viewport::kOff) != 0 ? 0 : state.number;
+    return state;
+}
+
+NamedRecordState DwgObjectSource::readNamed(quint32 slot) const
+{
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return {};
+    DwgHead head;
+    record.readHead(head);
+    const TableRecords::Name name = TableRecords::name(record);
+    return {name.name, name.dependent};
+}
+
+LinetypeState DwgObjectSource::readLinetype(quint32 slot) const
+{
+    LinetypeState state;
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return state;
+    DwgHead head;
+    record.readHead(head);
+    const TableRecords::Linetype linetype = TableRecords::linetype(record);
+    state.name = linetype.head.name;
+    state.dependent = linetype.head.dependent;
+    state.description = linetype.description;
+    for (const TableRecords::Linetype::Dash& dash : linetype.dashes)
+        state.dashes.push_back(dash.length);
+    return state;
+}
+
+LayoutState DwgObjectSource::readLayout(quint32 slot) const
+{
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return {};
+    DwgHead head;
+    record.readHead(head);
+    const SheetRecords::Layout layout = SheetRecords::layout(record);
+    return {layout.name, layout.tabOrder, id(layout.block), id(layout.lastActiveViewport),
+            layout.styleSheet};
+}
+
+void DwgObjectSource::readBlock(quint32 slot, BlockState& state) const
+{
+    DwgRecord record = reader();
+    if (!open(record, slot))
+        return;
+    DwgHead head;
+    record.readHead(head);
+    const TableRecords::Block block = TableRecords::block(record);
+    constexpr int kAnonymous = 1;
+    constexpr int kAttributes = 2;
+    constexpr int kExternal = 4;
+    constexpr int kOverlay = 8;
+    constexpr int kDependent = 16;
+    constexpr int kResolved = 32;
+    state.name = block.head.name;
+    state.layout = id(block.layout);
+    std::copy(std::begin(block.base), std::end(block.base), std::begin(state.basePoint));
+    state.path = block.path;
+    state.unloaded = block.unloaded;
+    state.flags = (block.anonymous ? kAnonymous : 0) | (block.hasAttributes ? kAttributes : 0)
+        | (block.external ? kExternal : 0) | (block.overlay ? kExternal | kOverlay : 0)
+        | (block.head.dependent ? kDependent : 0) | (block.external ? kResolved : 0);
+}

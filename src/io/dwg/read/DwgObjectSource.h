@@ -1,0 +1,79 @@
+#pragma once
+
+#include "io/DrawingCodec.h"
+#include "io/dwg/container/DwgFile.h"
+#include "io/dwg/records/DwgClasses.h"
+#include "io/dwg/records/DwgFormat.h"
+#include "io/dwg/records/DwgRecord.h"
+#include "io/dwg/records/FreeRecords.h"
+
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+struct BlockState;
+struct DictionaryState;
+struct LayerState;
+struct LayoutState;
+struct LinetypeState;
+struct NamedRecordState;
+struct ViewportState;
+struct XrecordState;
+
+/// Reads objects out of the records of a DWG file when somebody opens them.
+class DwgObjectSource final : public DrawingSource
+{
+public:
+    DwgObjectSource(std::unique_ptr<DwgFile> file, OdDbDatabase& database);
+
+    void read(OdDbObject& object) const override;
+    std::unique_ptr<GroupCursor> makeCursor() const override;
+    DrawingPieces write(const OdDbDatabase& database) const override;
+    quint32 extensionDictionary(quint32 slot) const override;
+    /// Texts that leave this format are UTF-8.
+    QString decode(QByteArrayView value) const override { return QString::fromUtf8(value); }
+    quint64 footprint() const override;
+    const FileImage& image() const override { return m_file->image(); }
+
+    const DwgFile& file() const { return *m_file; }
+    const DwgFormat& format() const { return m_format; }
+    const DwgClasses& classes() const { return m_classes; }
+    OdDbDatabase& database() const { return m_database; }
+
+    /// A reader for the records of this file.
+    DwgRecord reader() const;
+    /// Goes to the record of a slot, before its head; false where the file has none.
+    bool open(DwgRecord& record, quint32 slot) const;
+    /// The object of a handle, or a null id.
+    OdDbObjectId id(quint64 handle) const;
+    /// The name of the table's record with that handle, as the file has it.
+    QString nameOf(quint64 handle) const;
+
+    // For the codec that fills it in
+    void setOffsets(std::vector<quint64> offsets) { m_offsets = std::move(offsets); }
+    void setFaults(const QStringList& faults) { m_faults = faults; }
+    /// Why the drawing must not be written, in sentences.
+    const QStringList& faults() const { return m_faults; }
+
+    LayerState readLayer(quint32 slot) const;
+    DictionaryState readDictionary(quint32 slot) const;
+    XrecordState readXrecord(quint32 slot) const;
+    ViewportState readViewport(quint32 slot) const;
+
+private:
+    NamedRecordState readNamed(quint32 slot) const;
+    LinetypeState readLinetype(quint32 slot) const;
+    LayoutState readLayout(quint32 slot) const;
+    QString readVariable(quint32 slot) const;
+    void readBlock(quint32 slot, BlockState& state) const;
+    void readLayerExtras(quint64 dictionary, LayerState& layer) const;
+    void readLayerXData(const GroupList& xData, LayerState& layer) const;
+
+    std::unique_ptr<DwgFile> m_file;
+    OdDbDatabase& m_database;
+    DwgFormat m_format;
+    DwgClasses m_classes;
+    std::vector<quint64> m_offsets; ///< by slot
+    QStringList m_faults;
+};

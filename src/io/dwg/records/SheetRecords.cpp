@@ -1,0 +1,118 @@
+#include "io/dwg/records/SheetRecords.h"
+
+namespace {
+
+template <std::size_t N>
+void rawPoint(BitReader& data, double (&values)[N])
+{
+    for (double& value : values)
+        value = data.rawDouble();
+}
+
+template <std::size_t N>
+void reals(BitReader& data, double (&values)[N])
+{
+    for (double& value : values)
+        value = data.bitDouble();
+}
+
+void viewOf(DwgRecord& record, SheetRecords::Viewport& viewport)
+{
+    BitReader& data = record.data;
+    record.point(viewport.target);
+    record.point(viewport.direction);
+    viewport.twist = data.bitDouble();
+    viewport.viewHeight = data.bitDouble();
+    viewport.lens = data.bitDouble();
+    viewport.frontClip = data.bitDouble();
+    viewport.backClip = data.bitDouble();
+    viewport.snapAngle = data.bitDouble();
+    rawPoint(data, viewport.viewCenter);
+    rawPoint(data, viewport.snapBase);
+    rawPoint(data, viewport.snapSpacing);
+    rawPoint(data, viewport.gridSpacing);
+    viewport.circleZoom = data.bitShort();
+}
+
+void plotSettings(DwgRecord& record, SheetRecords::Layout& layout)
+{
+    BitReader& data = record.data;
+    layout.pageSetup = record.text();
+    layout.printer = record.text();
+    layout.plotFlags = data.bitShort();
+    reals(data, layout.margins);
+    reals(data, layout.paper);
+    layout.paperName = record.text();
+    reals(data, layout.origin);
+    layout.paperUnits = data.bitShort();
+    layout.rotation = data.bitShort();
+    layout.plotType = data.bitShort();
+    reals(data, layout.window);
+    if (!record.since(DwgVersion::V2004))
+        record.text(); // name of the view that is plotted
+    reals(data, layout.scale);
+    layout.styleSheet = record.text();
+    layout.standardScale = data.bitShort();
+    layout.scaleFactor = data.bitDouble();
+    data.bitDouble();
+    data.bitDouble();
+    if (record.since(DwgVersion::V2004)) {
+        for (int i = 0; i < 3; ++i)
+            data.bitShort(); // how shaded views are plotted
+        record.reference(); // the view that is plotted
+    }
+    if (record.since(DwgVersion::V2007))
+        record.reference(); // its visual style
+}
+
+} // namespace
+
+SheetRecords::Viewport SheetRecords::viewport(DwgRecord& record)
+{
+    Viewport viewport;
+    BitReader& data = record.data;
+    record.point(viewport.center);
+    viewport.width = data.bitDouble();
+    viewport.height = data.bitDouble();
+    if (!record.since(DwgVersion::V2000))
+        return viewport;
+    viewOf(record, viewport);
+    if (record.since(DwgVersion::V2007))
+        data.bitShort(); // grid lines between main ones
+    const quint32 frozen = record.count(8);
+    viewport.flags = static_cast<quint32>(data.bitLong());
+    viewport.styleSheet = record.text();
+    viewport.renderMode = data.rawChar();
+    for (quint32 i = 0; i < frozen && !record.hasFailed(); ++i)
+        viewport.frozenLayers.push_back(record.reference());
+    viewport.clipEntity = record.reference();
+    return viewport;
+}
+
+SheetRecords::Layout SheetRecords::layout(DwgRecord& record)
+{
+    Layout layout;
+    BitReader& data = record.data;
+    double point[3];
+    plotSettings(record, layout);
+    layout.name = record.text();
+    layout.tabOrder = data.bitLong();
+    layout.flags = data.bitShort();
+    record.point(point); // origin of the coordinate system
+    rawPoint(data, layout.limits);
+    record.point(point); // insertion base
+    record.point(point); // axes
+    record.point(point);
+    data.bitDouble(); // elevation
+    data.bitShort(); // which orthographic view
+    record.point(point); // extents
+    record.point(point);
+    const quint32 viewports = record.since(DwgVersion::V2004) ? record.count(8) : 0;
+    layout.block = record.reference();
+    layout.lastActiveViewport = record.reference();
+    record.reference(); // base coordinate system
+    record.reference(); // named coordinate system
+    for (quint32 i = 0; i < viewports && !record.hasFailed(); ++i)
+        layout.viewports.push_back(record.reference());
+    return layout;
+}
