@@ -1,0 +1,9 @@
+#include "FeatureTour.h"
+void FeatureTour::changesManyLayersAtOnce() { }
+void FeatureTour::namesNewLayersAndDeletesEmptyOnes() { }
+void FeatureTour::savesALayerStateAndRestoresIt() { }
+void FeatureTour::editsALayerState() { }
+void FeatureTour::givesAViewportColorsOfItsOwn() { }
+void FeatureTour::handsAStateToAnotherDrawing() { }
+void FeatureTour::undoesEverythingAndRedoesIt() { }
+void FeatureTour::savesAndFindsEverythingAgain() { }
