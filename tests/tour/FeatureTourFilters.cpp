@@ -121,9 +121,9 @@ void FeatureTour::fillsAGroupByDraggingAndPicking()
 {
     palette().clickTool("New Group Filter");
     noteStep("Undo LAYER");
-    palette().typeLabel("Facade");
+    palette().typeLabel("Facade drawing");
     noteStep("Undo LAYER");
-    QCOMPARE(palette().selectedFilter(), QStringLiteral("Facade"));
+    QCOMPARE(palette().selectedFilter(), QStringLiteral("Facade drawing"));
     QCOMPARE(palette().rows(), QStringList());
     selectFilter("All");
     palette().click("A-GLAZ", LayerColumn::Status);
@@ -131,15 +131,28 @@ void FeatureTour::fillsAGroupByDraggingAndPicking()
     palette().click("A-WALL-EXTR", LayerColumn::Status, Qt::ControlModifier);
     QCOMPARE(palette().selectedRows().size(), 3);
     bool isPictured = false;
-    palette().drag("A-WALL-EXTR", "Facade", [&](const QDrag& drag, QPoint place) {
+    palette().drag("A-WALL-EXTR", "Facade drawing", [&](const QDrag& drag, QPoint place) {
         WindowPicture picture = m_tour->picture();
         picture.addDragged(drag.pixmap(), place + QPoint(10, 8));
         isPictured = m_tour->looksLike(picture, "drag");
     });
     QVERIFY(isPictured);
     noteStep("Undo LAYER");
-    selectFilter("Facade");
+    selectFilter("Facade drawing");
     QCOMPARE(palette().rows(),
              (QStringList{QStringLiteral("A-GLAZ"), QStringLiteral("A-GLAZ-SILL"),
                           QStringLiteral("A-WALL-EXTR")}));
+    // A grid bubble is picked in the drawing.
+    m_tour->whileAsked(
+        [this] {
+            palette().chooseOnFilter("Facade drawing",
+                                     {QStringLiteral("Select Layers"), QStringLiteral("Add")});
+        },
+        {[this] {
+             QTest::mouseClick(&m_tour->canvas(), Qt::LeftButton, {}, m_tour->placeOf(7200, 17750));
+         },
+         [this] { m_tour->typeLine(""); }});
+    noteStep("Undo LAYER");
+    QCOMPARE(palette().rows().size(), 4);
+    QCOMPARE(palette().rows().last(), QStringLiteral("S-GRID-IDEN"));
 }

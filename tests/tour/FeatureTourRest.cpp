@@ -1,6 +1,4 @@
 #include "FeatureTour.h"
-void FeatureTour::changesManyLayersAtOnce() { }
-void FeatureTour::namesNewLayersAndDeletesEmptyOnes() { }
 void FeatureTour::savesALayerStateAndRestoresIt() { }
 void FeatureTour::editsALayerState() { }
 void FeatureTour::givesAViewportColorsOfItsOwn() { }

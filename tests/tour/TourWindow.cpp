@@ -6,6 +6,8 @@
 #include "host/dialogs/HostPrompts.h"
 #include "host/window/WindowActions.h"
 #include "host/window/WindowSession.h"
+#include "host/window/commandline/CCommandEdit.h"
+#include "host/window/commandline/CCommandLine.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
 #include "host/window/views/CLayoutTabs.h"
@@ -23,6 +25,7 @@
 #include <QStatusBar>
 #include <QTest>
 #include <QTextCursor>
+#include <QTimer>
 #include <QToolButton>
 
 TourWindow::TourWindow()
@@ -113,6 +116,32 @@ void TourWindow::clickLayout(const char* name) const
     }
     settle();
     canvas().completeNow();
+}
+
+void TourWindow::whileAsked(const std::function<void()>& open,
+                            const std::vector<std::function<void()>>& steps) const
+{
+    const CCommandLine& line = m_window->commandLine();
+    std::size_t step = 0;
+    QTimer next;
+    QObject::connect(&next, &QTimer::timeout, &next, [&] {
+        if (step < steps.size() && line.isAsking())
+            steps[step++]();
+    });
+    next.start(0);
+    open();
+    const auto isOver = [&] { return step == steps.size() && !line.isAsking(); };
+    if (!QTest::qWaitFor(isOver))
+        reportTestFailure(QStringLiteral("Only %1 answers were asked for.").arg(step));
+    settle();
+}
+
+void TourWindow::typeLine(const char* line) const
+{
+    CCommandEdit& edit = m_window->commandLine().edit();
+    QTest::keyClicks(&edit, QString::fromUtf8(line));
+    QTest::keyClick(&edit, Qt::Key_Return);
+    settle();
 }
 
 QPoint TourWindow::placeOf(double x, double y) const

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class CCanvas;
 class HostPrompts;
@@ -41,6 +42,12 @@ public:
     static void pull(QWidget& widget, QPoint from, QPoint to);
     /// Clicks on the tab of model space or a sheet.
     void clickLayout(const char* name) const;
+    /// Does `open`, and the steps one by one each time the command line asks; returns when it asks
+    /// no more.
+    void whileAsked(const std::function<void()>& open,
+                    const std::vector<std::function<void()>>& steps) const;
+    /// Types a line into the command line and presses Enter.
+    void typeLine(const char* line) const;
     /// A point of the sheet or of model space in the canvas.
     QPoint placeOf(double x, double y) const;
     /// Lets everything that waits happen.
