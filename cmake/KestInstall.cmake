@@ -5,3 +5,6 @@ set(library_folder "${CMAKE_INSTALL_LIBDIR}/kest")
 set(private_libraries kest_base kest_database kest_io kest_sdk kest_toolkit LayerManager)
 set_target_properties(${private_libraries} PROPERTIES INSTALL_RPATH "$ORIGIN")
 install(TARGETS ${private_libraries} LIBRARY DESTINATION "${library_folder}" NAMELINK_SKIP)
+
+# All that installing copies, and nothing else.
+add_custom_target(installables DEPENDS kest layerman layerman_manual LayerManager translations icons)
