@@ -7,4 +7,4 @@ set_target_properties(${private_libraries} PROPERTIES INSTALL_RPATH "$ORIGIN")
 install(TARGETS ${private_libraries} LIBRARY DESTINATION "${library_folder}" NAMELINK_SKIP)
 
 # All that installing copies, and nothing else.
-add_custom_target(installables DEPENDS kest layerman layerman_manual LayerManager translations icons)
+add_custom_target(installables DEPENDS kest kest_manual layerman layerman_manual LayerManager translations icons)
