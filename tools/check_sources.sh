@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Rules that the compiler does not check: which folder may include which, how long a file may be, what a
-# widget is called, what no source holds, how sources are laid out. Prints one line per breach, exits 1 on any.
+# Rules that the compiler does not check: which folder may include which, how large a folder, a file and a function
+# may be, what a widget is called, what no source holds, how sources are laid out. Prints one line per breach,
+# exits 1 on any.
 #
 # Usage: tools/check_sources.sh [ROOT]
 set -uo pipefail
@@ -55,12 +56,20 @@ breaches() {
             split(FILENAME, parts, "/")
             folder = parts[1] "/" parts[2]
             ceiling = FILENAME ~ /\.h$/ ? 250 : 500
+            body = 0
         }
         function finish() {
             if (name != "" && length_ > ceiling)
                 print name ":" length_ ": longer than " ceiling " lines"
         }
         { length_ = FNR }
+        # The layout puts the braces of a function on lines of their own; those of a class end with a semicolon.
+        /^\{$/ { body = FNR }
+        /^\}$/ {
+            if (body && FNR - body - 1 > 60)
+                print FILENAME ":" body ": a function of " FNR - body - 1 " lines, longer than 60"
+            body = 0
+        }
         /^[ \t]*#[ \t]*include[ \t]*<Qt[A-Za-z0-9]*\// { report("a module-prefixed include; write the class alone") }
         /^[ \t]*#[ \t]*include[ \t]*"/ && (folder in allowed) {
             target = $0
@@ -81,6 +90,12 @@ breaches() {
         }
         END { finish() }
     ' "${sources[@]}"
+}
+
+folder_breaches() {
+    printf '%s\n' "${sources[@]%/*}" | sort | uniq -c | while read -r count folder; do
+        ((count <= 25)) || echo "$folder: $count sources, more than 25"
+    done
 }
 
 # The files of layermanager_core, as its CMakeLists.txt lists them, know no widget.
@@ -107,7 +122,7 @@ layout_breaches() {
         | sed -n 's/^\([^ :]*\):[0-9]*:[0-9]*: error: .*clang-format.*/\1: not laid out by clang-format/p' | sort -u
 }
 
-found="$(breaches; core_breaches; layout_breaches)"
+found="$(breaches; folder_breaches; core_breaches; layout_breaches)"
 if [[ -n "$found" ]]; then
     printf '%s\n' "$found"
     echo "check_sources: $(printf '%s\n' "$found" | wc -l) breaches in ${#sources[@]} files"

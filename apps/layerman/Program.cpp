@@ -1,7 +1,7 @@
 #include "layerman/Program.h"
 
 #include "base/StopSignal.h"
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/Output.h"

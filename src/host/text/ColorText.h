@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdCmColor.h"
+#include "database/values/OdCmColor.h"
 
 #include <optional>
 
