@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace {
 
 constexpr quint64 kLengthBits = 32;
@@ -63,11 +65,13 @@ RecordPatch::RecordPatch(const DwgRecord& record)
     , m_lengthAt(record.lengthPosition())
 { }
 
-void RecordPatch::replace(Stream stream, quint64 begin, quint64 end, const BitWriter& with)
+void RecordPatch::replace(Stream stream, BitSpan at, const BitWriter& with)
 {
     if (stream == Stream::Text && !hasTextStream(m_version))
         stream = Stream::Data;
-    m_edits.push_back({stream, begin, end, with});
+    const auto behind = std::find_if(m_edits.begin(), m_edits.end(),
+                                     [&](const Edit& edit) { return edit.at.begin > at.begin; });
+    m_edits.insert(behind, {stream, at, with});
 }
 
 void RecordPatch::copy(BitWriter& out, Stream stream, quint64 begin, quint64 end) const
@@ -75,9 +79,9 @@ void RecordPatch::copy(BitWriter& out, Stream stream, quint64 begin, quint64 end
     for (const Edit& edit : m_edits) {
         if (edit.stream != stream)
             continue;
-        out.append(m_body, begin, edit.begin);
+        out.append(m_body, begin, edit.at.begin);
         out.append(edit.with);
-        begin = edit.end;
+        begin = edit.at.end;
     }
     out.append(m_body, begin, end);
 }
@@ -97,19 +101,4 @@ QByteArray RecordPatch::result() const
     if (fill != 0)
         parts.onesFill = (m_body.back() & 1) != 0;
     return parts.assembled();
-}
-
-BitWriter RecordPatch::spelled(const DwgFormat& format, const QString& text)
-{
-    BitWriter out;
-    if (hasTextStream(format.version)) {
-        out.bitShort(static_cast<qint16>(text.size()));
-        for (const QChar unit : text)
-            out.rawShort(unit.unicode());
-        return out;
-    }
-    const QByteArray bytes = format.text.encode(text);
-    out.bitShort(static_cast<qint16>(bytes.size()));
-    out.raw(bytes);
-    return out;
 }

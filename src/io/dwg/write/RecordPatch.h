@@ -15,25 +15,20 @@ public:
     /// Of a record whose head was read.
     explicit RecordPatch(const DwgRecord& record);
 
-    /// Puts `with` in the place of the bits [begin, end) of the record's body. Edits of one stream
-    /// come in ascending order. Up to version 2004 texts are data.
-    void replace(Stream stream, quint64 begin, quint64 end, const BitWriter& with);
-    void insert(Stream stream, quint64 at, const BitWriter& with) { replace(stream, at, at, with); }
+    /// Puts `with` in the place of those bits of the record's body. Edits do not overlap. Up to
+    /// version 2004 texts are data.
+    void replace(Stream stream, BitSpan at, const BitWriter& with);
     bool isEmpty() const { return m_edits.empty(); }
 
     /// The whole record, from its size to its sum. Raises OdError where it grew beyond what the
     /// format can tell.
     QByteArray result() const;
 
-    /// The bits of text as a text of this version has them, length ahead.
-    static BitWriter spelled(const DwgFormat& format, const QString& text);
-
 private:
     struct Edit
     {
         Stream stream;
-        quint64 begin;
-        quint64 end;
+        BitSpan at;
         BitWriter with;
     };
     void copy(BitWriter& out, Stream stream, quint64 begin, quint64 end) const;
