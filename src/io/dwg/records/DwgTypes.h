@@ -59,6 +59,7 @@ enum : quint16 {
     UcsControl = 62,
     VportControl = 64,
     AppIdControl = 66,
+    AppId = 67,
     DimStyleControl = 68,
     Xrecord = 79,
 };

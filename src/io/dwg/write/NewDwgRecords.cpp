@@ -5,6 +5,8 @@
 #include "database/values/GroupList.h"
 #include "io/dwg/records/DwgTypes.h"
 
+#include <algorithm>
+
 namespace {
 
 enum LayerFlag : int {
@@ -17,7 +19,6 @@ enum LayerFlag : int {
 };
 constexpr int kLineWeightShift = 5;
 constexpr qint16 kCloning = 1; ///< keep what is there
-constexpr quint8 kByLayerWeight = 29;
 
 void appendType(BitWriter& out, DwgVersion version, quint16 type)
 {
@@ -232,8 +233,8 @@ QByteArray NewDwgRecords::variable(const Head& head, quint16 type, const QString
     return parts.assembled();
 }
 
-void NewDwgRecords::beginEntity(RecordParts& parts, const Head& head, const EntityHead& entity,
-                                const GroupList& groups) const
+void NewDwgRecords::beginEntity(RecordParts& parts, const Head& head,
+                                const EntityHead& entity) const
 {
     BitWriter& data = parts.data;
     data.bit(false); // no picture
@@ -246,13 +247,13 @@ void NewDwgRecords::beginEntity(RecordParts& parts, const Head& head, const Enti
         parts.handles.handle(DwgReference::SoftPointer, entity.previous);
         parts.handles.handle(DwgReference::SoftPointer, 0);
     }
-    constexpr qint16 kByLayer = 256;
-    const double color = value(groups, 62);
-    data.bitShort(color == 0 ? kByLayer : static_cast<qint16>(color));
-    const double scale = value(groups, 48);
-    data.bitDouble(scale == 0 ? 1.0 : scale);
+    data.bitShort(entity.color);
+    data.bitDouble(entity.linetypeScale);
     parts.handles.handle(DwgReference::HardPointer, entity.layer);
-    data.bits(0, 2); // linetype by layer
+    constexpr quint8 kNamed = 3;
+    data.bits(entity.linetypeKind, 2);
+    if (entity.linetypeKind == kNamed)
+        parts.handles.handle(DwgReference::HardPointer, entity.linetype);
     if (since(DwgVersion::V2007)) {
         data.bits(0, 2); // material by layer
         data.rawChar(0);
@@ -261,31 +262,88 @@ void NewDwgRecords::beginEntity(RecordParts& parts, const Head& head, const Enti
     if (since(DwgVersion::V2010))
         data.bits(0, 3); // no visual styles
     data.bitShort(0); // visible
-    data.rawChar(kByLayerWeight);
+    data.rawChar(static_cast<quint8>(Spelling::lineWeight(entity.lineWeight)));
+}
+
+void NewDwgRecords::appendLine(BitWriter& data, const GroupList& groups)
+{
+    const bool flat = value(groups, 30) == 0 && value(groups, 31) == 0;
+    data.bit(flat);
+    for (int axis = 0; axis < (flat ? 2 : 3); ++axis) {
+        data.rawDouble(value(groups, 10 + 10 * axis));
+        data.bits(3, 2); // not near the first point
+        data.rawDouble(value(groups, 11 + 10 * axis));
+    }
+    appendPlane(data, groups);
+}
+
+void NewDwgRecords::appendCircle(BitWriter& data, const GroupList& groups)
+{
+    for (int axis = 0; axis < 3; ++axis)
+        data.bitDouble(value(groups, 10 + 10 * axis));
+    data.bitDouble(value(groups, 40));
+    appendPlane(data, groups);
+}
+
+void NewDwgRecords::appendTextEntity(RecordParts& parts, const GroupList& groups,
+                                     quint64 style) const
+{
+    // A set bit: that value has its standard and is left out.
+    enum Standard : quint8 {
+        kElevation = 1,
+        kAlignmentPoint = 2,
+        kOblique = 4,
+        kRotation = 8,
+        kWidth = 16,
+        kGeneration = 32,
+        kHorizontal = 64,
+        kVertical = 128,
+    };
+    constexpr double kDegreesToRadians = 0.017453292519943295;
+    BitWriter& data = parts.data;
+    const double elevation = value(groups, 30);
+    const double rotation = value(groups, 50);
+    data.rawChar(kAlignmentPoint | kOblique | kWidth | kGeneration | kHorizontal | kVertical
+                 | (elevation == 0 ? kElevation : 0) | (rotation == 0 ? kRotation : 0));
+    if (elevation != 0)
+        data.rawDouble(elevation);
+    data.rawDouble(value(groups, 10));
+    data.rawDouble(value(groups, 20));
+    data.bit(true); // upwards
+    data.bit(true); // without thickness
+    if (rotation != 0)
+        data.rawDouble(rotation * kDegreesToRadians);
+    data.rawDouble(value(groups, 40));
+    QString text;
+    for (const GroupList::Group& group : groups) {
+        if (group.code == 1)
+            text = QString::fromUtf8(group.value);
+    }
+    appendText(parts, text);
+    parts.handles.handle(DwgReference::HardPointer, style);
 }
 
 std::optional<QByteArray> NewDwgRecords::entity(const Head& head, const EntityHead& entity,
                                                 QByteArrayView type, const GroupList& groups) const
 {
-    const bool isLine = type == "LINE";
-    if (!isLine && type != "CIRCLE")
+    struct Kind
+    {
+        QByteArrayView name;
+        quint16 type;
+    };
+    constexpr Kind kKinds[] = {
+        {"LINE", DwgType::Line}, {"CIRCLE", DwgType::Circle}, {"TEXT", DwgType::Text}};
+    const auto kind = std::find_if(std::begin(kKinds), std::end(kKinds),
+                                   [&](const Kind& known) { return known.name == type; });
+    if (kind == std::end(kKinds))
         return std::nullopt;
-    RecordParts parts = begin(isLine ? DwgType::Line : DwgType::Circle, head);
-    beginEntity(parts, head, entity, groups);
-    BitWriter& data = parts.data;
-    if (isLine) {
-        const bool flat = value(groups, 30) == 0 && value(groups, 31) == 0;
-        data.bit(flat);
-        for (int axis = 0; axis < (flat ? 2 : 3); ++axis) {
-            data.rawDouble(value(groups, 10 + 10 * axis));
-            data.bits(3, 2); // not near the first point
-            data.rawDouble(value(groups, 11 + 10 * axis));
-        }
-    } else {
-        for (int axis = 0; axis < 3; ++axis)
-            data.bitDouble(value(groups, 10 + 10 * axis));
-        data.bitDouble(value(groups, 40));
-    }
-    appendPlane(data, groups);
+    RecordParts parts = begin(kind->type, head);
+    beginEntity(parts, head, entity);
+    if (kind->type == DwgType::Line)
+        appendLine(parts.data, groups);
+    else if (kind->type == DwgType::Circle)
+        appendCircle(parts.data, groups);
+    else
+        appendTextEntity(parts, groups, entity.textStyle);
     return parts.assembled();
 }

@@ -52,8 +52,14 @@ public:
         DwgEntityHead::Space space = DwgEntityHead::Space::Owner;
         quint64 layer = 0;
         quint64 previous = 0; ///< up to version 2000
+        qint16 color = 256; ///< index, 0 by block, 256 by layer
+        quint8 linetypeKind = 0; ///< as DwgEntityHead has it
+        quint64 linetype = 0;
+        qint16 lineWeight = -1;
+        double linetypeScale = 1;
+        quint64 textStyle = 0; ///< of a text
     };
-    /// A LINE or a CIRCLE by its groups; nothing for another type.
+    /// A LINE, a CIRCLE or a TEXT by its groups; nothing for another type.
     std::optional<QByteArray> entity(const Head& head, const EntityHead& entity,
                                      QByteArrayView type, const GroupList& groups) const;
 
@@ -64,8 +70,10 @@ public:
 
 private:
     RecordParts begin(quint16 type, const Head& head) const;
-    void beginEntity(RecordParts& parts, const Head& head, const EntityHead& entity,
-                     const GroupList& groups) const;
+    void beginEntity(RecordParts& parts, const Head& head, const EntityHead& entity) const;
+    static void appendLine(BitWriter& data, const GroupList& groups);
+    static void appendCircle(BitWriter& data, const GroupList& groups);
+    void appendTextEntity(RecordParts& parts, const GroupList& groups, quint64 style) const;
     void appendReactors(RecordParts& parts, const Head& head) const;
     void appendText(RecordParts& parts, const QString& text) const;
     /// Name and the marks of an external reference, which it has none of.
