@@ -27,15 +27,15 @@ void appendTextEnd(BitWriter& out, quint64 length, bool hasText)
 
 } // namespace
 
-QByteArray RecordParts::assembled() const
+QByteArray RecordParts::body(bool tellsLength, quint64& handlesAt) const
 {
     BitWriter all = data;
     if (hasTextStream(version)) {
         all.append(text);
         appendTextEnd(all, text.size(), hasText);
     }
-    const quint64 handlesAt = all.size();
-    if (version < DwgVersion::V2010) {
+    handlesAt = all.size();
+    if (tellsLength) {
         BitWriter measured;
         measured.append(all.bytes(), 0, lengthAt);
         measured.rawLong(static_cast<quint32>(handlesAt));
@@ -44,16 +44,23 @@ QByteArray RecordParts::assembled() const
     }
     all.append(handles);
     all.fillByte(onesFill);
-    const quint64 size = all.size() / 8;
-    if (size > kLongestRecord || text.size() > kLongestText)
+    if (all.size() / 8 > kLongestRecord || text.size() > kLongestText)
         throw OdError(OdResult::InvalidInput,
                       QCoreApplication::translate(
                           "RecordPatch", "A record grew beyond what DWG drawings can hold."));
+    return all.bytes();
+}
+
+QByteArray RecordParts::assembled() const
+{
+    quint64 handlesAt = 0;
+    const QByteArray all = body(version < DwgVersion::V2010, handlesAt);
+    const auto size = static_cast<quint64>(all.size());
     BitWriter record;
     record.modularShort(static_cast<quint32>(size));
     if (version >= DwgVersion::V2010)
         record.modularChar(size * 8 - handlesAt);
-    record.raw(all.bytes());
+    record.raw(all);
     record.rawShort(Checksums::crc16(record.bytes()));
     return record.bytes();
 }
@@ -63,6 +70,13 @@ RecordPatch::RecordPatch(const DwgRecord& record)
     , m_body(record.body())
     , m_layout(record.layout())
     , m_lengthAt(record.lengthPosition())
+{ }
+
+RecordPatch::RecordPatch(const DwgStreams& section)
+    : m_version(section.version())
+    , m_body(section.body())
+    , m_layout(section.layout())
+    , m_lengthAt(0)
 { }
 
 void RecordPatch::replace(Stream stream, BitSpan at, const BitWriter& with)
@@ -86,7 +100,7 @@ void RecordPatch::copy(BitWriter& out, Stream stream, quint64 begin, quint64 end
     out.append(m_body, begin, end);
 }
 
-QByteArray RecordPatch::result() const
+RecordParts RecordPatch::parts() const
 {
     RecordParts parts;
     parts.version = m_version;
@@ -100,5 +114,16 @@ QByteArray RecordPatch::result() const
     copy(parts.handles, Stream::Handles, m_layout.handlesBegin, end - fill);
     if (fill != 0)
         parts.onesFill = (m_body.back() & 1) != 0;
-    return parts.assembled();
+    return parts;
+}
+
+QByteArray RecordPatch::result() const
+{
+    return parts().assembled();
+}
+
+QByteArray RecordPatch::body() const
+{
+    quint64 handlesAt = 0;
+    return parts().body(hasTextStream(m_version), handlesAt);
 }
