@@ -16,12 +16,19 @@
 #include <QToolButton>
 #include <QTreeView>
 
+void FeatureTour::pullPaletteEdge(int wider) const
+{
+    QWidget& window = m_tour->window();
+    const QPoint right = palette().grid().mapTo(&window, palette().grid().rect().topRight());
+    TourWindow::pull(window, right + QPoint(4, 60), right + QPoint(4 + wider, 60));
+    m_tour->settle();
+}
+
 /// Pulls the edges of the palette, its tree and its columns, so that more can be read.
 void FeatureTour::makeRoom() const
 {
     QWidget& window = m_tour->window();
-    const QPoint edge = palette().grid().mapTo(&window, palette().grid().rect().topRight());
-    TourWindow::pull(window, edge + QPoint(4, 60), edge + QPoint(244, 60));
+    pullPaletteEdge(240);
     auto* splitter = window.findChild<QSplitter*>(QStringLiteral("layerSplitter"));
     const QPoint grip = splitter->handle(1)->rect().center();
     TourWindow::pull(*splitter->handle(1), grip, grip + QPoint(36, 0));
