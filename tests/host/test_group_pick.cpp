@@ -190,10 +190,7 @@ void TestGroupPick::aPickIsAStepOfItsOwn()
                                       Qt::MatchExactly | Qt::MatchRecursive)
                                .value(0));
     settle();
-    chooseAnd(40100, {[this] {
-                          click({50, 0});
-                      },
-                      [this] { typeLine(""); }});
+    chooseAnd(40100, {[this] { click({50, 0}); }, [this] { typeLine(""); }});
     QCOMPARE(layersOfGroup().size(), 2);
     typeLine("U");
     settle();

@@ -55,8 +55,8 @@ private:
     /// Notes that a step was done which the menu names so; checks that it does.
     void noteStep(const char* undoText);
     void makeRoom() const;
-    /// Pulls the edge between palette and drawing.
-    void pullPaletteEdge(int wider) const;
+    /// Pulls the edge between palette and drawing; returns how far it came.
+    int pullPaletteEdge(int wider) const;
     /// Clicks on a filter, which the drawing keeps: a step.
     void selectFilter(const char* name);
     void editFilter(QDialog& dialog, const QStringList& expected);

@@ -4,9 +4,9 @@
 #include "TourDialogs.h"
 #include "database/OdCmColor.h"
 #include "database/OdDbDatabase.h"
+#include "database/OdDbEntity.h"
 #include "database/OdDbLayerTable.h"
 #include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbEntity.h"
 #include "host/canvas/CCanvas.h"
 
 #include <QDialog>
@@ -40,7 +40,7 @@ void FeatureTour::givesAViewportColorsOfItsOwn()
     // The tree and the drawing make room for the columns of viewports.
     palette().clickTool("Show the Filter Tree");
     QVERIFY(!palette().tree().isVisible());
-    pullPaletteEdge(190);
+    const int wider = pullPaletteEdge(104);
     QTest::mouseClick(&palette().search(), Qt::LeftButton);
     QTest::keyClicks(&palette().search(), QStringLiteral("a-wall"));
     palette().click("A-WALL-CORE", LayerColumn::Status);
@@ -68,13 +68,14 @@ void FeatureTour::givesAViewportColorsOfItsOwn()
                             {QStringLiteral("Remove Overrides of Selected Layers"),
                              QStringLiteral("In the Active Viewport")});
     noteStep("Undo LAYER");
-    QCOMPARE(layersThat([](const auto& layer) { return isWall(layer) && layer.hasAnyOverrides(); })
-                 .size(),
+    QCOMPARE(layersThat([](const auto& layer) {
+                 return isWall(layer) && layer.hasAnyOverrides();
+             }).size(),
              layersThat(isWall).size() - 1);
     palette().search().selectAll();
     QTest::keyClick(&palette().search(), Qt::Key_Delete);
     palette().clickTool("Show the Filter Tree");
-    pullPaletteEdge(-190);
+    pullPaletteEdge(-wider);
     tour.clickLayout("Model");
     noteStep("Undo LAYOUT");
 }

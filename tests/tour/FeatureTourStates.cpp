@@ -17,8 +17,7 @@ namespace {
 
 QAbstractItemView& stateList(const QDialog& manager)
 {
-    auto* list =
-        qobject_cast<QAbstractItemView*>(controlById(&manager, StateControl::kList));
+    auto* list = qobject_cast<QAbstractItemView*>(controlById(&manager, StateControl::kList));
     if (!list)
         qFatal("The layer-state manager has no list.");
     return *list;
@@ -100,8 +99,8 @@ void FeatureTour::savesALayerStateAndRestoresIt()
                 QVERIFY(m_tour->looksLike("state_new"));
                 tour_dialogs::press(dialog, QStringLiteral("OK"));
             });
-        QVERIFY(states(manager).contains(QStringLiteral("Electrical plan|Model|Yes|")
-                                         + kDescription));
+        QVERIFY(
+            states(manager).contains(QStringLiteral("Electrical plan|Model|Yes|") + kDescription));
         tour_dialogs::press(manager, QStringLiteral("Close"));
     });
     noteStep("Undo LAYERSTATE");
@@ -121,8 +120,8 @@ void FeatureTour::savesALayerStateAndRestoresIt()
     QCOMPARE(layersThat(isFrozen) + layersThat(isLocked), QStringList());
 
     inManagerOn("Electrical plan", [this](QDialog& manager) {
-        QVERIFY(states(manager).contains(QStringLiteral("Electrical plan|Model|No|")
-                                         + kDescription));
+        QVERIFY(
+            states(manager).contains(QStringLiteral("Electrical plan|Model|No|") + kDescription));
         QVERIFY(m_tour->looksLike("states"));
         tour_dialogs::press(manager, QStringLiteral("Restore"));
     });
@@ -138,16 +137,15 @@ void FeatureTour::editsALayerState()
         tour_dialogs::inDialog(
             [&manager] { tour_dialogs::press(manager, QStringLiteral("Edit...")); },
             [this](QDialog& dialog) {
-                QCOMPARE(dialog.windowTitle(),
-                         QStringLiteral("Edit Layer State: Electrical plan"));
+                QCOMPARE(dialog.windowTitle(), QStringLiteral("Edit Layer State: Electrical plan"));
                 clickRow(*dialog.findChild<QTableView*>(), "M-RADI",
                          static_cast<int>(StateLayerColumn::On));
                 QVERIFY(m_tour->looksLike("state_edit"));
                 tour_dialogs::press(dialog, QStringLiteral("OK"));
             });
         noteStep("Undo LAYERSTATE");
-        QVERIFY(states(manager).contains(QStringLiteral("Electrical plan|Model|No|")
-                                         + kDescription));
+        QVERIFY(
+            states(manager).contains(QStringLiteral("Electrical plan|Model|No|") + kDescription));
         tour_dialogs::press(manager, QStringLiteral("Restore"));
     });
     noteStep("Undo LAYERSTATE");
