@@ -2,8 +2,8 @@
 // is that of the file.
 
 #include "bench/support/GeneratedDrawing.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 
 #include <QFileInfo>

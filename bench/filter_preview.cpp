@@ -5,7 +5,7 @@
 #include "bench/support/GeneratedDrawing.h"
 #include "bench/support/LayerCounts.h"
 #include "bench/support/WidgetBenchmarks.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/filters/OdLyLayerFilterManager.h"
 #include "io/DrawingFile.h"
 #include "layermanager/filter_editor/CDlgLayPropFilter.h"
 #include "layermanager/filter_editor/CLayPropFilterEdListCtrl.h"

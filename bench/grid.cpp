@@ -3,8 +3,8 @@
 #include "bench/support/BenchDocuments.h"
 #include "bench/support/GeneratedDrawing.h"
 #include "bench/support/WidgetBenchmarks.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 

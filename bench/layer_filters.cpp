@@ -3,9 +3,9 @@
 
 #include "bench/support/GeneratedDrawing.h"
 #include "bench/support/LayerCounts.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdLyLayerFilter.h"
+#include "database/filters/OdLyLayerFilter.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 #include "layermanager/filters/FilterExpression.h"
 #include "layermanager/filters/LayersOfFilter.h"

@@ -3,10 +3,10 @@
 
 #include "bench/support/GeneratedDrawing.h"
 #include "bench/support/LayerCounts.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
 #include "database/states/LayerStateMask.h"
 #include "database/states/LayerStates.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 #include "io/las/LasReader.h"
 #include "io/las/LasWriter.h"

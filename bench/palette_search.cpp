@@ -4,7 +4,7 @@
 #include "bench/support/GeneratedDrawing.h"
 #include "bench/support/LayerCounts.h"
 #include "bench/support/WidgetBenchmarks.h"
-#include "database/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "io/DrawingFile.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/palette/CLayerPaneView.h"

@@ -2,8 +2,8 @@
 // waits for this, some seconds after an edit.
 
 #include "bench/support/GeneratedDrawing.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
 #include "io/files/AtomicFile.h"

@@ -5,9 +5,9 @@
 #include "host/text/LineweightText.h"
 #include "io/DrawingFile.h"
 #include "layermanager/filters/FilterExpression.h"
-#include "support/DrawingText.h"
 #include "support/FakeHost.h"
-#include "support/ForeseenFilterLoss.h"
+#include "support/drawings/DrawingText.h"
+#include "support/reference/ForeseenFilterLoss.h"
 
 #include <cstdio>
 #include <cstdlib>

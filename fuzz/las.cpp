@@ -1,7 +1,7 @@
 // Layer-state files: any bytes are refused with a sentence or read; what was read survives being
 // written and read again, and a drawing takes it, restores it and stays sound.
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/LayerStateMask.h"
 #include "database/states/LayerStates.h"
 #include "io/DrawingFile.h"

@@ -5,7 +5,7 @@
 // where something may go wrong.
 
 #include "base/WildcardPattern.h"
-#include "support/ReferenceWildcard.h"
+#include "support/reference/ReferenceWildcard.h"
 
 #include <algorithm>
 #include <cstdlib>

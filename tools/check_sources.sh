@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Rules that the compiler does not check: which folder may include which, how long a file may be, what a
-# widget is called, what no source holds, how sources are laid out. Prints one line per breach, exits 1 on any.
+# Rules that the compiler does not check: which folder may include which, how large a folder, a file and a function
+# may be, what a widget is called, what no source holds, how sources are laid out. Prints one line per breach,
+# exits 1 on any.
 #
 # Usage: tools/check_sources.sh [ROOT]
 set -uo pipefail
@@ -17,14 +18,15 @@ fi
 # Folders that each folder may include, or the one part of them; itself is meant too.
 arrows="
 src/base:
+src/usage: base
 src/database: base
 src/io: base database
 src/sdk: base database io
 src/toolkit: base
-src/host: base database io sdk toolkit
+src/host: base usage database io sdk toolkit
 src/layermanager: base database sdk toolkit
-apps/kest: base database io sdk toolkit host
-apps/layerman: base database io sdk layermanager host/text
+apps/kest: base usage database io sdk toolkit host
+apps/layerman: base usage database io sdk layermanager host/text
 "
 
 widget_bases="QWidget|QDialog|QMainWindow|QDockWidget|QFrame|QAbstractScrollArea|QScrollArea|QAbstractItemView|\
@@ -55,12 +57,20 @@ breaches() {
             split(FILENAME, parts, "/")
             folder = parts[1] "/" parts[2]
             ceiling = FILENAME ~ /\.h$/ ? 250 : 500
+            body = 0
         }
         function finish() {
             if (name != "" && length_ > ceiling)
                 print name ":" length_ ": longer than " ceiling " lines"
         }
         { length_ = FNR }
+        # The layout puts the braces of a function on lines of their own; those of a class end with a semicolon.
+        /^\{$/ { body = FNR }
+        /^\}$/ {
+            if (body && FNR - body - 1 > 60)
+                print FILENAME ":" body ": a function of " FNR - body - 1 " lines, longer than 60"
+            body = 0
+        }
         /^[ \t]*#[ \t]*include[ \t]*<Qt[A-Za-z0-9]*\// { report("a module-prefixed include; write the class alone") }
         /^[ \t]*#[ \t]*include[ \t]*"/ && (folder in allowed) {
             target = $0
@@ -81,6 +91,12 @@ breaches() {
         }
         END { finish() }
     ' "${sources[@]}"
+}
+
+folder_breaches() {
+    printf '%s\n' "${sources[@]%/*}" | sort | uniq -c | while read -r count folder; do
+        ((count <= 25)) || echo "$folder: $count sources, more than 25"
+    done
 }
 
 # The files of layermanager_core, as its CMakeLists.txt lists them, know no widget.
@@ -107,7 +123,7 @@ layout_breaches() {
         | sed -n 's/^\([^ :]*\):[0-9]*:[0-9]*: error: .*clang-format.*/\1: not laid out by clang-format/p' | sort -u
 }
 
-found="$(breaches; core_breaches; layout_breaches)"
+found="$(breaches; folder_breaches; core_breaches; layout_breaches)"
 if [[ -n "$found" ]]; then
     printf '%s\n' "$found"
     echo "check_sources: $(printf '%s\n' "$found" | wc -l) breaches in ${#sources[@]} files"

@@ -1,6 +1,6 @@
 #include "layerman/CompanionHost.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/text/LineweightText.h"
 #include "sdk/IKestServicesManager.h"
 #include "sdk/IKestSysvarManager.h"

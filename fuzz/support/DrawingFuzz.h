@@ -1,13 +1,13 @@
 #pragma once
 
-#include "database/GroupCursor.h"
-#include "database/HeaderVariables.h"
-#include "database/ObjectStore.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/HeaderVariables.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/values/GroupCursor.h"
 #include "io/DrawingFile.h"
-#include "io/dxf/DxfVersion.h"
+#include "io/dxf/text/DxfVersion.h"
 
 #include <QByteArray>
 

@@ -41,10 +41,3 @@ private:
     Qt::CaseSensitivity m_sensitivity;
     std::vector<WildcardAlternative> m_alternatives;
 };
-
-/// Whether a name matches; see WildcardPattern. A pattern that is tried on many names is compiled
-/// once.
-inline bool matchesWildcard(const WildcardPattern& pattern, QStringView name)
-{
-    return pattern.matches(name);
-}

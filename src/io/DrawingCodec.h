@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdDbObjectSource.h"
+#include "database/drawing/OdDbObjectSource.h"
 #include "io/FileImage.h"
 
 #include <QByteArrayView>

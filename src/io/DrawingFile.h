@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "io/files/FileLayout.h"
 
 #include <QString>

@@ -1,9 +1,9 @@
 #include "sdk/CLayerStateUtility.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/LayerStates.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/las/LasReader.h"
 #include "io/las/LasText.h"
 #include "io/las/LasWriter.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/states/LayerInfoInLS.h"
 #include "database/states/LayerStateMask.h"
+#include "database/states/stored/LayerInfoInLS.h"
 #include "database/streams/OdStreamBuf.h"
 #include "sdk/layStateEntry.h"
 

@@ -1,10 +1,10 @@
 #include "sdk/KestHost.h"
 
-#include "sdk/CKsUndoRedoCommandHistory.h"
 #include "sdk/IKestIOManager.h"
 #include "sdk/IKestServicesManager.h"
 #include "sdk/IKestSysvarManager.h"
 #include "sdk/KsApDocManager.h"
+#include "sdk/commands/CKsUndoRedoCommandHistory.h"
 
 namespace {
 

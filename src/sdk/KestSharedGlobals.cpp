@@ -1,7 +1,7 @@
 #include "sdk/KestSharedGlobals.h"
 
 #include "sdk/KestHost.h"
-#include "sdk/KsResString.h"
+#include "sdk/texts/KsResString.h"
 
 namespace {
 

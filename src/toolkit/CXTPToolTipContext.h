@@ -47,7 +47,6 @@ public:
     CXTPToolTipContext& operator=(const CXTPToolTipContext&) = delete;
 
     void SetStyle(int style) { m_style = style; }
-    int GetStyle() const { return m_style; }
     void SetTipBkColor(const QColor& colour) { m_background = colour; }
     /// Added to the space between frame and contents; negative values make it less.
     void SetMargin(const QMargins& margins) { m_margins = margins; }

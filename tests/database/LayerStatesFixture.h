@@ -1,15 +1,15 @@
 #pragma once
 
-#include "database/OdDbDictionary.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbXrecord.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/objects/OdDbXrecord.h"
 #include "database/states/LayerStateDictionary.h"
 #include "database/states/LayerStateMask.h"
 #include "database/states/LayerStates.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
-#include "support/DrawingText.h"
+#include "support/drawings/DrawingText.h"
 
 #include <functional>
 #include <gtest/gtest.h>

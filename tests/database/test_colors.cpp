@@ -1,4 +1,4 @@
-#include "database/OdCmColor.h"
+#include "database/values/OdCmColor.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "database/OdDbBlockTableRecord.h"
-#include "database/OdDbLayerTable.h"
-#include "support/DrawingText.h"
-#include "support/EditedDrawing.h"
+#include "database/tables/OdDbBlockTableRecord.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "support/drawings/DrawingText.h"
+#include "support/drawings/EditedDrawing.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,8 +1,8 @@
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/filters/FilterExpressionParser.h"
 #include "database/filters/FilterExpressionText.h"
 #include "io/DrawingFile.h"
-#include "support/DrawingText.h"
+#include "support/drawings/DrawingText.h"
 
 #include <gtest/gtest.h>
 

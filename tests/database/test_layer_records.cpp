@@ -1,10 +1,10 @@
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbLayout.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/objects/OdDbLayout.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
 #include "io/DrawingFile.h"
-#include "support/DrawingText.h"
+#include "support/drawings/DrawingText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "LayerStatesFixture.h"
-#include "database/states/LayerStateHead.h"
+#include "database/states/stored/LayerStateHead.h"
 
 namespace {
 

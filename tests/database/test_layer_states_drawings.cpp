@@ -1,5 +1,5 @@
 #include "LayerStatesFixture.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <set>
 

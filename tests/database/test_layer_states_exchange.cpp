@@ -1,5 +1,5 @@
 #include "LayerStatesFixture.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
 
 namespace {
 
@@ -76,7 +76,7 @@ TEST_F(LayerStateExchanging, MakesLayersThatTheDrawingLacks)
         ->setIsLocked(true);
     m_otherStates.add(m_plan, QStringLiteral("below"));
     const LayerState walls = read("Walls")->state();
-    expectUndoable([&] { m_states.takeFrom(*m_other, m_plan); });
+    expectUndoable([&] { m_states.take(LayerStates(*m_other).exported(m_plan)); });
     ASSERT_FALSE(layer("Cellar").isNull());
     EXPECT_EQ(cellar()->color(), OdCmColor::fromIndex(3)) << "with the settings of the state";
     EXPECT_TRUE(cellar()->isLocked());
@@ -100,7 +100,7 @@ TEST_F(LayerStateExchanging, BringsLinetypesAlong)
         ->setLinetypeObjectId(dashed);
     m_otherStates.add(m_plan, {});
     ASSERT_TRUE(linetype("DASHED").isNull());
-    expectUndoable([&] { states.takeFrom(*m_other, m_plan); });
+    expectUndoable([&] { states.take(LayerStates(*m_other).exported(m_plan)); });
     EXPECT_EQ(cellar()->linetypeObjectId(), linetype("DASHED"));
     EXPECT_EQ(linetype("DASHED").safeOpenObject<OdDbLinetypeTableRecord>()->dashes(),
               (std::vector<double>{0.5, -0.25}));
@@ -136,7 +136,8 @@ TEST_F(LayerStateExchanging, RefusesANameThatIsThere)
     m_states.add(m_plan, {});
     m_otherStates.add(QStringLiteral("PLAN"), {});
     const LayerLook before = LayerLook::of(*m_drawing);
-    EXPECT_EQ(failureOf([&] { m_states.takeFrom(*m_other, m_plan); }), OdResult::DuplicateKey);
+    EXPECT_EQ(failureOf([&] { m_states.take(LayerStates(*m_other).exported(m_plan)); }),
+              OdResult::DuplicateKey);
     EXPECT_TRUE(LayerLook::of(*m_drawing) == before) << "no layer was made";
 }
 

@@ -1,5 +1,5 @@
 #include "LayerStatesFixture.h"
-#include "database/HeaderVariables.h"
+#include "database/store/HeaderVariables.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTable.h"
-#include "support/DrawingText.h"
-#include "support/EditedDrawing.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "support/drawings/DrawingText.h"
+#include "support/drawings/EditedDrawing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "database/OdError.h"
 #include "database/streams/OdMemoryStream.h"
+#include "database/values/OdError.h"
 
 #include <QByteArray>
 

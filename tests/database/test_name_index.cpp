@@ -1,4 +1,4 @@
-#include "database/NameIndex.h"
+#include "database/store/NameIndex.h"
 
 #include <QString>
 

@@ -1,11 +1,11 @@
-#include "database/ObjectStore.h"
-#include "database/OdDbDatabaseReactor.h"
-#include "database/OdDbDictionary.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbXrecord.h"
-#include "support/DrawingText.h"
-#include "support/EditedDrawing.h"
+#include "database/drawing/OdDbDatabaseReactor.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/objects/OdDbXrecord.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "support/drawings/DrawingText.h"
+#include "support/drawings/EditedDrawing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
-#include "support/DrawingText.h"
+#include "support/drawings/DrawingText.h"
 
 #include <gtest/gtest.h>
 

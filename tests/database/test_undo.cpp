@@ -1,8 +1,8 @@
-#include "database/HeaderVariables.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/store/HeaderVariables.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
-#include "support/DrawingText.h"
+#include "support/drawings/DrawingText.h"
 
 #include <gtest/gtest.h>
 #include <random>

@@ -1,5 +1,5 @@
 #include "host/support/HostFixture.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 #include <QDir>
 #include <QFile>

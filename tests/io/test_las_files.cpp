@@ -1,4 +1,4 @@
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "io/las/LasReader.h"
 #include "io/las/LasText.h"
 #include "io/las/LasWriter.h"

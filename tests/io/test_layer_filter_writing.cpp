@@ -1,10 +1,10 @@
-#include "database/OdDbDictionary.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
-#include "support/DrawingText.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/DrawingText.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "database/OdDbLayerTable.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "io/DrawingFile.h"
-#include "support/DrawingText.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/DrawingText.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <gtest/gtest.h>
 

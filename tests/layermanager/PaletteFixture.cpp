@@ -1,10 +1,10 @@
 #include "PaletteFixture.h"
 
 #include "LayerDrawing.h"
-#include "database/OdRxModule.h"
+#include "database/values/OdRxModule.h"
 #include "layermanager/module/LayerModuleState.h"
 #include "layermanager/palette/CLayerPaneView.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QLabel>

@@ -1,12 +1,12 @@
 #include "LayerDrawing.h"
 #include "PaletteFixture.h"
-#include "database/OdRxModule.h"
+#include "database/values/OdRxModule.h"
 #include "layermanager/module/GroupFilterPickReceiver.h"
 #include "layermanager/module/LayerCommand.h"
 #include "layermanager/module/LayerModuleState.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "sdk/KestSharedGlobals.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 #include <QFileInfo>
 #include <QLibrary>

@@ -4,8 +4,8 @@
 #include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "sdk/CKestPreferenceManager.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QLineEdit>
 #include <QScopedValueRollback>

@@ -1,4 +1,4 @@
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 #include <gtest/gtest.h>
 

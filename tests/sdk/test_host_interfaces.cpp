@@ -1,5 +1,4 @@
 #include "sdk/CKestPreferenceManager.h"
-#include "sdk/CKsUndoRedoCommandHistory.h"
 #include "sdk/CSECommonUtil.h"
 #include "sdk/IKestIOManager.h"
 #include "sdk/IKestServicesManager.h"
@@ -10,6 +9,7 @@
 #include "sdk/KestStatus.h"
 #include "sdk/KsApDocManager.h"
 #include "sdk/LocalSearch.h"
+#include "sdk/commands/CKsUndoRedoCommandHistory.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "sdk/CatalogueFormat.h"
 #include "sdk/KestSharedGlobals.h"
-#include "sdk/KsResString.h"
+#include "sdk/texts/CatalogueFormat.h"
+#include "sdk/texts/KsResString.h"
 #include "support/CatalogueBytes.h"
 #include "support/ExpectedWarning.h"
 

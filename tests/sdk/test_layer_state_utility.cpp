@@ -1,14 +1,14 @@
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/objects/OdDbEntity.h"
 #include "database/states/LayerStateDictionary.h"
 #include "database/streams/OdMemoryStream.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 #include "io/las/LasWriter.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "sdk/CLayerStateUtility.h"
-#include "support/DrawingText.h"
 #include "support/FakeHost.h"
+#include "support/drawings/DrawingText.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,11 +1,11 @@
 #include "support/FakeHost.h"
 
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
 #include "host/text/LineweightText.h"
 #include "io/DrawingFile.h"
-#include "sdk/CKsUndoRedoCommandHistory.h"
 #include "sdk/IKestSysvarManager.h"
 #include "sdk/KsApDocManager.h"
+#include "sdk/commands/CKsUndoRedoCommandHistory.h"
 
 #include <algorithm>
 

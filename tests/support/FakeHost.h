@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/OdCmColor.h"
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/values/OdCmColor.h"
 #include "sdk/IKestIOManager.h"
 #include "sdk/IKestServicesManager.h"
 #include "sdk/KestHost.h"

@@ -1,7 +1,7 @@
 #include "support/ExpectedWarning.h"
-#include "support/GoldenImage.h"
 #include "support/RecordingPrompts.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/SharedDrawings.h"
+#include "support/pictures/GoldenImage.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,6 +1,6 @@
 #include "DockingFixture.h"
 
-#include "support/StillStyle.h"
+#include "support/pictures/StillStyle.h"
 #include "toolkit/docking/CPaneFlyout.h"
 #include "toolkit/docking/CSideTabButton.h"
 

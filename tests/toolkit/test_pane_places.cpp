@@ -1,6 +1,6 @@
 #include "DockingFixture.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 #include "toolkit/docking/CPaneFlyout.h"
 #include "toolkit/docking/CPaneTitleBar.h"
 

@@ -1,6 +1,6 @@
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
 #include "support/GuardedTest.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 #include "toolkit/CXTPToolTipContext.h"
 #include "toolkit/tooltips/CRichToolTip.h"
 #include "toolkit/tooltips/ToolTipMarkup.h"

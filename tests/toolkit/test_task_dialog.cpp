@@ -1,6 +1,6 @@
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
 #include "support/GuardedTest.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 #include "toolkit/CXTPTaskDialog.h"
 #include "toolkit/ControlRegistry.h"
 

@@ -106,6 +106,20 @@ class CheckSources(unittest.TestCase):
         self.plant("src/base/Long.cpp", "// a\n" * 500)
         self.assertEqual(self.check().returncode, 0)
 
+    def test_a_folder_over_its_ceiling_is_found(self):
+        for number in range(24):
+            self.plant(f"src/base/Many{number}.cpp", "// a\n")
+        self.assertEqual(self.check().returncode, 0)
+        self.plant("src/base/OneTooMany.h", "#pragma once\n")
+        self.assertBreach("src/base: 26 sources, more than 25")
+
+    def test_a_function_over_its_ceiling_is_found(self):
+        statements = "    f();\n" * 60
+        self.plant("src/base/Long.cpp", "void f()\n{\n" + statements + "}\n\nclass C\n{\n" + statements + statements + "};\n")
+        self.assertEqual(self.check().returncode, 0)
+        self.plant("src/base/Long.cpp", "void f()\n{\n" + statements + "    f();\n}\n")
+        self.assertBreach("src/base/Long.cpp:2: a function of 61 lines, longer than 60")
+
     def test_an_open_end_is_found(self):
         # Put together here, so that this file holds none itself.
         self.plant("src/base/Open.cpp", "// TO" + "DO: later\n")

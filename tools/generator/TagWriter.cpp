@@ -1,6 +1,6 @@
 #include "generator/TagWriter.h"
 
-#include "io/dxf/GroupCode.h"
+#include "io/dxf/text/GroupCode.h"
 
 #include <algorithm>
 #include <bit>

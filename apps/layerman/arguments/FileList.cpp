@@ -1,7 +1,7 @@
 #include "layerman/arguments/FileList.h"
 
 #include "base/StandardInput.h"
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "layerman/CompanionText.h"
 #include "layerman/arguments/DecodedName.h"
 #include "layerman/arguments/UsageError.h"

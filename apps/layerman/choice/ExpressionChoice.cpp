@@ -1,6 +1,6 @@
 #include "layerman/choice/ExpressionChoice.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/filters/FilterCriteria.h"
 #include "database/filters/FilterExpressionText.h"
 #include "layerman/AbridgedText.h"

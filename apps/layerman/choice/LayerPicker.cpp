@@ -1,9 +1,9 @@
 #include "layerman/choice/LayerPicker.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/arguments/NearestName.h"

@@ -1,9 +1,9 @@
 #include "layerman/editing/LayerEditRun.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/DrawingLayers.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layerman/CompanionText.h"
 #include "layerman/Output.h"
 #include "layerman/editing/ChangeLine.h"

@@ -1,6 +1,6 @@
 #include "layerman/editing/SaveTargets.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "io/files/FileIdentity.h"
 #include "layerman/CompanionText.h"
 #include "layerman/arguments/ParsedCommand.h"

@@ -1,6 +1,6 @@
 #include "layerman/listing/ColumnTable.h"
 
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"
 #include "layerman/arguments/NearestName.h"

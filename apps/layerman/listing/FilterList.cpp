@@ -1,7 +1,7 @@
 #include "layerman/listing/FilterList.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/filters/OdLyLayerFilterManager.h"
 #include "host/text/TextTable.h"
 #include "layerman/CompanionText.h"
 #include "layerman/Output.h"

@@ -1,6 +1,6 @@
 #include "layerman/listing/JsonWriter.h"
 
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layerman/Output.h"
 #include "layerman/listing/JsonText.h"
 

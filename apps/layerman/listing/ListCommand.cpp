@@ -1,7 +1,7 @@
 #include "layerman/listing/ListCommand.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "layerman/CompanionHost.h"
 #include "layerman/DrawingLoop.h"
 #include "layerman/Output.h"

@@ -1,6 +1,6 @@
 #include "layerman/listing/TableWriter.h"
 
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "host/text/TextTable.h"
 #include "layerman/Output.h"
 

@@ -1,9 +1,9 @@
 #include "layerman/states/LayerChanges.h"
 
-#include "database/HeaderVariables.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/HeaderVariables.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layerman/Output.h"
 #include "layerman/editing/ChangeLine.h"
 

@@ -1,7 +1,7 @@
 #include "layerman/states/StateEdit.h"
 
-#include "database/OdError.h"
 #include "database/states/LayerStates.h"
+#include "database/values/OdError.h"
 #include "io/las/LasReader.h"
 #include "layerman/AbridgedText.h"
 #include "layerman/CompanionText.h"

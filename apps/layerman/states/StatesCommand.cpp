@@ -1,6 +1,6 @@
 #include "layerman/states/StatesCommand.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/LayerStates.h"
 #include "io/files/FileIdentity.h"
 #include "io/las/LasWriter.h"

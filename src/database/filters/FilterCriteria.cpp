@@ -1,8 +1,8 @@
 #include "database/filters/FilterCriteria.h"
 
-#include "database/OdCmColor.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
+#include "database/values/OdCmColor.h"
 
 #include <algorithm>
 #include <array>

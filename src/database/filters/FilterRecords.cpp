@@ -1,11 +1,11 @@
 #include "database/filters/FilterRecords.h"
 
 #include "base/NumberText.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbDictionary.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbXrecord.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/filters/FilterExpressionText.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/objects/OdDbXrecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/GroupList.h"
-#include "database/OdLyLayerFilter.h"
+#include "database/filters/OdLyLayerFilter.h"
+#include "database/values/GroupList.h"
 
 #include <QString>
 

@@ -1,10 +1,10 @@
 #include "database/filters/FilterTreeWriter.h"
 
-#include "database/ObjectStore.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbDictionary.h"
-#include "database/OdDbXrecord.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/filters/FilterRecords.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/objects/OdDbXrecord.h"
+#include "database/store/ObjectStore.h"
 
 #include <QSet>
 

@@ -1,11 +1,11 @@
 #include "database/states/DrawingLayers.h"
 
-#include "database/HeaderVariables.h"
-#include "database/ObjectStore.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbDictionary.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/store/HeaderVariables.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/states/LayerInfoInLS.h"
-#include "database/states/StoredLayer.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/states/stored/LayerInfoInLS.h"
+#include "database/states/stored/StoredLayer.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 
 #include <QHash>
 #include <QSet>

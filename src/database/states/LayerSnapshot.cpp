@@ -1,9 +1,9 @@
 #include "database/states/LayerSnapshot.h"
 
 #include "database/states/DrawingLayers.h"
-#include "database/states/LayerStateHead.h"
-#include "database/states/StoredLayerReader.h"
-#include "database/states/StoredLayerWriter.h"
+#include "database/states/stored/LayerStateHead.h"
+#include "database/states/stored/StoredLayerReader.h"
+#include "database/states/stored/StoredLayerWriter.h"
 
 LayerSnapshot LayerSnapshot::read(const GroupList& groups, const DrawingLayers& drawing)
 {

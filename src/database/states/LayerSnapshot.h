@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/states/LayerInfoInLS.h"
+#include "database/states/stored/LayerInfoInLS.h"
 
 #include <vector>
 

@@ -1,10 +1,10 @@
 #include "database/states/LayerStateComparison.h"
 
-#include "database/NameIndex.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/LayerStateMask.h"
-#include "database/states/StoredLayerReader.h"
+#include "database/states/stored/StoredLayerReader.h"
+#include "database/store/NameIndex.h"
+#include "database/tables/OdDbLayerTable.h"
 
 LayerStateComparison::LayerStateComparison(const DrawingLayers& drawing)
     : m_drawing(drawing)

@@ -1,6 +1,6 @@
 #include "database/states/LayerStateDictionary.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/LayerStateMask.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/OdDbDictionary.h"
-#include "database/OdDbXrecord.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/objects/OdDbXrecord.h"
 
 class OdDbDatabase;
 

@@ -1,17 +1,17 @@
 #include "database/states/LayerStateExchange.h"
 
 #include "base/NameCharacters.h"
-#include "database/GroupCursor.h"
-#include "database/NameIndex.h"
-#include "database/ObjectStore.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/DrawingLayers.h"
-#include "database/states/LayerStateHead.h"
 #include "database/states/LayerStateMask.h"
 #include "database/states/SavedSettings.h"
-#include "database/states/StoredLayerReader.h"
+#include "database/states/stored/LayerStateHead.h"
+#include "database/states/stored/StoredLayerReader.h"
+#include "database/store/NameIndex.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
+#include "database/values/GroupCursor.h"
 
 #include <set>
 

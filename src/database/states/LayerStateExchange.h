@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/OdDbObjectId.h"
 #include "database/states/PortableLayerState.h"
+#include "database/values/OdDbObjectId.h"
 
 #include <QHash>
 

@@ -1,12 +1,12 @@
 #include "database/states/LayerStateRestore.h"
 
-#include "database/NameIndex.h"
-#include "database/ObjectStore.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/LayerStateMask.h"
 #include "database/states/SavedSettings.h"
-#include "database/states/StoredLayerReader.h"
+#include "database/states/stored/StoredLayerReader.h"
+#include "database/store/NameIndex.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
 
 #include <QCoreApplication>
 

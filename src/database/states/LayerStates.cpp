@@ -1,16 +1,16 @@
 #include "database/states/LayerStates.h"
 
-#include "database/ObjectStore.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/LayerSnapshot.h"
 #include "database/states/LayerStateComparison.h"
 #include "database/states/LayerStateDictionary.h"
 #include "database/states/LayerStateExchange.h"
-#include "database/states/LayerStateHead.h"
 #include "database/states/LayerStateMask.h"
-#include "database/states/StoredLayerReader.h"
-#include "database/states/StoredLayerWriter.h"
+#include "database/states/stored/LayerStateHead.h"
+#include "database/states/stored/StoredLayerReader.h"
+#include "database/states/stored/StoredLayerWriter.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
 
 #include <QCoreApplication>
 
@@ -199,9 +199,4 @@ void LayerStates::take(const PortableLayerState& state)
 {
     const auto record = LayerStateDictionary(m_drawing).create(state.name);
     record->setGroups(LayerStateExchange(m_drawing).imported(state));
-}
-
-void LayerStates::takeFrom(OdDbDatabase& other, const QString& name)
-{
-    take(LayerStates(other).exported(name));
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "database/states/LayerInfoInLS.h"
 #include "database/states/LayerStateRestore.h"
 #include "database/states/PortableLayerState.h"
+#include "database/states/stored/LayerInfoInLS.h"
 
 #include <vector>
 
@@ -62,7 +62,6 @@ public:
     /// Takes a state in; see LayerStateExchange. Raises OdError with DuplicateKey before anything
     /// is changed.
     void take(const PortableLayerState& state);
-    void takeFrom(OdDbDatabase& other, const QString& name);
 
 private:
     QString currentLayerName() const;

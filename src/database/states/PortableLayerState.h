@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/GroupList.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
+#include "database/values/GroupList.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "database/streams/OdMemoryStream.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 
 #include <QCoreApplication>
 

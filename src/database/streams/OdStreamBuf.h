@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdRxObject.h"
+#include "database/values/OdRxObject.h"
 
 #include <QtGlobal>
 

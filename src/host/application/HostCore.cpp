@@ -1,7 +1,7 @@
 #include "host/application/HostCore.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/ReactorTrouble.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/drawing/ReactorTrouble.h"
 #include "host/commands/HostCommand.h"
 #include "host/commands/selection/SelectEntities.h"
 #include "host/sysvars/PreferenceSettings.h"

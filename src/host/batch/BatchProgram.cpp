@@ -1,7 +1,7 @@
 #include "host/batch/BatchProgram.h"
 
 #include "base/StopSignal.h"
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/application/HostOptions.h"
 #include "host/batch/BatchFrontEnd.h"

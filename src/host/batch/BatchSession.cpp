@@ -2,7 +2,7 @@
 
 #include "base/StandardInput.h"
 #include "base/StopSignal.h"
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/batch/BatchFrontEnd.h"
 #include "host/batch/ScriptReader.h"

@@ -1,8 +1,8 @@
 #include "host/canvas/CanvasContents.h"
 
-#include "database/ObjectStore.h"
-#include "database/OdDbBlockTableRecord.h"
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbBlockTableRecord.h"
 #include "host/canvas/DatabaseWatcher.h"
 #include "host/canvas/render/SceneExtents.h"
 #include "host/canvas/scene/Scene.h"

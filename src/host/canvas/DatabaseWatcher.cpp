@@ -1,7 +1,7 @@
 #include "host/canvas/DatabaseWatcher.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbObject.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbObject.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdDbDatabaseReactor.h"
+#include "database/drawing/OdDbDatabaseReactor.h"
 
 #include <QObject>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 
 /// How a command ended.
 struct CommandOutcome

@@ -1,12 +1,12 @@
 #include "host/commands/CommandProcessor.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostFrontEnd.h"
 #include "host/commands/CommandLine.h"
 #include "host/documents/HostDocManager.h"
 #include "host/sysvars/SysvarTable.h"
 #include "host/text/HostText.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 #include <QScopeGuard>
 

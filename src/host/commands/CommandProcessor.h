@@ -4,7 +4,7 @@
 #include "host/commands/CommandOutcome.h"
 #include "host/commands/CommandQueue.h"
 #include "host/commands/CommandState.h"
-#include "sdk/OdEdCommand.h"
+#include "sdk/commands/OdEdCommand.h"
 
 #include <QStringList>
 

@@ -1,9 +1,9 @@
 #include "host/commands/HostCommand.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/application/HostCore.h"
 #include "host/text/HostText.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 HostDocument& HostCommandRun::document() const
 {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/application/HostQuestion.h"
 #include "host/canvas/geometry/Vec3.h"
 #include "host/commands/KeywordList.h"
-#include "sdk/OdEdCommand.h"
+#include "sdk/commands/OdEdCommand.h"
 
 #include <optional>
 #include <span>

@@ -1,6 +1,6 @@
 #include "host/commands/HostIoManager.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostDialogs.h"
 #include "host/application/HostFrontEnd.h"
 #include "host/commands/CommandProcessor.h"

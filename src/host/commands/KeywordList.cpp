@@ -1,6 +1,6 @@
 #include "host/commands/KeywordList.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/text/HostText.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayout.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbLayout.h"
 #include "host/application/HostCore.h"
 #include "host/commands/HostCommand.h"
 #include "host/text/HostText.h"

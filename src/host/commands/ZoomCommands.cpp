@@ -1,4 +1,4 @@
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/application/HostCore.h"
 #include "host/application/HostView.h"
 #include "host/commands/HostCommand.h"

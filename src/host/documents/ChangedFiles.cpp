@@ -1,6 +1,6 @@
 #include "host/documents/ChangedFiles.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostFrontEnd.h"
 #include "host/documents/DocumentFiles.h"
 #include "host/documents/HostDocManager.h"

@@ -1,6 +1,6 @@
 #include "host/documents/DocumentFiles.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/documents/HostDocManager.h"
 #include "host/resources/HostResources.h"
 #include "host/sysvars/HostSysvarManager.h"

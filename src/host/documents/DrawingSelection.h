@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/OdDbDatabaseReactor.h"
-#include "database/OdDbObjectId.h"
+#include "database/drawing/OdDbDatabaseReactor.h"
+#include "database/values/OdDbObjectId.h"
 
 #include <QObject>
 #include <QSet>

@@ -1,7 +1,7 @@
 #include "host/documents/HostDocManager.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/ReactorTrouble.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/drawing/ReactorTrouble.h"
 #include "host/commands/CommandQueue.h"
 #include "host/commands/CommandState.h"
 

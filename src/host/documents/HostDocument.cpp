@@ -1,7 +1,7 @@
 #include "host/documents/HostDocument.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/UndoJournal.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/drawing/UndoJournal.h"
 #include "io/DrawingCodec.h"
 
 #include <QFileInfo>

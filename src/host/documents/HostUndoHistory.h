@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sdk/CKsUndoRedoCommandHistory.h"
+#include "sdk/commands/CKsUndoRedoCommandHistory.h"
 
 class HostDocManager;
 

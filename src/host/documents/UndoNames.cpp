@@ -1,7 +1,7 @@
 #include "host/documents/UndoNames.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/UndoJournal.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/drawing/UndoJournal.h"
 #include "host/text/HostText.h"
 
 void UndoNames::announce(const QString& globalName)

@@ -1,7 +1,7 @@
 #include "host/modules/LoadedModule.h"
 
-#include "database/OdError.h"
-#include "database/OdRxModule.h"
+#include "database/values/OdError.h"
+#include "database/values/OdRxModule.h"
 #include "host/text/HostText.h"
 
 #include <QFileInfo>

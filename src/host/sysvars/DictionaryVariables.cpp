@@ -1,6 +1,6 @@
 #include "host/sysvars/DictionaryVariables.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 
 int dictionaryVariable(const OdDbDatabase& drawing, const QString& name, int fallback)
 {

@@ -1,8 +1,8 @@
 #include "host/sysvars/HeaderSysvars.h"
 
 #include "base/NumberText.h"
-#include "database/HeaderVariables.h"
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/HeaderVariables.h"
 
 #include <QLocale>
 

@@ -1,7 +1,7 @@
 #include "host/sysvars/HostSysvarManager.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "host/documents/HostDocManager.h"
 #include "host/sysvars/SysvarTable.h"
 #include "host/sysvars/UserSettings.h"

@@ -1,6 +1,6 @@
 #include "host/sysvars/SessionVariables.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/application/HostFrontEnd.h"
 #include "host/application/HostView.h"
 #include "host/commands/CommandState.h"

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "database/OdCmColor.h"
+#include "database/values/OdCmColor.h"
+
+#include <QStringList>
 
 #include <optional>
 
@@ -9,3 +11,5 @@
 std::optional<OdCmColor> colorFromText(const QString& text);
 /// What is said of a text that is no color.
 QString colorRefusal(const QString& text);
+/// The names of the colors from 1 to 7, in English.
+QStringList colorNames();

@@ -1,6 +1,6 @@
 #include "host/window/CMainWindow.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/canvas/CCanvas.h"
 #include "host/commands/CommandLine.h"

@@ -1,6 +1,6 @@
 #include "host/window/DrawingInput.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/canvas/CCanvas.h"
 #include "host/canvas/CanvasContents.h"

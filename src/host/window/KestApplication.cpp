@@ -1,6 +1,6 @@
 #include "host/window/KestApplication.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/window/look/ThemedIcon.h"
 #include "sdk/KestSharedGlobals.h"
 #include "toolkit/Prompts.h"

@@ -1,7 +1,7 @@
 #include "host/window/StatusFields.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "host/canvas/CCanvas.h"
 #include "host/documents/HostDocument.h"
 #include "host/window/look/CElidedLabel.h"

@@ -4,7 +4,7 @@
 #include "host/documents/HostDocument.h"
 #include "host/window/RecentFiles.h"
 #include "host/window/look/ThemedIcon.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 #include <QAction>
 #include <QFileInfo>

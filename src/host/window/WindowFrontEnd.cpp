@@ -1,6 +1,6 @@
 #include "host/window/WindowFrontEnd.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/canvas/CCanvas.h"
 #include "host/documents/HostDocument.h"
 #include "host/text/HostText.h"

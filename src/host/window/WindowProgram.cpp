@@ -1,6 +1,6 @@
 #include "host/window/WindowProgram.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/application/HostOptions.h"
 #include "host/batch/ExitCode.h"

@@ -1,6 +1,6 @@
 #include "host/window/WindowSession.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/canvas/CCanvas.h"
 #include "host/commands/CommandLine.h"
@@ -11,7 +11,7 @@
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
 #include "io/files/DrawingLock.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 #include "toolkit/Prompts.h"
 
 #include <QCoreApplication>

@@ -1,9 +1,9 @@
 #include "io/dxf/DxfCodec.h"
 
-#include "database/OdDbDatabase.h"
-#include "io/dxf/DxfAssembler.h"
-#include "io/dxf/DxfIndexer.h"
-#include "io/dxf/DxfObjectSource.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "io/dxf/read/DxfAssembler.h"
+#include "io/dxf/read/DxfObjectSource.h"
+#include "io/dxf/scan/DxfIndexer.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "io/files/WrittenBytes.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 
 #include <QCoreApplication>
 

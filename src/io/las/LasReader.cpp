@@ -1,9 +1,9 @@
 #include "io/las/LasReader.h"
 
 #include "base/NumberText.h"
-#include "database/OdError.h"
-#include "database/states/StoredLayer.h"
-#include "io/dxf/GroupCode.h"
+#include "database/states/stored/StoredLayer.h"
+#include "database/values/OdError.h"
+#include "io/dxf/text/GroupCode.h"
 #include "io/las/LasLines.h"
 #include "io/las/LasText.h"
 

@@ -1,7 +1,7 @@
 #include "io/las/LasWriter.h"
 
-#include "database/OdError.h"
-#include "io/dxf/GroupCode.h"
+#include "database/values/OdError.h"
+#include "io/dxf/text/GroupCode.h"
 #include "io/las/LasText.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 // The controls of the property filter dialog.
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "layermanager/filter_editor/CDlgLayPropFilter.h"
 #include "layermanager/filter_editor/CFilterExamplesBtn.h"
 #include "layermanager/filter_editor/CLayPropFilterEdListCtrl.h"

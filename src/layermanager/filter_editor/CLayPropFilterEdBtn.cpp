@@ -1,6 +1,6 @@
 #include "layermanager/filter_editor/CLayPropFilterEdBtn.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "layermanager/layers/grid/LayerValuePick.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "layermanager/filter_editor/FilterColumn.h"
+#include "layermanager/filter_editor/core/FilterColumn.h"
 #include "layermanager/layers/operations/LayerOperations.h"
 
 #include <QToolButton>

@@ -1,6 +1,6 @@
 #include "layermanager/filter_editor/CLayPropFilterEdCombo.h"
 
-#include "layermanager/filter_editor/FilterColumn.h"
+#include "layermanager/filter_editor/core/FilterColumn.h"
 
 #include <QAbstractItemView>
 #include <QCoreApplication>

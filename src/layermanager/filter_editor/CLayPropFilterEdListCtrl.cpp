@@ -3,11 +3,11 @@
 #include "layermanager/filter_editor/CLayPropFilterEdBtn.h"
 #include "layermanager/filter_editor/CLayPropFilterEdCombo.h"
 #include "layermanager/filter_editor/FilterCellDelegate.h"
-#include "layermanager/filter_editor/FilterEditorRules.h"
 #include "layermanager/filter_editor/FilterEditorTexts.h"
+#include "layermanager/filter_editor/core/FilterEditorRules.h"
 #include "layermanager/filters/FilterExpression.h"
 #include "layermanager/layers/HostVariables.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "toolkit/CommandMenu.h"
 #include "toolkit/ControlRegistry.h"
 

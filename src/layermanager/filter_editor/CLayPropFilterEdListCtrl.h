@@ -1,7 +1,7 @@
 #pragma once
 
-#include "layermanager/filter_editor/FilterRowsModel.h"
-#include "layermanager/layers/grid/CKestListCtrl.h"
+#include "layermanager/filter_editor/core/FilterRowsModel.h"
+#include "layermanager/layers/grid/control/CKestListCtrl.h"
 
 #include <QMenu>
 

@@ -1,7 +1,7 @@
 // Mouse and keyboard of the filter table.
 
 #include "layermanager/filter_editor/CLayPropFilterEdListCtrl.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>

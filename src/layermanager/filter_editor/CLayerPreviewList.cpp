@@ -1,6 +1,6 @@
 #include "layermanager/filter_editor/CLayerPreviewList.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 
 #include <QContextMenuEvent>
 

@@ -1,6 +1,6 @@
 #include "layermanager/filter_editor/FilterCellDelegate.h"
 
-#include "database/OdCmColor.h"
+#include "database/values/OdCmColor.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/grid/CellLook.h"
 

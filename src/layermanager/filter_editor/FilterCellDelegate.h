@@ -1,7 +1,7 @@
 #pragma once
 
-#include "layermanager/filter_editor/FilterRowsModel.h"
 #include "layermanager/filter_editor/FilterValueIcons.h"
+#include "layermanager/filter_editor/core/FilterRowsModel.h"
 
 #include <QStyledItemDelegate>
 

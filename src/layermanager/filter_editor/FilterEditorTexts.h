@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sdk/KsResString.h"
+#include "sdk/texts/KsResString.h"
 
 /// The texts of the filter editor that have a resource id.
 std::span<const KsResText> filterEditorTexts();

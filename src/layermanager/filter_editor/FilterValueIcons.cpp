@@ -1,6 +1,6 @@
 #include "layermanager/filter_editor/FilterValueIcons.h"
 
-#include "layermanager/filter_editor/FilterColumn.h"
+#include "layermanager/filter_editor/core/FilterColumn.h"
 #include "layermanager/resources/LayerFlagIcons.h"
 
 #include <QPainter>

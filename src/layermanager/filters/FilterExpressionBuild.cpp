@@ -1,5 +1,5 @@
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
 #include "layermanager/filters/FilterExpression.h"
 #include "layermanager/filters/RowCriterion.h"
 #include "sdk/IKestServicesManager.h"

@@ -1,5 +1,5 @@
-#include "database/OdDbDatabase.h"
-#include "database/OdDbSymbolTable.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbSymbolTable.h"
 #include "layermanager/filters/FilterExpression.h"
 #include "layermanager/filters/LeadingNumber.h"
 #include "layermanager/filters/RowCriterion.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdLyLayerFilter.h"
+#include "database/filters/OdLyLayerFilter.h"
 
 #include <QString>
 

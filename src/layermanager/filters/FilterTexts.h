@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sdk/KsResString.h"
+#include "sdk/texts/KsResString.h"
 
 /// The resource strings of filters and of their tree.
 std::span<const KsResText> filterTexts();

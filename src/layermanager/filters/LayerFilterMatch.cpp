@@ -1,6 +1,6 @@
 #include "layermanager/filters/LayerFilterMatch.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 
 #include <algorithm>
 

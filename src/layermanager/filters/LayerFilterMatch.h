@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/WildcardPattern.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/filters/LayerFilterRow.h"
 
 #include <optional>

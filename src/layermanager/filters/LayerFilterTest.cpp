@@ -1,9 +1,9 @@
 #include "layermanager/filters/LayerFilterTest.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdLyLayerFilter.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/filters/FilterRecords.h"
+#include "database/filters/OdLyLayerFilter.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "layermanager/filters/FilterExpression.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 #include "layermanager/layer_states/CEdLayStateDlg.h"
 
-#include "layermanager/layer_states/CEdLayStateListCtrl.h"
 #include "layermanager/layer_states/CLayStateMgrAddDlg.h"
-#include "layermanager/layer_states/LayerStateSteps.h"
-#include "layermanager/layer_states/LayerStateTexts.h"
-#include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/core/LayerStateSteps.h"
+#include "layermanager/layer_states/core/LayerStateTexts.h"
+#include "layermanager/layer_states/parts/CEdLayStateListCtrl.h"
+#include "layermanager/layer_states/parts/StateDialogParts.h"
 #include "sdk/LocalSearch.h"
 
 #include <QDialogButtonBox>

@@ -1,6 +1,6 @@
 #include "layermanager/layer_states/CLSImportPromptDlg.h"
 
-#include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/parts/StateDialogParts.h"
 #include "layermanager/layers/FilledText.h"
 
 #include <QDialogButtonBox>

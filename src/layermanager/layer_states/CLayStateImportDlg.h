@@ -1,7 +1,7 @@
 #pragma once
 
-#include "layermanager/layer_states/DrawingWatch.h"
-#include "layermanager/layer_states/LayerStateListModel.h"
+#include "layermanager/layer_states/core/DrawingWatch.h"
+#include "layermanager/layer_states/core/LayerStateListModel.h"
 
 #include <QDialog>
 #include <QSet>

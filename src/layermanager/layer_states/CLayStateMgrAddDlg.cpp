@@ -1,7 +1,7 @@
 #include "layermanager/layer_states/CLayStateMgrAddDlg.h"
 
-#include "layermanager/layer_states/StateDialogParts.h"
-#include "layermanager/layer_states/StateRowDelegate.h"
+#include "layermanager/layer_states/parts/StateDialogParts.h"
+#include "layermanager/layer_states/parts/StateRowDelegate.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "layermanager/layer_states/DrawingWatch.h"
+#include "layermanager/layer_states/core/DrawingWatch.h"
 
 #include <QDialog>
 #include <QStringListModel>

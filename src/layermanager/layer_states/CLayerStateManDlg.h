@@ -1,7 +1,7 @@
 #pragma once
 
-#include "layermanager/layer_states/DrawingWatch.h"
-#include "layermanager/layer_states/LayerStateControls.h"
+#include "layermanager/layer_states/core/DrawingWatch.h"
+#include "layermanager/layer_states/core/LayerStateControls.h"
 #include "layermanager/palette/CToolTipImpl.h"
 #include "sdk/CLayerStateUtility.h"
 

@@ -1,9 +1,9 @@
 // Controls of the layer-state manager and where they are.
 
-#include "layermanager/layer_states/CLayerStateListCtrl.h"
 #include "layermanager/layer_states/CLayerStateManDlg.h"
-#include "layermanager/layer_states/LayerStateTexts.h"
-#include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/core/LayerStateTexts.h"
+#include "layermanager/layer_states/parts/CLayerStateListCtrl.h"
+#include "layermanager/layer_states/parts/StateDialogParts.h"
 #include "layermanager/palette/BoxPalette.h"
 #include "toolkit/ControlRegistry.h"
 

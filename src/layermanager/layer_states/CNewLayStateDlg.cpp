@@ -1,8 +1,8 @@
 #include "layermanager/layer_states/CNewLayStateDlg.h"
 
-#include "layermanager/layer_states/LayerStateSteps.h"
-#include "layermanager/layer_states/LayerStateTexts.h"
-#include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/core/LayerStateSteps.h"
+#include "layermanager/layer_states/core/LayerStateTexts.h"
+#include "layermanager/layer_states/parts/StateDialogParts.h"
 #include "sdk/CLayerStateUtility.h"
 #include "sdk/LocalSearch.h"
 #include "toolkit/Prompts.h"

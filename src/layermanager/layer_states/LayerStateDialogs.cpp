@@ -2,8 +2,8 @@
 
 #include "layermanager/layer_states/CLayerStateManDlg.h"
 #include "layermanager/layer_states/CNewLayStateDlg.h"
-#include "layermanager/layer_states/LayerStateSteps.h"
-#include "layermanager/layer_states/StateDialogParts.h"
+#include "layermanager/layer_states/core/LayerStateSteps.h"
+#include "layermanager/layer_states/parts/StateDialogParts.h"
 #include "layermanager/module/LayerModuleState.h"
 #include "sdk/KsApDocManager.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdDbObjectId.h"
+#include "database/values/OdDbObjectId.h"
 
 #include <QString>
 

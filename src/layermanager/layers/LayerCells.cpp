@@ -1,9 +1,9 @@
 #include "layermanager/layers/LayerCells.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
 #include "sdk/IKestServicesManager.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/OdCmColor.h"
-#include "database/OdDbObjectId.h"
+#include "database/values/OdCmColor.h"
+#include "database/values/OdDbObjectId.h"
 #include "layermanager/layers/LayerColumn.h"
 
 #include <QString>

@@ -1,7 +1,7 @@
 #include "layermanager/layers/LayerListModel.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 
 LayerListModel::LayerListModel(QObject* parent)
     : QAbstractTableModel(parent)

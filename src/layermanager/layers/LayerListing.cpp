@@ -1,7 +1,7 @@
 #include "layermanager/layers/LayerListing.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/WildcardPattern.h"
-#include "database/OdDbObjectId.h"
+#include "database/values/OdDbObjectId.h"
 
 #include <functional>
 #include <optional>

@@ -1,9 +1,9 @@
 #include "layermanager/layers/LayerUndoRecord.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "layermanager/layers/HostVariables.h"
 #include "sdk/CKestPreferenceManager.h"
-#include "sdk/CKsUndoRedoCommandHistory.h"
+#include "sdk/commands/CKsUndoRedoCommandHistory.h"
 
 namespace {
 

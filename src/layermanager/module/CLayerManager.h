@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sdk/KsResString.h"
+#include "sdk/texts/KsResString.h"
 
 /// The module's application object.
 class CLayerManager

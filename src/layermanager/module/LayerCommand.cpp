@@ -1,6 +1,6 @@
 #include "layermanager/module/LayerCommand.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/module/LayerModuleState.h"
 #include "layermanager/module/LayerPalette.h"

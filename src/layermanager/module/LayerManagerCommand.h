@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sdk/OdEdCommand.h"
+#include "sdk/commands/OdEdCommand.h"
 
 /// Base of the module's commands: names, group and flags.
 class LayerManagerCommand : public OdEdCommand

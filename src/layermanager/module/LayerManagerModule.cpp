@@ -5,8 +5,8 @@
 #include "layermanager/module/LayerCommand.h"
 #include "layermanager/module/LayerGroupFilterSubCommand.h"
 #include "layermanager/module/LayerModuleState.h"
-#include "sdk/ModulePath.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
+#include "sdk/texts/ModulePath.h"
 
 LayerManagerModule* LayerManagerModule::s_module = nullptr;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdRxModule.h"
+#include "database/values/OdRxModule.h"
 
 /// The module object; there is one per process.
 class LayerManagerModule : public OdRxWin32Module

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sdk/KsResString.h"
+#include "sdk/texts/KsResString.h"
 
 #include <QPointer>
 

@@ -1,8 +1,8 @@
 #include "layermanager/palette/CLayerPaneView.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/filters/view/CLayerTreeVw.h"
 #include "layermanager/filters/view/FilterTreeModel.h"
 #include "layermanager/layers/FilledText.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdDbObjectId.h"
+#include "database/values/OdDbObjectId.h"
 #include "layermanager/layers/LayerListing.h"
 #include "layermanager/module/CLayerDocMngrReactor.h"
 #include "layermanager/palette/CToolTipImpl.h"
@@ -61,7 +61,6 @@ public:
     void BeginLayerUndoRecord(OdDbDatabase& database);
 
     void ShowFilterTree(bool show);
-    bool isFilterTreeShown() const { return m_bTreeVisible; }
     /// Lists the layers of the selected filter whose names match the search box. Nothing where no
     /// filter is selected or the selected one is gone.
     void ApplySearch();

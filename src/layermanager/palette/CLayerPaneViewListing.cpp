@@ -1,6 +1,6 @@
 // What the palette's grid lists: the layers of the selected filter, searched and inverted.
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "layermanager/filters/view/CLayerTreeVw.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/palette/CLayerPaneView.h"

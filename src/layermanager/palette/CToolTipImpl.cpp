@@ -2,7 +2,7 @@
 
 #include "layermanager/layers/FilledText.h"
 #include "sdk/CSECommonUtil.h"
-#include "sdk/KsResString.h"
+#include "sdk/texts/KsResString.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QAbstractButton>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sdk/KsResString.h"
+#include "sdk/texts/KsResString.h"
 
 /// The palette's resource strings.
 std::span<const KsResText> paneTexts();

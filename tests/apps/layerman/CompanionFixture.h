@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/OdDbDatabase.h"
-#include "support/DrawingText.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "support/drawings/DrawingText.h"
 
 #include <QProcessEnvironment>
 #include <QStringList>

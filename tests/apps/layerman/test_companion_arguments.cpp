@@ -1,4 +1,4 @@
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "layerman/arguments/DecodedName.h"
 #include "layerman/arguments/FileList.h"
 #include "layerman/arguments/NearestName.h"

@@ -1,7 +1,7 @@
 #include "CompanionFixture.h"
 #include "RawLayers.h"
 #include "io/DrawingFile.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "CompanionFixture.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "io/DrawingFile.h"
 
 #include <QJsonArray>

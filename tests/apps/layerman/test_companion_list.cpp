@@ -1,6 +1,6 @@
 #include "CompanionFixture.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 
 #include <QJsonArray>

@@ -1,6 +1,6 @@
 #include "CompanionFixture.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 
 /// The rules of the palette, with its own words: line breaks are blanks here, so that a refusal is
 /// one line.

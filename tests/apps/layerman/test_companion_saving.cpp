@@ -1,10 +1,10 @@
 #include "CompanionFixture.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "host/support/OtherProcess.h"
 #include "io/files/FileIdentity.h"
 #include "layerman/editing/SaveTargets.h"
-#include "support/BinaryDrawing.h"
+#include "support/drawings/BinaryDrawing.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -1,7 +1,7 @@
 #include "CompanionFixture.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 
 class CompanionSet : public CompanionFixture

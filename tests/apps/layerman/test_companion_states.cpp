@@ -1,7 +1,7 @@
 #include "CompanionFixture.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
 #include "database/states/LayerStates.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 
 #include <QJsonArray>

@@ -1,6 +1,6 @@
-#include "CanvasFixture.h"
 #include "host/canvas/CanvasContents.h"
 #include "host/canvas/scene/Scene.h"
+#include "host/canvas/support/CanvasFixture.h"
 
 #include <QElapsedTimer>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "CanvasFixture.h"
+#include "host/canvas/support/CanvasFixture.h"
 
 #include <QTest>
 

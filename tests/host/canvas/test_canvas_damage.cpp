@@ -1,10 +1,10 @@
-#include "CanvasFixture.h"
-#include "DamagedDrawing.h"
-#include "database/OdDbLayout.h"
-#include "database/OdError.h"
+#include "database/objects/OdDbLayout.h"
+#include "database/values/OdError.h"
 #include "host/canvas/CanvasContents.h"
+#include "host/canvas/support/CanvasFixture.h"
+#include "host/canvas/support/DamagedDrawing.h"
 #include "io/DrawingFile.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -148,7 +148,7 @@ private slots:
         for (const char* section : {"TABLES", "BLOCKS", "ENTITIES"}) {
             const DamagedDrawing damaged(everything(), section);
             m_painted = m_refused = 0;
-            const int count = copies(150);
+            const int count = copies(60);
             for (int seed = 0; seed < count; ++seed)
                 paintAll(damaged.copy(static_cast<unsigned>(seed)),
                          QStringLiteral("%1 %2").arg(QLatin1String(section)).arg(seed));
@@ -179,7 +179,7 @@ private slots:
         m_painted = m_refused = 0;
         canvas().resize(160, 120);
         const DamagedDrawing damaged(bytes, "BLOCKS");
-        const int count = copies(3);
+        const int count = copies(2);
         for (int seed = 0; seed < count; ++seed)
             paintAll(damaged.copy(static_cast<unsigned>(seed)), QString::number(seed));
         QCOMPARE(m_painted + m_refused, count);

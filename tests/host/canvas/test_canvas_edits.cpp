@@ -1,7 +1,7 @@
-#include "CanvasFixture.h"
-#include "database/GroupList.h"
-#include "database/OdDbEntity.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/values/GroupList.h"
 #include "host/canvas/CanvasContents.h"
+#include "host/canvas/support/CanvasFixture.h"
 #include "io/DrawingFile.h"
 
 #include <QSignalSpy>

@@ -1,6 +1,6 @@
-#include "CanvasFixture.h"
-#include "database/OdDbEntity.h"
+#include "database/objects/OdDbEntity.h"
 #include "host/canvas/CanvasContents.h"
+#include "host/canvas/support/CanvasFixture.h"
 
 #include <QTest>
 

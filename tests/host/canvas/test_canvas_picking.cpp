@@ -1,9 +1,9 @@
-#include "CanvasFixture.h"
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/canvas/CanvasContents.h"
 #include "host/canvas/picking/EntityPicker.h"
+#include "host/canvas/support/CanvasFixture.h"
 #include "io/DrawingFile.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <QRandomGenerator>
 #include <QTest>

@@ -1,7 +1,7 @@
-#include "CanvasFixture.h"
 #include "host/canvas/CanvasContents.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "host/canvas/support/CanvasFixture.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
-#include "CanvasFixture.h"
 #include "host/canvas/CanvasContents.h"
+#include "host/canvas/support/CanvasFixture.h"
 #include "host/canvas/tools/CanvasHostView.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QMouseEvent>
 #include <QNativeGestureEvent>

@@ -1,5 +1,5 @@
-#include "CanvasFixture.h"
 #include "host/canvas/CanvasContents.h"
+#include "host/canvas/support/CanvasFixture.h"
 
 #include <QTest>
 

@@ -1,12 +1,12 @@
-#include "database/OdCmColor.h"
+#include "database/values/OdCmColor.h"
 #include "host/dialogs/color/CColourDialog.h"
 #include "host/dialogs/color/CColourGrid.h"
 #include "host/dialogs/color/CColourPlane.h"
 #include "host/dialogs/color/CTrueColourPage.h"
 #include "host/dialogs/color/ColourValues.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
 #include "support/GuardedTest.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QLabel>

@@ -5,9 +5,9 @@
 #include "host/resources/DataFiles.h"
 #include "sdk/KestHost.h"
 #include "support/FakeHost.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
 #include "support/GuardedTest.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 #include "toolkit/CXTPDockingPaneManager.h"
 
 #include <QAction>

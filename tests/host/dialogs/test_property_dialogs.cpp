@@ -5,10 +5,10 @@
 #include "host/dialogs/linetype/CLinetypeList.h"
 #include "host/dialogs/linetype/CLinetypeLoadDialog.h"
 #include "host/text/LineweightText.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
 #include "support/GuardedTest.h"
 #include "support/RecordingPrompts.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QLabel>

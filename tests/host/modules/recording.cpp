@@ -1,5 +1,5 @@
-#include "database/OdRxModule.h"
-#include "sdk/OdEdCommandStack.h"
+#include "database/values/OdRxModule.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 namespace {
 // The environment outlives the library.

@@ -2,7 +2,7 @@
 
 #include "host/support/FunctionCommand.h"
 #include "host/support/HostFixture.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 /// A host to which commands made of functions can be added.
 class CommandFixture : public HostFixture

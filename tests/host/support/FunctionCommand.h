@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sdk/OdEdCommand.h"
+#include "sdk/commands/OdEdCommand.h"
 
 #include <functional>
 

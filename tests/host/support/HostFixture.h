@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/support/RecordingFrontEnd.h"
 #include "host/support/TestDrawing.h"

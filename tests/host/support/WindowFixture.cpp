@@ -1,6 +1,6 @@
 #include "host/support/WindowFixture.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/commands/CommandLine.h"
 #include "host/window/WindowActions.h"
 #include "host/window/commandline/CCommandEdit.h"

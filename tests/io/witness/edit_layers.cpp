@@ -5,14 +5,14 @@
 // and variables. Prints the new name and the old one, a line each; nothing where no layer can be
 // renamed.
 
-#include "database/GroupList.h"
-#include "database/ObjectStore.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbLayout.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/objects/OdDbLayout.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/values/GroupList.h"
 #include "io/DrawingFile.h"
 
 #include <QString>

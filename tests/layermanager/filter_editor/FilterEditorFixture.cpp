@@ -1,7 +1,7 @@
 #include "FilterEditorFixture.h"
 
-#include "database/OdLyLayerFilterManager.h"
-#include "support/StillStyle.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "support/pictures/StillStyle.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "FilterEditorFixture.h"
-#include "database/OdLyLayerFilterManager.h"
-#include "layermanager/filter_editor/FilterEditorRules.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "layermanager/filter_editor/core/FilterEditorRules.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "FilterEditorFixture.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,5 +1,5 @@
 #include "../filters/FilterFixture.h"
-#include "layermanager/filter_editor/FilterEditorRules.h"
+#include "layermanager/filter_editor/core/FilterEditorRules.h"
 
 class FilterEditorRules : public FilterFixture
 {

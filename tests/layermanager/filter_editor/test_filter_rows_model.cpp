@@ -1,5 +1,5 @@
 #include "../filters/FilterFixture.h"
-#include "layermanager/filter_editor/FilterRowsModel.h"
+#include "layermanager/filter_editor/core/FilterRowsModel.h"
 
 #include <QAbstractItemModelTester>
 

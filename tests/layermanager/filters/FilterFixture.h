@@ -3,7 +3,7 @@
 #include "../LayerDrawing.h"
 #include "layermanager/filters/FilterExpression.h"
 #include "support/FakeHost.h"
-#include "support/ReferenceFilterParser.h"
+#include "support/reference/ReferenceFilterParser.h"
 
 #include <gtest/gtest.h>
 #include <ostream>

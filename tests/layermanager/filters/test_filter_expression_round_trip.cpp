@@ -1,6 +1,6 @@
 #include "FilterFixture.h"
 #include "host/text/LineweightText.h"
-#include "support/ForeseenFilterLoss.h"
+#include "support/reference/ForeseenFilterLoss.h"
 
 #include <random>
 

@@ -1,6 +1,6 @@
 #include "layermanager/filters/FilterNames.h"
 #include "layermanager/filters/FilterTexts.h"
-#include "sdk/ModulePath.h"
+#include "sdk/texts/ModulePath.h"
 #include "support/CatalogueBytes.h"
 
 #include <QFile>

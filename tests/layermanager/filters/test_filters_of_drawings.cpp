@@ -1,10 +1,10 @@
 #include "../LayerDrawing.h"
-#include "database/OdDbLayout.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "database/objects/OdDbLayout.h"
 #include "layermanager/filters/FilterExpression.h"
 #include "layermanager/filters/LayersOfFilter.h"
 #include "support/FakeHost.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,5 +1,5 @@
 #include "../LayerDrawing.h"
-#include "database/OdDbEntity.h"
+#include "database/objects/OdDbEntity.h"
 #include "layermanager/filters/LayerFilterMatch.h"
 #include "support/FakeHost.h"
 

@@ -1,6 +1,6 @@
 #include "layermanager/filters/MatchWildcard.h"
 #include "sdk/KestStatus.h"
-#include "support/ReferenceWildcard.h"
+#include "support/reference/ReferenceWildcard.h"
 
 #include <gtest/gtest.h>
 #include <random>

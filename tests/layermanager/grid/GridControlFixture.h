@@ -1,7 +1,7 @@
 #pragma once
 
-#include "layermanager/layers/grid/CInPlaceEdit.h"
-#include "layermanager/layers/grid/CKestListCtrl.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
+#include "layermanager/layers/grid/control/CKestListCtrl.h"
 #include "support/GuardedTest.h"
 
 #include <QStandardItemModel>

@@ -1,7 +1,7 @@
 #include "GridFixture.h"
 
 #include "layermanager/LayerDrawing.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "support/TestFailure.h"
 

@@ -1,5 +1,5 @@
 #include "GridFixture.h"
-#include "database/OdDbEntity.h"
+#include "database/objects/OdDbEntity.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
 

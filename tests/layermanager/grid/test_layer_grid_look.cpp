@@ -1,8 +1,8 @@
 #include "GridFixture.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/resources/LayerIcons.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QMenu>
 #include <QPainter>

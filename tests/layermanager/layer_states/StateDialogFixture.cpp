@@ -1,7 +1,7 @@
 #include "StateDialogFixture.h"
 
 #include "layermanager/LayerDrawing.h"
-#include "layermanager/layer_states/StateImportStart.h"
+#include "layermanager/layer_states/core/StateImportStart.h"
 #include "sdk/CKestPreferenceManager.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "layermanager/layer_states/CLayerStateListCtrl.h"
 #include "layermanager/layer_states/CLayerStateManDlg.h"
+#include "layermanager/layer_states/parts/CLayerStateListCtrl.h"
 #include "sdk/CLayerStateUtility.h"
 #include "support/FakeHost.h"
 #include "support/GuardedTest.h"

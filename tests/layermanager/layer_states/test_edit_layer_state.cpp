@@ -2,8 +2,8 @@
 #include "database/states/LayerStateDictionary.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/layer_states/CEdLayStateDlg.h"
-#include "layermanager/layer_states/CEdLayStateListCtrl.h"
 #include "layermanager/layer_states/CLayStateMgrAddDlg.h"
+#include "layermanager/layer_states/parts/CEdLayStateListCtrl.h"
 
 #include <QElapsedTimer>
 #include <QHeaderView>

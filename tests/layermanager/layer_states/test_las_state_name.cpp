@@ -1,5 +1,5 @@
-#include "layermanager/layer_states/LasStateName.h"
-#include "layermanager/layer_states/LayerStateControls.h"
+#include "layermanager/layer_states/core/LasStateName.h"
+#include "layermanager/layer_states/core/LayerStateControls.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -1,15 +1,15 @@
 #include "StateDialogFixture.h"
-#include "database/OdDbLayerTable.h"
 #include "database/states/LayerStateDictionary.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "io/DrawingFile.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/layer_states/CEdLayStateDlg.h"
-#include "layermanager/layer_states/CEdLayStateListCtrl.h"
 #include "layermanager/layer_states/CLSImportPromptDlg.h"
 #include "layermanager/layer_states/CLayStateImportDlg.h"
 #include "layermanager/layer_states/CLayStateMgrAddDlg.h"
 #include "layermanager/layer_states/CNewLayStateDlg.h"
 #include "layermanager/layer_states/LayerStateDialogs.h"
+#include "layermanager/layer_states/parts/CEdLayStateListCtrl.h"
 
 #include <QComboBox>
 #include <QElapsedTimer>

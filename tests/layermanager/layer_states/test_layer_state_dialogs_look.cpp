@@ -2,13 +2,13 @@
 #include "io/DrawingFile.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/layer_states/CEdLayStateDlg.h"
-#include "layermanager/layer_states/CEdLayStateListCtrl.h"
 #include "layermanager/layer_states/CLSImportPromptDlg.h"
 #include "layermanager/layer_states/CLayStateImportDlg.h"
 #include "layermanager/layer_states/CLayStateMgrAddDlg.h"
 #include "layermanager/layer_states/CNewLayStateDlg.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "layermanager/layer_states/parts/CEdLayStateListCtrl.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

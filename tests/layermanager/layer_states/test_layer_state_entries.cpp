@@ -1,7 +1,7 @@
 #include "layermanager/PaletteFixture.h"
-#include "layermanager/layer_states/CLayerStateListCtrl.h"
 #include "layermanager/layer_states/CLayerStateManDlg.h"
 #include "layermanager/layer_states/CNewLayStateDlg.h"
+#include "layermanager/layer_states/parts/CLayerStateListCtrl.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "sdk/CLayerStateUtility.h"
 #include "support/TestFailure.h"

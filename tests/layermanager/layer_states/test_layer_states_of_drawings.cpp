@@ -1,11 +1,11 @@
 #include "StateDialogFixture.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
 #include "database/states/LayerStateDictionary.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingFile.h"
 #include "layermanager/layer_states/CEdLayStateDlg.h"
-#include "layermanager/layer_states/CEdLayStateListCtrl.h"
-#include "support/SharedDrawings.h"
+#include "layermanager/layer_states/parts/CEdLayStateListCtrl.h"
+#include "support/drawings/SharedDrawings.h"
 
 /// The layer states of drawings that other programs made, in the manager's list.
 class TestLayerStatesOfDrawings : public StateDialogFixture

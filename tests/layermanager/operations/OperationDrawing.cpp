@@ -1,6 +1,6 @@
 #include "OperationDrawing.h"
 
-#include "database/OdDbEntity.h"
+#include "database/objects/OdDbEntity.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "OperationDrawing.h"
-#include "database/OdDbEntity.h"
+#include "database/objects/OdDbEntity.h"
 #include "layermanager/layers/operations/LayerOperations.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #include "OperationDrawing.h"
-#include "database/OdDbEntity.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "database/objects/OdDbEntity.h"
 #include "database/states/LayerStates.h"
 #include "layermanager/layers/operations/LayerDeletion.h"
-#include "support/EditedDrawing.h"
+#include "support/drawings/EditedDrawing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "database/OdDbEntity.h"
+#include "database/objects/OdDbEntity.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/layers/operations/LayerEdits.h"
 #include "support/FakeHost.h"

@@ -1,5 +1,5 @@
-#include "database/OdDbLayout.h"
-#include "database/OdError.h"
+#include "database/objects/OdDbLayout.h"
+#include "database/values/OdError.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/layers/operations/LayerActions.h"
 #include "layermanager/layers/operations/LayerDeletion.h"
@@ -8,7 +8,7 @@
 #include "layermanager/layers/operations/NewLayer.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "support/FakeHost.h"
-#include "support/SharedDrawings.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <QScopedValueRollback>
 

@@ -1,6 +1,6 @@
 #include "PaneFixture.h"
 #include "layermanager/filter_editor/CDlgLayPropFilter.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/palette/pane/PaneCommandTarget.h"
 #include "sdk/CKestPreferenceManager.h"

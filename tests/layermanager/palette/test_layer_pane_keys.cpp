@@ -1,5 +1,5 @@
 #include "PaneFixture.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 
 #include <QHeaderView>
 #include <QLineEdit>

@@ -1,7 +1,7 @@
 #include "PaneFixture.h"
 #include "io/DrawingFile.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QApplication>
 #include <QTest>

@@ -1,8 +1,8 @@
 #include "DragEvents.h"
 #include "SyncFixture.h"
-#include "database/UndoJournal.h"
+#include "database/drawing/UndoJournal.h"
 #include "layermanager/layers/CDragDropUtility.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "sdk/CKestPreferenceManager.h"
 

@@ -1,6 +1,6 @@
 #include "SyncFixture.h"
-#include "database/UndoJournal.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "database/drawing/UndoJournal.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/palette/CLayerPaneView.h"
 

@@ -1,9 +1,9 @@
 #include "SyncFixture.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "sdk/KestSharedGlobals.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>

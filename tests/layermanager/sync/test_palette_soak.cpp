@@ -2,7 +2,7 @@
 #include "layermanager/filters/LayersOfFilter.h"
 #include "layermanager/filters/MatchWildcard.h"
 #include "layermanager/filters/tree/FilterCommands.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "layermanager/palette/pane/CLayerSearchBox.h"

@@ -1,8 +1,8 @@
 #include "SurfaceFixture.h"
 
 #include "layermanager/palette/CLayerPaneView.h"
-#include "sdk/KsResString.h"
-#include "sdk/ModulePath.h"
+#include "sdk/texts/KsResString.h"
+#include "sdk/texts/ModulePath.h"
 
 #include <QTest>
 

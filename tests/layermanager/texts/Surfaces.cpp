@@ -1,6 +1,6 @@
 #include "Surfaces.h"
 
-#include "database/OdLyLayerFilterManager.h"
+#include "database/filters/OdLyLayerFilterManager.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/filter_editor/CDlgLayPropFilter.h"
 #include "layermanager/filters/view/CLayerTreeVw.h"
@@ -10,7 +10,7 @@
 #include "layermanager/layer_states/CLayStateMgrAddDlg.h"
 #include "layermanager/layer_states/CLayerStateManDlg.h"
 #include "layermanager/layer_states/CNewLayStateDlg.h"
-#include "layermanager/layer_states/LayerStateControls.h"
+#include "layermanager/layer_states/core/LayerStateControls.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "layermanager/palette/CLayerSettingsDlg.h"

@@ -2,9 +2,9 @@
 #include "layermanager/palette/CLayerSettingsDlg.h"
 #include "sdk/CKestPreferenceManager.h"
 #include "support/FakeHost.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
 #include "support/GuardedTest.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QAbstractButton>

@@ -1,8 +1,8 @@
 #include "layermanager/palette/CToolTipImpl.h"
 #include "support/FakeHost.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
 #include "support/GuardedTest.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 #include "toolkit/ControlRegistry.h"
 #include "toolkit/tooltips/CRichToolTip.h"
 

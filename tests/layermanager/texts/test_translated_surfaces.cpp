@@ -4,9 +4,9 @@
 #include "layermanager/filters/view/CLayerTreeVw.h"
 #include "layermanager/palette/CLayerPaneView.h"
 #include "layermanager/palette/CLayerSettingsDlg.h"
-#include "sdk/KsResString.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "sdk/texts/KsResString.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

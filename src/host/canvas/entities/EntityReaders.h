@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/canvas/entities/EntityScope.h"
+#include "host/canvas/entities/scope/EntityScope.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "host/canvas/entities/EntityTessellator.h"
 
-#include "host/canvas/entities/BlockSource.h"
+#include "host/canvas/entities/scope/BlockSource.h"
 #include "host/canvas/scene/Scene.h"
 
 struct EntityTessellator::Entry

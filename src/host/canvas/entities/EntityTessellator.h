@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/ObjectStore.h"
+#include "database/store/ObjectStore.h"
 #include "host/canvas/entities/EntityReaders.h"
 
 class Scene;

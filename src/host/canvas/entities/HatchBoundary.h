@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/canvas/entities/EntityFields.h"
+#include "host/canvas/entities/scope/EntityFields.h"
 #include "host/canvas/geometry/Box2.h"
 
 /// Boundary paths of a hatch as closed point lists in its plane. A bulge, arc or spline becomes

@@ -1,6 +1,6 @@
-#include "database/ObjectStore.h"
-#include "host/canvas/entities/BlockSource.h"
+#include "database/store/ObjectStore.h"
 #include "host/canvas/entities/EntityReaders.h"
+#include "host/canvas/entities/scope/BlockSource.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "database/GroupCursor.h"
-#include "host/canvas/entities/BlockSource.h"
+#include "database/values/GroupCursor.h"
 #include "host/canvas/entities/EntityReaders.h"
+#include "host/canvas/entities/scope/BlockSource.h"
 #include "host/canvas/text/PlainText.h"
 #include "host/canvas/text/TextExtent.h"
 

@@ -1,6 +1,6 @@
-#include "database/ObjectStore.h"
+#include "database/store/ObjectStore.h"
 #include "host/canvas/entities/EntityReaders.h"
-#include "host/canvas/entities/FlatPolyline.h"
+#include "host/canvas/entities/scope/FlatPolyline.h"
 #include "host/canvas/geometry/NurbsCurve.h"
 
 namespace {

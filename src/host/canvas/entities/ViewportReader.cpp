@@ -1,5 +1,5 @@
-#include "database/GroupCursor.h"
-#include "database/ObjectStore.h"
+#include "database/store/ObjectStore.h"
+#include "database/values/GroupCursor.h"
 #include "host/canvas/entities/EntityReaders.h"
 
 #include <numbers>

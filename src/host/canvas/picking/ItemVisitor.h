@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/canvas/scene/DisplayList.h"
+#include "host/canvas/display/DisplayList.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "host/canvas/display/DisplayList.h"
 #include "host/canvas/geometry/Box2.h"
 #include "host/canvas/geometry/CurveArc.h"
-#include "host/canvas/scene/DisplayList.h"
 
 #include <functional>
 #include <span>

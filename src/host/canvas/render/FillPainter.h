@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/canvas/display/DisplayList.h"
 #include "host/canvas/render/ErasedFilter.h"
-#include "host/canvas/scene/DisplayList.h"
 
 #include <QRgb>
 

@@ -2,7 +2,7 @@
 
 #include "host/canvas/geometry/Affine2.h"
 #include "host/canvas/scene/LayerLooks.h"
-#include "host/canvas/scene/LineSettings.h"
+#include "host/canvas/scene/lines/LineSettings.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "host/canvas/render/StyleResolver.h"
 
-#include "database/OdCmColor.h"
+#include "database/values/OdCmColor.h"
 #include "host/canvas/scene/Scene.h"
 
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "host/canvas/display/Style.h"
 #include "host/canvas/geometry/Affine2.h"
 #include "host/canvas/scene/LayerLooks.h"
-#include "host/canvas/scene/LineSettings.h"
-#include "host/canvas/scene/Pen.h"
-#include "host/canvas/scene/Style.h"
+#include "host/canvas/scene/lines/LineSettings.h"
+#include "host/canvas/scene/lines/Pen.h"
 #include "host/canvas/strokes/StrokeLook.h"
 
 #include <optional>

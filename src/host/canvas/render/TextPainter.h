@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/canvas/scene/DisplayItems.h"
+#include "host/canvas/display/DisplayItems.h"
 #include "host/canvas/strokes/LineBatcher.h"
 #include "host/canvas/text/TextShaper.h"
 

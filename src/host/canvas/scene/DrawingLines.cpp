@@ -1,7 +1,7 @@
 #include "host/canvas/scene/DrawingLines.h"
 
-#include "database/HeaderVariables.h"
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/HeaderVariables.h"
 #include "host/canvas/geometry/Vec2.h"
 #include "host/canvas/scene/SheetPaper.h"
 

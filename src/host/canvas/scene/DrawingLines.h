@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/OdDbObjectId.h"
-#include "host/canvas/scene/LineSettings.h"
+#include "database/values/OdDbObjectId.h"
+#include "host/canvas/scene/lines/LineSettings.h"
 
 /// What a drawing's variables say about lines in the current space.
 struct DrawingLines

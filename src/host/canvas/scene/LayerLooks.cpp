@@ -1,8 +1,8 @@
 #include "host/canvas/scene/LayerLooks.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "host/canvas/scene/Scene.h"
 
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "host/canvas/scene/DisplayList.h"
-#include "host/canvas/scene/Linetypes.h"
-#include "host/canvas/scene/PenTable.h"
-#include "host/canvas/scene/TextPool.h"
+#include "host/canvas/display/DisplayList.h"
+#include "host/canvas/display/TextPool.h"
+#include "host/canvas/scene/lines/Linetypes.h"
+#include "host/canvas/scene/lines/PenTable.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "database/OdDbObjectId.h"
-#include "host/canvas/entities/BlockSource.h"
+#include "database/values/OdDbObjectId.h"
 #include "host/canvas/entities/EntityTessellator.h"
+#include "host/canvas/entities/scope/BlockSource.h"
 #include "host/canvas/text/TextStyles.h"
 
 #include <QDeadlineTimer>

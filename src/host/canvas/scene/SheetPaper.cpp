@@ -1,8 +1,8 @@
 #include "host/canvas/scene/SheetPaper.h"
 
-#include "database/GroupCursor.h"
-#include "database/OdDbDatabase.h"
-#include "host/canvas/entities/EntityFields.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/values/GroupCursor.h"
+#include "host/canvas/entities/scope/EntityFields.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdDbObjectId.h"
+#include "database/values/OdDbObjectId.h"
 #include "host/canvas/geometry/Box2.h"
 
 /// Units of the sheet per millimetre of paper; 1 for a layout that tells nothing.

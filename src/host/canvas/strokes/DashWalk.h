@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/canvas/scene/DashPattern.h"
+#include "host/canvas/scene/lines/DashPattern.h"
 
 #include <algorithm>
 #include <cmath>

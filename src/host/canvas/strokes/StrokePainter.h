@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/canvas/display/DisplayList.h"
 #include "host/canvas/render/ErasedFilter.h"
-#include "host/canvas/scene/DisplayList.h"
 #include "host/canvas/strokes/LineBatcher.h"
 
 /// Maps strokes to the image, leaves out what is out of sight, and hands the rest to a batcher.

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/canvas/display/TextPool.h"
 #include "host/canvas/geometry/Box2.h"
-#include "host/canvas/scene/TextPool.h"
 
 /// Estimated extents of a text in heights of a capital letter, relative to its alignment point.
 /// Good enough to skip what is out of sight; no font is asked.

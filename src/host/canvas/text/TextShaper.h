@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/canvas/scene/TextPool.h"
+#include "host/canvas/display/TextPool.h"
 
 #include <QFont>
 #include <QPainterPath>

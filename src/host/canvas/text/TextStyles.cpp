@@ -1,8 +1,8 @@
 #include "host/canvas/text/TextStyles.h"
 
-#include "database/GroupCursor.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbSymbolTable.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbSymbolTable.h"
+#include "database/values/GroupCursor.h"
 
 namespace {
 

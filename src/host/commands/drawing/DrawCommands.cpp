@@ -1,4 +1,4 @@
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/commands/HostCommand.h"
 #include "host/commands/drawing/EntityMaker.h"

@@ -1,10 +1,10 @@
 #include "host/commands/drawing/EntityMaker.h"
 
 #include "base/NumberText.h"
-#include "database/GroupList.h"
-#include "database/HeaderVariables.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbSymbolTable.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/HeaderVariables.h"
+#include "database/tables/OdDbSymbolTable.h"
+#include "database/values/GroupList.h"
 #include "host/text/LineweightText.h"
 
 #include <QLocale>

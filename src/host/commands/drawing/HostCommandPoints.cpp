@@ -1,4 +1,4 @@
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/application/HostCore.h"
 #include "host/commands/HostCommand.h"
 #include "host/commands/drawing/PointText.h"

@@ -1,9 +1,9 @@
 #include "host/commands/layer/LayerChoice.h"
 
 #include "base/WildcardPattern.h"
-#include "database/NameIndex.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/NameIndex.h"
+#include "database/tables/OdDbLayerTable.h"
 
 #include <algorithm>
 

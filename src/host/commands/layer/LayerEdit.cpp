@@ -1,6 +1,6 @@
 #include "host/commands/layer/LayerEdit.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/text/HostText.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "host/commands/HostCommand.h"
 #include "host/commands/layer/LayerChoice.h"
 

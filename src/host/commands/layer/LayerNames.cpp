@@ -1,7 +1,7 @@
 #include "host/commands/layer/LayerNames.h"
 
 #include "base/NameCharacters.h"
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/text/HostText.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/states/LayerStateMask.h"
 #include "database/states/LayerStates.h"
 #include "host/commands/layer/LayerEdit.h"

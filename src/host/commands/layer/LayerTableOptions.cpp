@@ -1,6 +1,6 @@
 #include "base/WildcardPattern.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "host/application/HostCore.h"
 #include "host/commands/layer/LayerEdit.h"
 #include "host/commands/layer/LayerNames.h"

@@ -1,6 +1,6 @@
 #include "host/commands/selection/SelectEntities.h"
 
-#include "database/OdError.h"
+#include "database/values/OdError.h"
 #include "host/application/HostCore.h"
 #include "host/commands/selection/SelectionPrompt.h"
 #include "host/text/HostText.h"

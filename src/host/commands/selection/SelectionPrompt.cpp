@@ -1,6 +1,6 @@
 #include "host/commands/selection/SelectionPrompt.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostCore.h"
 #include "host/commands/CommandLine.h"
 #include "host/commands/KeywordList.h"

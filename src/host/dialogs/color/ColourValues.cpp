@@ -1,6 +1,6 @@
 #include "host/dialogs/color/ColourValues.h"
 
-#include "database/OdCmColor.h"
+#include "database/values/OdCmColor.h"
 
 #include <QRegularExpression>
 #include <QStringList>

@@ -5,7 +5,7 @@
 #include "host/window/commandline/CHistoryWindow.h"
 #include "host/window/commandline/HistoryHighlighter.h"
 #include "host/window/look/CElidedLabel.h"
-#include "sdk/OdEdCommandStack.h"
+#include "sdk/commands/OdEdCommandStack.h"
 
 #include <QBoxLayout>
 #include <QEvent>

@@ -1,6 +1,6 @@
 #include "host/window/recovery/JournalKeeper.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/application/HostFrontEnd.h"
 #include "host/documents/HostDocManager.h"
 #include "host/recovery/RecoveryFolder.h"

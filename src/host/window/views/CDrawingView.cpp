@@ -1,6 +1,6 @@
 #include "host/window/views/CDrawingView.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/canvas/CCanvas.h"
 #include "host/canvas/CanvasContents.h"
 #include "host/canvas/tools/CanvasHostView.h"

@@ -1,7 +1,7 @@
 #include "host/window/views/CLayoutTabs.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayout.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbLayout.h"
 
 #include <QScopedValueRollback>
 

@@ -1,6 +1,6 @@
 #include "host/window/views/DatabaseWatch.h"
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 
 DatabaseWatch::DatabaseWatch(QObject* parent)
     : QObject(parent)

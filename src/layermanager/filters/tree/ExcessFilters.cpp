@@ -1,7 +1,7 @@
 #include "layermanager/filters/tree/ExcessFilters.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "layermanager/filters/tree/FilterEdits.h"
 #include "layermanager/layers/LayerUndoRecord.h"
 

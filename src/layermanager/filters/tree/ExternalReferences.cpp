@@ -1,11 +1,11 @@
 #include "layermanager/filters/tree/ExternalReferences.h"
 
-#include "database/GroupCursor.h"
-#include "database/ObjectStore.h"
-#include "database/OdDbBlockTableRecord.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbBlockTableRecord.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/values/GroupCursor.h"
 
 #include <QHash>
 

@@ -1,7 +1,7 @@
 #include "layermanager/filters/tree/FilterEdits.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/filters/OdLyLayerFilterManager.h"
 #include "layermanager/filters/LayersOfFilter.h"
 #include "layermanager/layers/LayerUndoRecord.h"
 

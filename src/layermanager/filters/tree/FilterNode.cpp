@@ -1,8 +1,8 @@
 #include "layermanager/filters/tree/FilterNode.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/filters/FilterRecords.h"
+#include "database/filters/OdLyLayerFilterManager.h"
 #include "layermanager/filters/tree/ExternalReferences.h"
 
 #include <QHash>

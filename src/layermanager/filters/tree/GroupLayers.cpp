@@ -1,7 +1,7 @@
 #include "layermanager/filters/tree/GroupLayers.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbEntity.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbEntity.h"
 #include "layermanager/filters/tree/FilterEdits.h"
 #include "layermanager/layers/LayerUndoRecord.h"
 #include "sdk/KestSSGet.h"

@@ -1,11 +1,11 @@
 #include "layermanager/filters/tree/UnreconciledFilter.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdError.h"
-#include "database/OdLyLayerFilterManager.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/filters/FilterRecords.h"
+#include "database/filters/OdLyLayerFilterManager.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/values/OdError.h"
 #include "layermanager/layers/HostVariables.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "layermanager/filters/view/CLayerTreeVw.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdError.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "database/filters/FilterRecords.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/values/OdError.h"
 #include "layermanager/filter_editor/CDlgLayPropFilter.h"
 #include "layermanager/filters/LayersOfFilter.h"
 #include "layermanager/filters/tree/ExternalReferences.h"

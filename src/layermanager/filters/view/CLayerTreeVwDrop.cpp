@@ -1,7 +1,7 @@
 // The filter tree as the place where layers are put, and asked about, one by one.
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/filters/LayerFilterTest.h"
 #include "layermanager/filters/tree/FilterEdits.h"
 #include "layermanager/filters/tree/GroupLayers.h"

@@ -1,7 +1,7 @@
 #include "layermanager/filters/view/ExcessFiltersPrompt.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbDatabaseReactor.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabaseReactor.h"
 #include "layermanager/filters/FilterTexts.h"
 #include "layermanager/filters/tree/ExcessFilters.h"
 #include "sdk/KsApDocManager.h"

@@ -1,6 +1,6 @@
 #include "layermanager/filters/view/FilterTreeDatabaseReactor.h"
 
-#include "database/OdDbObject.h"
+#include "database/objects/OdDbObject.h"
 #include "layermanager/filters/view/CLayerTreeVw.h"
 
 void FilterTreeDatabaseReactor::look(const OdDbObject* object)

@@ -1,9 +1,9 @@
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 
-#include "database/NameIndex.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/NameIndex.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/grid/CLayerListCtrlDatabaseReactor.h"
 #include "layermanager/layers/grid/LayerCellDelegate.h"

@@ -2,8 +2,8 @@
 
 #include "layermanager/layers/LayerListModel.h"
 #include "layermanager/layers/ListCtrlColumnData.h"
-#include "layermanager/layers/grid/CKestListCtrl.h"
 #include "layermanager/layers/grid/LayerBurst.h"
+#include "layermanager/layers/grid/control/CKestListCtrl.h"
 
 #include <QMenu>
 #include <QTimer>

@@ -1,6 +1,6 @@
 // Columns of the layer grid: their records, widths and order of rows.
 
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/layers/grid/UpdatesOff.h"
 #include "sdk/IKestServicesManager.h"

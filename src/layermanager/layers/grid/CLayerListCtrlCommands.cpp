@@ -1,11 +1,11 @@
 // Commands on the rows of the layer grid: context menu, keys, selection.
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/layers/grid/LayerListMenu.h"
 #include "layermanager/layers/grid/UpdatesOff.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "layermanager/layers/operations/LayerCommandRun.h"
 
 #include <QContextMenuEvent>

@@ -1,7 +1,7 @@
 #include "layermanager/layers/grid/CLayerListCtrlDatabaseReactor.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "sdk/KsApDocManager.h"
 
 OdDbObjectId CLayerListCtrl::CLayerListCtrlDatabaseReactor::layerOf(const OdDbDatabase* database,

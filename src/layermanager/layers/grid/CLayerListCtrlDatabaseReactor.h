@@ -1,7 +1,7 @@
 #pragma once
 
-#include "database/OdDbDatabaseReactor.h"
-#include "database/OdRxObject.h"
+#include "database/drawing/OdDbDatabaseReactor.h"
+#include "database/values/OdRxObject.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 
 /// Follows one drawing at a time and hands what concerns layers to its grid.

@@ -1,13 +1,13 @@
 // Edits that start with a click on a cell of the layer grid.
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/LayerTexts.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
 #include "layermanager/layers/grid/LayerValuePick.h"
 #include "layermanager/layers/grid/UpdatesOff.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "layermanager/layers/operations/LayerActions.h"
 #include "layermanager/layers/operations/LayerEdits.h"
 #include "layermanager/layers/operations/LayerOperations.h"

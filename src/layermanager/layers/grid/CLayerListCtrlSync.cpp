@@ -1,12 +1,12 @@
 // How the layer grid follows its drawing: single changes at once, bursts of them together.
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/filters/tree/GroupLayers.h"
 #include "layermanager/layers/CDragDropUtility.h"
 #include "layermanager/layers/HostVariables.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

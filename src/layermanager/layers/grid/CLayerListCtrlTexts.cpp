@@ -1,10 +1,10 @@
 // Names and descriptions, edited in the cells of the layer grid.
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "layermanager/layers/LayerUndoRecord.h"
-#include "layermanager/layers/grid/CInPlaceEdit.h"
 #include "layermanager/layers/grid/CLayerListCtrl.h"
+#include "layermanager/layers/grid/control/CInPlaceEdit.h"
 #include "layermanager/layers/operations/LayerEdits.h"
 
 #include <QPointer>

@@ -1,6 +1,6 @@
 #include "layermanager/layers/grid/LayerCellDelegate.h"
 
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/LineweightSample.h"
 #include "layermanager/layers/grid/CellLook.h"

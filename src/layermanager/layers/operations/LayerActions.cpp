@@ -1,9 +1,9 @@
 #include "layermanager/layers/operations/LayerActions.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbLayout.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/objects/OdDbLayout.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/operations/LayerEdits.h"
 #include "layermanager/layers/operations/UndoRecordOnDemand.h"
 

@@ -1,7 +1,7 @@
 #include "layermanager/layers/operations/LayerCommandRun.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/LayerTexts.h"
 #include "layermanager/layers/operations/LayerActions.h"
 #include "layermanager/layers/operations/LayerDeletion.h"

@@ -1,10 +1,10 @@
 #include "layermanager/layers/operations/LayerDeletion.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbDictionary.h"
-#include "database/OdDbDictionaryVar.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/objects/OdDbDictionaryVar.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/LayerTexts.h"
 #include "layermanager/layers/operations/UndoRecordOnDemand.h"
 

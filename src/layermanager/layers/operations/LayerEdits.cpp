@@ -1,10 +1,10 @@
 #include "layermanager/layers/operations/LayerEdits.h"
 
 #include "base/NameCharacters.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/LayerTexts.h"
 
 #include <QCoreApplication>

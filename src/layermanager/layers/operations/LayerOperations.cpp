@@ -1,8 +1,8 @@
 #include "layermanager/layers/operations/LayerOperations.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/LayerTexts.h"
 #include "layermanager/layers/operations/LayerEdits.h"

@@ -1,8 +1,8 @@
 #include "layermanager/layers/operations/LayerOverrides.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbLayout.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbLayout.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/operations/UndoRecordOnDemand.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "layermanager/layers/operations/NewLayer.h"
 
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "database/OdDbLinetypeTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
 #include "layermanager/layers/FilledText.h"
 #include "layermanager/layers/HostVariables.h"
 #include "layermanager/layers/LayerTexts.h"

@@ -1,10 +1,10 @@
 #include "layermanager/palette/pane/LayerSearch.h"
 
 #include "base/WildcardPattern.h"
-#include "database/NameIndex.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/NameIndex.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,6 +1,6 @@
 #include "layermanager/palette/pane/PaneDatabaseReactor.h"
 
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/palette/CLayerPaneView.h"
 
 void PaneDatabaseReactor::look(const OdDbObject* object)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/OdLyLayerFilterManager.h"
+#include "database/filters/OdLyLayerFilterManager.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/filters/tree/FilterEdits.h"
 #include "support/FakeHost.h"

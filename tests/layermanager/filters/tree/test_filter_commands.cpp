@@ -1,5 +1,5 @@
 #include "FilterDrawing.h"
-#include "database/OdDbEntity.h"
+#include "database/objects/OdDbEntity.h"
 #include "layermanager/filters/tree/FilterCommands.h"
 #include "layermanager/filters/tree/FilterLayerCommands.h"
 

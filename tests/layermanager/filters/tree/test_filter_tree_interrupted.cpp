@@ -1,5 +1,5 @@
 #include "FilterTreeFixture.h"
-#include "database/ObjectStore.h"
+#include "database/store/ObjectStore.h"
 #include "layermanager/filter_editor/CDlgLayPropFilter.h"
 #include "layermanager/module/LayerModuleState.h"
 #include "layermanager/palette/CLayerPaneView.h"

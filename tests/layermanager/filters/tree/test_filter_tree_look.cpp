@@ -1,7 +1,7 @@
 #include "FilterTreeFixture.h"
 #include "layermanager/filters/view/FilterTreeMenu.h"
-#include "support/GoldenImage.h"
-#include "support/GoldenLook.h"
+#include "support/pictures/GoldenImage.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QLineEdit>
 #include <QTest>

@@ -1,6 +1,6 @@
 #include "FilterDrawing.h"
-#include "database/ObjectStore.h"
-#include "database/OdDbEntity.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/store/ObjectStore.h"
 #include "layermanager/filters/tree/GroupLayers.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,0 @@
-#pragma once
-
-#include "database/states/LayerInfoInLS.h"
-
-/// Appends a layer to a stored state. An entry that was read before keeps the groups it had, in
-/// their order; only what was edited since is spelled anew.
-void appendStoredLayer(GroupList& groups, const LayerInfoInLS& layer);

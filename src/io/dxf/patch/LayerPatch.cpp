@@ -1,0 +1,284 @@
+#include "base/NumberText.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
+#include "io/dxf/patch/RecordPatcher.h"
+#include "io/dxf/read/DxfObjectSource.h"
+#include "io/dxf/read/LayerGroups.h"
+#include "io/dxf/text/DxfVersion.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+/// Order in which other CAD programs write the groups of a layer.
+const std::vector<int>& groupOrder()
+{
+    static const std::vector<int> order = {2, 70, 62, 420, 430, 6, 290, 370, 390, 347, 348};
+    return order;
+}
+
+enum LayerFlag : int { kFrozen = 1, kFrozenInNewViewports = 2, kLocked = 4, kDependent = 16 };
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("LayerPatch", text);
+}
+
+/// A group to be there with that value (encoded for the file), or not at all.
+struct Wanted
+{
+    int code;
+    std::optional<QByteArray> value;
+};
+using Wish = std::vector<Wanted>;
+
+/// One property: which groups it becomes and since which version there are such.
+struct Property
+{
+    const char* name; ///< in sentences, with its article
+    DxfVersion since;
+    bool (*differs)(const LayerState&, const LayerState&);
+    void (*want)(const DxfObjectSource&, const LayerState& layer, Wish&);
+};
+
+QByteArray flagsOf(const LayerState& layer, qint64 old)
+{
+    const auto put = [&](int bit, bool on) { old = on ? old | bit : old & ~qint64(bit); };
+    put(kFrozen, layer.frozen);
+    put(kFrozenInNewViewports, layer.frozenInNewViewports);
+    put(kLocked, layer.locked);
+    return QByteArray::number(old);
+}
+
+constexpr qint64 kMostIndex = 32767; ///< that the group can hold
+
+QByteArray colourOf(const LayerState& layer, int index)
+{
+    return QByteArray::number(layer.off ? -index : index);
+}
+
+QByteArray handleOf(OdDbObjectId id)
+{
+    return id.getHandle().ascii().toLatin1();
+}
+
+void wantTrueColour(const DxfObjectSource& source, const LayerState& layer, Wish& wish)
+{
+    const bool isTrue = layer.color.colorMethod() == OdCmColor::kByColor;
+    wish.push_back({420,
+                    isTrue ? std::optional(QByteArray::number(layer.color.color() & 0xFFFFFFu))
+                           : std::nullopt});
+    wish.push_back({430,
+                    layer.color.bookName().isEmpty()
+                        ? std::nullopt
+                        : std::optional(source.text().encode(layer.color.bookName()))});
+}
+
+bool isTrueOrBook(const OdCmColor& colour)
+{
+    return colour.colorMethod() == OdCmColor::kByColor || !colour.bookName().isEmpty();
+}
+
+constexpr Property kProperties[] = {
+    {QT_TRANSLATE_NOOP("LayerPatch", "the true color"), DxfVersion::V2004,
+     [](const LayerState& a, const LayerState& b) {
+         return a.color != b.color && (isTrueOrBook(a.color) || isTrueOrBook(b.color));
+     },
+     wantTrueColour},
+    {QT_TRANSLATE_NOOP("LayerPatch", "the linetype"), DxfVersion::R12,
+     [](const LayerState& a, const LayerState& b) { return a.linetype != b.linetype; },
+     [](const DxfObjectSource& source, const LayerState& layer, Wish& wish) {
+         const auto linetype = layer.linetype.openObject<OdDbLinetypeTableRecord>();
+         wish.push_back(
+             {6, linetype ? source.text().encode(linetype->getName()) : QByteArray("CONTINUOUS")});
+     }},
+    {QT_TRANSLATE_NOOP("LayerPatch", "the plot switch"), DxfVersion::V2000,
+     [](const LayerState& a, const LayerState& b) { return a.plottable != b.plottable; },
+     [](const DxfObjectSource&, const LayerState& layer, Wish& wish) {
+         wish.push_back({290, QByteArray(layer.plottable ? "1" : "0")});
+     }},
+    {QT_TRANSLATE_NOOP("LayerPatch", "the lineweight"), DxfVersion::V2000,
+     [](const LayerState& a, const LayerState& b) { return a.lineWeight != b.lineWeight; },
+     [](const DxfObjectSource&, const LayerState& layer, Wish& wish) {
+         wish.push_back({370, QByteArray::number(layer.lineWeight)});
+     }},
+    {QT_TRANSLATE_NOOP("LayerPatch", "the plot style"), DxfVersion::V2000,
+     [](const LayerState& a, const LayerState& b) { return a.plotStyle != b.plotStyle; },
+     [](const DxfObjectSource&, const LayerState& layer, Wish& wish) {
+         wish.push_back(
+             {390,
+              layer.plotStyle.isNull() ? std::nullopt : std::optional(handleOf(layer.plotStyle))});
+     }},
+};
+
+void tellNotKept(const Property& property, const LayerState& layer, QStringList& notKept)
+{
+    notKept.append(tr("The drawing's version cannot hold %1 of layer \"%2\".")
+                       .arg(tr(property.name), layer.name));
+}
+
+void wantColour(const LayerState& before, const LayerState& after, const QByteArrayView old,
+                Wish& wish)
+{
+    const bool recoloured = before.color != after.color;
+    if (!recoloured && before.off == after.off)
+        return;
+    // An unchanged colour keeps the index as written, which need not be the nearest one.
+    qint64 index = after.color.colorIndex();
+    if (const auto written = NumberText::integer(old).value_or(0); !recoloured && written != 0)
+        index = std::clamp<qint64>(std::abs(written), 1, kMostIndex);
+    wish.push_back({62, colourOf(after, static_cast<int>(index))});
+}
+
+Wish differences(const RecordPatcher& record, const DxfObjectSource& source,
+                 const LayerState& before, const LayerState& after, QStringList& notKept)
+{
+    const auto old = [&](int code) {
+        const RecordPatcher::Span* span = record.find(code);
+        return span ? record.bytes(*span) : QByteArray();
+    };
+    Wish wish;
+    if (before.name != after.name)
+        wish.push_back({2, source.encodedName(after.name)});
+    if (before.frozen != after.frozen || before.locked != after.locked
+        || before.frozenInNewViewports != after.frozenInNewViewports)
+        wish.push_back({70, flagsOf(after, NumberText::integer(old(70)).value_or(0))});
+    wantColour(before, after, old(62), wish);
+    for (const Property& property : kProperties) {
+        if (!property.differs(before, after))
+            continue;
+        Wish groups;
+        property.want(source, after, groups);
+        if (source.version() < property.since) {
+            // A file may hold a group before its time: then it must not contradict the layer.
+            const auto isMissing = [&](const Wanted& group) { return !record.find(group.code); };
+            if (std::any_of(groups.begin(), groups.end(),
+                            [&](const Wanted& group) { return group.value && isMissing(group); }))
+                tellNotKept(property, after, notKept);
+            std::erase_if(groups, isMissing);
+        }
+        wish.insert(wish.end(), groups.begin(), groups.end());
+    }
+    return wish;
+}
+
+// Extended data
+
+struct Application
+{
+    const char* name;
+    bool (*differs)(const LayerState&, const LayerState&);
+    bool (*isNeeded)(const LayerState&);
+    int valueCode;
+    int valueNumber; ///< the first, second, ... group of that code holds the value
+    QByteArray (*value)(const DxfObjectSource&, const LayerState&);
+};
+
+constexpr Application kApplications[] = {
+    {LayerGroups::kDescriptionApplication,
+     [](const LayerState& a, const LayerState& b) { return a.description != b.description; },
+     [](const LayerState& layer) { return !layer.description.isEmpty(); }, 1000, 2,
+     [](const DxfObjectSource& source, const LayerState& layer) {
+         return source.text().encode(layer.description);
+     }},
+    {LayerGroups::kTransparencyApplication,
+     [](const LayerState& a, const LayerState& b) { return a.transparency != b.transparency; },
+     [](const LayerState& layer) { return layer.transparency != 0; }, 1071, 1,
+     [](const DxfObjectSource&, const LayerState& layer) {
+         return QByteArray::number(layer.transparency);
+     }},
+};
+
+void appendApplication(const Application& application, const DxfObjectSource& source,
+                       const LayerState& layer, const GroupSpelling& spelling, QByteArray& out)
+{
+    spelling.append(out, 1001, application.name);
+    for (int i = 1; i < application.valueNumber; ++i)
+        spelling.append(out, application.valueCode, "");
+    spelling.append(out, application.valueCode, application.value(source, layer));
+}
+
+void patchApplication(RecordPatcher& record, const Application& application,
+                      const DxfObjectSource& source, const LayerState& after)
+{
+    bool inside = false;
+    bool found = false;
+    int values = 0;
+    quint64 end = 0;
+    for (const RecordPatcher::Span& span : record.spans()) {
+        if (span.code == 1001) {
+            inside = !found
+                && record.bytes(span).trimmed().compare(application.name, Qt::CaseInsensitive) == 0;
+            found = found || inside;
+        }
+        if (!inside)
+            continue;
+        end = span.end;
+        if (span.code == application.valueCode && ++values == application.valueNumber)
+            return record.setValue(span, application.value(source, after));
+    }
+    QByteArray groups;
+    if (!found)
+        appendApplication(application, source, after, record.spelling(), groups);
+    for (; found && values < application.valueNumber; ++values)
+        record.spelling().append(groups, application.valueCode,
+                                 values + 1 == application.valueNumber
+                                     ? application.value(source, after)
+                                     : QByteArray());
+    record.insert(found ? end : record.end(), groups);
+}
+
+} // namespace
+
+void LayerGroups::patch(RecordPatcher& record, const DxfObjectSource& source,
+                        const LayerState& before, const LayerState& after, QStringList& notKept)
+{
+    for (const Wanted& wanted : differences(record, source, before, after, notKept))
+        record.want(wanted.code, wanted.value ? &*wanted.value : nullptr, groupOrder());
+    for (const Application& application : kApplications) {
+        if (application.differs(before, after))
+            patchApplication(record, application, source, after);
+    }
+}
+
+QByteArray LayerGroups::spelled(const DxfObjectSource& source, const LayerState& layer,
+                                QStringList& notKept)
+{
+    const GroupSpelling spelling = source.spelling();
+    Wish wish = {{2, source.encodedName(layer.name)},
+                 {70, flagsOf(layer, 0)},
+                 {62, colourOf(layer, layer.color.colorIndex())}};
+    const LayerState plain;
+    for (const Property& property : kProperties) {
+        if (source.version() >= property.since)
+            property.want(source, layer, wish);
+        else if (property.differs(plain, layer))
+            tellNotKept(property, layer, notKept);
+    }
+    for (const auto& [code, value] : source.layerZeroExtras())
+        wish.push_back({code, value});
+    QByteArray groups;
+    for (const Wanted& wanted : wish) {
+        const bool isDefault = wanted.code == 290 && layer.plottable;
+        if (wanted.value && !isDefault)
+            spelling.append(groups, wanted.code, *wanted.value);
+    }
+    for (const Application& application : kApplications) {
+        if (application.isNeeded(layer))
+            appendApplication(application, source, layer, spelling, groups);
+    }
+    return groups;
+}
+
+QList<QByteArray> LayerGroups::applications(const LayerState& before, const LayerState& after)
+{
+    QList<QByteArray> names;
+    for (const Application& application : kApplications) {
+        if (application.differs(before, after) && application.isNeeded(after))
+            names.append(application.name);
+    }
+    return names;
+}

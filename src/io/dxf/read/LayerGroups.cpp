@@ -1,0 +1,107 @@
+#include "io/dxf/read/LayerGroups.h"
+
+#include "database/drawing/OdDbDatabase.h"
+#include "database/values/GroupCursor.h"
+
+namespace {
+
+enum LayerFlag : int { kFrozen = 1, kFrozenInNewViewports = 2, kLocked = 4, kDependent = 16 };
+
+/// Drawings saved to an old version have application names in upper case.
+bool isApplication(QByteArrayView name, const char* application)
+{
+    return name.trimmed().compare(application, Qt::CaseInsensitive) == 0;
+}
+
+void setColour(LayerState& layer, qint64 index)
+{
+    constexpr qint64 kWhite = 7;
+    layer.off = index < 0;
+    // By-block, by-layer and what is no index say nothing on a layer.
+    const bool isIndex = index != 0 && index > -256 && index < 256;
+    const auto colour = static_cast<int>(isIndex ? std::abs(index) : kWhite);
+    // A true colour, where there is one, has the last word.
+    if (layer.color.colorMethod() != OdCmColor::kByColor)
+        layer.color = OdCmColor::fromIndex(colour).withBookName(layer.color.bookName());
+}
+
+} // namespace
+
+void LayerGroups::Reader::take(const GroupCursor& group)
+{
+    const int code = group.code();
+    if (code >= 1000)
+        return takeExtendedData(group);
+    if (code == 102) {
+        m_inGroup = group.bytes().trimmed().startsWith('{');
+        return;
+    }
+    if (m_inGroup || code < 0 || m_taken.test(static_cast<std::size_t>(code)))
+        return;
+    m_taken.set(static_cast<std::size_t>(code));
+    takeOwn(group);
+}
+
+void LayerGroups::Reader::takeOwn(const GroupCursor& group)
+{
+    LayerState& layer = m_layer;
+    switch (group.code()) {
+    case 2:
+        layer.name = group.text();
+        break;
+    case 70: {
+        const auto flags = group.integer();
+        layer.frozen = (flags & kFrozen) != 0;
+        layer.frozenInNewViewports = (flags & kFrozenInNewViewports) != 0;
+        layer.locked = (flags & kLocked) != 0;
+        layer.dependent = (flags & kDependent) != 0;
+        break;
+    }
+    case 62:
+        setColour(layer, group.integer());
+        break;
+    case 420: {
+        const auto rgb = static_cast<quint32>(group.integer());
+        layer.color = OdCmColor::fromRgb(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF,
+                                         layer.color.bookName());
+        break;
+    }
+    case 430:
+        layer.color = layer.color.withBookName(group.text());
+        break;
+    case 6:
+        if (const OdDbObjectId linetype =
+                m_database.table(OdDbTableKind::Linetype).getAt(group.text());
+            !linetype.isNull())
+            layer.linetype = linetype;
+        break;
+    case 290:
+        layer.plottable = group.integer() != 0;
+        break;
+    case 370:
+        layer.lineWeight = static_cast<qint16>(group.integer());
+        break;
+    case 390:
+        layer.plotStyle = m_database.getOdDbObjectId(OdDbHandle(group.handle()));
+        break;
+    default:
+        break;
+    }
+}
+
+void LayerGroups::Reader::takeExtendedData(const GroupCursor& group)
+{
+    if (group.code() == 1001) {
+        const QByteArrayView name = group.bytes();
+        m_application = isApplication(name, kDescriptionApplication) ? Application::Description
+            : isApplication(name, kTransparencyApplication)          ? Application::Transparency
+                                                                     : Application::Other;
+        m_strings = 0;
+    } else if (group.code() == 1000 && m_application == Application::Description) {
+        // The first string is of unknown use and empty everywhere; the second is the description.
+        if (++m_strings == 2)
+            m_layer.description = group.text();
+    } else if (group.code() == 1071 && m_application == Application::Transparency) {
+        m_layer.transparency = static_cast<quint32>(group.integer());
+    }
+}

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "io/DrawingCodec.h"
+#include "io/dxf/patch/NewRecords.h"
+#include "io/dxf/patch/PatchList.h"
+#include "io/dxf/write/DxfMeant.h"
+
+#include <QSet>
+
+#include <map>
+#include <optional>
+#include <set>
+#include <unordered_map>
+
+class DxfObjectSource;
+class ObjectStore;
+class OdDbBlockTableRecord;
+class RecordPatcher;
+struct LayerState;
+
+/// Writes a drawing back over the image it was read from: every byte that was not edited is copied.
+class DxfWriter
+{
+public:
+    DxfWriter(const DxfObjectSource& source, const OdDbDatabase& database);
+    DrawingPieces run();
+
+private:
+    struct DictionaryEdit
+    {
+        std::vector<NewRecords::Entry> added = {};
+        QSet<QString> removed = {}; ///< folded keys
+    };
+    /// New records that go to one place of the file.
+    struct NewRun
+    {
+        QByteArray bytes = {};
+        std::vector<std::pair<quint32, qsizetype>> starts = {}; ///< slot, offset in bytes
+        int count = 0;
+        QByteArray placed = {}; ///< the patch that holds the bytes, behind `prefix` others
+        qsizetype prefix = 0;
+    };
+
+    // What was touched
+    void editTouched(quint32 slot);
+    void editLayer(quint32 slot);
+    void editExtras(quint32 slot, const LayerState& before, const LayerState& after);
+    void editViewport(quint32 slot);
+    void editXrecord(quint32 slot);
+    void editDictionaryVar(quint32 slot);
+    void editEntity(quint32 slot);
+    static void insertLayer(RecordPatcher& record, const QByteArray& name);
+    void editExtension(quint32 slot, quint64 handle);
+    void removeRecord(quint32 slot);
+    void removeOwned(quint32 slot);
+    void editDictionary(quint32 slot, const DictionaryEdit& edit);
+    void addRecord(quint32 slot);
+    QByteArray rootForNewObjects();
+    void addEntity(quint32 slot);
+    /// Offset before the ENDBLK of a block's definition; nothing where the file has none.
+    std::optional<quint64> endOfBlock(const OdDbBlockTableRecord& block) const;
+    void addMade(const QByteArray& record, quint64 handle, DxfMeant::Made made);
+    NewRecords::Head headOf(quint32 slot) const;
+    quint64 extensionOf(quint32 slot) const;
+    bool isLive(quint32 slot) const;
+    bool isInFile(quint32 slot) const;
+    bool canHoldObjects();
+
+    // What follows from it
+    void collectLayers();
+    void cleanReferences();
+    void cleanXrecords(OdDbObjectId dictionary, bool isState, int depth);
+    GroupList cleaned(const GroupList& groups, bool isState) const;
+    bool isErasedName(const QString& name) const;
+    bool isErasedLayer(QByteArrayView handle) const;
+    void renameReferences();
+    void renameIn(quint32 slot, bool entity);
+    void placeNewRecords();
+    void placeTableRecords(OdDbTableKind kind, const char* name, NewRun& run);
+    void placeEntities();
+    void placeObjects();
+    void placeClasses();
+    void placeTablesSection();
+    void requireXrecordClass();
+    QByteArray madeUpLayerZero();
+    void patchCount(OdDbTableKind kind);
+    void patchHeader();
+    void patchVariable(const QString& name, int code, const QByteArray& value);
+    void patchHandleSeed();
+    void placeVariables();
+    void requireApplications(const QList<QByteArray>& names);
+    void report(DrawingPieces& pieces);
+    void listChanged(const std::vector<quint32>& changed, DrawingPieces& pieces) const;
+    void listNew(const NewRun& run, DrawingPieces& pieces) const;
+    quint64 used(quint64 handle);
+
+    const DxfObjectSource& m_source;
+    const OdDbDatabase& m_database;
+    ObjectStore& m_store;
+    NewRecords m_newRecords;
+    PatchList m_patches;
+    std::vector<quint32> m_changed; ///< records of the file, some repeatedly
+    std::set<quint32> m_removed;
+    std::set<quint32> m_moved; ///< entities on another layer now
+    std::map<quint32, DictionaryEdit> m_dictionaryEdits;
+    std::shared_ptr<DxfMeant> m_meant = std::make_shared<DxfMeant>();
+    std::map<OdDbTableKind, NewRun> m_tableRuns;
+    std::map<OdDbTableKind, int> m_countChanges;
+    std::map<quint32, NewRun> m_entities; ///< by block; kNone: those of the ENTITIES section
+    NewRun m_objects;
+    std::map<quint32, std::vector<NewRecords::Entry>> m_madeDictionaries; ///< by owning layer
+    QByteArray m_newVariables; ///< of the header
+    QByteArray m_tablesSection; ///< of a file that has none
+    quint64 m_tablesSectionAt = 0;
+    quint64 m_headerChanges = 0;
+    QSet<QByteArray> m_applications; ///< to be registered
+    bool m_erasedDictionaries = false;
+    std::set<std::pair<QByteArray, QByteArray>> m_classes; ///< that new objects need
+    bool m_toldNoObjects = false;
+    std::set<quint32> m_erasedLayers;
+    QSet<QByteArray> m_erasedNames; ///< folded
+    std::unordered_map<quint32, QByteArray> m_renamed; ///< encoded new name by slot of the layer
+    QHash<QByteArray, QByteArray> m_renamedKeys; ///< the same by folded name in the file
+    quint64 m_highestNew = 0;
+    QStringList m_notKept;
+};
