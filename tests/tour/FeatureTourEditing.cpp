@@ -2,8 +2,8 @@
 
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdCmColor.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/values/OdCmColor.h"
 #include "host/dialogs/CLineweightDialog.h"
 #include "toolkit/ControlRegistry.h"
 
@@ -107,4 +107,19 @@ void FeatureTour::namesNewLayersAndDeletesEmptyOnes()
     noteStep("Undo LAYER");
     QCOMPARE(palette().rows().size(), 65);
     QVERIFY(!palette().rows().contains(QStringLiteral("A-WALL-DEMO")));
+}
+
+void FeatureTour::tellsWhenALayerLeavesTheFilter()
+{
+    selectFilter("Locked or off");
+    const auto listed = palette().rows().size();
+    tour_dialogs::inDialog([this] { palette().click("A-FLOR-PATT", LayerColumn::Locked); },
+                           [](QDialog& notice) {
+                               QCOMPARE(notice.windowTitle(), QStringLiteral("Layer Filter"));
+                               tour_dialogs::press(notice, QStringLiteral("OK"));
+                           });
+    noteStep("Undo LAYER");
+    QCOMPARE(palette().rows().size(), listed - 1);
+    QVERIFY(!palette().rows().contains(QStringLiteral("A-FLOR-PATT")));
+    selectFilter("All");
 }
