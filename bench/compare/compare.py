@@ -24,6 +24,7 @@ from measured_run import measure
 from wrong_result import WrongResult
 
 SIZES = ((100, 1_000), (1_000, 10_000), (10_000, 100_000), (100_000, 1_000_000))
+SLOW_SECONDS, SLOW_REPETITIONS = 20, 3
 SMOKE_SIZES = ((50, 200), (100, 400))
 
 
@@ -44,12 +45,16 @@ def make_drawing(generator, folder, layers, entities):
     return path
 
 
+def is_measured_enough(runs):
+    return len(runs) >= SLOW_REPETITIONS and runs[0].seconds > SLOW_SECONDS
+
+
 def measure_size(rivals, jobs, drawing, repetitions, limit):
     """The runs of each (job, rival): a list, or None where one took longer than the limit."""
     runs = {(job, rival): [] for job in jobs for rival in rivals if job.name in rival.commands}
     for _ in range(repetitions):
         for (job, rival), done in runs.items():
-            if done is None:
+            if done is None or is_measured_enough(done):
                 continue
             output = drawing.with_suffix(rival.suffix)
             run = measure(rival.command(job, drawing, output), output if job.prints else None, limit)
@@ -79,10 +84,17 @@ def ratio(runs, own, value):
     return f"{theirs / ours:.1f}"
 
 
+def spread_of(runs):
+    if not runs:
+        return "-"
+    seconds = [run.seconds for run in runs]
+    return f"{len(runs)}: {min(seconds):.3f} - {max(seconds):.3f} s"
+
+
 def print_table(job, rivals, results, limit):
     rivals = [rival for rival in rivals if job.name in rival.commands]
     print(f"\n### {job.title}\n")
-    print("| layers | entities | file | program | wall time | times ours | peak memory | times ours | all runs |")
+    print("| layers | entities | file | program | wall time | times ours | peak memory | times ours | runs |")
     print("|---:|---:|---:|---|---:|---:|---:|---:|---|")
     for (layers, entities, file_size), runs in results:
         own = runs[job, rivals[0]]
@@ -90,7 +102,7 @@ def print_table(job, rivals, results, limit):
             done = runs[job, rival]
             seconds, megabytes = cells(done, limit)
             times = ratio(done, own, lambda run: run.seconds), ratio(done, own, lambda run: run.peak_megabytes)
-            spread = f"{min(run.seconds for run in done):.3f} - {max(run.seconds for run in done):.3f} s" if done else "-"
+            spread = spread_of(done)
             print(
                 f"| {layers:,} | {entities:,} | {file_size / 1e6:.1f} MB | {rival.title} | {seconds} | {times[0]} "
                 f"| {megabytes} | {times[1]} | {spread} |"

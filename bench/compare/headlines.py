@@ -84,7 +84,9 @@ def text(milliseconds):
 
 
 def print_table(title, headlines, found):
-    sizes = sorted({size for headline in headlines for name, size in found[headline.program] if name == headline.benchmark})
+    sizes = sorted(
+        {size for line in headlines for name, size in found[line.program] if name == line.benchmark}
+    )
     print(f"\n### {title}\n")
     print("| benchmark | what | " + " | ".join(" / ".join(f"{n:,}" for n in size) for size in sizes) + " |")
     print("|---|---|" + "---:|" * len(sizes))
@@ -92,7 +94,8 @@ def print_table(title, headlines, found):
         times = [found[headline.program].get((headline.benchmark, size)) for size in sizes]
         if not any(times):
             raise SystemExit(f"headlines: {headline.program} has no benchmark {headline.benchmark}")
-        print(f"| `{headline.program}`: `{headline.benchmark}` | {headline.words} | " + " | ".join(map(text, times)) + " |")
+        cells = " | ".join(map(text, times))
+        print(f"| `{headline.program}`: `{headline.benchmark}` | {headline.words} | {cells} |")
 
 
 def main():

@@ -21,7 +21,8 @@ def describe_load(when):
 
 def describe(rivals, repetitions):
     memory = int(first_value("/proc/meminfo", "MemTotal").split()[0]) / 1024 / 1024
-    print(f"Measured {time.strftime('%Y-%m-%d')}: {first_value('/proc/cpuinfo', 'model name')}, {os.cpu_count()} cores, "
+    processor = first_value("/proc/cpuinfo", "model name")
+    print(f"Measured {time.strftime('%Y-%m-%d')}: {processor}, {os.cpu_count()} cores, "
           f"{memory:.0f} GB, Linux {platform.release()}; medians of {repetitions}.")
     if rivals:
         print("\n| program | version |\n|---|---|")

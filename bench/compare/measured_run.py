@@ -22,7 +22,7 @@ class Run:
 
 
 def measure(command, output, limit):
-    """The run, or None where it took longer than `limit` seconds. `output` receives standard output, if it is a path."""
+    """The run, or None where it took longer than `limit` seconds. Standard output goes to `output`, a path or None."""
     with tempfile.NamedTemporaryFile(mode="r", errors="replace") as errors:
         words = [str(word) for word in (limit, output or os.devnull, errors.name, *command)]
         launched = subprocess.run(
