@@ -1,8 +1,8 @@
 """Starts one program and tells how it went: launcher.py LIMIT OUTPUT ERRORS PROGRAM ARGUMENTS...
 
 A process of its own, with next to nothing in it, because Linux counts the memory of the parent at the moment of
-the start as memory of the child: to be run with Python's options -I and -S. Prints seconds, peak of resident memory in bytes and exit status; the status of one
-that was ended after LIMIT seconds is "late".
+the start as memory of the child: to be run with Python's options -I and -S. Prints seconds, peak of resident memory in
+bytes and exit status; the status of one that was ended after LIMIT seconds is "late".
 """
 
 import os
