@@ -1,8 +1,8 @@
 """Starts one program and tells how it went: launcher.py LIMIT OUTPUT ERRORS PROGRAM ARGUMENTS...
 
 A process of its own, with next to nothing in it, because Linux counts the memory of the parent at the moment of
-the start as memory of the child: to be run with Python's options -I and -S. Prints seconds, peak of resident memory in
-bytes and exit status; the status of one that was ended after LIMIT seconds is "late".
+the start as memory of the child: to be run with Python's options -I and -S. Prints seconds, seconds of processors, peak
+of resident memory in bytes and exit status; the status of one that was ended after LIMIT seconds is "late".
 """
 
 import os
@@ -29,4 +29,5 @@ signal.setitimer(signal.ITIMER_REAL, float(limit))
 _, status, usage = os.wait4(child, 0)
 seconds = time.perf_counter() - begin
 signal.setitimer(signal.ITIMER_REAL, 0)
-print(seconds, usage.ru_maxrss * 1024, "late" if is_late else os.waitstatus_to_exitcode(status))
+cpu_seconds = usage.ru_utime + usage.ru_stime
+print(seconds, cpu_seconds, usage.ru_maxrss * 1024, "late" if is_late else os.waitstatus_to_exitcode(status))

@@ -16,6 +16,7 @@ ENVIRONMENT = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "LANG": "C.UTF-8", 
 @dataclass
 class Run:
     seconds: float  # of the clock on the wall, from the start until the process is gone
+    cpu_seconds: float  # of all its threads; what else the machine does hardly changes them
     peak_megabytes: float  # of resident memory, 1 MB = 1,000,000 bytes
     status: int
     complaint: str  # the last line of standard error
@@ -29,7 +30,7 @@ def measure(command, output, limit):
             [contenders.PYTHON, "-I", "-S", LAUNCHER, *words], env=ENVIRONMENT, stdout=subprocess.PIPE, check=True
         )
         complaint = errors.read().strip().splitlines()[-1:]
-    seconds, peak, status = launched.stdout.split()
+    seconds, cpu_seconds, peak, status = launched.stdout.split()
     if status == b"late":
         return None
-    return Run(float(seconds), int(peak) / 1e6, int(status), "".join(complaint))
+    return Run(float(seconds), float(cpu_seconds), int(peak) / 1e6, int(status), "".join(complaint))
