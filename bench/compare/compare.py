@@ -33,7 +33,7 @@ def parse_arguments():
     parser.add_argument("--bin", type=Path, required=True, help="folder of the built programs")
     parser.add_argument("--repetitions", type=int, default=5)
     parser.add_argument("--largest", type=int, default=SIZES[-1][0], help="leave out drawings with more layers")
-    parser.add_argument("--limit", type=float, default=120, help="seconds after which a run is ended")
+    parser.add_argument("--limit", type=float, default=120, help="CPU seconds after which a run is ended")
     parser.add_argument("--smoke", action="store_true", help="small drawings, one repetition")
     return parser.parse_args()
 
@@ -83,7 +83,7 @@ def seconds_text(seconds):
 def cells(runs, limit):
     """The medians in words."""
     if runs is None:
-        return f"over {limit:.0f} s", "-", "-"
+        return "-", f"over {limit:.0f} s", "-"
     wall, cpu, memory = (statistics.median(figure(run) for run in runs) for _, figure in FIGURES)
     return seconds_text(wall), seconds_text(cpu), f"{memory:.0f} MB"
 
