@@ -2,8 +2,8 @@
 
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdDbDatabase.h"
-#include "support/DrawingDigest.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "support/drawings/DrawingDigest.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -26,10 +26,9 @@ void FeatureTour::makeRoom() const
     const QPoint grip = splitter->handle(1)->rect().center();
     TourWindow::pull(*splitter->handle(1), grip, grip + QPoint(36, 0));
     QHeaderView& header = *palette().grid().horizontalHeader();
-    for (const auto& [column, wider] : {std::pair(LayerColumn::Name, 30),
-                                        std::pair(LayerColumn::Color, 40),
-                                        std::pair(LayerColumn::Linetype, 36),
-                                        std::pair(LayerColumn::Lineweight, 30)})
+    for (const auto& [column, wider] :
+         {std::pair(LayerColumn::Name, 30), std::pair(LayerColumn::Color, 40),
+          std::pair(LayerColumn::Linetype, 36), std::pair(LayerColumn::Lineweight, 30)})
     {
         const int section = static_cast<int>(column);
         const int right = header.sectionViewportPosition(section) + header.sectionSize(section);
@@ -44,10 +43,9 @@ void FeatureTour::opensADrawingAndThePalette()
     TourWindow& tour = *m_tour;
     tour.press(QKeySequence::Close); // the new drawing that the program starts with
     QCOMPARE(tour.window().windowTitle(), QStringLiteral("kest"));
-    tour_dialogs::inDialog([&] { tour.chooseFrom("File", {QStringLiteral("Open...")}); },
-                           [&](QDialog& dialog) {
-                               tour_dialogs::pickFile(dialog, tour.path("office.dxf"));
-                           });
+    tour_dialogs::inDialog(
+        [&] { tour.chooseFrom("File", {QStringLiteral("Open...")}); },
+        [&](QDialog& dialog) { tour_dialogs::pickFile(dialog, tour.path("office.dxf")); });
     tour.settle();
     QCOMPARE(tour.window().windowTitle(), QStringLiteral("office.dxf[*] \u2013 kest"));
     QVERIFY(!tour.window().isWindowModified());

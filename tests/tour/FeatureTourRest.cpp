@@ -1,7 +1,13 @@
 #include "FeatureTour.h"
-void FeatureTour::savesALayerStateAndRestoresIt() { }
-void FeatureTour::editsALayerState() { }
-void FeatureTour::givesAViewportColorsOfItsOwn() { }
-void FeatureTour::handsAStateToAnotherDrawing() { }
-void FeatureTour::undoesEverythingAndRedoesIt() { }
-void FeatureTour::savesAndFindsEverythingAgain() { }
+void FeatureTour::savesALayerStateAndRestoresIt()
+{ }
+void FeatureTour::editsALayerState()
+{ }
+void FeatureTour::givesAViewportColorsOfItsOwn()
+{ }
+void FeatureTour::handsAStateToAnotherDrawing()
+{ }
+void FeatureTour::undoesEverythingAndRedoesIt()
+{ }
+void FeatureTour::savesAndFindsEverythingAgain()
+{ }

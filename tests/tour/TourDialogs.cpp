@@ -78,8 +78,8 @@ void tour_dialogs::inDialog(const std::function<void()>& open,
             steps(dialog);
             if (!alive || !alive->isVisible())
                 return;
-            reportTestFailure(QStringLiteral("The dialog \"%1\" is still open.")
-                                  .arg(alive->windowTitle()));
+            reportTestFailure(
+                QStringLiteral("The dialog \"%1\" is still open.").arg(alive->windowTitle()));
             alive->reject();
         });
 }
@@ -155,6 +155,6 @@ void tour_dialogs::pickFile(QDialog& dialog, const QString& path)
         return reportTestFailure(QStringLiteral("The dialog asks for no file."));
     name->selectAll();
     name->insert(path); // as if pasted: letters that are typed bring up names to choose from
-    press(dialog, button(dialog, QStringLiteral("Open")) ? QStringLiteral("Open")
-                                                         : QStringLiteral("Save"));
+    press(dialog,
+          button(dialog, QStringLiteral("Open")) ? QStringLiteral("Open") : QStringLiteral("Save"));
 }
