@@ -2,8 +2,8 @@
 
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdCmColor.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/values/OdCmColor.h"
 #include "host/dialogs/CLineweightDialog.h"
 #include "toolkit/ControlRegistry.h"
 

@@ -3,8 +3,8 @@
 #include "DrawingRecords.h"
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdDbDatabase.h"
-#include "support/DrawingDigest.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "support/drawings/DrawingDigest.h"
 
 #include <QFile>
 #include <QMenu>

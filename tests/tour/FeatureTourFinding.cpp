@@ -2,8 +2,8 @@
 
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdDbDatabase.h"
-#include "support/DrawingDigest.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "support/drawings/DrawingDigest.h"
 
 #include <QCheckBox>
 #include <QDialog>

@@ -2,11 +2,11 @@
 
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdCmColor.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbEntity.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/values/OdCmColor.h"
 #include "host/canvas/CCanvas.h"
 
 #include <QDialog>

@@ -2,9 +2,9 @@
 
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "layermanager/layer_states/LayerStateControls.h"
-#include "layermanager/layer_states/StateLayerListModel.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "layermanager/layer_states/core/LayerStateControls.h"
+#include "layermanager/layer_states/core/StateLayerListModel.h"
 #include "toolkit/ControlRegistry.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "TourWindow.h"
 
 #include "TourDialogs.h"
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/canvas/CCanvas.h"
 #include "host/dialogs/HostPrompts.h"
 #include "host/window/WindowActions.h"
@@ -11,8 +11,8 @@
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
 #include "host/window/views/CLayoutTabs.h"
-#include "support/GoldenImage.h"
 #include "support/TestFailure.h"
+#include "support/pictures/GoldenImage.h"
 
 #include <QAction>
 #include <QApplication>

@@ -4,7 +4,7 @@
 #include "host/application/HostCore.h"
 #include "host/window/CMainWindow.h"
 #include "host/window/WindowFrontEnd.h"
-#include "support/GoldenLook.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QTemporaryDir>
 
