@@ -10,10 +10,10 @@ from pathlib import Path
 PROJECT = Path(sys.argv.pop(1))
 
 LINK = re.compile(r"\]\(([^)#\s]+)")
-FOLDERS = "apps|bench|cmake|docs|fuzz|samples|share|src|tests|tools|translations"
+FOLDERS = "apps|bench|cmake|docs|fuzz|samples|src|tests|tools|translations"
 PATH = re.compile(rf"`((?:{FOLDERS})/[\w./-]+)`")
-# Names that stand for any, a file that may come, and what is there once installed.
-PLACEHOLDER = re.compile(r"NAME|\.\.\.|translations/LayerManager_en|share/kest/")
+# Names that stand for any, and a file that may come.
+PLACEHOLDER = re.compile(r"NAME|\.\.\.|translations/LayerManager_en")
 
 
 def documents(project):
