@@ -32,6 +32,8 @@ def parse_arguments():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--bin", type=Path, required=True, help="folder of the built programs")
     parser.add_argument("--repetitions", type=int, default=5)
+    parser.add_argument("--jobs", help="names with commas between, default all: list, freeze, draw")
+    parser.add_argument("--smallest", type=int, default=0, help="leave out drawings with fewer layers")
     parser.add_argument("--largest", type=int, default=SIZES[-1][0], help="leave out drawings with more layers")
     parser.add_argument("--limit", type=float, default=120, help="CPU seconds after which a run is ended")
     parser.add_argument("--smoke", action="store_true", help="small drawings, one repetition")
@@ -155,11 +157,15 @@ def main():
     if not contenders.has_ezdxf():
         print("skipped: python3-ezdxf is not installed")
         return 77
-    sizes = SMOKE_SIZES if arguments.smoke else [size for size in SIZES if size[0] <= arguments.largest]
+    sizes = SMOKE_SIZES if arguments.smoke else [
+        size for size in SIZES if arguments.smallest <= size[0] <= arguments.largest
+    ]
     repetitions = 1 if arguments.smoke else arguments.repetitions
     with tempfile.TemporaryDirectory(prefix="compare-") as name:
         folder, results = Path(name), []
         jobs, rivals = contenders.jobs(), contenders.rivals(arguments.bin.resolve(), folder / "config")
+        if arguments.jobs:
+            jobs = [job for job in jobs if job.name in arguments.jobs.split(",")]
         machine.describe(rivals, repetitions)
         try:
             measure_start_up(rivals, repetitions, arguments.limit)

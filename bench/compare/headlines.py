@@ -61,11 +61,11 @@ TABLES = (
 
 
 def medians(bin_folder, program, headlines, repetitions):
-    """{(benchmark, sizes): milliseconds} of one program's headlines."""
+    """{(benchmark, sizes): milliseconds by the clock and of the first thread's CPU time} of one program's headlines."""
     names = "|".join(re.escape(headline.benchmark) for headline in headlines)
     run = subprocess.run(
         [bin_folder / program, f"--benchmark_filter=^({names})/[0-9]", f"--benchmark_repetitions={repetitions}",
-         "--benchmark_report_aggregates_only=true", "--benchmark_format=json"],
+         "--benchmark_min_time=0.2", "--benchmark_report_aggregates_only=true", "--benchmark_format=json"],
         env=ENVIRONMENT, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
     found = {}
     for result in json.loads(run.stdout)["benchmarks"]:
@@ -73,29 +73,31 @@ def medians(bin_folder, program, headlines, repetitions):
             continue
         name, *words = re.split(r"/(?=\d)|/(?=real_time|iterations)", result["run_name"])
         sizes = tuple(int(word) for word in words if word.isdigit())
-        found[name, sizes] = result["real_time"] * {"ns": 1e-6, "us": 1e-3, "ms": 1, "s": 1e3}[result["time_unit"]]
+        factor = {"ns": 1e-6, "us": 1e-3, "ms": 1, "s": 1e3}[result["time_unit"]]
+        found[name, sizes] = result["real_time"] * factor, result["cpu_time"] * factor
     return found
 
 
-def text(milliseconds):
-    if milliseconds is None:
-        return ""
-    return f"{milliseconds:.0f} ms" if milliseconds >= 100 else f"{milliseconds:.3g} ms"
+def text(times):
+    wall, cpu = (f"{time:.0f}" if time >= 100 else f"{time:.3g}" for time in times)
+    return f"{wall} / {cpu}"
 
 
 def print_table(title, headlines, found):
-    sizes = sorted(
-        {size for line in headlines for name, size in found[line.program] if name == line.benchmark}
-    )
-    print(f"\n### {title}\n")
-    print("| benchmark | what | " + " | ".join(" / ".join(f"{n:,}" for n in size) for size in sizes) + " |")
-    print("|---|---|" + "---:|" * len(sizes))
-    for headline in headlines:
-        times = [found[headline.program].get((headline.benchmark, size)) for size in sizes]
-        if not any(times):
-            raise SystemExit(f"headlines: {headline.program} has no benchmark {headline.benchmark}")
-        cells = " | ".join(map(text, times))
-        print(f"| `{headline.program}`: `{headline.benchmark}` | {headline.words} | {cells} |")
+    """One part for each choice of sizes: programs differ in theirs."""
+    print(f"\n### {title}: milliseconds by the clock / of CPU time")
+    by_sizes = defaultdict(list)
+    for line in headlines:
+        sizes = tuple(sorted(size for name, size in found[line.program] if name == line.benchmark))
+        if not sizes:
+            raise SystemExit(f"headlines: {line.program} has no benchmark {line.benchmark}")
+        by_sizes[sizes].append(line)
+    for sizes, lines in by_sizes.items():
+        print("\n| benchmark | what | " + " | ".join(" / ".join(f"{n:,}" for n in size) for size in sizes) + " |")
+        print("|---|---|" + "---:|" * len(sizes))
+        for line in lines:
+            cells = " | ".join(text(found[line.program][line.benchmark, size]) for size in sizes)
+            print(f"| `{line.program}`: `{line.benchmark}` | {line.words} | {cells} |")
 
 
 def main():

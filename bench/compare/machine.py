@@ -23,7 +23,7 @@ def describe(rivals, repetitions):
     memory = int(first_value("/proc/meminfo", "MemTotal").split()[0]) / 1024 / 1024
     processor = first_value("/proc/cpuinfo", "model name")
     print(f"Measured {time.strftime('%Y-%m-%d')}: {processor}, {os.cpu_count()} cores, "
-          f"{memory:.0f} GB, Linux {platform.release()}; medians of {repetitions}.")
+          f"{memory:.0f} GB, Linux {platform.release().partition('-')[0]}; medians of {repetitions}.")
     if rivals:
         print("\n| program | version |\n|---|---|")
     for rival in rivals:

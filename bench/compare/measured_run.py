@@ -23,7 +23,7 @@ class Run:
 
 
 def measure(command, output, limit):
-    """The run, or None where it took more CPU time than `limit` seconds. Standard output goes to `output`, or nowhere."""
+    """The run, or None where it took more CPU time than `limit` seconds. `output`, a path or None: what it prints."""
     with tempfile.NamedTemporaryFile(mode="r", errors="replace") as errors:
         words = [str(word) for word in (limit, output or os.devnull, errors.name, *command)]
         launched = subprocess.run(
