@@ -180,7 +180,10 @@ class Completion(unittest.TestCase):
                 capture_output=True,
                 text=True,
             )
-            self.assertEqual([row.split("\t")[0] for row in result.stdout.splitlines()], [offer], line + result.stderr)
+            offers = [row.split("\t")[0] for row in result.stdout.splitlines()]
+            # Behind an equals sign fish offers files too, of its own accord.
+            own = [name for name in offers if not ("=" in line and name.endswith(".txt"))]
+            self.assertEqual(own, [offer], line + result.stderr)
 
     def test_no_other_shell_is_promised(self):
         for program in ("kest", "layerman"):

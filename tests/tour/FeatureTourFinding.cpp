@@ -16,12 +16,23 @@
 #include <QToolButton>
 #include <QTreeView>
 
+int FeatureTour::pullPaletteEdge(int wider) const
+{
+    QWidget& window = m_tour->window();
+    const auto edge = [&] {
+        return palette().grid().mapTo(&window, palette().grid().rect().topRight());
+    };
+    const QPoint before = edge();
+    TourWindow::pull(window, before + QPoint(4, 60), before + QPoint(4 + wider, 60));
+    m_tour->settle();
+    return edge().x() - before.x();
+}
+
 /// Pulls the edges of the palette, its tree and its columns, so that more can be read.
 void FeatureTour::makeRoom() const
 {
     QWidget& window = m_tour->window();
-    const QPoint edge = palette().grid().mapTo(&window, palette().grid().rect().topRight());
-    TourWindow::pull(window, edge + QPoint(4, 60), edge + QPoint(244, 60));
+    pullPaletteEdge(240);
     auto* splitter = window.findChild<QSplitter*>(QStringLiteral("layerSplitter"));
     const QPoint grip = splitter->handle(1)->rect().center();
     TourWindow::pull(*splitter->handle(1), grip, grip + QPoint(36, 0));
