@@ -31,6 +31,7 @@ private slots:
     void fillsAGroupByDraggingAndPicking();
     void changesManyLayersAtOnce();
     void namesNewLayersAndDeletesEmptyOnes();
+    void tellsWhenALayerLeavesTheFilter();
     void savesALayerStateAndRestoresIt();
     void editsALayerState();
     void givesAViewportColorsOfItsOwn();

@@ -108,3 +108,18 @@ void FeatureTour::namesNewLayersAndDeletesEmptyOnes()
     QCOMPARE(palette().rows().size(), 65);
     QVERIFY(!palette().rows().contains(QStringLiteral("A-WALL-DEMO")));
 }
+
+void FeatureTour::tellsWhenALayerLeavesTheFilter()
+{
+    selectFilter("Locked or off");
+    const auto listed = palette().rows().size();
+    tour_dialogs::inDialog([this] { palette().click("A-FLOR-PATT", LayerColumn::Locked); },
+                           [](QDialog& notice) {
+                               QCOMPARE(notice.windowTitle(), QStringLiteral("Layer Filter"));
+                               tour_dialogs::press(notice, QStringLiteral("OK"));
+                           });
+    noteStep("Undo LAYER");
+    QCOMPARE(palette().rows().size(), listed - 1);
+    QVERIFY(!palette().rows().contains(QStringLiteral("A-FLOR-PATT")));
+    selectFilter("All");
+}
