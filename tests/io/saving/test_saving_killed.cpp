@@ -14,7 +14,7 @@ using Microseconds = std::chrono::microseconds;
 
 constexpr int kKills = 100;
 /// The latest moment of a kill, in saves.
-constexpr double kLatestKill = 5;
+constexpr double kLatestKill = 3;
 
 /// Looks for a file without a pause.
 class Lookout
