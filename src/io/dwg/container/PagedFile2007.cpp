@@ -91,8 +91,7 @@ quint32 pageSum(QByteArrayView page)
 PagedFile2007::PagedFile2007(const std::shared_ptr<const FileImage>& image)
     : DwgFile(image, DwgVersion::V2007)
 {
-    addFault(tr("Drawings of version 2007 can be read but not written; export the layer states to "
-                "use them elsewhere."));
+    addFault(tr("Drawings of version 2007 can be read but not written."));
     readHead();
 }
 
