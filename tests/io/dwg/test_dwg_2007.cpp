@@ -99,7 +99,12 @@ TEST(Dwg2007, EveryEntityIsOfTheTypeAndOnTheLayerOfItsTwin)
             continue;
         SCOPED_TRACE(QString::number(store.handle(slot), 16).toStdString());
         EXPECT_EQ(store.typeName(slot), dxf->store().typeName(twin.slot()));
-        ASSERT_TRUE(dxf->store().has(twin.slot(), ObjectStore::kEntity));
+        if (!dxf->store().has(twin.slot(), ObjectStore::kEntity)) {
+            // In a DXF, begin and end of a block are none.
+            EXPECT_TRUE(store.typeName(slot).contains("BLK")
+                        || store.typeName(slot) == QByteArray("BLOCK"));
+            continue;
+        }
         EXPECT_EQ(layer(dwg->idOfSlot(slot)), layer(twin));
         ++compared;
     }
