@@ -38,6 +38,7 @@ enum : quint16 {
     PolylineMesh = 30,
     Solid = 31,
     Trace = 32,
+    Shape = 33,
     Viewport = 34,
     Ellipse = 35,
     Spline = 36,
@@ -46,6 +47,7 @@ enum : quint16 {
     Dictionary = 42,
     MText = 44,
     Leader = 45,
+    Tolerance = 46,
     MLine = 47,
     BlockControl = 48,
     BlockHeader = 49,
@@ -60,6 +62,8 @@ enum : quint16 {
     VportControl = 64,
     AppIdControl = 66,
     DimStyleControl = 68,
+    LwPolyline = 77,
+    Hatch = 78,
     Xrecord = 79,
 };
 } // namespace DwgType
