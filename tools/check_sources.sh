@@ -18,14 +18,15 @@ fi
 # Folders that each folder may include, or the one part of them; itself is meant too.
 arrows="
 src/base:
+src/usage: base
 src/database: base
 src/io: base database
 src/sdk: base database io
 src/toolkit: base
-src/host: base database io sdk toolkit
+src/host: base usage database io sdk toolkit
 src/layermanager: base database sdk toolkit
-apps/kest: base database io sdk toolkit host
-apps/layerman: base database io sdk layermanager host/text
+apps/kest: base usage database io sdk toolkit host
+apps/layerman: base usage database io sdk layermanager host/text
 "
 
 widget_bases="QWidget|QDialog|QMainWindow|QDockWidget|QFrame|QAbstractScrollArea|QScrollArea|QAbstractItemView|\

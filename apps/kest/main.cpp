@@ -3,6 +3,9 @@
 #include "host/batch/BatchProgram.h"
 #include "host/batch/ExitCode.h"
 #include "host/window/WindowProgram.h"
+#include "kest/Completion.h"
+#include "kest/ManPage.h"
+#include "usage/ShellCompletion.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -22,6 +25,13 @@ QStringList decodedArguments(int argc, char** argv)
         arguments << QFile::decodeName(argv[i]);
     return arguments;
 }
+
+int writeCompletion(const QString& shell)
+{
+    const QString script = shellCompletion(shell, completedHost());
+    write(stdout, script);
+    return static_cast<int>(script.isEmpty() ? ExitCode::Usage : ExitCode::Ok);
+}
 } // namespace
 
 int main(int argc, char** argv)
@@ -40,6 +50,11 @@ int main(int argc, char** argv)
     case HostOptions::Mode::Error:
         write(stderr, QStringLiteral("kest: %1\n%2").arg(options.error, HostOptions::usage()));
         return static_cast<int>(ExitCode::Usage);
+    case HostOptions::Mode::ManPage:
+        write(stdout, hostManPage());
+        return static_cast<int>(ExitCode::Ok);
+    case HostOptions::Mode::Completion:
+        return writeCompletion(options.shell);
     case HostOptions::Mode::Batch: {
         const QCoreApplication application(argc, argv);
         return runBatchProgram(options);

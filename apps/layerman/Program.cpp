@@ -6,6 +6,7 @@
 #include "layerman/CompanionText.h"
 #include "layerman/Output.h"
 #include "layerman/Report.h"
+#include "layerman/arguments/Completion.h"
 #include "layerman/arguments/DecodedName.h"
 #include "layerman/arguments/HelpText.h"
 #include "layerman/arguments/ManPage.h"
@@ -16,10 +17,12 @@
 #include "layerman/listing/FiltersCommand.h"
 #include "layerman/listing/ListCommand.h"
 #include "layerman/states/StatesCommand.h"
+#include "usage/ShellCompletion.h"
 
 namespace {
 /// As shells tell it of a program that a signal ended.
 constexpr int kSignalled = 128;
+constexpr QLatin1String kCompletion("--completion=");
 
 const QString& programName()
 {
@@ -76,9 +79,11 @@ QString programText(const QString& argument)
         return programHelp();
     if (argument == QLatin1String("--version"))
         return QStringLiteral("layerman " KEST_VERSION "\n");
-    // For the build, which makes the manual with it.
+    // For the build, which makes manual and completions with them.
     if (argument == QLatin1String("--man-page"))
         return manPage();
+    if (argument.startsWith(kCompletion))
+        return shellCompletion(argument.mid(kCompletion.size()), completedCompanion());
     return {};
 }
 

@@ -8,75 +8,29 @@
 #include "layerman/listing/ColumnTable.h"
 #include "layerman/states/MaskNames.h"
 #include "layerman/states/StateActions.h"
+#include "usage/Roff.h"
 
 #include <QStringList>
 
-#include <algorithm>
+#include <utility>
 
 namespace {
-/// Text as roff prints it unchanged.
-QString plain(const QString& text)
-{
-    struct Special
-    {
-        char16_t character;
-        const char* escape;
-    };
-    static constexpr Special kSpecials[] = {{u'\\', "\\e"},  {u'-', "\\-"},   {u'~', "\\(ti"},
-                                            {u'^', "\\(ha"}, {u'`', "\\(ga"}, {u'\'', "\\(aq"},
-                                            {u'"', "\\(dq"}};
-    QString result;
-    for (const QChar c : text) {
-        const auto* found =
-            std::find_if(std::begin(kSpecials), std::end(kSpecials),
-                         [c](const Special& special) { return c == QChar(special.character); });
-        result += found == std::end(kSpecials) ? QString(c) : QLatin1String(found->escape);
-    }
-    // At the start of a line a full stop begins a request.
-    return result.startsWith(QLatin1Char('.')) ? QStringLiteral("\\&") + result : result;
-}
-
-QString line(const QString& text)
-{
-    return plain(text) + QLatin1Char('\n');
-}
-
-QString bold(const QString& text)
-{
-    return QStringLiteral("\\fB") + plain(text) + QStringLiteral("\\fR\n");
-}
-
-QString section(const QString& title)
-{
-    return QStringLiteral(".SH ") + title + QLatin1Char('\n');
-}
-
-QString item(const QString& name, const QString& text)
-{
-    return QStringLiteral(".TP\n") + bold(name) + line(text);
-}
-
-QString paragraphs(const QString& text)
-{
-    QString result;
-    for (const QString& paragraph : text.split(QStringLiteral("\n\n")))
-        result += (result.isEmpty() ? QString() : QStringLiteral(".PP\n")) + line(paragraph);
-    return result;
-}
+using roff::item;
+using roff::line;
+using roff::section;
 
 QString synopsis()
 {
     QString text = section(QStringLiteral("SYNOPSIS"));
-    const auto add = [&](const QString& name, const QString& rest) {
-        if (!text.endsWith(QStringLiteral("SYNOPSIS\n")))
-            text += QStringLiteral(".br\n");
-        text +=
-            QStringLiteral("\\fBlayerman ") + plain(name) + QStringLiteral("\\fR ") + line(rest);
+    bool isFirst = true;
+    const auto add = [&](const char* name, const char* rest) {
+        text += roff::call(QStringLiteral("layerman ") + QLatin1String(name), QLatin1String(rest),
+                           std::exchange(isFirst, false));
     };
     for (const CommandInfo& command : commands())
-        add(QLatin1String(command.name), QLatin1String(command.synopsis));
+        add(command.name, command.synopsis);
     for (const OperandInfo& option : programOptions())
-        add(QLatin1String(option.name), {});
+        add(option.name, "");
     return text;
 }
 
@@ -92,8 +46,8 @@ QString commandTexts()
 {
     QString text = section(QStringLiteral("COMMANDS"));
     for (const CommandInfo& command : commands()) {
-        text += QStringLiteral(".SS ") + plain(QLatin1String(command.name)) + QLatin1Char('\n')
-            + paragraphs(CompanionText::tr(command.description));
+        text += roff::subsection(QLatin1String(command.name))
+            + roff::paragraphs(CompanionText::tr(command.description));
         for (const OperandInfo& operand : command.operands)
             text += item(QLatin1String(operand.name), CompanionText::tr(operand.text));
         for (const OptionId id : command.options) {
@@ -127,7 +81,7 @@ QString tables()
     text += section(QStringLiteral("EXIT STATUS"));
     for (const ExitStatusInfo& info : exitStatuses())
         text += item(QString::number(static_cast<int>(info.status)), CompanionText::tr(info.text));
-    return text + QStringLiteral(".PP\n") + line(CompanionText::tr(exitPrecedence()));
+    return text + roff::paragraph(CompanionText::tr(exitPrecedence()));
 }
 
 QString exampleTexts()
@@ -141,10 +95,9 @@ QString exampleTexts()
 
 QString manPage()
 {
-    // Neither hyphens nor wide blanks in what is to be typed.
-    return QStringLiteral(".TH LAYERMAN 1 \"\" \"layerman " KEST_VERSION "\"\n.nh\n.ad l\n")
-        + section(QStringLiteral("NAME")) + QStringLiteral("layerman \\- ")
-        + line(CompanionText::tr("list and change the layers of drawings from the command line"))
+    return roff::pageHead(
+               QStringLiteral("layerman"), QStringLiteral(KEST_VERSION),
+               CompanionText::tr("list and change the layers of drawings from the command line"))
         + synopsis() + section(QStringLiteral("DESCRIPTION"))
         + line(CompanionText::tr("layerman works on DXF drawings without a window, a display or "
                                  "settings. What it prints goes to standard output, complaints "
@@ -152,5 +105,6 @@ QString manPage()
         + line(CompanionText::tr("Options and operands stand in any order behind the command; "
                                  "-- ends the options. A value follows its option as the next "
                                  "argument or behind an equals sign."))
-        + commandTexts() + tables() + exampleTexts();
+        + commandTexts() + tables() + exampleTexts() + section(QStringLiteral("SEE ALSO"))
+        + line(QStringLiteral("kest(1)"));
 }

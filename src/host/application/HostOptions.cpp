@@ -1,26 +1,11 @@
 #include "host/application/HostOptions.h"
 
+#include "host/application/HostOptionTable.h"
 #include "host/text/HostText.h"
+#include "usage/WrappedText.h"
 
 namespace {
-struct Option
-{
-    const char* name;
-    QString HostOptions::*value; ///< null when the option takes none
-    HostOptions::Mode mode;
-    bool choosesMode;
-};
-
 using Mode = HostOptions::Mode;
-
-const Option kOptions[] = {
-    {"--batch", &HostOptions::script, Mode::Batch, true},
-    {"--screenshot", &HostOptions::picture, Mode::Screenshot, true},
-    {"--config", &HostOptions::configFolder, Mode::Window, false},
-    {"--help", nullptr, Mode::Help, true},
-    {"-h", nullptr, Mode::Help, true},
-    {"--version", nullptr, Mode::Version, true},
-};
 
 HostOptions failed(const QString& sentence)
 {
@@ -30,10 +15,11 @@ HostOptions failed(const QString& sentence)
     return options;
 }
 
-const Option* findOption(const QString& argument)
+const HostOptionInfo* findOption(const QString& argument)
 {
-    for (const Option& option : kOptions) {
-        if (argument == QLatin1String(option.name))
+    const QString name = argument == QLatin1String("-h") ? QStringLiteral("--help") : argument;
+    for (const HostOptionInfo& option : hostOptionTable()) {
+        if (name == QLatin1String(option.name))
             return &option;
     }
     return nullptr;
@@ -60,17 +46,21 @@ HostOptions HostOptions::parse(const QStringList& arguments)
             optionsEnded = true;
             continue;
         }
-        const Option* option = findOption(argument);
+        const qsizetype equals = argument.indexOf(QLatin1Char('='));
+        const QString name = argument.left(equals);
+        const HostOptionInfo* option = findOption(name);
         if (!option)
-            return failed(HostText::tr("There is no option %1.").arg(argument));
+            return failed(HostText::tr("There is no option %1.").arg(name));
         if (option->value) {
-            if (++i == arguments.size())
-                return failed(HostText::tr("%1 needs a value.").arg(argument));
-            result.*option->value = arguments[i];
+            if (equals < 0 && ++i == arguments.size())
+                return failed(HostText::tr("%1 needs a value.").arg(name));
+            result.*option->value = equals < 0 ? arguments[i] : argument.mid(equals + 1);
+        } else if (equals >= 0) {
+            return failed(HostText::tr("%1 takes no value.").arg(name));
         }
         if (option->choosesMode) {
             if (result.mode != Mode::Window && result.mode != option->mode)
-                return failed(HostText::tr("%1 does not go with another mode.").arg(argument));
+                return failed(HostText::tr("%1 does not go with another mode.").arg(name));
             result.mode = option->mode;
         }
     }
@@ -85,21 +75,18 @@ HostOptions HostOptions::parse(const QStringList& arguments)
 
 QString HostOptions::usage()
 {
-    return HostText::tr(
-        "Usage: kest [--config DIR] [FILE...]\n"
-        "       kest [--config DIR] --batch SCRIPT [FILE]\n"
-        "       kest [--config DIR] --screenshot PNG [FILE]\n"
-        "\n"
-        "Opens drawings in a window, or runs a script over one without a window.\n"
-        "\n"
-        "  --batch SCRIPT     run the commands of SCRIPT, one per line; - is standard input,\n"
-        "                     for SCRIPT or for FILE\n"
-        "  --screenshot PNG   draw the window into a picture, print the layers and end\n"
-        "  --config DIR       keep the settings in DIR\n"
-        "  --help             show this text\n"
-        "  --version          show the version\n"
-        "\n"
-        "Exit codes: 0 done, 1 wrong usage, 3 input that cannot be read, 4 output that\n"
-        "cannot be written, 6 a command failed, 128 and the signal's number when a signal\n"
-        "stopped the script.\n");
+    QString text;
+    for (const char* call : hostCalls())
+        text += (text.isEmpty() ? HostText::tr("Usage: ") : QStringLiteral("       "))
+            + QStringLiteral("kest ") + QLatin1String(call) + QLatin1Char('\n');
+    text += QLatin1Char('\n') + HostText::tr(hostSummary()) + QLatin1Char('\n');
+    text += QLatin1Char('\n') + HostText::tr("Options:") + QLatin1Char('\n');
+    for (const HostOptionInfo& option : hostOptionTable()) {
+        if (option.text)
+            text += usageRow(hostOptionText(option), HostText::tr(option.text));
+    }
+    text += QLatin1Char('\n') + HostText::tr("Exit codes:") + QLatin1Char('\n');
+    for (const HostExitInfo& exit : hostExits())
+        text += usageRow(QLatin1String(exit.code), HostText::tr(exit.text));
+    return text;
 }

@@ -6,12 +6,13 @@
 /// What the program was asked to do on its command line.
 struct HostOptions
 {
-    enum class Mode { Window, Batch, Screenshot, Help, Version, Error };
+    enum class Mode { Window, Batch, Screenshot, Help, Version, ManPage, Completion, Error };
 
     Mode mode = Mode::Window;
     QString script; ///< of Batch; "-" is standard input
     QString picture; ///< of Screenshot
     QString configFolder; ///< empty: the usual place
+    QString shell; ///< of Completion
     QStringList files;
     QString error; ///< a sentence, in mode Error
 

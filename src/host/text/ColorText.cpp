@@ -56,3 +56,11 @@ QString colorRefusal(const QString& text)
                         "\"r,g,b\"; \"%1\" is none.")
         .arg(text);
 }
+
+QStringList colorNames()
+{
+    QStringList names;
+    for (const char* name : kNames)
+        names << QLatin1String(name);
+    return names;
+}

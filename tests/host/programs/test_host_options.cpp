@@ -1,4 +1,4 @@
-#include "host/application/HostOptions.h"
+#include "host/application/HostOptionTable.h"
 
 #include <gtest/gtest.h>
 
@@ -65,10 +65,31 @@ TEST(HostOptions, AfterTwoDashesEverythingIsAFile)
     EXPECT_EQ("--frob.dxf", parse({"--", "--frob.dxf"}).files.value(0).toStdString());
 }
 
-TEST(HostOptions, UsageNamesEveryOption)
+TEST(HostOptions, AValueMayFollowAnEqualsSign)
 {
-    for (const char* option : {"--batch", "--screenshot", "--config", "--help", "--version"})
-        EXPECT_TRUE(HostOptions::usage().contains(QLatin1String(option))) << option;
+    const HostOptions options = parse({"--config=my=dir", "--batch=-", "a.dxf"});
+    EXPECT_EQ(Mode::Batch, options.mode);
+    EXPECT_EQ("my=dir", options.configFolder.toStdString());
+    EXPECT_EQ("-", options.script.toStdString());
+    EXPECT_EQ("--version takes no value.", error({"--version=2"}));
+    EXPECT_EQ("There is no option --frob.", error({"--frob=1"}));
+}
+
+TEST(HostOptions, UsageNamesEveryOptionThatIsForUsers)
+{
+    int hidden = 0;
+    for (const HostOptionInfo& option : hostOptionTable()) {
+        const bool isNamed = HostOptions::usage().contains(QLatin1String(option.name));
+        EXPECT_EQ(option.text != nullptr, isNamed) << option.name;
+        hidden += option.text ? 0 : 1;
+    }
+    EXPECT_EQ(2, hidden);
+}
+
+TEST(HostOptions, NoLineOfTheUsageIsWiderThanATerminal)
+{
+    for (const QString& line : HostOptions::usage().split(QLatin1Char('\n')))
+        EXPECT_LE(line.size(), 79) << line.toStdString();
 }
 
 TEST(HostOptions, StandardInputIsTheScriptOrTheDrawing)

@@ -1,5 +1,9 @@
 #include "io/dwg/container/Lz77.h"
 
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace {
@@ -122,7 +126,126 @@ private:
     char* m_outEnd;
 };
 
+/// Looks for the last place where the same four bytes stood, and copies from there.
+class Packer
+{
+public:
+    explicit Packer(QByteArrayView plain)
+        : m_plain(plain)
+        , m_in(reinterpret_cast<const uchar*>(plain.data()))
+    {
+        m_last.fill(kNowhere);
+        m_out.reserve(plain.size() / 2 + 16);
+    }
+
+    QByteArray run()
+    {
+        const qsizetype end = m_plain.size();
+        qsizetype at = 0;
+        qsizetype plainFrom = 0;
+        while (at + kShortest <= end) {
+            const qsizetype from = remember(at);
+            // A stream cannot begin with fewer than four plain bytes.
+            const qsizetype length = at < 4 || from < 0 ? 0 : matchLength(from, at);
+            if (length < kShortest) {
+                ++at;
+                continue;
+            }
+            plainRun(plainFrom, at);
+            copy(at - from, length);
+            for (const qsizetype behind = at + length; ++at < behind;) {
+                if (at + kShortest <= end)
+                    remember(at);
+            }
+            plainFrom = at;
+        }
+        plainRun(plainFrom, end);
+        m_out.append(QByteArrayView("\x11\0\0", 3));
+        return m_out;
+    }
+
+private:
+    static constexpr qsizetype kShortest = 4;
+    static constexpr qsizetype kNowhere = -1;
+    static constexpr unsigned kHashBits = 13;
+
+    /// Notes the place and tells where the same hash was noted before.
+    qsizetype remember(qsizetype at)
+    {
+        const quint32 word = qFromUnaligned<quint32>(m_in + at);
+        qsizetype& last = m_last[word * 2654435761u >> (32 - kHashBits)];
+        return std::exchange(last, at);
+    }
+
+    qsizetype matchLength(qsizetype from, qsizetype at) const
+    {
+        qsizetype length = 0;
+        while (at + length < m_plain.size() && m_in[from + length] == m_in[at + length])
+            ++length;
+        return length;
+    }
+
+    void append(qsizetype byte) { m_out.append(static_cast<char>(byte)); }
+
+    void longRun(qsizetype rest)
+    {
+        for (; rest > 0xFF; rest -= 0xFF)
+            append(0);
+        append(rest);
+    }
+
+    void plainRun(qsizetype from, qsizetype to)
+    {
+        const qsizetype length = to - from;
+        if (length == 0)
+            return;
+        if (length <= 3) {
+            m_out[m_lowAt] = static_cast<char>(m_out[m_lowAt] | static_cast<char>(length));
+        } else if (length <= 3 + 0x0F) {
+            append(length - 3);
+        } else {
+            append(0);
+            longRun(length - 3 - 0x0F);
+        }
+        m_out.append(m_plain.sliced(from, length));
+    }
+
+    void copy(qsizetype distance, qsizetype length)
+    {
+        if (distance <= 0x400 && length <= 14) {
+            m_lowAt = m_out.size();
+            append((length + 1) << 4 | ((distance - 1) & 3) << 2);
+            append((distance - 1) >> 2);
+            return;
+        }
+        const bool isFar = distance > 0x4000;
+        const qsizetype most = isFar ? 7 : 0x1F;
+        const qsizetype base = isFar ? 0x10 : 0x20;
+        if (length - 2 <= most) {
+            append(base | (length - 2));
+        } else {
+            append(base);
+            longRun(length - 2 - most);
+        }
+        const qsizetype rest = distance - (isFar ? 0x4000 : 1);
+        m_lowAt = m_out.size();
+        append((rest & 0x3F) << 2);
+        append(rest >> 6);
+    }
+
+    QByteArrayView m_plain;
+    const uchar* m_in;
+    QByteArray m_out;
+    qsizetype m_lowAt = 0; ///< byte whose lowest two bits tell of plain bytes behind a copy
+    std::array<qsizetype, 1u << kHashBits> m_last;
+};
+
 } // namespace
+
+QByteArray Lz77::pack(QByteArrayView plain)
+{
+    return Packer(plain).run();
+}
 
 qsizetype Lz77::unpack(QByteArrayView packed, char* out, qsizetype size)
 {

@@ -36,12 +36,20 @@ public:
         bool compressed;
         int id;
         int encrypted; ///< 1: yes
+        QByteArray head; ///< the entry of the section map without its pages
         std::vector<SectionPage> pages;
     };
     const std::vector<Page>& pages() const { return m_pages; }
     const std::vector<Section>& sections() const { return m_sections; }
     const Section* find(QByteArrayView name) const;
+    /// The bytes of a section, with padding for a BitReader behind them. Raises
+    /// OdError_InvalidDrawing; wrong sums are faults.
+    QByteArray unpack(const Section& section);
     const Page* page(int number) const;
+    /// The first bytes of the section map, with the number of sections.
+    const QByteArray& sectionMapHead() const { return m_sectionMapHead; }
+    /// A page as the file has it, behind its head.
+    QByteArrayView packedPage(const SectionPage& part) const;
 
 private:
     void readHead();
@@ -49,13 +57,13 @@ private:
     void readSectionMap(quint64 offset);
     const char* readSection(const char* at, const char* end);
     QByteArray systemPage(quint64 offset, quint32 type);
-    QByteArray unpack(const Section& section) const;
-    void unpackPage(const Section& section, const SectionPage& part, char* out) const;
+    void unpackPage(const Section& section, const SectionPage& part, char* out);
 
     std::vector<Page> m_pages;
     QHash<int, std::size_t> m_pageIndex;
     std::vector<Section> m_sections;
+    QByteArray m_sectionMapHead;
     int m_sectionMapPage = 0;
     quint64 m_pageMapAt = 0;
-    mutable std::array<QByteArray, 4> m_unpacked;
+    std::array<QByteArray, 4> m_unpacked;
 };

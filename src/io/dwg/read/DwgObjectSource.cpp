@@ -15,8 +15,8 @@
 #include "io/dwg/read/DwgCursor.h"
 #include "io/dwg/records/SheetRecords.h"
 #include "io/dwg/records/TableRecords.h"
-#include "io/dxf/read/LayerExtras.h"
 #include "io/dxf/read/LayerGroups.h"
+#include "io/records/LayerExtras.h"
 
 #include <QCoreApplication>
 
@@ -30,8 +30,8 @@ QString tr(const char* text)
 } // namespace
 
 DwgObjectSource::DwgObjectSource(std::unique_ptr<DwgFile> file, OdDbDatabase& database)
-    : m_file(std::move(file))
-    , m_database(database)
+    : RecordSource(database)
+    , m_file(std::move(file))
     , m_format(DwgFormat::of(m_file->version(), m_file->codePage()))
     , m_classes(*m_file, m_format)
 { }
@@ -53,7 +53,7 @@ bool DwgObjectSource::open(DwgRecord& record, quint32 slot) const
 
 OdDbObjectId DwgObjectSource::id(quint64 handle) const
 {
-    return handle == 0 ? OdDbObjectId() : m_database.getOdDbObjectId(OdDbHandle(handle));
+    return handle == 0 ? OdDbObjectId() : database().getOdDbObjectId(OdDbHandle(handle));
 }
 
 QString DwgObjectSource::nameOf(quint64 handle) const
@@ -67,13 +67,13 @@ std::unique_ptr<GroupCursor> DwgObjectSource::makeCursor() const
     return std::make_unique<DwgCursor>(*this);
 }
 
-DrawingPieces DwgObjectSource::write(const OdDbDatabase& database) const
+DrawingPieces DwgObjectSource::write(const OdDbDatabase& drawing) const
 {
     if (!m_faults.isEmpty())
         throw OdError_FileAccess(
             OdResult::CantWriteFile,
             tr("The drawing is open for reading only. %1").arg(m_faults.join(QLatin1Char(' '))));
-    if (!database.store().touched().empty())
+    if (!drawing.store().touched().empty())
         throw OdError_FileAccess(OdResult::CantWriteFile,
                                  tr("Edited DWG drawings cannot be saved yet."));
     DrawingPieces pieces;
@@ -101,7 +101,7 @@ void DwgObjectSource::read(OdDbObject& object) const
         static_cast<OdDbXrecord&>(object).stateForLoading() = readXrecord(slot);
         break;
     case OdDbObjectKind::DictionaryVar:
-        static_cast<OdDbDictionaryVar&>(object).stateForLoading() = {readVariable(slot)};
+        static_cast<OdDbDictionaryVar&>(object).stateForLoading() = readDictionaryVar(slot);
         break;
     case OdDbObjectKind::Layout:
         static_cast<OdDbLayout&>(object).stateForLoading() = readLayout(slot);
@@ -124,7 +124,7 @@ quint32 DwgObjectSource::extensionDictionary(quint32 slot) const
         return OdDbObjectId::kNoSlot;
     DwgHead head;
     DwgEntityHead entity;
-    if (m_database.store().has(slot, ObjectStore::kEntity))
+    if (database().store().has(slot, ObjectStore::kEntity))
         record.readHead(head, entity);
     else
         record.readHead(head);
@@ -134,7 +134,7 @@ quint32 DwgObjectSource::extensionDictionary(quint32 slot) const
 LayerState DwgObjectSource::readLayer(quint32 slot) const
 {
     LayerState state;
-    state.linetype = m_database.getLinetypeContinuousId();
+    state.linetype = database().getLinetypeContinuousId();
     DwgRecord record = reader();
     if (!open(record, slot))
         return state;
@@ -189,13 +189,13 @@ void DwgObjectSource::readLayerXData(const GroupList& xData, LayerState& layer) 
 
 void DwgObjectSource::readLayerExtras(quint64 dictionary, LayerState& layer) const
 {
-    const ObjectStore& store = m_database.store();
+    const ObjectStore& store = database().store();
     const OdDbObjectId extension = id(dictionary);
     if (extension.isNull() || store.type(extension.slot()) != RecordType::Dictionary)
         return;
     for (const DictionaryEntry& entry : readDictionary(extension.slot()).entries) {
         if (!entry.value.isNull() && store.type(entry.value.slot()) == RecordType::Xrecord)
-            LayerExtras::read(m_database, entry.key, readXrecord(entry.value.slot()).groups, layer);
+            LayerExtras::read(database(), entry.key, readXrecord(entry.value.slot()).groups, layer);
     }
 }
 
@@ -228,7 +228,7 @@ XrecordState DwgObjectSource::readXrecord(quint32 slot) const
     return state;
 }
 
-QString DwgObjectSource::readVariable(quint32 slot) const
+DictionaryVarState DwgObjectSource::readDictionaryVar(quint32 slot) const
 {
     DwgRecord record = reader();
     if (!open(record, slot))
@@ -236,7 +236,7 @@ QString DwgObjectSource::readVariable(quint32 slot) const
     DwgHead head;
     record.readHead(head);
     record.data.rawChar(); // schema
-    return record.text();
+    return {record.text()};
 }
 
 ViewportState DwgObjectSource::readViewport(quint32 slot) const
@@ -249,7 +249,7 @@ ViewportState DwgObjectSource::readViewport(quint32 slot) const
     DwgEntityHead entity;
     record.readHead(head, entity);
     const SheetRecords::Viewport viewport = SheetRecords::viewport(record);
-    const ObjectStore& store = m_database.store();
+    const ObjectStore& store = database().store();
     for (const quint64 handle : viewport.frozenLayers) {
         const OdDbObjectId layer = id(handle);
         if (!layer.isNull() && store.type(layer.slot()) == RecordType::Layer)

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "io/DrawingCodec.h"
 #include "io/dwg/container/DwgFile.h"
 #include "io/dwg/records/DwgClasses.h"
 #include "io/dwg/records/DwgFormat.h"
 #include "io/dwg/records/DwgRecord.h"
 #include "io/dwg/records/FreeRecords.h"
+#include "io/records/RecordSource.h"
 
 #include <QStringList>
 
@@ -22,7 +22,7 @@ struct ViewportState;
 struct XrecordState;
 
 /// Reads objects out of the records of a DWG file when somebody opens them.
-class DwgObjectSource final : public DrawingSource
+class DwgObjectSource final : public RecordSource
 {
 public:
     DwgObjectSource(std::unique_ptr<DwgFile> file, OdDbDatabase& database);
@@ -39,7 +39,6 @@ public:
     const DwgFile& file() const { return *m_file; }
     const DwgFormat& format() const { return m_format; }
     const DwgClasses& classes() const { return m_classes; }
-    OdDbDatabase& database() const { return m_database; }
 
     /// A reader for the records of this file.
     DwgRecord reader() const;
@@ -56,22 +55,21 @@ public:
     /// Why the drawing must not be written, in sentences.
     const QStringList& faults() const { return m_faults; }
 
-    LayerState readLayer(quint32 slot) const;
-    DictionaryState readDictionary(quint32 slot) const;
-    XrecordState readXrecord(quint32 slot) const;
-    ViewportState readViewport(quint32 slot) const;
+    LayerState readLayer(quint32 slot) const override;
+    DictionaryState readDictionary(quint32 slot) const override;
+    DictionaryVarState readDictionaryVar(quint32 slot) const override;
+    XrecordState readXrecord(quint32 slot) const override;
+    ViewportState readViewport(quint32 slot) const override;
 
 private:
     NamedRecordState readNamed(quint32 slot) const;
     LinetypeState readLinetype(quint32 slot) const;
     LayoutState readLayout(quint32 slot) const;
-    QString readVariable(quint32 slot) const;
     void readBlock(quint32 slot, BlockState& state) const;
     void readLayerExtras(quint64 dictionary, LayerState& layer) const;
     void readLayerXData(const GroupList& xData, LayerState& layer) const;
 
     std::unique_ptr<DwgFile> m_file;
-    OdDbDatabase& m_database;
     DwgFormat m_format;
     DwgClasses m_classes;
     std::vector<quint64> m_offsets; ///< by slot

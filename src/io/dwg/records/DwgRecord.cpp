@@ -44,6 +44,7 @@ bool DwgRecord::open(quint64 offset)
                                static_cast<qsizetype>(first + size) + kSumSize);
     start(m_bytes.sliced(static_cast<qsizetype>(first), static_cast<qsizetype>(size)));
     m_type = since(DwgVersion::V2010) ? data.objectType() : static_cast<quint16>(data.bitShort());
+    m_lengthAt = data.position();
     if (since(DwgVersion::V2010))
         divide(size * 8 - handleBits);
     return true;

@@ -46,6 +46,8 @@ public:
     /// From the size ahead to the check sum behind.
     QByteArrayView bytes() const { return m_bytes; }
     bool sumHolds() const;
+    /// Bit of the data stream at which the length of the data is told, versions 2000 to 2007.
+    quint64 lengthPosition() const { return m_lengthAt; }
 
     /// Of an object that is no entity.
     void readHead(DwgHead& head);
@@ -62,6 +64,7 @@ private:
     QByteArrayView m_objects;
     QByteArrayView m_bytes;
     quint16 m_type = 0;
+    quint64 m_lengthAt = 0;
 };
 
 /// Hundredths of a millimetre by the number in a record; negative ones have names.

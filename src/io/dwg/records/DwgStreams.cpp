@@ -28,12 +28,15 @@ void DwgStreams::start(QByteArrayView body)
     m_handle = 0;
     data = BitReader(body);
     handles = m_text = BitReader();
+    m_layout = {};
+    m_layout.dataEnd = m_layout.handlesBegin = data.end();
 }
 
 void DwgStreams::divide(quint64 dataEnd)
 {
     handles = BitReader(m_body);
     handles.seek(dataEnd);
+    m_layout.dataEnd = m_layout.handlesBegin = qMin(dataEnd, handles.end());
     if (!hasTextStream(version()))
         return data.limit(dataEnd);
     // The last bit before the references tells of texts; their length in bits stands before it.
@@ -42,7 +45,9 @@ void DwgStreams::divide(quint64 dataEnd)
     m_text.seek(dataEnd == 0 ? 0 : dataEnd - 1);
     if (!m_text.bit()) {
         m_text.limit(m_text.position());
-        return data.limit(dataEnd == 0 ? 0 : dataEnd - 1);
+        data.limit(dataEnd == 0 ? 0 : dataEnd - 1);
+        m_layout.dataEnd = m_layout.textBegin = m_layout.textEnd = data.end();
+        return;
     }
     if (dataEnd < kLength + 1)
         return data.fail();
@@ -59,6 +64,10 @@ void DwgStreams::divide(quint64 dataEnd)
     m_text.seek(at - length);
     m_text.limit(at);
     data.limit(at - length);
+    m_layout.hasText = true;
+    m_layout.textBegin = at - length;
+    m_layout.textEnd = at;
+    m_layout.dataEnd = at - length;
 }
 
 quint32 DwgStreams::count(quint64 bits)

@@ -15,6 +15,23 @@ public:
         : m_format(format)
     { }
 
+    /// Where the streams stand, as bits of the body.
+    struct Layout
+    {
+        quint64 dataEnd = 0;
+        bool hasText = false;
+        quint64 textBegin = 0;
+        quint64 textEnd = 0;
+        quint64 handlesBegin = 0;
+    };
+    const Layout& layout() const { return m_layout; }
+    QByteArrayView body() const { return m_body; }
+    /// Bit of the text that is read next; among the data up to version 2004.
+    quint64 textPosition() const
+    {
+        return hasTextStream(version()) ? m_text.position() : data.position();
+    }
+
     bool hasFailed() const { return data.hasFailed() || handles.hasFailed() || m_text.hasFailed(); }
     DwgVersion version() const { return m_format.version; }
     bool since(DwgVersion version) const { return m_format.version >= version; }
@@ -47,4 +64,5 @@ private:
     QByteArrayView m_body;
     quint64 m_handle = 0;
     BitReader m_text;
+    Layout m_layout;
 };

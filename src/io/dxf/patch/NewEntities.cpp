@@ -58,11 +58,11 @@ QByteArray NewRecords::entity(const Head& head, OdDbObjectId id) const
 
 QByteArray DxfObjectSource::spelledEntity(quint32 slot) const
 {
-    const ObjectStore& store = m_database.store();
+    const ObjectStore& store = database().store();
     if (slot < store.fileRecords() || slot >= store.size()
         || !store.has(slot, ObjectStore::kEntity))
         return {};
     NewRecords::Head head;
     head.handle = store.handle(slot);
-    return NewRecords(*this).entity(head, m_database.idOfSlot(slot));
+    return NewRecords(*this).entity(head, database().idOfSlot(slot));
 }

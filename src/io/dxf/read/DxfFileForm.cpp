@@ -24,7 +24,7 @@ GroupSpelling DxfObjectSource::spelling(quint32 slot) const
 {
     if (isBinary())
         return GroupSpelling::binary(m_landmarks.codeBytes);
-    const ObjectStore& store = m_database.store();
+    const ObjectStore& store = database().store();
     return GroupSpelling::sample(m_image->view(store.begin(slot), store.end(slot)));
 }
 
@@ -32,8 +32,8 @@ GroupSpelling DxfObjectSource::spelling() const
 {
     if (isBinary())
         return GroupSpelling::binary(m_landmarks.codeBytes);
-    const ObjectStore& store = m_database.store();
-    const OdDbObjectId zero = m_database.getLayerZeroId();
+    const ObjectStore& store = database().store();
+    const OdDbObjectId zero = database().getLayerZeroId();
     const bool inFile = !zero.isNull() && zero.slot() < store.fileRecords();
     return inFile ? spelling(zero.slot()) : GroupSpelling::sample(m_image->view());
 }
@@ -60,22 +60,14 @@ QByteArray DxfObjectSource::encodedName(const QString& name) const
 std::vector<std::pair<int, QByteArray>> DxfObjectSource::layerZeroExtras() const
 {
     std::vector<std::pair<int, QByteArray>> extras;
-    const OdDbObjectId zero = m_database.getLayerZeroId();
-    if (zero.isNull() || zero.slot() >= m_database.store().fileRecords())
+    const OdDbObjectId zero = database().getLayerZeroId();
+    if (zero.isNull() || zero.slot() >= database().store().fileRecords())
         return extras;
     for (DxfCursor groups = cursor(zero.slot()); groups.next() && groups.code() < 1000;) {
         if (groups.code() == kMaterial || groups.code() == kVisualStyle)
             extras.emplace_back(groups.code(), groups.bytes().trimmed().toByteArray());
     }
     return extras;
-}
-
-quint64 DxfObjectSource::handleOfMade(quint32 slot, const QString& purpose) const
-{
-    quint64& handle = m_madeHandles[{slot, purpose}];
-    if (handle == 0)
-        handle = m_database.store().takeHandle();
-    return handle;
 }
 
 QString DxfObjectSource::nameInFile(quint32 slot) const
@@ -90,16 +82,16 @@ QString DxfObjectSource::nameInFile(quint32 slot) const
 OdDbObjectId DxfObjectSource::layerOfFile(QByteArrayView name) const
 {
     if (m_layersOfFile.isEmpty()) {
-        for (const quint32 slot : m_database.layerTable().slotsInOrder()) {
+        for (const quint32 slot : database().layerTable().slotsInOrder()) {
             const QString known =
-                slot < m_database.store().fileRecords() ? nameInFile(slot) : missingName(slot);
+                slot < database().store().fileRecords() ? nameInFile(slot) : missingName(slot);
             const QByteArray key = NameIndex::fold(known);
             if (!known.isEmpty() && !m_layersOfFile.contains(key))
                 m_layersOfFile.insert(key, slot);
         }
     }
     const auto found = m_layersOfFile.constFind(NameIndex::fold(m_text.decode(name)));
-    return found == m_layersOfFile.constEnd() ? OdDbObjectId() : m_database.idOfSlot(*found);
+    return found == m_layersOfFile.constEnd() ? OdDbObjectId() : database().idOfSlot(*found);
 }
 
 LayerState DxfObjectSource::missingLayer(quint32 slot) const
@@ -107,6 +99,6 @@ LayerState DxfObjectSource::missingLayer(quint32 slot) const
     LayerState state;
     state.name = missingName(slot);
     if (!state.name.isEmpty())
-        state.linetype = m_database.getLinetypeContinuousId();
+        state.linetype = database().getLinetypeContinuousId();
     return state;
 }

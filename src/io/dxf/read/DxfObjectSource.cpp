@@ -12,12 +12,12 @@
 #include "database/tables/OdDbLinetypeTableRecord.h"
 #include "database/tables/OdDbNamedRecord.h"
 #include "io/dxf/read/DxfRecordReader.h"
-#include "io/dxf/read/LayerExtras.h"
+#include "io/records/LayerExtras.h"
 
 DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
                                  const DxfText& text, DxfVersion version, DxfLandmarks landmarks)
-    : m_image(std::move(image))
-    , m_database(database)
+    : RecordSource(database)
+    , m_image(std::move(image))
     , m_text(text)
     , m_version(version)
     , m_landmarks(std::move(landmarks))
@@ -25,19 +25,19 @@ DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDat
 
 std::unique_ptr<GroupCursor> DxfObjectSource::makeCursor() const
 {
-    return std::make_unique<DxfCursor>(m_image, m_database.store(), *this);
+    return std::make_unique<DxfCursor>(m_image, database().store(), *this);
 }
 
 DxfCursor DxfObjectSource::cursor(quint32 slot) const
 {
-    DxfCursor cursor(m_image, m_database.store(), *this);
+    DxfCursor cursor(m_image, database().store(), *this);
     cursor.open(slot);
     return cursor;
 }
 
 OdDbObjectId DxfObjectSource::id(quint64 handle) const
 {
-    return m_database.getOdDbObjectId(OdDbHandle(handle));
+    return database().getOdDbObjectId(OdDbHandle(handle));
 }
 
 void DxfObjectSource::read(OdDbObject& object) const
@@ -80,7 +80,7 @@ void DxfObjectSource::read(OdDbObject& object) const
 
 DxfCursor DxfObjectSource::cursorOver(const char* begin, const char* end) const
 {
-    DxfCursor cursor(m_image, m_database.store(), *this);
+    DxfCursor cursor(m_image, database().store(), *this);
     cursor.openBytes(begin, end);
     return cursor;
 }
@@ -108,12 +108,12 @@ LayerState DxfObjectSource::readLayer(quint32 slot) const
 
 void DxfObjectSource::readLayerExtras(quint32 dictionarySlot, LayerState& layer) const
 {
-    const ObjectStore& store = m_database.store();
+    const ObjectStore& store = database().store();
     if (store.type(dictionarySlot) != RecordType::Dictionary)
         return;
     for (const DictionaryEntry& entry : readDictionary(dictionarySlot).entries) {
         if (!entry.value.isNull() && store.type(entry.value.slot()) == RecordType::Xrecord)
-            LayerExtras::read(m_database, entry.key, readXrecord(entry.value.slot()).groups, layer);
+            LayerExtras::read(database(), entry.key, readXrecord(entry.value.slot()).groups, layer);
     }
 }
 

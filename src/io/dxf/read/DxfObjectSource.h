@@ -1,11 +1,11 @@
 #pragma once
 
-#include "io/DrawingCodec.h"
 #include "io/dxf/read/DxfCursor.h"
 #include "io/dxf/scan/DxfLandmarks.h"
 #include "io/dxf/text/DxfText.h"
 #include "io/dxf/text/DxfVersion.h"
 #include "io/dxf/text/GroupSpelling.h"
+#include "io/records/RecordSource.h"
 
 #include <QHash>
 
@@ -20,7 +20,7 @@ struct XrecordState;
 
 /// Reads objects out of the image of a DXF file when somebody opens them, and writes the drawing
 /// back over it.
-class DxfObjectSource final : public DrawingSource
+class DxfObjectSource final : public RecordSource
 {
 public:
     DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
@@ -38,17 +38,15 @@ public:
     DxfCursor cursor(quint32 slot) const;
     /// Over the bytes of one record that stands elsewhere; see DxfCursor::openBytes().
     DxfCursor cursorOver(const char* begin, const char* end) const;
-    // Records as the file has them, whatever the objects say now.
-    LayerState readLayer(quint32 slot) const;
-    DictionaryState readDictionary(quint32 slot) const;
-    DictionaryVarState readDictionaryVar(quint32 slot) const;
-    XrecordState readXrecord(quint32 slot) const;
-    ViewportState readViewport(quint32 slot) const;
+    LayerState readLayer(quint32 slot) const override;
+    DictionaryState readDictionary(quint32 slot) const override;
+    DictionaryVarState readDictionaryVar(quint32 slot) const override;
+    XrecordState readXrecord(quint32 slot) const override;
+    ViewportState readViewport(quint32 slot) const override;
 
     const FileImage& image() const override { return *m_image; }
     const DxfText& text() const { return m_text; }
     DxfVersion version() const { return m_version; }
-    OdDbDatabase& database() const { return m_database; }
 
     /// How a record of the file spells its groups; without a record, as layer 0 does.
     GroupSpelling spelling(quint32 slot) const;
@@ -72,9 +70,6 @@ public:
     LayerState missingLayer(quint32 slot) const;
     QString missingName(quint32 slot) const { return m_missingLayers.value(slot); }
     void addMissingLayer(quint32 slot, const QString& name) { m_missingLayers.insert(slot, name); }
-    /// The handle of a record that is made when the drawing is written: the same at every save.
-    /// `purpose` tells records that hang on one object apart.
-    quint64 handleOfMade(quint32 slot, const QString& purpose) const;
     const DxfLandmarks& landmarks() const { return m_landmarks; }
     /// The record of an entity that was made in this session as this file would have it; nothing
     /// for any other slot.
@@ -85,11 +80,9 @@ private:
     void readLayerExtras(quint32 dictionarySlot, LayerState& layer) const;
 
     std::shared_ptr<const FileImage> m_image;
-    OdDbDatabase& m_database;
     DxfText m_text;
     DxfVersion m_version;
     DxfLandmarks m_landmarks;
     QHash<quint32, QString> m_missingLayers;
     mutable QHash<QByteArray, quint32> m_layersOfFile; ///< slot by folded name; made on demand
-    mutable QHash<std::pair<quint32, QString>, quint64> m_madeHandles;
 };

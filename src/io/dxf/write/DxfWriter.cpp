@@ -10,8 +10,8 @@
 #include "io/dxf/patch/RecordPatcher.h"
 #include "io/dxf/patch/ViewportGroups.h"
 #include "io/dxf/read/DxfObjectSource.h"
-#include "io/dxf/read/LayerExtras.h"
 #include "io/dxf/read/LayerGroups.h"
+#include "io/records/LayerExtras.h"
 
 #include <QCoreApplication>
 

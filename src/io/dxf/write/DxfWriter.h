@@ -69,10 +69,6 @@ private:
     // What follows from it
     void collectLayers();
     void cleanReferences();
-    void cleanXrecords(OdDbObjectId dictionary, bool isState, int depth);
-    GroupList cleaned(const GroupList& groups, bool isState) const;
-    bool isErasedName(const QString& name) const;
-    bool isErasedLayer(QByteArrayView handle) const;
     void renameReferences();
     void renameIn(quint32 slot, bool entity);
     void placeNewRecords();
@@ -117,8 +113,6 @@ private:
     bool m_erasedDictionaries = false;
     std::set<std::pair<QByteArray, QByteArray>> m_classes; ///< that new objects need
     bool m_toldNoObjects = false;
-    std::set<quint32> m_erasedLayers;
-    QSet<QByteArray> m_erasedNames; ///< folded
     std::unordered_map<quint32, QByteArray> m_renamed; ///< encoded new name by slot of the layer
     QHash<QByteArray, QByteArray> m_renamedKeys; ///< the same by folded name in the file
     quint64 m_highestNew = 0;

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-class DxfObjectSource;
+class RecordSource;
 
 /// What hangs on a layer in records of its extension dictionary: viewport overrides, the
 /// reconciled flag, and what a program that saved to an older version kept of newer properties.
@@ -26,7 +26,7 @@ struct Change
 
 /// The records that turn `before` into `after`. Blocks of viewports that are gone and groups that
 /// this program does not know stay.
-std::vector<Change> changes(const DxfObjectSource& source, OdDbObjectId layer,
+std::vector<Change> changes(const RecordSource& source, OdDbObjectId layer,
                             const LayerState& before, const LayerState& after);
 
 } // namespace LayerExtras

@@ -1,11 +1,11 @@
-#include "io/dxf/read/LayerExtras.h"
+#include "io/records/LayerExtras.h"
 
 #include "base/NumberText.h"
 #include "database/drawing/OdDbDatabase.h"
 #include "database/objects/OdDbDictionary.h"
 #include "database/objects/OdDbXrecord.h"
 #include "database/store/ObjectStore.h"
-#include "io/dxf/read/DxfObjectSource.h"
+#include "io/records/RecordSource.h"
 
 #include <algorithm>
 #include <array>
@@ -271,7 +271,7 @@ void LayerExtras::read(const OdDbDatabase& database, const QString& key, const G
                   [](const auto& entry) { return entry.second == LayerOverride(); });
 }
 
-std::vector<LayerExtras::Change> LayerExtras::changes(const DxfObjectSource& source,
+std::vector<LayerExtras::Change> LayerExtras::changes(const RecordSource& source,
                                                       OdDbObjectId layer, const LayerState& before,
                                                       const LayerState& after)
 {

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "usage/CompletedProgram.h"
+
+/// The command line as shells may complete it.
+CompletedProgram completedCompanion();

@@ -1,0 +1,29 @@
+"""What the figures were measured on."""
+
+import os
+import platform
+import time
+from pathlib import Path
+
+
+def first_value(path, key):
+    for line in Path(path).read_text().splitlines():
+        name, _, value = line.partition(":")
+        if name.strip() == key:
+            return value.strip()
+    return "unknown"
+
+
+def describe_load(when):
+    one, five, fifteen = os.getloadavg()
+    print(f"\nLoad of the machine {when} ({time.strftime('%H:%M')}): {one:.2f}, {five:.2f}, {fifteen:.2f}.")
+
+
+def describe(rivals, repetitions):
+    memory = int(first_value("/proc/meminfo", "MemTotal").split()[0]) / 1024 / 1024
+    print(f"Measured {time.strftime('%Y-%m-%d')}: {first_value('/proc/cpuinfo', 'model name')}, {os.cpu_count()} cores, "
+          f"{memory:.0f} GB, Linux {platform.release()}; median of {repetitions}, programs in turn.")
+    print("\n| program | version |\n|---|---|")
+    for rival in rivals:
+        print(f"| {rival.title} | {rival.version()} |")
+    describe_load("at the start")

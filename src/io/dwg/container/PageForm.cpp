@@ -1,0 +1,41 @@
+#include "io/dwg/container/PageForm.h"
+
+#include "io/dwg/bits/Checksums.h"
+
+const QByteArray& PageForm::noise()
+{
+    static const QByteArray bytes = [] {
+        QByteArray made(256, Qt::Uninitialized);
+        quint32 seed = 1;
+        for (char& byte : made) {
+            seed = seed * 0x343FD + 0x269EC3;
+            byte = static_cast<char>(seed >> 16);
+        }
+        return made;
+    }();
+    return bytes;
+}
+
+QByteArray PageForm::maskedHead(QByteArrayView head)
+{
+    QByteArray masked = head.toByteArray();
+    for (qsizetype i = 0; i < masked.size(); ++i)
+        masked[i] = static_cast<char>(masked[i] ^ noise()[i]);
+    return masked;
+}
+
+QByteArray PageForm::maskedPageHead(QByteArrayView head, quint64 offset)
+{
+    constexpr quint32 kMask = 0x4164536B;
+    QByteArray masked = head.toByteArray();
+    for (qsizetype at = 0; at + 4 <= masked.size(); at += 4)
+        put(masked, at,
+            word<quint32>(masked.constData() + at) ^ kMask ^ static_cast<quint32>(offset));
+    return masked;
+}
+
+quint32 PageForm::headSum(QByteArray head, int field, quint32 seed)
+{
+    put<quint32>(head, field, 0);
+    return Checksums::page(head, seed);
+}

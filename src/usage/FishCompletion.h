@@ -1,0 +1,5 @@
+#pragma once
+
+#include "usage/CompletedProgram.h"
+
+QString fishCompletion(const CompletedProgram& program);

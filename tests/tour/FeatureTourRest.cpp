@@ -1,0 +1,7 @@
+#include "FeatureTour.h"
+void FeatureTour::savesALayerStateAndRestoresIt() { }
+void FeatureTour::editsALayerState() { }
+void FeatureTour::givesAViewportColorsOfItsOwn() { }
+void FeatureTour::handsAStateToAnotherDrawing() { }
+void FeatureTour::undoesEverythingAndRedoesIt() { }
+void FeatureTour::savesAndFindsEverythingAgain() { }
