@@ -12,6 +12,8 @@ public:
     virtual QString nameOf(quint64 handle) const = 0;
     /// The number of a viewport on its sheet, which only its place there tells.
     virtual int viewportNumber(quint64 handle) const = 0;
+    /// A colour of a colour book.
+    virtual OdCmColor bookColor(quint64 handle) const = 0;
 };
 
 /// One record that is turned into groups: it stands behind its head.

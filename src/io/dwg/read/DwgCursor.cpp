@@ -70,6 +70,11 @@ int DwgCursor::viewportNumber(quint64 handle) const
     return viewport.isNull() ? 0 : m_source.readViewport(viewport.slot()).number;
 }
 
+OdCmColor DwgCursor::bookColor(quint64 handle) const
+{
+    return m_source.bookColor(handle);
+}
+
 bool DwgCursor::next()
 {
     if (m_next >= m_groups.size())

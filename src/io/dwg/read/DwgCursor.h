@@ -28,6 +28,7 @@ public:
 private:
     QString nameOf(quint64 handle) const override;
     int viewportNumber(quint64 handle) const override;
+    OdCmColor bookColor(quint64 handle) const override;
     void readRecord(bool isEntity);
     /// An entity that was made in this session has its groups already.
     void readMade(quint32 slot);

@@ -1,6 +1,9 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 void image(const GroupContext& context, const char* mark)
@@ -24,9 +27,20 @@ void image(const GroupContext& context, const char* mark)
     out.handle(360, record.reference());
     const int form = Carry::integer(context, 71);
     const quint32 corners = form == kRectangle ? 2 : record.count(kRawPoint);
-    out.integer(91, corners);
-    for (quint32 i = 0; i < corners && !data.hasFailed(); ++i)
-        Carry::rawPoint(context, 14);
+    // Groups repeat the first corner of a polygon at the end.
+    const bool closes = form != kRectangle && corners > 0;
+    out.integer(91, closes ? qint64(corners) + 1 : corners);
+    double first[2] = {0, 0};
+    double corner[2];
+    for (quint32 i = 0; i < corners && !data.hasFailed(); ++i) {
+        for (double& coordinate : corner)
+            coordinate = data.rawDouble();
+        if (i == 0)
+            std::copy(std::begin(corner), std::end(corner), first);
+        out.point(14, corner);
+    }
+    if (closes)
+        out.point(14, first);
     if (record.since(DwgVersion::V2010))
         out.integer(290, inside ? 1 : 0);
 }
@@ -66,7 +80,7 @@ void decodeFace3d(const GroupContext& context)
         }
         hiddenEdges = allShown ? 0 : data.bitShort();
     } else {
-        for (double (&corner)[3] : corners)
+        for (double(&corner)[3] : corners)
             record.point(corner);
         hiddenEdges = data.bitShort();
     }

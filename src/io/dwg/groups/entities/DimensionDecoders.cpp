@@ -15,7 +15,7 @@ enum Type {
     kAngle3Point,
     kOrdinate,
     kLargeRadius,
-    kArc,
+    kArc = kAngle3Point,
 };
 
 struct Head
@@ -68,9 +68,9 @@ Head readHead(DwgRecord& record)
 /// The first part of the groups; `own`: bits of group 70 that the type has beside its number.
 void putHead(const GroupContext& context, const Head& head, int type, int own = 0)
 {
-    // Two bits stand for the opposite here.
+    // The first bit stands for the opposite here.
     constexpr int kTextAtHome = 1;
-    constexpr int kSharedBlock = 2;
+    constexpr int kBlockOfItsOwn = 2;
     constexpr int kTextMoved = 128;
     constexpr int kOwnBlock = 32;
     DwgRecord& record = context.record;
@@ -82,7 +82,7 @@ void putHead(const GroupContext& context, const Head& head, int type, int own = 
     out.point(11, head.textAt);
     out.integer(70,
                 type | own | ((head.flags & kTextAtHome) == 0 ? kTextMoved : 0)
-                    | ((head.flags & kSharedBlock) == 0 ? kOwnBlock : 0));
+                    | ((head.flags & kBlockOfItsOwn) != 0 ? kOwnBlock : 0));
     if (record.since(DwgVersion::V2000)) {
         out.integer(71, head.attachment);
         out.integer(72, head.spacing);
@@ -113,7 +113,7 @@ void decodeDimOrdinate(const GroupContext& context)
     DwgRecord& record = context.record;
     double at[3][3];
     const Head head = readHead(record);
-    for (double (&point)[3] : at)
+    for (double(&point)[3] : at)
         record.point(point);
     const bool alongX = (record.data.rawChar() & 1) != 0;
     putHead(context, head, kOrdinate, alongX ? kAlongX : 0);
@@ -178,8 +178,8 @@ void decodeDimArc(const GroupContext& context)
     context.out.mark(100, "AcDbArcDimension");
     points(context, {10, 13, 14, 15});
     Carry::flag(context, 70);
-    Carry::angle(context, 40);
-    Carry::angle(context, 41);
+    Carry::real(context, 40);
+    Carry::real(context, 41);
     Carry::flag(context, 71);
     points(context, {16, 17});
 }

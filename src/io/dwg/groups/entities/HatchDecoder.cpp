@@ -53,7 +53,7 @@ Gradient readGradient(DwgRecord& record)
 
 void putGradient(GroupSink& out, const Gradient& gradient)
 {
-    out.integer(450, gradient.isOne ? 1 : 0);
+    out.integer(450, 1);
     out.integer(451, gradient.reserved);
     out.real(460, gradient.angle);
     out.real(461, gradient.shift);
@@ -220,6 +220,6 @@ void decodeHatch(const GroupContext& context)
     out.integer(98, seeds);
     for (quint32 i = 0; i < seeds && !data.hasFailed(); ++i)
         Carry::rawPoint(context, 10);
-    if (hasGradient)
+    if (gradient.isOne)
         putGradient(out, gradient);
 }

@@ -91,8 +91,9 @@ void vertices(const GroupContext& context, const Counts& counts)
             Carry::real(context, 40);
             Carry::real(context, 41);
         }
-        if (i < counts.bulges)
-            out.real(42, bulges.bitDouble());
+        const double bulge = i < counts.bulges ? bulges.bitDouble() : 0;
+        if (bulge != 0)
+            out.real(42, bulge);
         if (i < counts.identifiers)
             out.integer(91, identifiers.bitLong());
     }
@@ -115,8 +116,7 @@ void decodeLwPolyline(const GroupContext& context)
     const Counts counts = readCounts(record, has);
     out.mark(100, "AcDbPolyline");
     out.integer(90, counts.points);
-    out.integer(70,
-                ((has & kClosed) != 0 ? 1 : 0) | ((has & kLinetypeRunsOn) != 0 ? 128 : 0));
+    out.integer(70, ((has & kClosed) != 0 ? 1 : 0) | ((has & kLinetypeRunsOn) != 0 ? 128 : 0));
     if ((has & kWidths) == 0)
         out.real(43, width);
     if (elevation != 0)

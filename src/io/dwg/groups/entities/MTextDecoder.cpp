@@ -1,7 +1,6 @@
-#include "io/dwg/groups/entities/MTextParts.h"
-
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
+#include "io/dwg/groups/entities/MTextParts.h"
 
 namespace {
 
@@ -45,7 +44,10 @@ void background(const GroupContext& context)
     if ((background & kFilled) == 0 && !framed)
         return;
     Carry::real(context, 45);
-    context.out.integer(63, record.color().colorIndex());
+    const OdCmColor color = record.color();
+    context.out.integer(63, color.colorIndex());
+    if (color.colorMethod() == OdCmColor::kByColor)
+        context.out.integer(421, color.color() & 0xFFFFFF);
     context.out.integer(441, record.data.bitLong());
 }
 

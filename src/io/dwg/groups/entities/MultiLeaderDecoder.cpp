@@ -20,6 +20,33 @@ void points(const GroupContext& context, quint32 count, std::initializer_list<in
     }
 }
 
+/// What a line has other than its multileader: all stand there, groups have those that count.
+void overrides(const GroupContext& context)
+{
+    enum Override { kPath = 1, kLinetype = 4, kLineWeight = 8, kArrowSize = 16, kArrow = 32 };
+    DwgRecord& record = context.record;
+    BitReader& data = record.data;
+    GroupSink& out = context.out;
+    const int path = data.bitShort();
+    record.color();
+    const quint64 linetype = record.reference();
+    const int lineWeight = data.bitLong();
+    const double arrowSize = data.bitDouble();
+    const quint64 arrow = record.reference();
+    const int which = data.bitLong();
+    if ((which & kPath) != 0)
+        out.integer(170, path);
+    if ((which & kLinetype) != 0)
+        out.handle(340, linetype);
+    if ((which & kLineWeight) != 0)
+        out.integer(171, lineWeight);
+    if ((which & kArrowSize) != 0)
+        out.real(40, arrowSize);
+    if ((which & kArrow) != 0)
+        out.handle(341, arrow);
+    out.integer(93, which);
+}
+
 void line(const GroupContext& context)
 {
     DwgRecord& record = context.record;
@@ -32,15 +59,8 @@ void line(const GroupContext& context)
         points(context, record.count(2 * kLeastPoint), {11, 12});
     }
     out.integer(91, data.bitLong());
-    if (record.since(DwgVersion::V2010)) {
-        Carry::integer(context, 170);
-        record.color();
-        out.handle(340, record.reference());
-        out.integer(171, data.bitLong());
-        Carry::real(context, 40);
-        out.handle(341, record.reference());
-        out.integer(93, data.bitLong());
-    }
+    if (record.since(DwgVersion::V2010))
+        overrides(context);
     out.mark(305, "}");
 }
 
@@ -126,8 +146,11 @@ void contents(const GroupContext& context)
     Carry::real(context, 145);
     for (int code = 174; code <= 177; ++code)
         Carry::integer(context, code);
-    if (Carry::flag(context, 290))
+    const bool hasText = Carry::flag(context, 290);
+    if (hasText)
         text(context);
+    if (hasText)
+        context.out.integer(296, 0);
     else if (Carry::flag(context, 296))
         block(context);
     for (int code = 110; code <= 112; ++code)
@@ -200,8 +223,13 @@ void decodeMultiLeader(const GroupContext& context)
     if (record.since(DwgVersion::V2010))
         Carry::integer(context, 270);
     out.mark(300, "CONTEXT_DATA{");
-    leaders(context);
+    // The leaders stand ahead of what they lead to, their groups behind it: a second reader comes
+    // back for them.
+    DwgRecord back = record;
+    GroupSink ignored;
+    leaders({record, context.head, context.entity, context.names, ignored});
     contents(context);
+    leaders({back, context.head, context.entity, context.names, out});
     if (record.since(DwgVersion::V2010)) {
         Carry::integer(context, 273);
         Carry::integer(context, 272);

@@ -79,8 +79,8 @@ void decodePolyline3d(const GroupContext& context)
     const bool isQuadratic = (smoothing & 1) != 0;
     const bool isCubic = (smoothing & 2) != 0;
     head(context, "AcDb3dPolyline", 0);
-    context.out.integer(
-        70, kInSpace | (flags & kClosed) | (isQuadratic || isCubic ? kSplineFit : 0));
+    context.out.integer(70,
+                        kInSpace | (flags & kClosed) | (isQuadratic || isCubic ? kSplineFit : 0));
     context.out.integer(75, isQuadratic ? kQuadratic : isCubic ? kCubic : 0);
     skipParts(context.record);
 }

@@ -1,5 +1,6 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
+#include "io/dwg/groups/entities/FitCurve.h"
 
 namespace {
 
@@ -13,7 +14,9 @@ constexpr quint64 kLeastPoint = 6;
 struct Start
 {
     Form form = Form::ControlPoints;
-    bool closed = false; ///< of a curve through fit points
+    // Of a curve through fit points
+    bool closed = false;
+    FitCurve::Spacing spacing = FitCurve::Spacing::Chord;
 };
 
 Start readStart(DwgRecord& record)
@@ -21,6 +24,8 @@ Start readStart(DwgRecord& record)
     constexpr int kFitForm = 2;
     constexpr int kThroughFitPoints = 1;
     constexpr int kClosedFit = 4;
+    constexpr int kRootOfChordKnots = 1;
+    constexpr int kEvenKnots = 2;
     constexpr int kCustomKnots = 15;
     BitReader& data = record.data;
     Start start;
@@ -34,6 +39,9 @@ Start readStart(DwgRecord& record)
             ? Form::FitPoints
             : Form::ControlPoints;
         start.closed = (flags & kClosedFit) != 0;
+        start.spacing = knots == kEvenKnots ? FitCurve::Spacing::Even
+            : knots == kRootOfChordKnots    ? FitCurve::Spacing::RootOfChord
+                                            : FitCurve::Spacing::Chord;
     }
     return start;
 }
@@ -67,25 +75,39 @@ void controlPoints(const GroupContext& context, int degree)
     }
 }
 
-void fitPoints(const GroupContext& context, int degree, bool closed)
+/// Groups have the curve, which is left here to whoever draws it, beside the points.
+void fitPoints(const GroupContext& context, int degree, const Start& start)
 {
+    constexpr int kCubic = 3;
     DwgRecord& record = context.record;
     GroupSink& out = context.out;
-    double tangents[2][3];
+    FitCurve::Point tangents[2];
+    std::vector<FitCurve::Point> points;
     const double tolerance = record.number();
-    record.point(tangents[0]);
-    record.point(tangents[1]);
-    const quint32 points = record.count(kLeastPoint);
-    out.integer(70, closed ? kClosed : 0);
+    record.point(tangents[0].at);
+    record.point(tangents[1].at);
+    const quint32 count = record.count(kLeastPoint);
+    for (quint32 i = 0; i < count && !record.data.hasFailed(); ++i)
+        record.point(points.emplace_back().at);
+    const bool computes = !start.closed && degree == kCubic;
+    const FitCurve curve(computes ? points : std::vector<FitCurve::Point>(), tangents[0],
+                         tangents[1], start.spacing);
+    out.integer(70, start.closed ? kClosed : 0);
     out.integer(71, degree);
-    out.integer(72, 0);
-    out.integer(73, 0);
-    out.integer(74, points);
+    out.integer(72, static_cast<qint64>(curve.knots().size()));
+    out.integer(73, static_cast<qint64>(curve.controlPoints().size()));
+    out.integer(74, count);
     out.real(44, tolerance);
-    out.point(12, tangents[0]);
-    out.point(13, tangents[1]);
-    for (quint32 i = 0; i < points && !record.data.hasFailed(); ++i)
-        Carry::point(context, 11);
+    if (tangents[0] != FitCurve::Point())
+        out.point(12, tangents[0].at);
+    if (tangents[1] != FitCurve::Point())
+        out.point(13, tangents[1].at);
+    for (const double knot : curve.knots())
+        out.real(40, knot);
+    for (const FitCurve::Point& point : curve.controlPoints())
+        out.point(10, point.at);
+    for (const FitCurve::Point& point : points)
+        out.point(11, point.at);
 }
 
 } // namespace
@@ -96,7 +118,7 @@ void decodeSpline(const GroupContext& context)
     const int degree = context.record.data.bitLong();
     context.out.mark(100, "AcDbSpline");
     if (start.form == Form::FitPoints)
-        fitPoints(context, degree, start.closed);
+        fitPoints(context, degree, start);
     else
         controlPoints(context, degree);
 }
