@@ -18,7 +18,7 @@ fi
 # Folders that each folder may include, or the one part of them; itself is meant too.
 arrows="
 src/base:
-src/usage: base
+src/usage:
 src/database: base
 src/io: base database
 src/sdk: base database io

@@ -24,6 +24,7 @@ from measured_run import measure
 from wrong_result import WrongResult
 
 SIZES = ((100, 1_000), (1_000, 10_000), (10_000, 100_000), (100_000, 1_000_000))
+SLOW_SECONDS, SLOW_REPETITIONS = 20, 3
 SMOKE_SIZES = ((50, 200), (100, 400))
 
 
@@ -31,8 +32,10 @@ def parse_arguments():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--bin", type=Path, required=True, help="folder of the built programs")
     parser.add_argument("--repetitions", type=int, default=5)
+    parser.add_argument("--jobs", help="names with commas between, default all: list, freeze, draw")
+    parser.add_argument("--smallest", type=int, default=0, help="leave out drawings with fewer layers")
     parser.add_argument("--largest", type=int, default=SIZES[-1][0], help="leave out drawings with more layers")
-    parser.add_argument("--limit", type=float, default=120, help="seconds after which a run is ended")
+    parser.add_argument("--limit", type=float, default=120, help="CPU seconds after which a run is ended")
     parser.add_argument("--smoke", action="store_true", help="small drawings, one repetition")
     return parser.parse_args()
 
@@ -44,12 +47,16 @@ def make_drawing(generator, folder, layers, entities):
     return path
 
 
+def is_measured_enough(runs):
+    return len(runs) >= SLOW_REPETITIONS and runs[0].seconds > SLOW_SECONDS
+
+
 def measure_size(rivals, jobs, drawing, repetitions, limit):
     """The runs of each (job, rival): a list, or None where one took longer than the limit."""
     runs = {(job, rival): [] for job in jobs for rival in rivals if job.name in rival.commands}
     for _ in range(repetitions):
         for (job, rival), done in runs.items():
-            if done is None:
+            if done is None or is_measured_enough(done):
                 continue
             output = drawing.with_suffix(rival.suffix)
             run = measure(rival.command(job, drawing, output), output if job.prints else None, limit)
@@ -64,43 +71,57 @@ def measure_size(rivals, jobs, drawing, repetitions, limit):
     return runs
 
 
+FIGURES = (
+    ("wall time", lambda run: run.seconds),
+    ("CPU time", lambda run: run.cpu_seconds),
+    ("peak memory", lambda run: run.peak_megabytes),
+)
+
+
+def seconds_text(seconds):
+    return f"{seconds:.3f} s" if seconds < 10 else f"{seconds:.1f} s"
+
+
 def cells(runs, limit):
+    """The medians in words."""
     if runs is None:
-        return f"over {limit:.0f} s", "-"
-    seconds = statistics.median(run.seconds for run in runs)
-    megabytes = statistics.median(run.peak_megabytes for run in runs)
-    return f"{seconds:.3f} s" if seconds < 10 else f"{seconds:.1f} s", f"{megabytes:.0f} MB"
+        return "-", f"over {limit:.0f} s", "-"
+    wall, cpu, memory = (statistics.median(figure(run) for run in runs) for _, figure in FIGURES)
+    return seconds_text(wall), seconds_text(cpu), f"{memory:.0f} MB"
 
 
-def ratio(runs, own, value):
+def ratios(runs, own):
+    """How many times our medians each of theirs is."""
     if not runs or not own:
         return "-"
-    theirs, ours = (statistics.median(value(run) for run in each) for each in (runs, own))
-    return f"{theirs / ours:.1f}"
+    medians = [[statistics.median(figure(run) for run in each) for _, figure in FIGURES] for each in (runs, own)]
+    return " / ".join(f"{theirs / ours:.1f}" for theirs, ours in zip(*medians))
+
+
+def spread_of(runs):
+    if not runs:
+        return "-"
+    seconds = [run.seconds for run in runs]
+    return f"{len(runs)}: {min(seconds):.3f} - {max(seconds):.3f} s"
 
 
 def print_table(job, rivals, results, limit):
     rivals = [rival for rival in rivals if job.name in rival.commands]
     print(f"\n### {job.title}\n")
-    print("| layers | entities | file | program | wall time | times ours | peak memory | times ours | all runs |")
+    print("| layers | entities | file | program | wall time | CPU time | peak memory | times ours | runs |")
     print("|---:|---:|---:|---|---:|---:|---:|---:|---|")
     for (layers, entities, file_size), runs in results:
         own = runs[job, rivals[0]]
         for rival in rivals:
             done = runs[job, rival]
-            seconds, megabytes = cells(done, limit)
-            times = ratio(done, own, lambda run: run.seconds), ratio(done, own, lambda run: run.peak_megabytes)
-            spread = f"{min(run.seconds for run in done):.3f} - {max(run.seconds for run in done):.3f} s" if done else "-"
-            print(
-                f"| {layers:,} | {entities:,} | {file_size / 1e6:.1f} MB | {rival.title} | {seconds} | {times[0]} "
-                f"| {megabytes} | {times[1]} | {spread} |"
-            )
+            words = " | ".join((*cells(done, limit), ratios(done, own), spread_of(done)))
+            print(f"| {layers:,} | {entities:,} | {file_size / 1e6:.1f} MB | {rival.title} | {words} |")
 
 
 def without_start(runs, start_up):
     if not runs:
         return "-"
-    seconds = statistics.median(run.seconds for run in runs) - start_up
+    seconds = statistics.median(run.cpu_seconds for run in runs) - start_up
     # What is small beside the start is noise of the start.
     return f"{seconds:.3f} s" if seconds > start_up / 10 else "too little to tell"
 
@@ -110,7 +131,7 @@ def print_growth(job, rivals, results):
     rivals = [rival for rival in rivals if job.name in rival.commands and rival.start_up_command]
     if not rivals:
         return
-    print("\nThe same without the start of the program:\n")
+    print("\nCPU time without the start of the program:\n")
     print("| program | " + " | ".join(f"{layers:,} layers" for (layers, _, _), _ in results) + " |")
     print("|---|" + "---:|" * len(results))
     for rival in rivals:
@@ -124,9 +145,10 @@ def measure_start_up(rivals, repetitions, limit):
     for _ in range(repetitions):
         for rival in rivals:
             runs[rival].append(measure(rival.start_up_command, None, limit))
-    print("\n### Starting and ending without a drawing\n\n| program | wall time | peak memory |\n|---|---:|---:|")
+    print("\n### Starting and ending without a drawing\n")
+    print("| program | wall time | CPU time | peak memory |\n|---|---:|---:|---:|")
     for rival in rivals:
-        rival.start_up = statistics.median(run.seconds for run in runs[rival])
+        rival.start_up = statistics.median(run.cpu_seconds for run in runs[rival])
         print(f"| {rival.title} | " + " | ".join(cells(runs[rival], limit)) + " |")
 
 
@@ -135,11 +157,15 @@ def main():
     if not contenders.has_ezdxf():
         print("skipped: python3-ezdxf is not installed")
         return 77
-    sizes = SMOKE_SIZES if arguments.smoke else [size for size in SIZES if size[0] <= arguments.largest]
+    sizes = SMOKE_SIZES if arguments.smoke else [
+        size for size in SIZES if arguments.smallest <= size[0] <= arguments.largest
+    ]
     repetitions = 1 if arguments.smoke else arguments.repetitions
     with tempfile.TemporaryDirectory(prefix="compare-") as name:
         folder, results = Path(name), []
         jobs, rivals = contenders.jobs(), contenders.rivals(arguments.bin.resolve(), folder / "config")
+        if arguments.jobs:
+            jobs = [job for job in jobs if job.name in arguments.jobs.split(",")]
         machine.describe(rivals, repetitions)
         try:
             measure_start_up(rivals, repetitions, arguments.limit)

@@ -33,7 +33,7 @@ class Rival:
     commands: dict  # by name of a job, the arguments; {in} and {out} stand for paths
     version: Callable[[], str]
     start_up_command: list = None  # starts all that the jobs need, and ends
-    start_up: float = field(default=0.0, init=False)  # seconds, once measured
+    start_up: float = field(default=0.0, init=False)  # CPU seconds, once measured
 
     def command(self, job, drawing, output):
         return [str(word).format(**{"in": drawing, "out": output}) for word in self.commands[job.name]]

@@ -21,9 +21,11 @@ def describe_load(when):
 
 def describe(rivals, repetitions):
     memory = int(first_value("/proc/meminfo", "MemTotal").split()[0]) / 1024 / 1024
-    print(f"Measured {time.strftime('%Y-%m-%d')}: {first_value('/proc/cpuinfo', 'model name')}, {os.cpu_count()} cores, "
-          f"{memory:.0f} GB, Linux {platform.release()}; median of {repetitions}, programs in turn.")
-    print("\n| program | version |\n|---|---|")
+    processor = first_value("/proc/cpuinfo", "model name")
+    print(f"Measured {time.strftime('%Y-%m-%d')}: {processor}, {os.cpu_count()} cores, "
+          f"{memory:.0f} GB, Linux {platform.release().partition('-')[0]}; medians of {repetitions}.")
+    if rivals:
+        print("\n| program | version |\n|---|---|")
     for rival in rivals:
         print(f"| {rival.title} | {rival.version()} |")
     describe_load("at the start")

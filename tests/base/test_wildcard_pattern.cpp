@@ -93,8 +93,8 @@ void expectAgreement(quint32 seed, const QStringList& ofPattern, const QStringLi
     }
     EXPECT_EQ(all.different, 0);
     // Else the alphabets are badly chosen: hardly anything fits, or everything.
-    EXPECT_GT(all.matched, kPatterns * kNames * 2 / 20);
-    EXPECT_LT(all.matched, kPatterns * kNames * 2 * 19 / 20);
+    EXPECT_GT(all.matched, kPatterns * kNames * 2 / 25);
+    EXPECT_LT(all.matched, kPatterns * kNames * 2 * 24 / 25);
 }
 
 /// Counts the characters that a match looks at.
@@ -149,7 +149,7 @@ TEST(WildcardPattern, AgreesWithTheReferenceOnLongNames)
                     pieces("wall Wall EXIT EXST - - 2nd A-B-C-D-E xyz"), 12);
     RandomText random(4);
     int matched = 0;
-    for (int length = 200; length < 300; ++length) {
+    for (int length = 200; length < 300; length += 3) {
         QString name = random.of(pieces("a b ab ba"), length, length);
         name.truncate(length);
         const QString pattern =
@@ -157,7 +157,7 @@ TEST(WildcardPattern, AgreesWithTheReferenceOnLongNames)
         const Agreement one = compare(pattern, {name, name.mid(1), name + name});
         matched += one.matched;
     }
-    EXPECT_GT(matched, 300);
+    EXPECT_GT(matched, 100);
 }
 
 TEST(WildcardPattern, AgreesWithTheReferenceBeyondAscii)

@@ -1,8 +1,9 @@
-"""The comparison with other programs runs, and does not measure a program that did not do its work. Arguments: the
-project, the folder of the built programs."""
+"""The comparison with other programs runs, and does not measure a program that did not do its work; the benchmarks that
+are summed up exist. Arguments: the project, the folder of the built programs."""
 
 import importlib.util
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -31,6 +32,11 @@ def compare(programs):
     )
 
 
+def benchmarks_of(source):
+    captured = [f"{name}/{case}" for name, case in re.findall(r"BENCHMARK_CAPTURE\((\w+), (\w+)", source)]
+    return re.findall(r"BENCHMARK\((\w+)\)", source) + captured
+
+
 class Compare(unittest.TestCase):
     def test_every_job_has_a_row_for_each_program_and_size(self):
         result = compare(PROGRAMS)
@@ -54,6 +60,17 @@ class Compare(unittest.TestCase):
         self.assertEqual(result.returncode, 1)
         self.assertIn("has other layers, or others of them frozen", result.stderr)
         self.assertNotIn("###", result.stdout.split("without a drawing")[1])
+
+
+class Headlines(unittest.TestCase):
+    def test_every_headline_is_a_benchmark(self):
+        sys.path.insert(0, str(PROJECT / "bench/compare"))
+        import headlines
+
+        for _, lines in headlines.TABLES:
+            for line in lines:
+                source = (PROJECT / f"bench/{line.program}.cpp").read_text()
+                self.assertIn(line.benchmark, benchmarks_of(source))
 
 
 if __name__ == "__main__":

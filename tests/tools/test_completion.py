@@ -180,7 +180,10 @@ class Completion(unittest.TestCase):
                 capture_output=True,
                 text=True,
             )
-            self.assertEqual([row.split("\t")[0] for row in result.stdout.splitlines()], [offer], line + result.stderr)
+            offers = [row.split("\t")[0] for row in result.stdout.splitlines()]
+            # Behind an equals sign fish offers files too, of its own accord.
+            own = [name for name in offers if not ("=" in line and name.endswith(".txt"))]
+            self.assertEqual(own, [offer], line + result.stderr)
 
     def test_no_other_shell_is_promised(self):
         for program in ("kest", "layerman"):
@@ -190,4 +193,10 @@ class Completion(unittest.TestCase):
 
 
 if __name__ == "__main__":
+    try:
+        for end in pty.openpty():
+            os.close(end)
+    except OSError as error:
+        print(f"skipped: no terminal can be had here ({error})")
+        sys.exit(77)
     unittest.main(verbosity=2)

@@ -1,4 +1,4 @@
-"""The pictures of docs/pictures.md are the ones that the tests compare with. Argument: the project's folder."""
+"""The pictures of docs/pictures.md and docs/guide.md are the ones that the tests compare with. Argument: the project's folder."""
 
 import re
 import sys
@@ -17,8 +17,8 @@ class Pictures(unittest.TestCase):
                 self.assertIn(picture.read_bytes(), GOLDEN, f"{picture.name} is outdated: copy its golden file")
 
     def test_are_all_shown(self):
-        page = (PROJECT / "docs/pictures.md").read_text()
-        shown = set(re.findall(r"images/([\w.]+)", page))
+        pages = "".join((PROJECT / "docs" / page).read_text() for page in ("pictures.md", "guide.md"))
+        shown = set(re.findall(r"images/([\w.]+)", pages))
         self.assertEqual(shown, {path.name for path in (PROJECT / "docs/images").glob("*.png")})
 
 

@@ -1,10 +1,10 @@
 #include "FeatureTour.h"
 
 #include "TourDialogs.h"
-#include "database/OdDbDatabase.h"
-#include "database/OdDbLayerTable.h"
-#include "database/OdDbLayerTableRecord.h"
-#include "support/DrawingDigest.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "support/drawings/DrawingDigest.h"
 
 #include <QTest>
 

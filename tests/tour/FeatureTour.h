@@ -31,6 +31,7 @@ private slots:
     void fillsAGroupByDraggingAndPicking();
     void changesManyLayersAtOnce();
     void namesNewLayersAndDeletesEmptyOnes();
+    void tellsWhenALayerLeavesTheFilter();
     void savesALayerStateAndRestoresIt();
     void editsALayerState();
     void givesAViewportColorsOfItsOwn();
@@ -55,9 +56,13 @@ private:
     /// Notes that a step was done which the menu names so; checks that it does.
     void noteStep(const char* undoText);
     void makeRoom() const;
+    /// Pulls the edge between palette and drawing; returns how far it came.
+    int pullPaletteEdge(int wider) const;
     /// Clicks on a filter, which the drawing keeps: a step.
     void selectFilter(const char* name);
     void editFilter(QDialog& dialog, const QStringList& expected);
+    /// Opens the layer-state manager by its button, selects a state, and does the steps there.
+    void inManagerOn(const char* state, const std::function<void(QDialog&)>& steps);
     /// The layers of the drawing that this holds for, in the order of names.
     QStringList layersThat(const std::function<bool(const OdDbLayerTableRecord&)>& test) const;
 

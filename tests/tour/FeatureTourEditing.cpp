@@ -2,8 +2,8 @@
 
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdCmColor.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/values/OdCmColor.h"
 #include "host/dialogs/CLineweightDialog.h"
 #include "toolkit/ControlRegistry.h"
 
@@ -48,16 +48,15 @@ void FeatureTour::changesManyLayersAtOnce()
                            });
     noteStep("Undo LAYER");
     QCOMPARE(palette().cell("E-POWR-TRAY", LayerColumn::Color), QStringLiteral("30"));
-    tour_dialogs::inDialog(
-        [this] { palette().click("E-LITE", LayerColumn::Lineweight); },
-        [](QDialog& dialog) {
-            auto* list =
-                qobject_cast<QListWidget*>(controlById(&dialog, CLineweightDialog::List));
-            QVERIFY(list);
-            QTest::keyClicks(list, QStringLiteral("0.50"));
-            QCOMPARE(list->currentItem()->text(), QStringLiteral("0.50 mm"));
-            tour_dialogs::press(dialog, QStringLiteral("OK"));
-        });
+    tour_dialogs::inDialog([this] { palette().click("E-LITE", LayerColumn::Lineweight); },
+                           [](QDialog& dialog) {
+                               auto* list = qobject_cast<QListWidget*>(
+                                   controlById(&dialog, CLineweightDialog::List));
+                               QVERIFY(list);
+                               QTest::keyClicks(list, QStringLiteral("0.50"));
+                               QCOMPARE(list->currentItem()->text(), QStringLiteral("0.50 mm"));
+                               tour_dialogs::press(dialog, QStringLiteral("OK"));
+                           });
     noteStep("Undo LAYER");
     QCOMPARE(layersThat([](const auto& layer) {
                  return layer.color() == OdCmColor::fromIndex(30) && layer.lineWeight() == 50;
@@ -108,4 +107,19 @@ void FeatureTour::namesNewLayersAndDeletesEmptyOnes()
     noteStep("Undo LAYER");
     QCOMPARE(palette().rows().size(), 65);
     QVERIFY(!palette().rows().contains(QStringLiteral("A-WALL-DEMO")));
+}
+
+void FeatureTour::tellsWhenALayerLeavesTheFilter()
+{
+    selectFilter("Locked or off");
+    const auto listed = palette().rows().size();
+    tour_dialogs::inDialog([this] { palette().click("A-FLOR-PATT", LayerColumn::Locked); },
+                           [](QDialog& notice) {
+                               QCOMPARE(notice.windowTitle(), QStringLiteral("Layer Filter"));
+                               tour_dialogs::press(notice, QStringLiteral("OK"));
+                           });
+    noteStep("Undo LAYER");
+    QCOMPARE(palette().rows().size(), listed - 1);
+    QVERIFY(!palette().rows().contains(QStringLiteral("A-FLOR-PATT")));
+    selectFilter("All");
 }

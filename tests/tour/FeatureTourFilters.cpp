@@ -2,7 +2,7 @@
 
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdDbLayerTableRecord.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "host/canvas/CCanvas.h"
 #include "host/window/commandline/CCommandLine.h"
 

@@ -2,8 +2,8 @@
 
 #include "FeatureTour.h"
 #include "TourDialogs.h"
-#include "database/OdDbDatabase.h"
-#include "support/DrawingDigest.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "support/drawings/DrawingDigest.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -16,20 +16,30 @@
 #include <QToolButton>
 #include <QTreeView>
 
+int FeatureTour::pullPaletteEdge(int wider) const
+{
+    QWidget& window = m_tour->window();
+    const auto edge = [&] {
+        return palette().grid().mapTo(&window, palette().grid().rect().topRight());
+    };
+    const QPoint before = edge();
+    TourWindow::pull(window, before + QPoint(4, 60), before + QPoint(4 + wider, 60));
+    m_tour->settle();
+    return edge().x() - before.x();
+}
+
 /// Pulls the edges of the palette, its tree and its columns, so that more can be read.
 void FeatureTour::makeRoom() const
 {
     QWidget& window = m_tour->window();
-    const QPoint edge = palette().grid().mapTo(&window, palette().grid().rect().topRight());
-    TourWindow::pull(window, edge + QPoint(4, 60), edge + QPoint(244, 60));
+    pullPaletteEdge(240);
     auto* splitter = window.findChild<QSplitter*>(QStringLiteral("layerSplitter"));
     const QPoint grip = splitter->handle(1)->rect().center();
     TourWindow::pull(*splitter->handle(1), grip, grip + QPoint(36, 0));
     QHeaderView& header = *palette().grid().horizontalHeader();
-    for (const auto& [column, wider] : {std::pair(LayerColumn::Name, 30),
-                                        std::pair(LayerColumn::Color, 40),
-                                        std::pair(LayerColumn::Linetype, 36),
-                                        std::pair(LayerColumn::Lineweight, 30)})
+    for (const auto& [column, wider] :
+         {std::pair(LayerColumn::Name, 30), std::pair(LayerColumn::Color, 40),
+          std::pair(LayerColumn::Linetype, 36), std::pair(LayerColumn::Lineweight, 30)})
     {
         const int section = static_cast<int>(column);
         const int right = header.sectionViewportPosition(section) + header.sectionSize(section);
@@ -44,10 +54,9 @@ void FeatureTour::opensADrawingAndThePalette()
     TourWindow& tour = *m_tour;
     tour.press(QKeySequence::Close); // the new drawing that the program starts with
     QCOMPARE(tour.window().windowTitle(), QStringLiteral("kest"));
-    tour_dialogs::inDialog([&] { tour.chooseFrom("File", {QStringLiteral("Open...")}); },
-                           [&](QDialog& dialog) {
-                               tour_dialogs::pickFile(dialog, tour.path("office.dxf"));
-                           });
+    tour_dialogs::inDialog(
+        [&] { tour.chooseFrom("File", {QStringLiteral("Open...")}); },
+        [&](QDialog& dialog) { tour_dialogs::pickFile(dialog, tour.path("office.dxf")); });
     tour.settle();
     QCOMPARE(tour.window().windowTitle(), QStringLiteral("office.dxf[*] \u2013 kest"));
     QVERIFY(!tour.window().isWindowModified());

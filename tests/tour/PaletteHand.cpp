@@ -145,7 +145,8 @@ QModelIndex PaletteHand::filter(const char* name) const
 void PaletteHand::clickTool(const char* name) const
 {
     for (const PaneTool& tool : paneTools()) {
-        const auto* action = m_window.findChild<QAction*>(QStringLiteral("command_%1").arg(tool.id));
+        const auto* action =
+            m_window.findChild<QAction*>(QStringLiteral("command_%1").arg(tool.id));
         const auto* bar = action ? qobject_cast<QToolBar*>(action->parent()) : nullptr;
         if (paneToolText(tool) != QLatin1String(name) || !bar)
             continue;
@@ -181,9 +182,8 @@ void PaletteHand::chooseOnLayer(const char* layer, const QStringList& path) cons
 {
     const QModelIndex index = indexOf(layer, LayerColumn::Name);
     grid().scrollTo(index);
-    tour_dialogs::inMenu(
-        [&] { openMenuAt(*grid().viewport(), grid().visualRect(index).center()); },
-        [&path](QMenu& menu) { tour_dialogs::choose(menu, path); });
+    tour_dialogs::inMenu([&] { openMenuAt(*grid().viewport(), grid().visualRect(index).center()); },
+                         [&path](QMenu& menu) { tour_dialogs::choose(menu, path); });
     settle();
 }
 

@@ -4,7 +4,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
+#include <QComboBox>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
@@ -31,70 +32,73 @@ void giveKeyboardTo(const QPointer<QWidget>& window)
         reportTestFailure(QStringLiteral("A window does not become active again."));
 }
 
-/// Calls `visit` with the widget once `find` has one, while `open` runs or after it.
-template <class Widget>
-void whenThere(const std::function<void()>& open, const std::function<Widget*()>& find,
-               const std::function<void(Widget&)>& visit)
+/// Calls each of `visits` once the one before is over and `visitNext` finds what it is for; while
+/// `open` runs or after it.
+void whileOpening(const std::function<void()>& open, std::size_t visits,
+                  const std::function<bool(std::size_t visit)>& visitNext)
 {
     const QPointer<QWidget> active = QApplication::activeWindow();
-    bool came = false;
-    bool isOver = false;
+    std::size_t visit = 0;
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, &look, [&] {
-        Widget* found = find();
-        if (!found)
-            return;
+        // What opens meanwhile is none of this one's business.
         look.stop();
-        came = true;
-        visit(*found);
-        giveKeyboardTo(active);
-        isOver = true;
+        visit += visitNext(visit) ? 1 : 0;
+        if (visit < visits)
+            look.start(0);
     });
     look.start(0);
     open();
-    if (!QTest::qWaitFor([&] { return isOver; }, kPatience))
-        reportTestFailure(came ? QStringLiteral("What was opened does not close.")
-                               : QStringLiteral("Nothing was opened."));
+    if (!QTest::qWaitFor([&] { return visit == visits; }, kPatience))
+        reportTestFailure(QStringLiteral("What should open does not, or does not close."));
     giveKeyboardTo(active);
+}
+
+QDialog* openDialogOver(const QWidget* before)
+{
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!dialog || dialog == before || dialog->objectName() == QLatin1String("progressDialog"))
+        return nullptr;
+    return dialog;
 }
 
 } // namespace
 
-void tour_dialogs::inDialog(const std::function<void()>& open,
-                            const std::function<void(QDialog&)>& steps)
+void tour_dialogs::inDialog(const std::function<void()>& open, const Steps& steps)
+{
+    inDialogs(open, {steps});
+}
+
+void tour_dialogs::inDialogs(const std::function<void()>& open, const std::vector<Steps>& steps)
 {
     const QWidget* before = QApplication::activeModalWidget();
-    whenThere<QDialog>(
-        open,
-        [before]() -> QDialog* {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            const bool isProgress =
-                dialog && dialog->objectName() == QLatin1String("progressDialog");
-            return dialog != before && !isProgress ? dialog : nullptr;
-        },
-        [&steps](QDialog& dialog) {
-            const QPointer<QDialog> alive(&dialog);
-            giveKeyboardTo(alive.data());
-            steps(dialog);
-            if (!alive || !alive->isVisible())
-                return;
-            reportTestFailure(QStringLiteral("The dialog \"%1\" is still open.")
-                                  .arg(alive->windowTitle()));
-            alive->reject();
-        });
+    whileOpening(open, steps.size(), [&](std::size_t visit) {
+        const QPointer<QDialog> dialog = openDialogOver(before);
+        if (!dialog)
+            return false;
+        giveKeyboardTo(dialog.data());
+        steps[visit](*dialog);
+        if (dialog && dialog->isVisible()) {
+            reportTestFailure(
+                QStringLiteral("The dialog \"%1\" is still open.").arg(dialog->windowTitle()));
+            dialog->reject();
+        }
+        return true;
+    });
 }
 
 void tour_dialogs::inMenu(const std::function<void()>& open,
                           const std::function<void(QMenu&)>& steps)
 {
-    whenThere<QMenu>(
-        open, [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); },
-        [&steps](QMenu& menu) {
-            const QPointer<QMenu> alive(&menu);
-            steps(menu);
-            if (alive && alive->isVisible())
-                alive->close();
-        });
+    whileOpening(open, 1, [&](std::size_t) {
+        const QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu)
+            return false;
+        steps(*menu);
+        if (menu && menu->isVisible())
+            menu->close();
+        return true;
+    });
 }
 
 QMenu* tour_dialogs::pointAt(QMenu& menu, const QStringList& path)
@@ -148,13 +152,33 @@ void tour_dialogs::press(const QWidget& dialog, const QString& text)
                       found->isCheckable() ? sign : found->rect().center());
 }
 
-void tour_dialogs::pickFile(QDialog& dialog, const QString& path)
+void tour_dialogs::pickKind(const QDialog& dialog, const QString& beginning)
+{
+    auto* kinds = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    if (!kinds)
+        return reportTestFailure(QStringLiteral("The dialog asks for no file."));
+    QTest::keyClicks(kinds, beginning);
+    if (!kinds->currentText().startsWith(beginning))
+        reportTestFailure(QStringLiteral("There are no files of the kind %1.").arg(beginning));
+}
+
+void tour_dialogs::pickFile(const QDialog& dialog, const QString& path)
 {
     auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     if (!name)
         return reportTestFailure(QStringLiteral("The dialog asks for no file."));
-    name->selectAll();
-    name->insert(path); // as if pasted: letters that are typed bring up names to choose from
-    press(dialog, button(dialog, QStringLiteral("Open")) ? QStringLiteral("Open")
-                                                         : QStringLiteral("Save"));
+    const auto& files = static_cast<const QFileDialog&>(dialog);
+    const QFileInfo file(path);
+    const QAbstractButton* open = button(dialog, QStringLiteral("Open"));
+    // As if pasted, for letters that are typed bring up names to choose from; and again until the
+    // dialog has read its folder and knows the file.
+    const auto isTaken = [&] {
+        name->selectAll();
+        name->insert(files.directory() == file.dir() ? file.fileName() : path);
+        return !open || open->isEnabled();
+    };
+    if (!QTest::qWaitFor(isTaken))
+        reportTestFailure(QStringLiteral("The dialog does not know the file %1.").arg(path));
+    const bool isToSave = files.acceptMode() == QFileDialog::AcceptSave;
+    press(dialog, isToSave ? QStringLiteral("Save") : QStringLiteral("Open"));
 }

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <vector>
 
 class QAbstractButton;
 class QDialog;
@@ -12,9 +13,13 @@ class QWidget;
 /// How a user works with what opens over the window and holds it up until it is answered.
 namespace tour_dialogs {
 
+using Steps = std::function<void(QDialog&)>;
+
 /// Does `open`, and the steps in the dialog that comes up over what is there. Fails the test when
 /// none comes, and closes one that the steps left open.
-void inDialog(const std::function<void()>& open, const std::function<void(QDialog&)>& steps);
+void inDialog(const std::function<void()>& open, const Steps& steps);
+/// The same with dialogs of which one follows the other.
+void inDialogs(const std::function<void()>& open, const std::vector<Steps>& steps);
 /// The same with a menu that opens at a place.
 void inMenu(const std::function<void()>& open, const std::function<void(QMenu&)>& steps);
 
@@ -29,7 +34,9 @@ void choose(QMenu& menu, const QStringList& path);
 void press(const QWidget& dialog, const QString& button);
 /// The visible button of that text, or null.
 QAbstractButton* button(const QWidget& dialog, const QString& text);
+/// Chooses the kind of files that begins so in a file dialog.
+void pickKind(const QDialog& dialog, const QString& beginning);
 /// Pastes a path into a file dialog, and clicks on its button.
-void pickFile(QDialog& dialog, const QString& path);
+void pickFile(const QDialog& dialog, const QString& path);
 
 } // namespace tour_dialogs

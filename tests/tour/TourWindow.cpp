@@ -1,7 +1,7 @@
 #include "TourWindow.h"
 
 #include "TourDialogs.h"
-#include "database/OdDbDatabase.h"
+#include "database/drawing/OdDbDatabase.h"
 #include "host/canvas/CCanvas.h"
 #include "host/dialogs/HostPrompts.h"
 #include "host/window/WindowActions.h"
@@ -11,8 +11,8 @@
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
 #include "host/window/views/CLayoutTabs.h"
-#include "support/GoldenImage.h"
 #include "support/TestFailure.h"
+#include "support/pictures/GoldenImage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -107,6 +107,11 @@ void TourWindow::pull(QWidget& widget, QPoint from, QPoint to)
     QTest::mouseRelease(&widget, Qt::LeftButton, {}, to);
 }
 
+void TourWindow::restPointer() const
+{
+    QTest::mouseMove(m_window->statusBar());
+}
+
 void TourWindow::clickLayout(const char* name) const
 {
     CLayoutTabs& tabs = m_window->drawings().currentView()->layoutTabs();
@@ -177,9 +182,8 @@ QString TourWindow::redoText() const
 
 WindowPicture TourWindow::picture() const
 {
-    // The pointer rests where it points at nothing.
     if (!QApplication::activePopupWidget())
-        QTest::mouseMove(m_window->statusBar());
+        restPointer();
     settle();
     if (m_window->drawings().currentView())
         canvas().completeNow(true);

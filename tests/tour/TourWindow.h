@@ -4,7 +4,7 @@
 #include "host/application/HostCore.h"
 #include "host/window/CMainWindow.h"
 #include "host/window/WindowFrontEnd.h"
-#include "support/GoldenLook.h"
+#include "support/pictures/GoldenLook.h"
 
 #include <QTemporaryDir>
 
@@ -40,6 +40,8 @@ public:
     void press(const QKeySequence& keys) const;
     /// Presses the left button, moves and releases.
     static void pull(QWidget& widget, QPoint from, QPoint to);
+    /// Moves the pointer to where it points at nothing.
+    void restPointer() const;
     /// Clicks on the tab of model space or a sheet.
     void clickLayout(const char* name) const;
     /// Does `open`, and the steps one by one each time the command line asks; returns when it asks

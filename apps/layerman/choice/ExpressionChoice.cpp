@@ -12,11 +12,6 @@
 #include <QStringList>
 
 namespace {
-constexpr const char* kKeys[] = {"USED",       "VPOVERRIDES", "NAME",         "OFF",
-                                 "FROZEN",     "LOCKED",      "COLOR",        "LINETYPE",
-                                 "LINEWEIGHT", "PLOTTABLE",   "NEWVPFROZEN",  "VPFROZEN",
-                                 "VPCOLOR",    "VPLINETYPE",  "VPLINEWEIGHT", "DESC"};
-
 [[noreturn]] void refuse(const QString& sentence)
 {
     throw UsageError(sentence);
@@ -55,8 +50,8 @@ void requireKnownKeys(const FilterRows& rows)
             if (FilterCriteria::find(criterion.key))
                 continue;
             QStringList keys;
-            for (const char* key : kKeys)
-                keys << QLatin1String(key);
+            for (const FilterCriteria::Criterion& known : FilterCriteria::all())
+                keys << QLatin1String(known.key);
             refuse(
                 CompanionText::tr("--expr knows no criterion %1; the nearest is %2.")
                     .arg(abridged(criterion.key), nearest_name::of(criterion.key, keys).value(0)));

@@ -7,21 +7,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 
 namespace {
 
 using FilterCriteria::Criterion;
 using FilterCriteria::Kind;
 
-enum Position {
-    kUsed,
-    kOverrides,
-    kName,
-    kNewViewportFrozen = 10,
-    kViewportFrozen,
-    kDescription = 15
-};
-constexpr std::array<Criterion, 16> kCriteria = {{
+constexpr auto kCriteria = std::to_array<Criterion>({
     {"USED", Kind::Truth},
     {"VPOVERRIDES", Kind::Truth},
     {"NAME", Kind::Text},
@@ -38,7 +31,22 @@ constexpr std::array<Criterion, 16> kCriteria = {{
     {"VPLINETYPE", Kind::Linetype},
     {"VPLINEWEIGHT", Kind::Lineweight},
     {"DESC", Kind::Text},
-}};
+});
+
+consteval std::size_t position(std::string_view key)
+{
+    std::size_t at = 0;
+    while (kCriteria.at(at).key != key)
+        ++at;
+    return at;
+}
+constexpr std::size_t kUsed = position("USED");
+constexpr std::size_t kOverrides = position("VPOVERRIDES");
+constexpr std::size_t kName = position("NAME");
+constexpr std::size_t kNewViewportFrozen = position("NEWVPFROZEN");
+constexpr std::size_t kViewportFrozen = position("VPFROZEN");
+constexpr std::size_t kDescription = position("DESC");
+
 using Values = std::array<QString, kCriteria.size()>; ///< null: not set
 
 /// In hundredths of a millimetre. 211 is left out: its text "2.11" reads back as 210.
@@ -169,6 +177,11 @@ bool mustStandLast(const Values& values)
 }
 
 } // namespace
+
+std::span<const FilterCriteria::Criterion> FilterCriteria::all()
+{
+    return kCriteria;
+}
 
 const FilterCriteria::Criterion* FilterCriteria::find(QStringView key)
 {

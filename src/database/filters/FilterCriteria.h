@@ -2,6 +2,8 @@
 
 #include "database/filters/FilterExpressionParser.h"
 
+#include <span>
+
 class OdDbDatabase;
 
 /// The criteria that rows of this system can set, in the order in which they are written.
@@ -15,6 +17,8 @@ struct Criterion
     Kind kind;
 };
 
+/// In the order in which they are written.
+std::span<const Criterion> all();
 /// By the key in upper case, or null.
 const Criterion* find(QStringView key);
 

@@ -34,14 +34,8 @@ void BatchSession::start()
     if (const QString problem = m_core.settings().loadProblem(); !problem.isEmpty())
         complain(QStringLiteral("kest"), problem);
     tellUnsavedEdits();
-    const QString path = ModuleLoader::layerManagerPath();
-    if (path.isEmpty())
-        return;
-    try {
-        m_core.modules().load(path);
-    } catch (const OdError& error) {
-        complain(QStringLiteral("kest"), error.description());
-    }
+    if (const QString problem = m_core.modules().loadLayerManager(); !problem.isEmpty())
+        complain(QStringLiteral("kest"), problem);
 }
 
 void BatchSession::tellUnsavedEdits()

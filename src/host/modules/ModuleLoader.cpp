@@ -1,5 +1,6 @@
 #include "host/modules/ModuleLoader.h"
 
+#include "database/values/OdError.h"
 #include "host/modules/LoadedModule.h"
 
 #include <QCoreApplication>
@@ -33,6 +34,19 @@ void ModuleLoader::load(const QString& path)
     });
     if (!isLoaded)
         m_modules.push_back(std::make_unique<LoadedModule>(path));
+}
+
+QString ModuleLoader::loadLayerManager()
+{
+    const QString path = layerManagerPath();
+    if (path.isEmpty())
+        return {};
+    try {
+        load(path);
+        return {};
+    } catch (const OdError& error) {
+        return error.description();
+    }
 }
 
 void ModuleLoader::unloadAll()

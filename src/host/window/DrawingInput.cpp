@@ -78,13 +78,14 @@ void DrawingInput::choose(CDrawingView& view, const std::vector<OdDbObjectId>& f
 
 void DrawingInput::answerPoint(Vec2 point)
 {
-    m_commandLine.answerByPointing(point_text::of(point));
+    if (const CDrawingView* view = m_drawings.currentView())
+        m_commandLine.answerByPointing(point_text::pointedAt(point, view->canvas().pickReach()));
 }
 
 void DrawingInput::pickEntity(CDrawingView& view, Vec2 point, bool removes)
 {
     if (isSelecting()) {
-        const QString text = point_text::of(point);
+        const QString text = point_text::pointedAt(point, view.canvas().pickReach());
         // One object goes, then others may come again.
         m_commandLine.answerByPointing(removes ? QStringLiteral("Remove %1 Add").arg(text) : text);
         return;
@@ -95,11 +96,12 @@ void DrawingInput::pickEntity(CDrawingView& view, Vec2 point, bool removes)
 void DrawingInput::pickBox(CDrawingView& view, const Box2& box, bool isCrossing, bool removes)
 {
     if (isSelecting()) {
+        const double reach = view.canvas().pickReach();
         const QString text =
             QStringLiteral("%1 %2 %3")
                 .arg(isCrossing ? QStringLiteral("Crossing") : QStringLiteral("Window"),
-                     point_text::of(Vec2{box.minX, box.minY}),
-                     point_text::of(Vec2{box.maxX, box.maxY}));
+                     point_text::pointedAt({box.minX, box.minY}, reach),
+                     point_text::pointedAt({box.maxX, box.maxY}, reach));
         m_commandLine.answerByPointing(removes ? QStringLiteral("Remove %1 Add").arg(text) : text);
         return;
     }
@@ -114,7 +116,8 @@ void DrawingInput::enterViewport(const CDrawingView& view, Vec2 point)
         return;
     for (const SheetViewport& viewport : view.canvas().contents().openViewports()) {
         if (viewport.frame().contains(point)) {
-            emit commandWanted(QStringLiteral("MSPACE ") + point_text::of(point));
+            emit commandWanted(QStringLiteral("MSPACE ")
+                               + point_text::pointedAt(point, view.canvas().pickReach()));
             return;
         }
     }

@@ -22,14 +22,8 @@
 
 void WindowSession::loadModules()
 {
-    const QString path = ModuleLoader::layerManagerPath();
-    if (path.isEmpty())
-        return;
-    try {
-        m_core.modules().load(path);
-    } catch (const OdError& error) {
-        Prompts::current().message(&m_window, error.description());
-    }
+    if (const QString problem = m_core.modules().loadLayerManager(); !problem.isEmpty())
+        Prompts::current().message(&m_window, problem);
 }
 
 void WindowSession::reopenLastFiles()

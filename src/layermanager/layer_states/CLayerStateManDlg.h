@@ -54,6 +54,7 @@ private:
     void registerHelpTexts();
     void initialUpdate();
     void fill();
+    void refill();
 
     // Rules
     void enableFor(int selected);

@@ -87,7 +87,7 @@ void CLayerStateManDlg::importDrawing(const QString& path)
     }
     ModalDialog import(new CLayStateImportDlg(std::move(source), m_list->states().names(), this));
     if (import.accepted() && drawing())
-        fill();
+        refill();
 }
 
 void CLayerStateManDlg::importLayerStateFile(const QString& path)
@@ -114,9 +114,16 @@ void CLayerStateManDlg::importLayerStateFile(const QString& path)
     }
     if (!imported)
         return;
-    fill();
+    refill();
     if (!exists)
         offerRestore(name);
+}
+
+/// Lists the states anew; the boxes are those of the state that is selected then.
+void CLayerStateManDlg::refill()
+{
+    fill();
+    showStoredMask();
 }
 
 void CLayerStateManDlg::offerRestore(const QString& name)

@@ -10,18 +10,32 @@ namespace {
 /// Bit of UNDOCTL: a group of commands is open.
 constexpr int kGroupOpen = 8;
 
+bool isInGroup()
+{
+    return (readHostInt(QStringLiteral("UNDOCTL")).value_or(0) & kGroupOpen) != 0;
+}
+
+void startRecord(OdDbDatabase& database, const QString& command)
+{
+    if (CKsUndoRedoCommandHistory* history = ksUndoRedoHistory())
+        history->AddCommand(command);
+    database.startUndoRecord();
+}
+
 } // namespace
 
 void beginLayerUndoRecord(OdDbDatabase& database, const QString& command)
 {
     if (readHostInt(QStringLiteral("CMDACTIVE")).value_or(0) != 0)
         return;
-    if (CKestPreferenceManager::instance().CombineLayerPropPreference) {
-        const bool inGroup = (readHostInt(QStringLiteral("UNDOCTL")).value_or(0) & kGroupOpen) != 0;
-        if (inGroup || database.isUndoRecordOpen())
-            return;
-    }
-    if (CKsUndoRedoCommandHistory* history = ksUndoRedoHistory())
-        history->AddCommand(command);
-    database.startUndoRecord();
+    const bool combines = CKestPreferenceManager::instance().CombineLayerPropPreference;
+    if (combines && (isInGroup() || database.isUndoRecordOpen()))
+        return;
+    startRecord(database, command);
+}
+
+void beginLayerUndoRecordOfCommand(OdDbDatabase& database)
+{
+    if (!isInGroup())
+        startRecord(database, QStringLiteral("_LAYER"));
 }

@@ -9,3 +9,8 @@ class OdDbDatabase;
 /// the record in the Undo menu.
 void beginLayerUndoRecord(OdDbDatabase& database,
                           const QString& command = QStringLiteral("_LAYER"));
+
+/// Opens it for what a command does that runs without a record of its own: joined to the record
+/// that the palette left open it would be undone with the edit before. Within a group of commands
+/// it joins the group.
+void beginLayerUndoRecordOfCommand(OdDbDatabase& database);

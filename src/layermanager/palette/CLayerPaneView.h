@@ -173,5 +173,6 @@ private:
     bool m_bInitialised = false;
     bool m_bTreeVisible = true;
     bool m_bInvert = false;
+    QString m_listedFilter; ///< name of the filter that is listed
     bool m_layingOut = false;
 };

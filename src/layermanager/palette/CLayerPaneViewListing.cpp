@@ -60,6 +60,7 @@ void CLayerPaneView::ApplySearch()
 
 void CLayerPaneView::setInverted(bool inverted)
 {
+    grid()->forgetChanges();
     m_bInvert = inverted;
     m_invertBox->setChecked(inverted);
     ApplySearch();
@@ -102,6 +103,10 @@ void CLayerPaneView::followFilter()
     if (!m_pDb)
         return;
     m_search.forgetFilter();
+    if (const QString name = m_treeView->selectedName(); name != m_listedFilter) {
+        m_listedFilter = name;
+        grid()->forgetChanges();
+    }
     UpdateStatusLine();
     const LayerSearch::Ids layers = wantedLayers();
     if (isListed(layers))

@@ -177,7 +177,10 @@ void CLayerPaneView::connectParts()
     });
     connect(m_treeView, &CLayerTreeVw::selectedLayersChanged, this, &CLayerPaneView::followFilter);
     connect(m_treeView, &CLayerTreeVw::layersChanged, this, &CLayerPaneView::layersChangedByTree);
-    connect(m_searchBox, &QLineEdit::textEdited, this, &CLayerPaneView::ApplySearch);
+    connect(m_searchBox, &QLineEdit::textEdited, this, [this] {
+        grid()->forgetChanges();
+        ApplySearch();
+    });
     connect(m_searchBox, &CLayerSearchBox::focusGained, this, &CLayerPaneView::prepareSearch);
     connect(m_searchButton, &QToolButton::clicked, this, [this] { command(kSearchButton); });
     connect(m_invertBox, &QCheckBox::clicked, this, &CLayerPaneView::setInverted);

@@ -5,34 +5,18 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 
 CompanionFixture::CompanionFixture()
-    : environment(QProcessEnvironment::systemEnvironment())
+    : environment(environmentWithoutDisplay())
+{ }
+
+Finished CompanionFixture::layerman(const QStringList& arguments, const QByteArray& input) const
 {
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none-at-all"));
-    environment.remove(QStringLiteral("DISPLAY"));
-    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    return runProgram(QStringLiteral(LAYERMAN_PROGRAM), arguments, input, environment,
+                      folder.path());
 }
 
-CompanionFixture::Finished CompanionFixture::layerman(const QStringList& arguments,
-                                                      const QByteArray& input) const
-{
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(folder.path());
-    process.start(QStringLiteral(LAYERMAN_PROGRAM), arguments);
-    EXPECT_TRUE(process.waitForStarted());
-    process.write(input);
-    process.closeWriteChannel();
-    EXPECT_TRUE(process.waitForFinished());
-    EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
-    return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-            process.readAllStandardError().toStdString()};
-}
-
-CompanionFixture::Finished CompanionFixture::layerman(const char* words,
-                                                      const QByteArray& input) const
+Finished CompanionFixture::layerman(const char* words, const QByteArray& input) const
 {
     return layerman(QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts), input);
 }

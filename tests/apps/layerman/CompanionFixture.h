@@ -1,26 +1,19 @@
 #pragma once
 
 #include "database/drawing/OdDbDatabase.h"
+#include "support/ProgramRun.h"
 #include "support/drawings/DrawingText.h"
 
-#include <QProcessEnvironment>
 #include <QStringList>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-#include <string>
 
 /// Runs layerman over small drawings in a folder of its own. There is no display: a program that
 /// asked for one would end at once.
 class CompanionFixture : public testing::Test
 {
 protected:
-    struct Finished
-    {
-        int exitCode = -1;
-        std::string output;
-        std::string errors;
-    };
     using Layers = QList<DrawingText::Layer>;
 
     CompanionFixture();

@@ -1,54 +1,23 @@
 #include "host/support/TestDrawing.h"
+#include "support/ProgramRun.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-namespace {
-struct Finished
-{
-    int exitCode = -1;
-    std::string output;
-    std::string errors;
-};
-
-Finished runProgram(const char* program, const QStringList& arguments, const QByteArray& input,
-                    const QProcessEnvironment& environment)
-{
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(QString::fromUtf8(program), arguments);
-    EXPECT_TRUE(process.waitForStarted());
-    process.write(input);
-    process.closeWriteChannel();
-    EXPECT_TRUE(process.waitForFinished());
-    EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
-    return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-            process.readAllStandardError().toStdString()};
-}
-} // namespace
 
 /// The programs themselves, each in a process of its own without any display. A program that
 /// started the window system would end at once, since there is no such platform.
 class Programs : public testing::Test
 {
 protected:
-    Programs()
-        : environment(QProcessEnvironment::systemEnvironment())
-    {
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none-at-all"));
-        environment.remove(QStringLiteral("DISPLAY"));
-        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    }
     Finished kest(QStringList arguments, const QByteArray& input = {})
     {
         arguments << QStringLiteral("--config") << folder.path();
-        return runProgram(KEST_PROGRAM, arguments, input, environment);
+        return runProgram(QStringLiteral(KEST_PROGRAM), arguments, input, environment);
     }
     Finished batch(const QByteArray& script, const QString& drawing = {})
     {

@@ -53,6 +53,15 @@ TEST(PointText, AnythingElseIsNone)
         EXPECT_EQ("none", read(text)) << text;
 }
 
+TEST(PointText, PointingGivesTheDigitsThatItCanTell)
+{
+    const Vec2 point{7210.723140495869, -17757.179752066113};
+    EXPECT_EQ("7210.72,-17757.18", point_text::pointedAt(point, 70).toStdString());
+    EXPECT_EQ("7211,-17757", point_text::pointedAt(point, 50000).toStdString());
+    EXPECT_EQ("0.3333333,0", point_text::pointedAt({1.0 / 3, -1e-9}, 0.0004).toStdString());
+    EXPECT_EQ(point_text::of(Vec2{0.1, 0.7}), point_text::pointedAt({0.1, 0.7}, 1e-300));
+}
+
 TEST(PointText, SpellsAllDigitsAndReadsThemBack)
 {
     const Vec2 point{1.0 / 3, -123456789.0123456};

@@ -28,6 +28,7 @@ private slots:
     void objectsNamedOnTheLineReplaceTheLayers();
     void anEscapedPickLeavesTheGroupAlone();
     void theCommandAloneDoesNothing();
+    void aPickIsAStepOfItsOwn();
 
 private:
     /// Lines on "Wall" at heights 0 and 10, on "Door" at 20; a group "G" with "Roof" is selected.
@@ -176,6 +177,28 @@ void TestGroupPick::theCommandAloneDoesNothing()
     settle();
     QVERIFY(!window->commandLine().isAsking());
     QCOMPARE(layersOfGroup(), QStringList(QStringLiteral("Roof")));
+}
+
+void TestGroupPick::aPickIsAStepOfItsOwn()
+{
+    openPlan();
+    // The choice of a filter is a step of the palette, which leaves its record open.
+    const QAbstractItemModel& filters = *tree().model();
+    tree().setCurrentIndex(filters.index(0, 0));
+    tree().setCurrentIndex(filters
+                               .match(filters.index(0, 0), Qt::DisplayRole, QStringLiteral("G"), 1,
+                                      Qt::MatchExactly | Qt::MatchRecursive)
+                               .value(0));
+    settle();
+    chooseAnd(40100, {[this] { click({50, 0}); }, [this] { typeLine(""); }});
+    QCOMPARE(layersOfGroup().size(), 2);
+    typeLine("U");
+    settle();
+    QCOMPARE(layersOfGroup(), QStringList(QStringLiteral("Roof")));
+    QCOMPARE(tree().currentIndex().data().toString(), QStringLiteral("G"));
+    typeLine("U");
+    settle();
+    QCOMPARE(tree().currentIndex().data().toString(), QStringLiteral("All"));
 }
 
 QTEST_MAIN(TestGroupPick)

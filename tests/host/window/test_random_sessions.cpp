@@ -7,6 +7,7 @@
 #include "host/window/commandline/CCommandLine.h"
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
+#include "support/RandomPrompts.h"
 
 #include <QAction>
 #include <QDir>
@@ -15,44 +16,6 @@
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
-
-namespace {
-/// Answers whatever is asked, one way or the other.
-class AnyPrompts : public Prompts
-{
-public:
-    AnyPrompts(QRandomGenerator& dice, const QStringList& files)
-        : m_dice(dice)
-        , m_files(files)
-        , m_before(install(this))
-    { }
-    ~AnyPrompts() override { install(m_before); }
-    AnyPrompts(const AnyPrompts&) = delete;
-    AnyPrompts& operator=(const AnyPrompts&) = delete;
-
-    void message(QWidget*, const QString&, Icon) override { }
-    bool confirm(QWidget*, const QString&) override { return m_dice.bounded(2) == 0; }
-    int ask(QWidget*, const TaskQuestion& question) override
-    {
-        const auto links = static_cast<quint32>(question.links.size());
-        const quint32 choice = m_dice.bounded(links + 1);
-        return choice == links ? kCancelled : question.links[choice].id;
-    }
-    QString openFile(QWidget*, const FileQuestion&) override { return file(); }
-    QString saveFile(QWidget*, const FileQuestion&) override { return file(); }
-
-private:
-    QString file()
-    {
-        const quint32 choice = m_dice.bounded(quint32(m_files.size() + 1));
-        return m_files.value(choice);
-    }
-
-    QRandomGenerator& m_dice;
-    QStringList m_files;
-    Prompts* m_before;
-};
-} // namespace
 
 /// Hundreds of things done at random, most of them while a command asks something else.
 class TestRandomSessions : public WindowFixture
@@ -244,7 +207,7 @@ void TestRandomSessions::leaveNothingRunningAndEveryDrawingSound()
         files << open(drawing, QLatin1String(name)).fileName();
     }
     {
-        const AnyPrompts anything(m_dice, files);
+        const RandomPrompts anything([this](unsigned sides) { return roll(sides); }, files);
         m_left = 200;
         QTimer::singleShot(0, this, &TestRandomSessions::go);
         QVERIFY(QTest::qWaitFor([this] { return m_left <= 0 && !isBusy(); }, 60'000));

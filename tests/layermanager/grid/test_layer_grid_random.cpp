@@ -1,6 +1,7 @@
 #include "GridFixture.h"
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/layers/operations/LayerCommandTable.h"
+#include "support/RandomPrompts.h"
 
 #include <array>
 #include <random>
@@ -8,33 +9,6 @@
 using layer_drawing::write;
 
 namespace {
-
-/// Closes every message and answers every question by lot.
-class AnyAnswer : public Prompts
-{
-public:
-    explicit AnyAnswer(std::mt19937& random)
-        : m_random(random)
-        , m_before(Prompts::install(this))
-    { }
-    ~AnyAnswer() override { Prompts::install(m_before); }
-    AnyAnswer(const AnyAnswer&) = delete;
-    AnyAnswer& operator=(const AnyAnswer&) = delete;
-
-    void message(QWidget*, const QString&, Icon) override { ++messages; }
-    bool confirm(QWidget*, const QString&) override { return m_random() % 2 == 0; }
-    int ask(QWidget*, const TaskQuestion& question) override
-    {
-        const auto link = m_random() % (static_cast<std::size_t>(question.links.size()) + 1);
-        return link == 0 ? kCancelled : question.links[static_cast<qsizetype>(link) - 1].id;
-    }
-
-    int messages = 0;
-
-private:
-    std::mt19937& m_random;
-    Prompts* m_before;
-};
 
 constexpr std::array kKeys = {Qt::Key_F2,    Qt::Key_Delete, Qt::Key_Return, Qt::Key_Escape,
                               Qt::Key_Space, Qt::Key_Down,   Qt::Key_Up,     Qt::Key_Right,
@@ -163,7 +137,8 @@ void TestLayerGridRandom::standsAnythingThatIsClickedAndTyped()
 {
     QFETCH(uint, seed);
     m_random.seed(seed);
-    AnyAnswer answers(m_random);
+    RandomPrompts answers(
+        [this](unsigned sides) { return static_cast<unsigned>(m_random() % sides); });
     grid().resize(1500, 220);
     enterViewport();
     db().endUndoRecord();
@@ -174,7 +149,7 @@ void TestLayerGridRandom::standsAnythingThatIsClickedAndTyped()
         if (QTest::currentTestFailed())
             return;
     }
-    QVERIFY(answers.messages > 0);
+    QVERIFY(answers.messages() > 0);
     QVERIFY(host().historyNames.size() > 50);
     while (db().hasUndo())
         QVERIFY(db().undo());

@@ -24,6 +24,11 @@ class StateDialogFixture : public GuardedTest
 {
     Q_OBJECT
 protected:
+    /// Masks of the check boxes: all, and those that can be used in model space and in a layout.
+    static constexpr int kAllBoxes = 0x3FF;
+    static constexpr int kInModel = kAllBoxes & ~0x200;
+    static constexpr int kInLayout = kAllBoxes & ~0x003;
+
     void prepare() override;
     void finish() override;
 

@@ -342,20 +342,16 @@ void TestEditLayerState::okWritesTheStateAndTellsWhetherItIsTheDrawing()
 {
     addState("A");
     openManager();
-    inNext<Dlg>([](Dlg& dialog) {
+    const auto lockAndClose = [](Dlg& dialog) {
         CEdLayStateListCtrl& layers = dialog.list();
         const QModelIndex cell = layers.model()->index(0, int(Locked));
         QTest::mouseClick(layers.viewport(), Qt::LeftButton, {}, layers.visualRect(cell).center());
         press(dialog, Dlg::kOk);
-    });
+    };
+    inNext<Dlg>(lockAndClose);
     press(StateControl::kEdit);
     QCOMPARE(row(0), QStringLiteral("A|Model|No|"));
-    inNext<Dlg>([](Dlg& dialog) {
-        CEdLayStateListCtrl& layers = dialog.list();
-        const QModelIndex cell = layers.model()->index(0, int(Locked));
-        QTest::mouseClick(layers.viewport(), Qt::LeftButton, {}, layers.visualRect(cell).center());
-        press(dialog, Dlg::kOk);
-    });
+    inNext<Dlg>(lockAndClose);
     press(StateControl::kEdit);
     QCOMPARE(row(0), QStringLiteral("A|Model|Yes|"));
     QCOMPARE(host().historyNames.size(), 2);

@@ -150,6 +150,10 @@ void TestLayerStateExchange::theRestoreCanBeDeclined()
     QVERIFY(!read(db(), "Walls")->isOff());
     QCOMPARE(row(0), QStringLiteral("Plan|Model|No|"));
     QCOMPARE(chosen(), QList<int>{0});
+    // The button does later what the question offered.
+    QCOMPARE(shownMask(), storedMask("Plan") & 0x3FF);
+    press(kRestore);
+    QVERIFY(read(db(), "Walls")->isOff());
 }
 
 void TestLayerStateExchange::anImportOfAnExistingStateAsksAndReplaces()

@@ -13,14 +13,6 @@ using namespace StateControl;
 using layer_drawing::read;
 using layer_drawing::write;
 
-namespace {
-
-constexpr int kAllBoxes = 0x3FF;
-constexpr int kInModel = kAllBoxes & ~0x200;
-constexpr int kInLayout = kAllBoxes & ~0x003;
-
-} // namespace
-
 class TestLayerStateManager : public StateDialogFixture
 {
     Q_OBJECT

@@ -19,6 +19,8 @@ private slots:
     void comesForANewLayerThatIsNotListed_data();
     void comesForANewLayerThatIsNotListed();
     void staysAwayWhereTheMembershipIsTheSame();
+    void staysAwayWhereTheUserListsOtherLayersMeanwhile_data();
+    void staysAwayWhereTheUserListsOtherLayersMeanwhile();
     void staysAwayWhereTheUserWantsNone();
     void isSwitchedOffInItself();
     void neverComesWithinANotification();
@@ -124,6 +126,49 @@ void TestPaletteNotice::staysAwayWhereTheMembershipIsTheSame()
     QVERIFY(violated.isEmpty());
     // Erased and brought back, a layer did not change.
     QCOMPARE(grid().findRow(id("C")) >= 0, true);
+}
+
+void TestPaletteNotice::staysAwayWhereTheUserListsOtherLayersMeanwhile_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::newRow("another filter") << 0;
+    QTest::newRow("a search") << 1;
+    QTest::newRow("the inverted filter") << 2;
+    QTest::newRow("another filter by undo") << 3;
+}
+
+void TestPaletteNotice::staysAwayWhereTheUserListsOtherLayersMeanwhile()
+{
+    QFETCH(int, way);
+    show({"A", "B", "C"});
+    addProperty("Bs", "NAME==\"b*\" ");
+    if (way == 3) {
+        click("Bs");
+        quiesce();
+        drawing().endUndoRecord();
+    }
+    click("All");
+    quiesce();
+    drawing().endUndoRecord();
+    QSignalSpy violated(&grid(), &CLayerListCtrl::filterViolated);
+    write("A")->setIsLocked(true);
+    drawing().endUndoRecord();
+    QVERIFY(timer(CLayerListCtrl::kRefreshTimer)->isActive());
+    if (way == 0) {
+        click("Bs");
+    } else if (way == 1) {
+        search("b");
+    } else if (way == 2) {
+        view()->setInverted(true);
+    } else {
+        drawing().undo();
+        drawing().undo();
+        settle();
+        QCOMPARE(tree().selectedName(), QStringLiteral("Bs"));
+    }
+    quiesce();
+    QVERIFY(!rows().contains(QLatin1Char('A')));
+    QCOMPARE(violated.size(), 0);
 }
 
 void TestPaletteNotice::staysAwayWhereTheUserWantsNone()

@@ -7,6 +7,7 @@
 #include "layermanager/palette/CLayerPaneView.h"
 #include "layermanager/palette/pane/CLayerSearchBox.h"
 #include "sdk/KestStatus.h"
+#include "support/RandomPrompts.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -21,31 +22,6 @@ constexpr int kOperations = 10000;
 constexpr int kBatch = 25;
 constexpr int kDrawings = 3;
 constexpr unsigned kAudits = 8; // one batch in so many is audited
-
-/// Closes every message and answers every question by lot.
-class AnyAnswer : public Prompts
-{
-public:
-    explicit AnyAnswer(std::mt19937& random)
-        : m_random(random)
-        , m_before(Prompts::install(this))
-    { }
-    ~AnyAnswer() override { Prompts::install(m_before); }
-    AnyAnswer(const AnyAnswer&) = delete;
-    AnyAnswer& operator=(const AnyAnswer&) = delete;
-
-    void message(QWidget*, const QString&, Icon) override { }
-    bool confirm(QWidget*, const QString&) override { return m_random() % 2 == 0; }
-    int ask(QWidget*, const TaskQuestion& question) override
-    {
-        const auto link = m_random() % (static_cast<std::size_t>(question.links.size()) + 1);
-        return link == 0 ? kCancelled : question.links[static_cast<qsizetype>(link) - 1].id;
-    }
-
-private:
-    std::mt19937& m_random;
-    Prompts* m_before;
-};
 
 constexpr std::array kGridCommands = {kSetCurrentLayer, kNewLayer,        kRenameLayer,
                                       kDeleteLayers,    kReconcileLayers, kIsolateLayers,
@@ -302,7 +278,7 @@ void TestPaletteSoak::showsWhatTheDrawingHoldsWhateverHappens()
     QFETCH(int, evaluation);
     m_random.seed(seed);
     m_done = 0;
-    AnyAnswer answers(m_random);
+    const RandomPrompts answers([this](unsigned sides) { return roll(sides); });
     host().ints[QStringLiteral("LAYEREVAL")] = evaluation;
     host().ints[QStringLiteral("LAYEREVALCTL")] = evaluation;
     run("_LAYER");

@@ -5,10 +5,14 @@
 #include <QLocale>
 #include <QStringList>
 
+#include <algorithm>
+#include <cmath>
 #include <numbers>
 
 namespace point_text {
 namespace {
+
+constexpr int kMostPlaces = 12; // behind the point
 
 QString number(double value)
 {
@@ -85,6 +89,14 @@ QString of(Vec3 point)
 QString of(Vec2 point)
 {
     return number(point.x) + QLatin1Char(',') + number(point.y);
+}
+
+QString pointedAt(Vec2 point, double reach)
+{
+    // A thousandth of that is no more to be seen.
+    const int places = 3 - static_cast<int>(std::floor(std::log10(reach)));
+    const double scale = std::pow(10.0, std::clamp(places, 0, kMostPlaces));
+    return of(Vec2{std::round(point.x * scale) / scale, std::round(point.y * scale) / scale});
 }
 
 } // namespace point_text

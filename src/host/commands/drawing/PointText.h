@@ -20,5 +20,7 @@ std::optional<double> parseNumber(const QString& text);
 /// The point with all its digits; z only where it is not 0.
 QString of(Vec3 point);
 QString of(Vec2 point);
+/// The point with the digits that pointing can tell, where it is exact to `reach`, a length.
+QString pointedAt(Vec2 point, double reach);
 
 } // namespace point_text

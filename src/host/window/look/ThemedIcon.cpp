@@ -11,6 +11,9 @@
 #include <QSvgRenderer>
 
 namespace {
+constexpr int kMiddle = 128; // of lightness
+constexpr int kStronger = 250; // per cent
+
 class ThemedIconEngine : public QIconEngine
 {
 public:
@@ -61,9 +64,15 @@ private:
 
     static QColor accent(QIcon::Mode mode)
     {
-        return mode == QIcon::Disabled
-            ? ink(mode)
-            : QGuiApplication::palette().color(QPalette::Active, QPalette::Highlight);
+        if (mode == QIcon::Disabled)
+            return ink(mode);
+        const QColor highlight =
+            QGuiApplication::palette().color(QPalette::Active, QPalette::Highlight);
+        if (mode == QIcon::Normal)
+            return highlight;
+        // The ground of a menu's entry under the pointer is the highlight itself.
+        return ink(mode).lightness() < kMiddle ? highlight.darker(kStronger)
+                                               : highlight.lighter(kStronger);
     }
 
     QByteArray colored(QIcon::Mode mode) const

@@ -25,6 +25,7 @@ public:
     /// The format's own number of the code page of its texts, those before version 2007.
     int codePage() const { return m_codePage; }
     const FileImage& image() const { return *m_image; }
+    const std::shared_ptr<const FileImage>& sharedImage() const { return m_image; }
     /// Empty where the file has none. Offsets of the object map count from the start of Objects.
     virtual QByteArrayView section(DwgSection section) const = 0;
     /// Why the file must not be written over, in sentences; none for a sound one.

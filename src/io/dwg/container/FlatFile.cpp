@@ -6,8 +6,6 @@
 namespace {
 
 constexpr quint64 kCountAt = 0x15;
-constexpr quint64 kLocatorsAt = 0x19;
-constexpr quint64 kLocatorSize = 9;
 constexpr quint32 kMostLocators = 32; ///< known files have up to 6
 
 QString tr(const char* text)
@@ -37,8 +35,13 @@ QByteArrayView FlatFile::section(DwgSection section) const
 {
     if (section == DwgSection::Objects)
         return image().view();
+    return locatedBytes(static_cast<int>(section));
+}
+
+QByteArrayView FlatFile::locatedBytes(int number) const
+{
     for (const Locator& locator : m_locators) {
-        if (locator.number == static_cast<int>(section))
+        if (locator.number == number)
             return image().view(locator.offset, quint64(locator.offset) + locator.size);
     }
     return {};

@@ -20,6 +20,11 @@ public:
         quint32 size;
     };
     const std::vector<Locator>& locators() const { return m_locators; }
+    static constexpr int kAuxHeader = 5; ///< number of the auxiliary header
+    static constexpr quint64 kLocatorsAt = 0x19;
+    static constexpr quint64 kLocatorSize = 9;
+    /// The section with that number, or nothing.
+    QByteArrayView locatedBytes(int number) const;
 
 private:
     std::vector<Locator> m_locators;

@@ -165,7 +165,8 @@ QByteArray PagedFile::unpack(const Section& section)
         fail(
             0,
             tr("the section %1 says it has %2 bytes; that cannot be.").arg(name).arg(section.size));
-    QByteArray whole(static_cast<qsizetype>(section.size) + BitReader::kPadding, '\0');
+    QByteArray whole(static_cast<qsizetype>(section.size) + kPadding, '\0');
+    static_assert(kPadding >= BitReader::kPadding);
     for (const SectionPage& part : section.pages) {
         if (part.start >= section.size)
             fail(0, tr("a page of the section %1 stands behind its end.").arg(name));
@@ -204,7 +205,7 @@ void PagedFile::unpackPage(const Section& section, const SectionPage& part, char
 QByteArrayView PagedFile::section(DwgSection section) const
 {
     const QByteArray& whole = m_unpacked[static_cast<std::size_t>(section)];
-    return QByteArrayView(whole).chopped(std::min(BitReader::kPadding, whole.size()));
+    return QByteArrayView(whole).chopped(std::min(kPadding, whole.size()));
 }
 
 QByteArrayView PagedFile::packedPage(const SectionPage& part) const

@@ -16,6 +16,8 @@ public:
 
     QByteArrayView section(DwgSection section) const override;
 
+    static constexpr qsizetype kPadding = 16;
+
     struct Page
     {
         int number;
@@ -45,6 +47,8 @@ public:
     /// The bytes of a section, with padding for a BitReader behind them. Raises
     /// OdError_InvalidDrawing; wrong sums are faults.
     QByteArray unpack(const Section& section);
+    /// The same without the padding.
+    QByteArray unpacked(const Section& section) { return unpack(section).chopped(kPadding); }
     const Page* page(int number) const;
     /// The first bytes of the section map, with the number of sections.
     const QByteArray& sectionMapHead() const { return m_sectionMapHead; }

@@ -166,7 +166,7 @@ void DwgIndex::readTables()
             continue;
         reader.readHead(head);
         const int extras = type == DwgType::BlockControl || type == DwgType::LtypeControl ? 2 : 0;
-        std::vector<quint64> handles = TableRecords::listed(reader, extras);
+        std::vector<quint64> handles = TableRecords::listed(reader, extras).handles;
         // Model and paper space, by layer and by block stand behind the others; DXF has them ahead.
         if (handles.size() >= static_cast<std::size_t>(extras))
             std::rotate(handles.begin(), handles.end() - extras, handles.end());

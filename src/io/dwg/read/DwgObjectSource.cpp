@@ -18,17 +18,6 @@
 #include "io/dxf/read/LayerGroups.h"
 #include "io/records/LayerExtras.h"
 
-#include <QCoreApplication>
-
-namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("DwgObjectSource", text);
-}
-
-} // namespace
-
 DwgObjectSource::DwgObjectSource(std::unique_ptr<DwgFile> file, OdDbDatabase& database)
     : RecordSource(database)
     , m_file(std::move(file))
@@ -76,20 +65,6 @@ OdCmColor DwgObjectSource::bookColor(quint64 handle) const
 std::unique_ptr<GroupCursor> DwgObjectSource::makeCursor() const
 {
     return std::make_unique<DwgCursor>(*this);
-}
-
-DrawingPieces DwgObjectSource::write(const OdDbDatabase& drawing) const
-{
-    if (!m_faults.isEmpty())
-        throw OdError_FileAccess(
-            OdResult::CantWriteFile,
-            tr("The drawing is open for reading only. %1").arg(m_faults.join(QLatin1Char(' '))));
-    if (!drawing.store().touched().empty())
-        throw OdError_FileAccess(OdResult::CantWriteFile,
-                                 tr("Edited DWG drawings cannot be saved yet."));
-    DrawingPieces pieces;
-    pieces.parts.push_back(image().view());
-    return pieces;
 }
 
 void DwgObjectSource::read(OdDbObject& object) const

@@ -37,12 +37,15 @@ public:
     quint64 footprint() const override;
     const FileImage& image() const override { return m_file->image(); }
 
+    const std::shared_ptr<const FileImage>& sharedImage() const { return m_file->sharedImage(); }
     const DwgFile& file() const { return *m_file; }
     const DwgFormat& format() const { return m_format; }
     const DwgClasses& classes() const { return m_classes; }
 
     /// A reader for the records of this file.
     DwgRecord reader() const;
+    /// Where the record of a slot of the file stands in the section of objects.
+    quint64 offsetOf(quint32 slot) const { return m_offsets[slot]; }
     /// Goes to the record of a slot, before its head; false where the file has none.
     bool open(DwgRecord& record, quint32 slot) const;
     /// The object of a handle, or a null id.

@@ -20,5 +20,5 @@ DwgFormat DwgFormat::of(DwgVersion version, int codePage)
 {
     const bool known = codePage > 0 && codePage < static_cast<int>(kCodePages.size());
     const char* name = known ? kCodePages[static_cast<std::size_t>(codePage)] : "";
-    return {version, DxfText::ofBytes(name)};
+    return {version, DxfText::ofBytes(name), codePage};
 }

@@ -62,13 +62,14 @@ void DwgRecord::readStart(DwgHead& head)
         divide(data.rawLong());
     head.handle = data.handle().value;
     setHandle(head.handle);
-    head.xDataBegin = data.position();
+    head.xData.begin = data.position();
     for (quint32 size = static_cast<quint16>(data.bitShort()); size != 0 && !data.hasFailed();
          size = static_cast<quint16>(data.bitShort()))
     {
         data.handle();
         data.skip(quint64(size) * 8);
     }
+    head.xData.end = data.position();
 }
 
 void DwgRecord::readReferences(DwgHead& head)
@@ -77,8 +78,12 @@ void DwgRecord::readReferences(DwgHead& head)
     head.reactors.clear();
     for (quint32 i = 0; i < reactors; ++i)
         head.reactors.push_back(reference());
+    head.noExtension.begin = data.position();
     const bool noExtension = since(DwgVersion::V2004) && data.bit();
+    head.noExtension.end = data.position();
+    head.extensionAt.begin = handles.position();
     head.extension = noExtension ? 0 : reference();
+    head.extensionAt.end = handles.position();
 }
 
 void DwgRecord::readHead(DwgHead& head)
@@ -113,7 +118,7 @@ void DwgRecord::readProperties(DwgHead& head, DwgEntityHead& entity)
     if (since(DwgVersion::V2013))
         data.bit();
     if (!since(DwgVersion::V2000)) {
-        entity.layer = reference();
+        readLayer(entity);
         entity.linetypeKind = data.bit() ? 0 : 3;
         entity.linetype = entity.linetypeKind == 3 ? reference() : 0;
     }
@@ -125,7 +130,7 @@ void DwgRecord::readProperties(DwgHead& head, DwgEntityHead& entity)
         entity.lineWeight = -1;
         return;
     }
-    entity.layer = reference();
+    readLayer(entity);
     entity.linetypeKind = static_cast<quint8>(data.bits(2));
     entity.linetype = entity.linetypeKind == 3 ? reference() : 0;
     if (since(DwgVersion::V2007)) {
@@ -145,17 +150,25 @@ void DwgRecord::readProperties(DwgHead& head, DwgEntityHead& entity)
     entity.lineWeight = dwgLineWeight(data.rawChar());
 }
 
+void DwgRecord::readLayer(DwgEntityHead& entity)
+{
+    entity.layerAt.begin = handles.position();
+    entity.layer = reference();
+    entity.layerAt.end = handles.position();
+}
+
 void DwgRecord::readLinks(const DwgHead& head, DwgEntityHead& entity)
 {
-    entity.next = 0;
+    entity.previous = entity.next = 0;
     if (since(DwgVersion::V2004))
         return;
-    if (data.bit()) {
-        entity.next = head.handle + 1;
-    } else {
-        reference(); // the one before
-        entity.next = reference();
-    }
+    entity.closeNeighbours.begin = data.position();
+    const bool close = data.bit();
+    entity.closeNeighbours.end = data.position();
+    entity.linksAt.begin = handles.position();
+    entity.previous = close ? head.handle - 1 : reference();
+    entity.next = close ? head.handle + 1 : reference();
+    entity.linksAt.end = handles.position();
 }
 
 void DwgRecord::readEntityColor(DwgEntityHead& entity)

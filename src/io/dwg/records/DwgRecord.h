@@ -4,14 +4,23 @@
 
 #include <vector>
 
+/// Bits of a record's body, for an edit of it.
+struct BitSpan
+{
+    quint64 begin = 0;
+    quint64 end = 0;
+};
+
 /// What all records begin with.
 struct DwgHead
 {
     quint64 handle = 0;
-    quint64 xDataBegin = 0; ///< bit of the data stream
+    BitSpan xData; ///< extended data with the zero length behind them
     quint64 owner = 0; ///< 0: an entity of the space in `space`
     std::vector<quint64> reactors;
     quint64 extension = 0; ///< dictionary of records that hang on the object, 0: none
+    BitSpan noExtension; ///< the bit that tells there is none, since version 2004
+    BitSpan extensionAt; ///< the reference to it; empty where there is none
 };
 
 /// What all entities begin with.
@@ -21,9 +30,14 @@ struct DwgEntityHead
 
     Space space = Space::Owner;
     quint64 layer = 0;
+    BitSpan layerAt;
     quint64 linetype = 0; ///< where `linetypeKind` says so
     quint8 linetypeKind = 0; ///< 0 by layer, 1 by block, 2 continuous, 3 named
-    quint64 next = 0; ///< up to version 2000: the next one of the same block, 0: none
+    // Up to version 2000: its neighbours in the same block, 0: none.
+    quint64 previous = 0;
+    quint64 next = 0;
+    BitSpan closeNeighbours; ///< the bit that tells they have the handles beside its own
+    BitSpan linksAt; ///< the references to them
     OdCmColor color; ///< by layer where nothing else is said
     quint64 bookColor = 0; ///< record of the colour
     quint32 transparency = 0; ///< as group 440, 0 where there is none
@@ -58,6 +72,7 @@ public:
 private:
     void readStart(DwgHead& head);
     void readReferences(DwgHead& head);
+    void readLayer(DwgEntityHead& entity);
     void readEntityColor(DwgEntityHead& entity);
     void readLinks(const DwgHead& head, DwgEntityHead& entity);
 

@@ -90,7 +90,7 @@ quint32 DwgStreams::count(quint64 bits)
 
 QString DwgStreams::decode(QByteArrayView bytes) const
 {
-    return upToZero(m_format.text.decode(bytes));
+    return upToZero(m_format->text.decode(bytes));
 }
 
 QString DwgStreams::text()

@@ -12,7 +12,7 @@ class DwgStreams
 {
 public:
     explicit DwgStreams(const DwgFormat& format)
-        : m_format(format)
+        : m_format(&format)
     { }
 
     /// Where the streams stand, as bits of the body.
@@ -33,8 +33,8 @@ public:
     }
 
     bool hasFailed() const { return data.hasFailed() || handles.hasFailed() || m_text.hasFailed(); }
-    DwgVersion version() const { return m_format.version; }
-    bool since(DwgVersion version) const { return m_format.version >= version; }
+    DwgVersion version() const { return m_format->version; }
+    bool since(DwgVersion version) const { return m_format->version >= version; }
 
     QString text(); ///< TV
     OdCmColor color(); ///< CMC
@@ -60,7 +60,7 @@ protected:
 private:
     QString decode(QByteArrayView bytes) const;
 
-    const DwgFormat& m_format;
+    const DwgFormat* m_format;
     QByteArrayView m_body;
     quint64 m_handle = 0;
     BitReader m_text;

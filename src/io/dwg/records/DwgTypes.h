@@ -61,6 +61,7 @@ enum : quint16 {
     UcsControl = 62,
     VportControl = 64,
     AppIdControl = 66,
+    AppId = 67,
     DimStyleControl = 68,
     LwPolyline = 77,
     Hatch = 78,

@@ -1,6 +1,6 @@
 #include "io/dwg/records/FreeRecords.h"
 
-#include "io/dxf/text/GroupCode.h"
+#include "io/dwg/records/GroupForm.h"
 
 #include <iterator>
 
@@ -28,77 +28,35 @@ quint64 bigHandle(BitReader& data)
     return qbswap(data.rawLongLong());
 }
 
-/// How an XRECORD has a group; where it does as DXF's kinds say, DXF's kind.
-enum class Form : quint8 { Text, Point, Real, Int8, Int16, Int32, Int64, Handle, Chunk, Unknown };
-
-Form formOf(int code)
-{
-    struct Range
-    {
-        int first;
-        int last;
-        Form form;
-    };
-    constexpr Range kOwn[] = {
-        {5, 5, Form::Text},         {10, 39, Form::Point},     {105, 105, Form::Text},
-        {110, 139, Form::Point},    {210, 239, Form::Point},   {280, 299, Form::Int8},
-        {1005, 1005, Form::Handle}, {1010, 1039, Form::Point},
-    };
-    for (const Range& range : kOwn) {
-        if (code >= range.first && code <= range.last)
-            return range.form;
-    }
-    if (!hasBinaryForm(code))
-        return Form::Unknown;
-    switch (groupKind(code)) {
-    case GroupKind::Text:
-        return Form::Text;
-    case GroupKind::Handle:
-        return Form::Handle;
-    case GroupKind::Real:
-        return Form::Real;
-    case GroupKind::Int16:
-        return Form::Int16;
-    case GroupKind::Int32:
-        return Form::Int32;
-    case GroupKind::Int64:
-        return Form::Int64;
-    case GroupKind::Bool:
-        return Form::Int8;
-    default:
-        return Form::Chunk;
-    }
-}
-
 bool appendGroup(GroupList& groups, int code, DwgRecord& record)
 {
     BitReader& data = record.data;
-    switch (formOf(code)) {
-    case Form::Text:
+    switch (groupForm(code)) {
+    case GroupForm::Text:
         groups.append(code, record.plainText().toUtf8());
         return true;
-    case Form::Point:
+    case GroupForm::Point:
         appendPoint(groups, code, data);
         return true;
-    case Form::Real:
+    case GroupForm::Real:
         groups.append(code, decimal(data.rawDouble()));
         return true;
-    case Form::Int8:
+    case GroupForm::Int8:
         groups.append(code, qint64(data.rawChar()));
         return true;
-    case Form::Int16:
+    case GroupForm::Int16:
         groups.append(code, qint64(static_cast<qint16>(data.rawShort())));
         return true;
-    case Form::Int32:
+    case GroupForm::Int32:
         groups.append(code, qint64(static_cast<qint32>(data.rawLong())));
         return true;
-    case Form::Int64:
+    case GroupForm::Int64:
         groups.append(code, static_cast<qint64>(data.rawLongLong()));
         return true;
-    case Form::Handle:
+    case GroupForm::Handle:
         groups.append(code, hexadecimal(data.rawLongLong()));
         return true;
-    case Form::Chunk:
+    case GroupForm::Chunk:
         groups.append(code, data.bytes(data.rawChar()).toHex().toUpper());
         return true;
     default:
@@ -151,21 +109,36 @@ bool appendItem(GroupList& groups, DwgRecord& record, const FreeRecords::NameOf&
 
 } // namespace
 
+std::vector<FreeRecords::XDataBlock>
+FreeRecords::xDataBlocks(DwgRecord& record, const DwgHead& head, const NameOf& nameOf)
+{
+    std::vector<XDataBlock> blocks;
+    BitReader& data = record.data;
+    data.seek(head.xData.begin);
+    for (;;) {
+        XDataBlock block;
+        block.at.begin = data.position();
+        const quint32 size = static_cast<quint16>(data.bitShort());
+        if (size == 0 || data.hasFailed())
+            return blocks;
+        block.application = data.handle().value;
+        block.at.end = data.position() + quint64(size) * 8;
+        while (data.position() < block.at.end && !data.hasFailed()) {
+            if (!appendItem(block.groups, record, nameOf))
+                break;
+        }
+        data.seek(block.at.end);
+        blocks.push_back(std::move(block));
+    }
+}
+
 GroupList FreeRecords::xData(DwgRecord& record, const DwgHead& head, const NameOf& nameOf)
 {
     GroupList groups;
-    BitReader& data = record.data;
-    data.seek(head.xDataBegin);
-    for (quint32 size = static_cast<quint16>(data.bitShort()); size != 0 && !data.hasFailed();
-         size = static_cast<quint16>(data.bitShort()))
-    {
-        groups.append(1001, nameOf(data.handle().value).toUtf8());
-        const quint64 end = data.position() + quint64(size) * 8;
-        while (data.position() < end && !data.hasFailed()) {
-            if (!appendItem(groups, record, nameOf))
-                break;
-        }
-        data.seek(end);
+    for (const XDataBlock& block : xDataBlocks(record, head, nameOf)) {
+        groups.append(1001, nameOf(block.application).toUtf8());
+        for (const GroupList::Group& group : block.groups)
+            groups.append(group);
     }
     return groups;
 }
@@ -174,25 +147,34 @@ FreeRecords::Dictionary FreeRecords::dictionary(DwgRecord& record)
 {
     Dictionary dictionary;
     BitReader& data = record.data;
+    dictionary.count.begin = data.position();
     const quint32 count = record.count(8);
+    dictionary.count.end = data.position();
     if (record.version() == DwgVersion::R14)
         data.rawChar();
     if (record.since(DwgVersion::V2000)) {
         data.bitShort(); // cloning
         dictionary.hard = data.rawChar() != 0;
     }
+    dictionary.textsBegin = record.textPosition();
+    dictionary.references.begin = record.handles.position();
     for (quint32 i = 0; i < count && !record.hasFailed(); ++i) {
         QString key = record.text();
         dictionary.entries.emplace_back(std::move(key), record.reference());
     }
+    dictionary.textsEnd = record.textPosition();
+    dictionary.references.end = record.handles.position();
     return dictionary;
 }
 
-GroupList FreeRecords::xrecord(DwgRecord& record)
+GroupList FreeRecords::xrecord(DwgRecord& record, BitSpan* at)
 {
     GroupList groups;
     BitReader& data = record.data;
+    const quint64 begin = data.position();
     const quint64 end = quint64(record.count(8)) * 8 + data.position();
+    if (at)
+        *at = {begin, end};
     while (data.position() + 16 <= end && !data.hasFailed()) {
         const int code = static_cast<qint16>(data.rawShort());
         if (!appendGroup(groups, code, record))

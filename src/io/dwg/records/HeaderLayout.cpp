@@ -318,9 +318,21 @@ constexpr HeaderField kLayout[] = {
     {Handle, "*CONTINUOUS"},
 };
 
+constexpr HeaderFlag kFlags[] = {
+    {"$ENDCAPS", 280, 0x60, 5, false},       {"$JOINSTYLE", 280, 0x180, 7, false},
+    {"$LWDISPLAY", 290, 0x200, 9, true},     {"$XEDIT", 290, 0x400, 10, true},
+    {"$EXTNAMES", 290, 0x800, 11, false},    {"$PSTYLEMODE", 290, 0x2000, 13, false},
+    {"$OLESTARTUP", 290, 0x4000, 14, false},
+};
+
 } // namespace
 
 std::span<const HeaderField> headerLayout()
 {
     return kLayout;
+}
+
+std::span<const HeaderFlag> headerFlags()
+{
+    return kFlags;
 }

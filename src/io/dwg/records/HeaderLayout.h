@@ -35,3 +35,14 @@ struct HeaderField
 
 /// All values in the order of the section.
 std::span<const HeaderField> headerLayout();
+
+/// A setting that shares the number of Kind::Flags: what is left after the mask, shifted down.
+struct HeaderFlag
+{
+    const char* name;
+    int code;
+    quint32 mask;
+    int shift;
+    bool inverse;
+};
+std::span<const HeaderFlag> headerFlags();

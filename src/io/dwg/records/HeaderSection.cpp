@@ -6,22 +6,7 @@
 
 namespace {
 
-/// The settings that share one number: what is left after the mask, shifted down.
-struct Flag
-{
-    const char* name;
-    int code;
-    quint32 mask;
-    int shift;
-    bool inverse;
-};
 constexpr quint32 kLineWeight = 0x1F;
-constexpr Flag kFlags[] = {
-    {"$ENDCAPS", 280, 0x60, 5, false},       {"$JOINSTYLE", 280, 0x180, 7, false},
-    {"$LWDISPLAY", 290, 0x200, 9, true},     {"$XEDIT", 290, 0x400, 10, true},
-    {"$EXTNAMES", 290, 0x800, 11, false},    {"$PSTYLEMODE", 290, 0x2000, 13, false},
-    {"$OLESTARTUP", 290, 0x4000, 14, false},
-};
 
 QString number(double value)
 {
@@ -77,7 +62,7 @@ struct HeaderSection::Reader
         const auto flags = static_cast<quint32>(section.data.bitLong());
         header.add("$CELWEIGHT", 370,
                    QString::number(dwgLineWeight(static_cast<int>(flags & kLineWeight))));
-        for (const Flag& flag : kFlags) {
+        for (const HeaderFlag& flag : headerFlags()) {
             const quint32 value = (flags & flag.mask) >> flag.shift;
             header.add(flag.name, flag.code, QString::number(flag.inverse ? 1 - value : value));
         }
@@ -153,8 +138,25 @@ HeaderSection::HeaderSection(const DwgFile& file, const DwgFormat& format)
     SectionStreams section(file, DwgSection::Header, format);
     Reader reader{*this, section};
     for (const HeaderField& field : headerLayout()) {
-        if (field.since <= format.version && format.version <= field.until)
-            reader.read(field);
+        if (field.since > format.version || format.version > field.until)
+            continue;
+        Place place{field.kind,
+                    {section.data.position(), 0},
+                    {section.textPosition(), 0},
+                    {section.handles.position(), 0}};
+        reader.read(field);
+        place.data.end = section.data.position();
+        place.text.end = section.textPosition();
+        place.handles.end = section.handles.position();
+        const bool isFlags = field.kind == HeaderField::Flags;
+        m_places.insert(isFlags ? QStringLiteral("*FLAGS") : QString::fromLatin1(field.name),
+                        place);
     }
     m_sound = section.isSound() && !section.hasFailed();
+}
+
+const HeaderSection::Place* HeaderSection::place(const QString& name) const
+{
+    const auto found = m_places.constFind(name);
+    return found == m_places.cend() ? nullptr : &*found;
 }

@@ -79,12 +79,16 @@ SheetRecords::Viewport SheetRecords::viewport(DwgRecord& record)
     viewOf(record, viewport);
     if (record.since(DwgVersion::V2007))
         data.bitShort(); // grid lines between main ones
+    viewport.frozenCountAt.begin = data.position();
     const quint32 frozen = record.count(8);
+    viewport.frozenCountAt.end = data.position();
     viewport.flags = static_cast<quint32>(data.bitLong());
     viewport.styleSheet = record.text();
     viewport.renderMode = data.rawChar();
+    viewport.frozenAt.begin = record.handles.position();
     for (quint32 i = 0; i < frozen && !record.hasFailed(); ++i)
         viewport.frozenLayers.push_back(record.reference());
+    viewport.frozenAt.end = record.handles.position();
     viewport.clipEntity = record.reference();
     return viewport;
 }

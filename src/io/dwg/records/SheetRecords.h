@@ -32,6 +32,8 @@ struct Viewport
     QString styleSheet;
     int renderMode = 0;
     std::vector<quint64> frozenLayers;
+    BitSpan frozenCountAt;
+    BitSpan frozenAt;
     quint64 clipEntity = 0;
 };
 Viewport viewport(DwgRecord& record);

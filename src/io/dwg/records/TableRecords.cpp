@@ -1,5 +1,7 @@
 #include "io/dwg/records/TableRecords.h"
 
+#include <algorithm>
+
 namespace {
 
 enum LayerFlag : int {
@@ -15,19 +17,29 @@ constexpr int kDependentIndex = 0x100;
 
 } // namespace
 
-std::vector<quint64> TableRecords::listed(DwgRecord& table, int extras)
+TableRecords::Listed TableRecords::listed(DwgRecord& table, int extras)
 {
-    std::vector<quint64> handles;
-    const quint64 count = quint64(table.count(8)) + static_cast<quint64>(extras);
-    for (quint64 i = 0; i < count && !table.hasFailed(); ++i)
-        handles.push_back(table.reference());
-    return handles;
+    Listed listed;
+    listed.count.begin = table.data.position();
+    const quint64 counted = table.count(8);
+    listed.count.end = table.data.position();
+    listed.counted.begin = table.handles.position();
+    const quint64 all = counted + static_cast<quint64>(extras);
+    for (quint64 i = 0; i < all && !table.hasFailed(); ++i) {
+        listed.handles.push_back(table.reference());
+        if (i + 1 == counted)
+            listed.counted.end = table.handles.position();
+    }
+    listed.counted.end = std::max(listed.counted.begin, listed.counted.end);
+    return listed;
 }
 
 TableRecords::Name TableRecords::name(DwgRecord& record)
 {
     Name name;
+    name.at.begin = record.textPosition();
     name.name = record.text();
+    name.at.end = record.textPosition();
     if (record.since(DwgVersion::V2007)) {
         name.dependent = (record.data.bitShort() & kDependentIndex) != 0;
     } else {
@@ -43,6 +55,7 @@ TableRecords::Layer TableRecords::layer(DwgRecord& record)
     Layer layer;
     BitReader& data = record.data;
     layer.head = name(record);
+    layer.flagsAt.begin = data.position();
     if (record.since(DwgVersion::V2000)) {
         const int flags = data.bitShort();
         layer.frozen = (flags & kFrozen) != 0;
@@ -57,13 +70,23 @@ TableRecords::Layer TableRecords::layer(DwgRecord& record)
         layer.frozenInNewViewports = data.bit();
         layer.locked = data.bit();
     }
+    layer.flagsAt.end = layer.colorAt.begin = data.position();
+    layer.colorNamesAt.begin = record.textPosition();
     layer.color = record.color();
+    layer.colorAt.end = data.position();
+    layer.colorNamesAt.end = record.textPosition();
     record.reference(); // block of the external reference
+    layer.plotStyleAt.begin = record.handles.position();
     if (record.since(DwgVersion::V2000))
         layer.plotStyle = record.reference();
+    layer.plotStyleAt.end = record.handles.position();
     if (record.since(DwgVersion::V2007))
-        record.reference(); // material
+        layer.material = record.reference();
+    layer.linetypeAt.begin = record.handles.position();
     layer.linetype = record.reference();
+    layer.linetypeAt.end = record.handles.position();
+    if (record.since(DwgVersion::V2013))
+        layer.visualStyle = record.reference();
     return layer;
 }
 
@@ -103,7 +126,9 @@ TableRecords::Block TableRecords::block(DwgRecord& record)
     if (record.since(DwgVersion::V2000))
         block.unloaded = data.bit();
     const bool hasOwn = !block.external && !block.overlay;
+    block.countAt.begin = data.position();
     const quint32 count = hasOwn && record.since(DwgVersion::V2004) ? record.count(8) : 0;
+    block.countAt.end = data.position();
     record.point(block.base);
     block.path = record.text();
     quint32 references = 0;
@@ -114,12 +139,14 @@ TableRecords::Block TableRecords::block(DwgRecord& record)
     }
     record.reference(); // none
     block.entities.begin = record.reference();
+    block.entitiesAt.begin = record.handles.position();
     if (hasOwn && !record.since(DwgVersion::V2004)) {
         block.entities.first = record.reference();
         block.entities.last = record.reference();
     }
     for (quint32 i = 0; i < count && !record.hasFailed(); ++i)
         block.entities.listed.push_back(record.reference());
+    block.entitiesAt.end = record.handles.position();
     block.entities.end = record.reference();
     if (record.since(DwgVersion::V2000)) {
         for (quint32 i = 0; i < references && !record.hasFailed(); ++i)

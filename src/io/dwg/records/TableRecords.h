@@ -8,13 +8,21 @@
 /// Records of tables, each read behind its head.
 namespace TableRecords {
 
-/// The handles that a table's own record lists, in its order; `extras` more stand behind them.
-std::vector<quint64> listed(DwgRecord& table, int extras);
+/// The handles that a table's own record lists, in its order; `extras` more stand behind them,
+/// which the record does not count.
+struct Listed
+{
+    std::vector<quint64> handles;
+    BitSpan count; ///< of the data
+    BitSpan counted; ///< the references that are counted
+};
+Listed listed(DwgRecord& table, int extras);
 
 /// Name and dependence on an external reference.
 struct Name
 {
     QString name;
+    BitSpan at; ///< of the name, in the stream of texts
     bool dependent = false;
 };
 Name name(DwgRecord& record);
@@ -30,7 +38,15 @@ struct Layer
     qint16 lineWeight = -3;
     OdCmColor color;
     quint64 plotStyle = 0;
+    quint64 material = 0;
     quint64 linetype = 0;
+    quint64 visualStyle = 0; ///< since version 2013
+    // For edits of it.
+    BitSpan flagsAt;
+    BitSpan colorAt;
+    BitSpan colorNamesAt; ///< in the stream of texts
+    BitSpan plotStyleAt;
+    BitSpan linetypeAt;
 };
 Layer layer(DwgRecord& record);
 
@@ -65,6 +81,8 @@ struct Block
     QString description;
     OwnedEntities entities;
     quint64 layout = 0;
+    BitSpan countAt; ///< of the entities, since version 2004
+    BitSpan entitiesAt; ///< references to the first and the last one, or to all
 };
 Block block(DwgRecord& record);
 

@@ -69,7 +69,7 @@ void PagedFileWriter::addSection(const PagedFile::Section& old)
             section.pages.push_back(addPage(section, part.start, m_file.packedPage(part)));
         }
     } else {
-        const QByteArray before = m_file.unpack(old);
+        const QByteArray before = m_file.unpacked(old);
         const QByteArray& after = replaced->second;
         section.size = static_cast<quint64>(after.size());
         std::map<quint64, const PagedFile::SectionPage*> present;

@@ -21,6 +21,7 @@ public:
     {
         m_replaced[section.toByteArray()] = bytes;
     }
+    bool isEmpty() const { return m_replaced.empty(); }
     DrawingPieces result();
 
 private:

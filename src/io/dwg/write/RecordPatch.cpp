@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace {
 
 constexpr quint64 kLengthBits = 32;
@@ -25,15 +27,15 @@ void appendTextEnd(BitWriter& out, quint64 length, bool hasText)
 
 } // namespace
 
-QByteArray RecordParts::assembled() const
+QByteArray RecordParts::body(bool tellsLength, quint64& handlesAt) const
 {
     BitWriter all = data;
     if (hasTextStream(version)) {
         all.append(text);
         appendTextEnd(all, text.size(), hasText);
     }
-    const quint64 handlesAt = all.size();
-    if (version < DwgVersion::V2010) {
+    handlesAt = all.size();
+    if (tellsLength) {
         BitWriter measured;
         measured.append(all.bytes(), 0, lengthAt);
         measured.rawLong(static_cast<quint32>(handlesAt));
@@ -42,16 +44,23 @@ QByteArray RecordParts::assembled() const
     }
     all.append(handles);
     all.fillByte(onesFill);
-    const quint64 size = all.size() / 8;
-    if (size > kLongestRecord || text.size() > kLongestText)
+    if (all.size() / 8 > kLongestRecord || text.size() > kLongestText)
         throw OdError(OdResult::InvalidInput,
                       QCoreApplication::translate(
                           "RecordPatch", "A record grew beyond what DWG drawings can hold."));
+    return all.bytes();
+}
+
+QByteArray RecordParts::assembled() const
+{
+    quint64 handlesAt = 0;
+    const QByteArray all = body(version < DwgVersion::V2010, handlesAt);
+    const auto size = static_cast<quint64>(all.size());
     BitWriter record;
     record.modularShort(static_cast<quint32>(size));
     if (version >= DwgVersion::V2010)
         record.modularChar(size * 8 - handlesAt);
-    record.raw(all.bytes());
+    record.raw(all);
     record.rawShort(Checksums::crc16(record.bytes()));
     return record.bytes();
 }
@@ -63,11 +72,20 @@ RecordPatch::RecordPatch(const DwgRecord& record)
     , m_lengthAt(record.lengthPosition())
 { }
 
-void RecordPatch::replace(Stream stream, quint64 begin, quint64 end, const BitWriter& with)
+RecordPatch::RecordPatch(const DwgStreams& section)
+    : m_version(section.version())
+    , m_body(section.body())
+    , m_layout(section.layout())
+    , m_lengthAt(0)
+{ }
+
+void RecordPatch::replace(Stream stream, BitSpan at, const BitWriter& with)
 {
     if (stream == Stream::Text && !hasTextStream(m_version))
         stream = Stream::Data;
-    m_edits.push_back({stream, begin, end, with});
+    const auto behind = std::find_if(m_edits.begin(), m_edits.end(),
+                                     [&](const Edit& edit) { return edit.at.begin > at.begin; });
+    m_edits.insert(behind, {stream, at, with});
 }
 
 void RecordPatch::copy(BitWriter& out, Stream stream, quint64 begin, quint64 end) const
@@ -75,14 +93,14 @@ void RecordPatch::copy(BitWriter& out, Stream stream, quint64 begin, quint64 end
     for (const Edit& edit : m_edits) {
         if (edit.stream != stream)
             continue;
-        out.append(m_body, begin, edit.begin);
+        out.append(m_body, begin, edit.at.begin);
         out.append(edit.with);
-        begin = edit.end;
+        begin = edit.at.end;
     }
     out.append(m_body, begin, end);
 }
 
-QByteArray RecordPatch::result() const
+RecordParts RecordPatch::parts() const
 {
     RecordParts parts;
     parts.version = m_version;
@@ -96,20 +114,16 @@ QByteArray RecordPatch::result() const
     copy(parts.handles, Stream::Handles, m_layout.handlesBegin, end - fill);
     if (fill != 0)
         parts.onesFill = (m_body.back() & 1) != 0;
-    return parts.assembled();
+    return parts;
 }
 
-BitWriter RecordPatch::spelled(const DwgFormat& format, const QString& text)
+QByteArray RecordPatch::result() const
 {
-    BitWriter out;
-    if (hasTextStream(format.version)) {
-        out.bitShort(static_cast<qint16>(text.size()));
-        for (const QChar unit : text)
-            out.rawShort(unit.unicode());
-        return out;
-    }
-    const QByteArray bytes = format.text.encode(text);
-    out.bitShort(static_cast<qint16>(bytes.size()));
-    out.raw(bytes);
-    return out;
+    return parts().assembled();
+}
+
+QByteArray RecordPatch::body() const
+{
+    quint64 handlesAt = 0;
+    return parts().body(hasTextStream(m_version), handlesAt);
 }

@@ -51,7 +51,7 @@ bool fillGroup(OdDbDatabase& database, const FilterKey& key, std::span<const OdD
     }
     if (group->layerIds() == before)
         return true;
-    beginLayerUndoRecord(database);
+    beginLayerUndoRecordOfCommand(database);
     edit.write();
     return true;
 }

@@ -104,6 +104,8 @@ public:
 
     /// Has listStale() sent once a burst of changes, and an in-place edit, is over.
     void requestRefresh();
+    /// What is listed follows another rule from now on: what comes or goes by that is no news.
+    void forgetChanges() { m_burst.takeChanges(); }
     /// What tells whether a layer that comes or changes belongs into the list. Without it each
     /// does.
     void setListing(std::function<LayerListing()> listing) { m_listing = std::move(listing); }

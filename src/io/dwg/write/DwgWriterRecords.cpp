@@ -1,0 +1,264 @@
+#include "base/NumberText.h"
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/objects/OdDbDictionaryVar.h"
+#include "database/objects/OdDbMadeEntity.h"
+#include "database/objects/OdDbXrecord.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbBlockTableRecord.h"
+#include "database/tables/OdDbLinetypeTableRecord.h"
+#include "io/dwg/read/DwgObjectSource.h"
+#include "io/dwg/write/DwgWriter.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+using Stream = RecordPatch::Stream;
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("DwgWriter", text);
+}
+
+BitWriter number(std::size_t count)
+{
+    BitWriter out;
+    out.bitLong(static_cast<qint32>(count));
+    return out;
+}
+
+} // namespace
+
+NewDwgRecords::Head DwgWriter::headOf(quint32 slot) const
+{
+    NewDwgRecords::Head head;
+    head.handle = m_store.handle(slot);
+    const quint32 owner = m_store.owner(slot);
+    if (owner != ObjectStore::kNone) {
+        head.owner = m_store.handle(owner);
+        if (m_store.type(owner) == RecordType::Dictionary)
+            head.reactors = {head.owner};
+    }
+    head.extension = extensionOf(slot);
+    return head;
+}
+
+void DwgWriter::addRecord(quint32 slot)
+{
+    const OdDbObjectId id = m_database.idOfSlot(slot);
+    const NewDwgRecords::Head head = headOf(slot);
+    used(head.extension);
+    if (m_store.has(slot, ObjectStore::kEntity))
+        return addEntity(slot, head);
+    switch (m_store.type(slot)) {
+    case RecordType::Layer:
+        return addLayer(slot, head);
+    case RecordType::Ltype:
+        put(slot, head.handle,
+            m_newRecords.linetype(head, id.safeOpenObject<OdDbLinetypeTableRecord>()->state()));
+        m_addedToTables[OdDbTableKind::Linetype].push_back(head.handle);
+        return;
+    case RecordType::Dictionary:
+        return addDictionary(slot, head);
+    case RecordType::Xrecord: {
+        const auto cleaned = m_cleaned.find(slot);
+        return addXrecord(slot, head,
+                          cleaned == m_cleaned.end() ? id.safeOpenObject<OdDbXrecord>()->groups()
+                                                     : cleaned->second);
+    }
+    case RecordType::DictionaryVar: {
+        const quint16 type = m_source.classes().number("DICTIONARYVAR");
+        if (type == 0)
+            return tellNotKept(tr("The drawing has no class for variables of its dictionary."));
+        put(slot, head.handle,
+            m_newRecords.variable(head, type, id.safeOpenObject<OdDbDictionaryVar>()->value()));
+        return;
+    }
+    default:
+        return;
+    }
+}
+
+std::vector<std::pair<quint64, QByteArray>> DwgWriter::spelledXData(const GroupList& groups)
+{
+    std::vector<std::pair<quint64, GroupList>> blocks;
+    for (const GroupList::Group& group : groups) {
+        if (group.code == 1001)
+            blocks.emplace_back(application(QString::fromUtf8(group.value)), GroupList());
+        else if (!blocks.empty())
+            blocks.back().second.append(group);
+    }
+    std::vector<std::pair<quint64, QByteArray>> spelled;
+    for (const auto& [application, own] : blocks) {
+        QByteArray bytes;
+        if (Spelling::xData(m_source.format(), own, handleOf(), bytes))
+            spelled.emplace_back(application, bytes);
+        else
+            tellNotKept(tr("Extended data hold groups that DWG drawings have no form for."));
+    }
+    return spelled;
+}
+
+void DwgWriter::addDictionary(quint32 slot, const NewDwgRecords::Head& head)
+{
+    const auto dictionary = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
+    std::vector<NewDwgRecords::Entry> entries;
+    for (const DictionaryEntry& entry : dictionary->entries()) {
+        if (!entry.value.isNull() && isLive(entry.value.slot()))
+            entries.emplace_back(entry.key, used(entry.value.getHandle().value()));
+    }
+    if (const auto edit = m_dictionaryEdits.find(slot); edit != m_dictionaryEdits.end())
+        entries.insert(entries.end(), edit->second.added.begin(), edit->second.added.end());
+    NewDwgRecords::Head whole = head;
+    whole.xData = spelledXData(dictionary->xData());
+    put(slot, head.handle,
+        m_newRecords.dictionary(whole, dictionary->state().treatElementsAsHard, entries));
+}
+
+void DwgWriter::addXrecord(quint32 slot, const NewDwgRecords::Head& head, const GroupList& groups)
+{
+    if (const auto record = m_newRecords.xrecord(head, groups))
+        put(slot, head.handle, *record);
+    else
+        tellNotKept(tr("A record holds groups that DWG drawings have no form for."));
+}
+
+NewDwgRecords::EntityHead DwgWriter::entityHead(quint32 slot, const GroupList& groups) const
+{
+    constexpr quint8 kByBlock = 1;
+    constexpr quint8 kNamed = 3;
+    NewDwgRecords::EntityHead head;
+    head.layer = m_store.handle(m_store.layer(slot));
+    const quint32 block = m_store.owner(slot);
+    if (block == m_database.getModelSpaceId().slot())
+        head.space = DwgEntityHead::Space::Model;
+    const OdDbObjectId style =
+        m_database.table(OdDbTableKind::Style).getAt(QStringLiteral("Standard"));
+    head.textStyle = style.isNull() ? 0 : style.getHandle().value();
+    for (const GroupList::Group& group : groups) {
+        const qint64 number = NumberText::integer(group.value).value_or(0);
+        if (group.code == 62) {
+            head.color = static_cast<qint16>(number);
+        } else if (group.code == 370) {
+            head.lineWeight = static_cast<qint16>(number);
+        } else if (group.code == 48) {
+            head.linetypeScale = NumberText::real(group.value).value_or(1.0);
+        } else if (group.code == 6) {
+            const QString name = QString::fromUtf8(group.value);
+            const OdDbObjectId linetype = m_database.table(OdDbTableKind::Linetype).getAt(name);
+            const bool isByBlock = name.compare(QLatin1String("ByBlock"), Qt::CaseInsensitive) == 0;
+            head.linetypeKind = isByBlock ? kByBlock : linetype.isNull() ? quint8(0) : kNamed;
+            head.linetype = linetype.isNull() ? 0 : linetype.getHandle().value();
+        }
+    }
+    return head;
+}
+
+void DwgWriter::addEntity(quint32 slot, const NewDwgRecords::Head& head)
+{
+    const auto made = m_database.idOfSlot(slot).safeOpenObject<OdDbEntity>();
+    if (!made->madeGroups())
+        return;
+    const auto record = m_newRecords.entity(head, entityHead(slot, *made->madeGroups()),
+                                            m_store.typeName(slot), *made->madeGroups());
+    if (!record)
+        return tellNotKept(tr("New entities of type %1 cannot be saved in DWG drawings.")
+                               .arg(QString::fromLatin1(m_store.typeName(slot))));
+    put(slot, head.handle, *record);
+    m_changedBlocks.insert(m_store.owner(slot));
+}
+
+// Blocks
+
+void DwgWriter::editBlocks()
+{
+    for (const quint32 slot : m_changedBlocks) {
+        DwgRecord record = m_source.reader();
+        DwgHead head;
+        if (!isInFile(slot) || !open(record, head, slot))
+            continue;
+        const TableRecords::Block old = TableRecords::block(record);
+        const auto block = m_database.idOfSlot(slot).safeOpenObject<OdDbBlockTableRecord>();
+        std::vector<quint64> entities;
+        for (const EntityRun& run : block->entityRuns()) {
+            for (quint32 at = run.first; at < run.end; ++at) {
+                const bool counts = m_store.owner(at) == slot
+                    && !m_store.has(at, ObjectStore::kSubEntity)
+                    && !m_store.has(at, ObjectStore::kErased)
+                    && (isInFile(at) || m_meant->records.contains(m_store.handle(at)));
+                if (counts)
+                    entities.push_back(m_store.handle(at));
+            }
+        }
+        RecordPatch patch(record);
+        BitWriter references;
+        if (record.since(DwgVersion::V2004)) {
+            for (const quint64 entity : entities)
+                references.handle(DwgReference::HardOwner, entity);
+            patch.replace(Stream::Data, old.countAt, number(entities.size()));
+        } else {
+            relinkEntities(entities);
+            for (const quint64 entity :
+                 {entities.empty() ? 0 : entities.front(), entities.empty() ? 0 : entities.back()})
+                references.handle(DwgReference::SoftPointer, entity);
+        }
+        patch.replace(Stream::Handles, old.entitiesAt, references);
+        patched(slot, patch);
+    }
+}
+
+void DwgWriter::relinkEntities(const std::vector<quint64>& entities)
+{
+    for (std::size_t i = 0; i < entities.size(); ++i) {
+        const quint32 slot = m_store.find(entities[i]);
+        const quint64 previous = i > 0 ? entities[i - 1] : 0;
+        const quint64 next = i + 1 < entities.size() ? entities[i + 1] : 0;
+        DwgRecord record = m_source.reader();
+        DwgHead head;
+        DwgEntityHead entity;
+        if (!open(record, head, slot, &entity))
+            continue;
+        if (entity.previous == previous && entity.next == next)
+            continue;
+        RecordPatch patch(record);
+        BitWriter far;
+        far.bit(false);
+        BitWriter links;
+        links.handle(DwgReference::SoftPointer, previous);
+        links.handle(DwgReference::SoftPointer, next);
+        patch.replace(Stream::Data, entity.closeNeighbours, far);
+        patch.replace(Stream::Handles, entity.linksAt, links);
+        patched(slot, patch);
+    }
+}
+
+// Tables
+
+void DwgWriter::editTables()
+{
+    std::set<OdDbTableKind> changed = m_shrunkTables;
+    for (const auto& [kind, handles] : m_addedToTables)
+        changed.insert(kind);
+    for (const OdDbTableKind kind : changed) {
+        const quint32 slot = m_database.tableId(kind).slot();
+        DwgRecord record = m_source.reader();
+        DwgHead head;
+        if (!isInFile(slot) || !open(record, head, slot))
+            continue;
+        TableRecords::Listed listed = TableRecords::listed(record, 0);
+        std::erase_if(listed.handles,
+                      [this](quint64 handle) { return m_meant->removed.contains(handle); });
+        const std::vector<quint64>& added = m_addedToTables[kind];
+        listed.handles.insert(listed.handles.end(), added.begin(), added.end());
+        BitWriter references;
+        for (const quint64 handle : listed.handles)
+            references.handle(DwgReference::SoftOwner, used(handle));
+        RecordPatch patch(record);
+        patch.replace(Stream::Data, listed.count, number(listed.handles.size()));
+        patch.replace(Stream::Handles, listed.counted, references);
+        patched(slot, patch);
+    }
+}

@@ -1,7 +1,0 @@
-#include "FeatureTour.h"
-void FeatureTour::savesALayerStateAndRestoresIt() { }
-void FeatureTour::editsALayerState() { }
-void FeatureTour::givesAViewportColorsOfItsOwn() { }
-void FeatureTour::handsAStateToAnotherDrawing() { }
-void FeatureTour::undoesEverythingAndRedoesIt() { }
-void FeatureTour::savesAndFindsEverythingAgain() { }
