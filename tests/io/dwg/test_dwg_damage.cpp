@@ -16,7 +16,7 @@ constexpr const char* kClasses[] = {
     "MULTILEADER", "ACAD_TABLE", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION"};
 constexpr quint16 kFixedTypes = 83;
 constexpr quint16 kFirstClass = 500;
-constexpr int kSize = 2000;
+constexpr int kSize = 600;
 
 /// A record of that type with random bits behind its number, and readable bytes behind it.
 QByteArray record(DwgVersion version, quint16 type, std::mt19937& random)
@@ -34,13 +34,11 @@ QByteArray record(DwgVersion version, quint16 type, std::mt19937& random)
         for (int shift = 16; shift >= 0; shift -= 8)
             bytes.append(static_cast<char>(spelled >> shift));
     }
-    // Zeros are the most frequent bits: with them the numbers stay small enough to go on.
-    std::bernoulli_distribution set(0.25);
+    // Three of four bits are zeros: with them the numbers stay small enough to go on.
     while (bytes.size() < kSize + 64) {
-        int byte = 0;
-        for (int bit = 0; bit < 8; ++bit)
-            byte = byte << 1 | (set(random) ? 1 : 0);
-        bytes.append(static_cast<char>(byte));
+        const auto bits = static_cast<quint32>(random());
+        bytes.append(static_cast<char>(bits & bits >> 8))
+            .append(static_cast<char>(bits >> 16 & bits >> 24));
     }
     return bytes;
 }
@@ -75,15 +73,15 @@ TEST(DwgDamage, AnyBitsGiveNoMoreGroupsThanThereAreBits)
             failed += reader.hasFailed() ? 1 : 0;
             made += groups.size() > 0 ? 1 : 0;
         };
-        for (int round = 0; round < 20; ++round) {
+        for (int round = 0; round < 8; ++round) {
             for (quint16 type = 1; type < kFixedTypes; ++type)
                 decode(type, {});
             for (const char* name : kClasses)
                 decode(kFirstClass, name);
         }
     }
-    EXPECT_GT(made, 5000);
-    EXPECT_GT(failed, 500);
+    EXPECT_GT(made, 2000);
+    EXPECT_GT(failed, 200);
 }
 
 double distance(const FitCurve::Point& a, const FitCurve::Point& b)

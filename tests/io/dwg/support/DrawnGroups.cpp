@@ -25,89 +25,84 @@ struct Type
     std::vector<int> sequence = {};
 };
 
-const std::vector<Code>& ofEveryEntity()
+const std::vector<Code> kOfEveryEntity = {{8},   {6},   {48, 1}, {60},  {62, 256}, {370, -1},
+                                          {420}, {440}, {210},   {220}, {230, 1},  {39}};
+
+const std::vector<Code> kLine = {{10}, {20}, {30}, {11}, {21}, {31}};
+const std::vector<Code> kCorners = {{10}, {20}, {30}, {11}, {21}, {31},
+                                    {12}, {22}, {32}, {13}, {23}, {33}};
+const std::vector<Code> kText = {{1},  {7},  {10}, {20}, {30},    {11}, {21},
+                                 {31}, {40}, {50}, {51}, {41, 1}, {71}, {72}};
+
+std::vector<Code> with(std::vector<Code> codes, std::initializer_list<Code> more)
 {
-    static const std::vector<Code> codes = {{8},   {6},   {48, 1}, {60},  {62, 256}, {370, -1},
-                                            {420}, {440}, {210},   {220}, {230, 1},  {39}};
+    codes.insert(codes.end(), more);
     return codes;
 }
 
-const std::vector<Type>& types()
-{
-    static const std::vector<Code> line = {{10}, {20}, {30}, {11}, {21}, {31}};
-    static const std::vector<Code> corners = {{10}, {20}, {30}, {11}, {21}, {31},
-                                              {12}, {22}, {32}, {13}, {23}, {33}};
-    static const std::vector<Code> text = {{1},  {7},  {10}, {20}, {30},    {11}, {21},
-                                           {31}, {40}, {50}, {51}, {41, 1}, {71}, {72}};
-    const auto with = [](std::vector<Code> codes, std::initializer_list<Code> more) {
-        codes.insert(codes.end(), more);
-        return codes;
-    };
-    static const std::vector<Type> types = {
-        {"LINE", line},
-        {"RAY", line},
-        {"XLINE", line},
-        {"POINT", {{10}, {20}, {30}, {50}}},
-        {"CIRCLE", {{10}, {20}, {30}, {40}}},
-        {"ARC", {{10}, {20}, {30}, {40}, {50}, {51}}},
-        {"ELLIPSE", with(line, {{40}, {41}, {42}})},
-        {"SPLINE", {{71, 3}}, {40, 41, 10, 20, 30}},
-        {"LWPOLYLINE", {{38}, {43}, {70}}, {10, 20, 40, 41, 42}},
-        {"POLYLINE", {{10}, {20}, {30}, {40}, {41}, {70}, {71}, {72}, {73}, {74}}},
-        {"VERTEX", {{10}, {20}, {30}, {40}, {41}, {42}, {70}, {71}, {72}, {73}, {74}}},
-        {"SEQEND", {}},
-        {"MLINE", {{71}}, {11, 21, 13, 23, 74, 41}},
-        {"SOLID", corners},
-        {"TRACE", corners},
-        {"3DFACE", with(corners, {{70}})},
-        {"HATCH", {{30}, {70}, {450}, {421}, {63}}, {91, 92, 93, 72, 73, 74, 94, 95, 96, 97,
-                                                     10, 20, 11, 21, 12, 22, 13, 23, 40, 42,
-                                                     43, 44, 45, 46, 49, 50, 51, 53}},
-        {"IMAGE", with(corners, {{280, 1}}), {14, 24}},
-        {"WIPEOUT", with(corners, {{280, 1}}), {14, 24}},
-        {"TEXT", with(text, {{73}})},
-        {"ATTRIB", with(text, {{2}, {70}, {74}})},
-        {"ATTDEF", with(text, {{2}, {70}, {74}})},
-        {"MTEXT",
-         {{1}, {7}, {10}, {20}, {30}, {11, 1}, {21}, {31}, {40}, {41}, {44, 1}, {50}, {71, 1}}},
-        {"INSERT",
-         {{2}, {10}, {20}, {30}, {41, 1}, {42, 1}, {43, 1}, {44}, {45}, {50}, {70, 1}, {71, 1}}},
-        {"ACAD_TABLE", {{2}, {10}, {20}, {30}, {11, 1}, {21}, {31}}},
-        {"DIMENSION", {{2}, {10}, {20}, {30}, {11}, {21}, {31}, {13}, {23}, {33}, {70}}},
-        {"ARC_DIMENSION", {{2}, {10}, {20}, {30}, {11}, {21}, {31}, {13}, {23}, {33}}},
-        {"LARGE_RADIAL_DIMENSION", {{2}, {10}, {20}, {30}, {11}, {21}, {31}}},
-        {"LEADER", {{72}}, {10, 20, 30}},
-        {"MULTILEADER", {}, {300, 301, 302, 303, 304, 305, 10, 20, 11, 21,  12,  22, 13,
-                             23,  15,  25,  16,  26,  40,  41, 43, 46, 140, 171, 341}},
-        {"TOLERANCE", {{1}, {10}, {20}, {30}, {11, 1}, {21}, {31}}},
-        {"VIEWPORT",
-         {{10},
-          {20},
-          {30},
-          {40},
-          {41},
-          {12},
-          {22},
-          {16},
-          {26},
-          {36},
-          {17},
-          {27},
-          {37},
-          {45},
-          {51},
-          {68},
-          {90},
-          {340}}},
-    };
-    return types;
-}
+const std::vector<Type> kTypes = {
+    {"LINE", kLine},
+    {"RAY", kLine},
+    {"XLINE", kLine},
+    {"POINT", {{10}, {20}, {30}, {50}}},
+    {"CIRCLE", {{10}, {20}, {30}, {40}}},
+    {"ARC", {{10}, {20}, {30}, {40}, {50}, {51}}},
+    {"ELLIPSE", with(kLine, {{40}, {41}, {42}})},
+    {"SPLINE", {{71, 3}}, {40, 41, 10, 20, 30}},
+    {"LWPOLYLINE", {{38}, {43}, {70}}, {10, 20, 40, 41, 42}},
+    {"POLYLINE", {{10}, {20}, {30}, {40}, {41}, {70}, {71}, {72}, {73}, {74}}},
+    {"VERTEX", {{10}, {20}, {30}, {40}, {41}, {42}, {70}, {71}, {72}, {73}, {74}}},
+    {"SEQEND", {}},
+    {"MLINE", {{71}}, {11, 21, 13, 23, 74, 41}},
+    {"SOLID", kCorners},
+    {"TRACE", kCorners},
+    {"3DFACE", with(kCorners, {{70}})},
+    {"HATCH", {{30}, {70}, {450}, {421}, {63}}, {91, 92, 93, 72, 73, 74, 94, 95, 96, 97,
+                                                 10, 20, 11, 21, 12, 22, 13, 23, 40, 42,
+                                                 43, 44, 45, 46, 49, 50, 51, 53}},
+    {"IMAGE", with(kCorners, {{280, 1}}), {14, 24}},
+    {"WIPEOUT", with(kCorners, {{280, 1}}), {14, 24}},
+    {"TEXT", with(kText, {{73}})},
+    {"ATTRIB", with(kText, {{2}, {70}, {74}})},
+    {"ATTDEF", with(kText, {{2}, {70}, {74}})},
+    {"MTEXT",
+     {{1}, {7}, {10}, {20}, {30}, {11, 1}, {21}, {31}, {40}, {41}, {44, 1}, {50}, {71, 1}}},
+    {"INSERT",
+     {{2}, {10}, {20}, {30}, {41, 1}, {42, 1}, {43, 1}, {44}, {45}, {50}, {70, 1}, {71, 1}}},
+    {"ACAD_TABLE", {{2}, {10}, {20}, {30}, {11, 1}, {21}, {31}}},
+    {"DIMENSION", {{2}, {10}, {20}, {30}, {11}, {21}, {31}, {13}, {23}, {33}, {70}}},
+    {"ARC_DIMENSION", {{2}, {10}, {20}, {30}, {11}, {21}, {31}, {13}, {23}, {33}}},
+    {"LARGE_RADIAL_DIMENSION", {{2}, {10}, {20}, {30}, {11}, {21}, {31}}},
+    {"LEADER", {{72}}, {10, 20, 30}},
+    {"MULTILEADER", {}, {300, 301, 302, 303, 304, 305, 10, 20, 11, 21,  12,  22, 13,
+                         23,  15,  25,  16,  26,  40,  41, 43, 46, 140, 171, 341}},
+    {"TOLERANCE", {{1}, {10}, {20}, {30}, {11, 1}, {21}, {31}}},
+    {"VIEWPORT",
+     {{10},
+      {20},
+      {30},
+      {40},
+      {41},
+      {12},
+      {22},
+      {16},
+      {26},
+      {36},
+      {17},
+      {27},
+      {37},
+      {45},
+      {51},
+      {68},
+      {90},
+      {340}}},
+};
 
 const Type* typeOf(const QByteArray& name)
 {
-    const auto found = std::find_if(types().begin(), types().end(),
+    const auto found = std::find_if(kTypes.begin(), kTypes.end(),
                                     [&](const Type& type) { return name == type.name; });
-    return found == types().end() ? nullptr : &*found;
+    return found == kTypes.end() ? nullptr : &*found;
 }
 
 bool isText(int code)
@@ -210,7 +205,7 @@ std::vector<DrawnGroups::Difference> DrawnGroups::differences(const DrawnGroups&
     const Type* const type = typeOf(m_type);
     if (!type)
         return found;
-    for (const std::vector<Code>* codes : {&ofEveryEntity(), &type->codes}) {
+    for (const std::vector<Code>* codes : {&kOfEveryEntity, &type->codes}) {
         for (const Code& code : *codes)
             compare(code.code, of(code.code, code.usual), other.of(code.code, code.usual));
     }
