@@ -35,7 +35,11 @@ public:
     /// Texts that leave this format are UTF-8.
     QString decode(QByteArrayView value) const override { return QString::fromUtf8(value); }
     quint64 footprint() const override;
+    QString suffix() const override { return QStringLiteral("dwg"); }
+    QString refusal() const override { return m_faults.join(QLatin1Char(' ')); }
     const FileImage& image() const override { return m_file->image(); }
+    void verify(const OdDbDatabase& database, const DrawingPieces& pieces,
+                const WrittenBytes& written) const override;
 
     const std::shared_ptr<const FileImage>& sharedImage() const { return m_file->sharedImage(); }
     const DwgFile& file() const { return *m_file; }

@@ -389,6 +389,8 @@ DrawingPieces DwgObjectSource::write(const OdDbDatabase& drawing) const
     if (!m_faults.isEmpty())
         throw OdError_FileAccess(
             OdResult::CantWriteFile,
-            tr("The drawing is open for reading only. %1").arg(m_faults.join(QLatin1Char(' '))));
+            tr("The drawing is open for reading only. %1 Its layer states can be exported and used "
+               "in other drawings.")
+                .arg(refusal()));
     return DwgWriter(*this, drawing).run();
 }
