@@ -5,6 +5,7 @@
 #include "io/dwg/records/DwgFormat.h"
 #include "io/dwg/records/DwgRecord.h"
 #include "io/dwg/records/FreeRecords.h"
+#include "io/dwg/records/TableRecords.h"
 #include "io/records/RecordSource.h"
 
 #include <QStringList>
@@ -55,6 +56,8 @@ public:
     OdDbObjectId id(quint64 handle) const;
     /// The name of the table's record with that handle, as the file has it.
     QString nameOf(quint64 handle) const;
+    /// A colour of a colour book, by the handle of its record.
+    OdCmColor bookColor(quint64 handle) const;
 
     // For the codec that fills it in
     void setOffsets(std::vector<quint64> offsets) { m_offsets = std::move(offsets); }
@@ -70,6 +73,8 @@ public:
 
 private:
     NamedRecordState readNamed(quint32 slot) const;
+    /// The name of a block, also of one that the program made and numbered.
+    QString wholeName(const TableRecords::Block& block) const;
     LinetypeState readLinetype(quint32 slot) const;
     LayoutState readLayout(quint32 slot) const;
     void readBlock(quint32 slot, BlockState& state) const;
