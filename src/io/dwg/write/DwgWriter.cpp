@@ -5,6 +5,7 @@
 #include "database/objects/OdDbDictionaryVar.h"
 #include "database/objects/OdDbEntity.h"
 #include "database/objects/OdDbXrecord.h"
+#include "database/store/HeaderVariables.h"
 #include "database/store/ObjectStore.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/records/SheetRecords.h"
@@ -37,6 +38,15 @@ BitWriter bit(bool value)
     BitWriter out;
     out.bit(value);
     return out;
+}
+
+bool isEdited(const OdDbDatabase& drawing)
+{
+    const auto& variables = drawing.header().all();
+    return !drawing.store().touched().empty() || !(drawing.current() == drawing.loadedCurrent())
+        || std::any_of(variables.begin(), variables.end(), [](const auto& variable) {
+               return variable.value != variable.loadedValue;
+           });
 }
 
 BitWriter number(std::size_t count)
@@ -390,5 +400,11 @@ DrawingPieces DwgObjectSource::write(const OdDbDatabase& drawing) const
         throw OdError_FileAccess(
             OdResult::CantWriteFile,
             tr("The drawing is open for reading only. %1").arg(m_faults.join(QLatin1Char(' '))));
+    // Records of these versions have another order, which nothing here spells.
+    if (m_format.version < DwgVersion::V2000 && isEdited(drawing))
+        throw OdError_FileAccess(
+            OdResult::CantWriteFile,
+            tr("Drawings of the versions R13 and R14 can be opened, but edits of them cannot be "
+               "saved."));
     return DwgWriter(*this, drawing).run();
 }

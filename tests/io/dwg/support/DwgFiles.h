@@ -13,7 +13,6 @@ namespace DwgFiles {
 
 /// One of each version that can be written.
 inline constexpr const char* kWritable[] = {
-    "LibreDWG+libredwg__example_r14.dwg",
     "LibreDWG+libredwg__example_2000.dwg",
     "DomCR+ACadSharp__sample_AC1018.dwg",
     "AsiaPoli+QM-D_3__ELEMENTAL-QUINTA-MONROY-ARQ.dwg",
