@@ -227,10 +227,9 @@ TEST(Dwg2007, ManyWrongBytesNeitherCrashNorHang)
         // Half of the rounds leave head and page map, so that more of the file is reached.
         const qsizetype from = round % 2 == 0 ? kHeadAt : kFirstPage + 0x800;
         const int flips = 1 << round % 10;
+        const auto span = static_cast<quint32>(bytes.size() - from);
         for (int i = 0; i < flips; ++i)
-            damaged[static_cast<qsizetype>(
-                from + static_cast<qsizetype>(random() % (bytes.size() - from)))] =
-                static_cast<char>(random());
+            damaged[from + static_cast<qsizetype>(random() % span)] = static_cast<char>(random());
         try {
             const auto drawing = readDrawing(damaged, QStringLiteral("damaged.dwg"));
             drawingDigest(*drawing);
