@@ -34,8 +34,8 @@ const DrawingCodec& codecFor(const FileImage& image)
     if (found == codecs.end())
         throw OdError_InvalidDrawing(
             image.name(), 1,
-            tr("this is neither a DXF nor a DWG drawing; expected group 0 with SECTION, a comment "
-               "(group 999), or the name of a DWG version."));
+            tr("this is no DXF drawing and no DWG drawing; expected group 0 with SECTION, a "
+               "comment (group 999), or the name of a DWG version."));
     return **found;
 }
 

@@ -13,18 +13,6 @@
 
 namespace {
 
-/// The first line that differs, of both.
-std::string difference(const QStringList& a, const QStringList& b)
-{
-    for (qsizetype i = 0; i < std::max(a.size(), b.size()); ++i) {
-        const QString left = i < a.size() ? a[i] : QStringLiteral("(nothing)");
-        const QString right = i < b.size() ? b[i] : QStringLiteral("(nothing)");
-        if (left != right)
-            return (left + QStringLiteral("\nbut ") + right).toStdString();
-    }
-    return {};
-}
-
 struct Course
 {
     int steps;
@@ -56,13 +44,13 @@ void follow(const QByteArray& bytes, unsigned seed, const Course& course)
         const auto again = readDrawing(path);
         ASSERT_EQ(again->audit(), QStringList()) << "step " << step;
         ASSERT_EQ(report.notKept, QStringList());
-        ASSERT_EQ(difference(drawingDigest(*database), drawingDigest(*again)), std::string())
+        ASSERT_EQ(digestDifference(drawingDigest(*database), drawingDigest(*again)), std::string())
             << "step " << step << ", " << edits.last().constData();
     }
     while (database->undo()) {
     }
     EXPECT_EQ(database->audit(), QStringList());
-    EXPECT_EQ(difference(start, drawingDigest(*database)), std::string());
+    EXPECT_EQ(digestDifference(start, drawingDigest(*database)), std::string());
     EXPECT_TRUE(drawingBytes(*database) == bytes);
     while (database->redo()) {
     }

@@ -26,6 +26,7 @@ struct Twins
 constexpr Twins kTwins[] = {
     {"LibreDWG+libredwg__example_r14.dwg", "LibreDWG+libredwg__example_r14.dxf", 200},
     {"LibreDWG+libredwg__example_2000.dwg", "LibreDWG+libredwg__example_2000.dxf", 220},
+    {"LibreDWG+libredwg__example_2007.dwg", "LibreDWG+libredwg__example_2007.dxf", 220},
     {"DomCR+ACadSharp__sample_AC1018.dwg", "DomCR+ACadSharp__sample_AC1018_ascii.dxf", 330},
     {"DomCR+ACadSharp__sample_AC1032.dwg", "DomCR+ACadSharp__sample_AC1032_ascii.dxf", 330},
     {"AFMD+laoyouts__Screen_print_layout.dwg", "AFMD+laoyouts__Screen_print_layout.dxf", 364},
@@ -42,6 +43,7 @@ constexpr Exception kExceptions[] = {
     // A curve near its points within a tolerance of 1: only the one who made it knows how.
     {"example_r14", 0x894, 40},
     {"example_2000", 0x894, 40},
+    {"example_2007", 0x894, 40},
     // The DXF has the sheet itself without a number.
     {"example_2000", 0x84, 68},
     // The DXF bends the leader once more, as far before its end as an arrow is long.

@@ -74,6 +74,7 @@ struct Twins
 };
 constexpr Twins kTwins[] = {
     {"LibreDWG+libredwg__example_2000.dwg", "LibreDWG+libredwg__example_2000.dxf"},
+    {"LibreDWG+libredwg__example_2007.dwg", "LibreDWG+libredwg__example_2007.dxf"},
     {"DomCR+ACadSharp__sample_AC1018.dwg", "DomCR+ACadSharp__sample_AC1018_ascii.dxf"},
     {"DomCR+ACadSharp__sample_AC1032.dwg", "DomCR+ACadSharp__sample_AC1032_ascii.dxf"},
     {"AFMD+laoyouts__Screen_print_layout.dwg", "AFMD+laoyouts__Screen_print_layout.dxf"},

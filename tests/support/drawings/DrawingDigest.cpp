@@ -187,3 +187,14 @@ QStringList drawingDigest(const OdDbDatabase& database)
     addVariables(database, lines);
     return lines;
 }
+
+std::string digestDifference(const QStringList& a, const QStringList& b)
+{
+    for (qsizetype i = 0; i < std::max(a.size(), b.size()); ++i) {
+        const QString left = i < a.size() ? a[i] : QStringLiteral("(nothing)");
+        const QString right = i < b.size() ? b[i] : QStringLiteral("(nothing)");
+        if (left != right)
+            return (left + QStringLiteral("\nbut ") + right).toStdString();
+    }
+    return {};
+}

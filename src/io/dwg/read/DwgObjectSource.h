@@ -1,11 +1,11 @@
 #pragma once
 
 #include "io/dwg/container/DwgFile.h"
-#include "io/dwg/records/DwgClasses.h"
 #include "io/dwg/records/DwgFormat.h"
 #include "io/dwg/records/DwgRecord.h"
 #include "io/dwg/records/FreeRecords.h"
 #include "io/dwg/records/TableRecords.h"
+#include "io/dwg/sections/DwgClasses.h"
 #include "io/records/RecordSource.h"
 
 #include <QStringList>
@@ -36,7 +36,7 @@ public:
     QString decode(QByteArrayView value) const override { return QString::fromUtf8(value); }
     quint64 footprint() const override;
     QString suffix() const override { return QStringLiteral("dwg"); }
-    QString refusal() const override { return m_faults.join(QLatin1Char(' ')); }
+    QString refusal() const override;
     const FileImage& image() const override { return m_file->image(); }
     void verify(const OdDbDatabase& database, const DrawingPieces& pieces,
                 const WrittenBytes& written) const override;

@@ -52,9 +52,11 @@ void DwgStreams::divide(quint64 dataEnd)
     m_text = BitReader(m_body);
     m_text.seek(dataEnd == 0 ? 0 : dataEnd - 1);
     if (!m_text.bit()) {
-        m_text.limit(m_text.position());
         data.limit(dataEnd == 0 ? 0 : dataEnd - 1);
         m_layout.dataEnd = m_layout.textBegin = m_layout.textEnd = data.end();
+        // Texts that are added come before that bit.
+        m_text.seek(data.end());
+        m_text.limit(data.end());
         return;
     }
     if (dataEnd < kLength + 1)

@@ -5,8 +5,8 @@
 #include "database/tables/OdDbLayerTableRecord.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/read/HandleIndex.h"
-#include "io/dwg/records/ObjectMap.h"
 #include "io/dwg/records/TableRecords.h"
+#include "io/dwg/sections/ObjectMap.h"
 #include "io/files/WrittenBytes.h"
 
 #include <QCoreApplication>

@@ -5,6 +5,7 @@
 #include "database/objects/OdDbDictionaryVar.h"
 #include "database/objects/OdDbEntity.h"
 #include "database/objects/OdDbXrecord.h"
+#include "database/store/HeaderVariables.h"
 #include "database/store/ObjectStore.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/records/SheetRecords.h"
@@ -37,6 +38,14 @@ BitWriter bit(bool value)
     BitWriter out;
     out.bit(value);
     return out;
+}
+
+bool isEdited(const OdDbDatabase& drawing)
+{
+    const auto& variables = drawing.header().all();
+    return !drawing.store().touched().empty() || !(drawing.current() == drawing.loadedCurrent())
+        || std::any_of(variables.begin(), variables.end(),
+                       [](const auto& variable) { return variable.value != variable.loadedValue; });
 }
 
 BitWriter number(std::size_t count)
@@ -384,6 +393,16 @@ void DwgWriter::report(DrawingPieces& pieces) const
     report.notKept = m_notKept;
 }
 
+QString DwgObjectSource::refusal() const
+{
+    if (!m_faults.isEmpty())
+        return m_faults.join(QLatin1Char(' '));
+    // Records of these versions have another order, which nothing here spells.
+    return m_format.version < DwgVersion::V2000 ? tr("Drawings of the versions R13 and R14 can be "
+                                                     "opened, but edits of them cannot be saved.")
+                                                : QString();
+}
+
 DrawingPieces DwgObjectSource::write(const OdDbDatabase& drawing) const
 {
     if (!m_faults.isEmpty())
@@ -392,5 +411,7 @@ DrawingPieces DwgObjectSource::write(const OdDbDatabase& drawing) const
             tr("The drawing is open for reading only. %1 Its layer states can be exported and used "
                "in other drawings.")
                 .arg(refusal()));
+    if (!refusal().isEmpty() && isEdited(drawing))
+        throw OdError_FileAccess(OdResult::CantWriteFile, refusal());
     return DwgWriter(*this, drawing).run();
 }

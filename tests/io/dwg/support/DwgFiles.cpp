@@ -1,0 +1,41 @@
+#include "io/dwg/support/DwgFiles.h"
+
+#include "database/drawing/OdDbDatabase.h"
+#include "io/dwg/read/DwgObjectSource.h"
+#include "support/drawings/SharedDrawings.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+QByteArray DwgFiles::bytes(const QString& name)
+{
+    QFile file(SharedDrawings::file(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList DwgFiles::readable()
+{
+    QStringList paths = SharedDrawings::files({QStringLiteral("*.dwg"), QStringLiteral("*.dwt")});
+    // One that is older than those this program reads, and one of a version that it does not read.
+    paths.removeIf([](const QString& path) {
+        return path.endsWith(QLatin1String("entities-2d.dwg"))
+            || path.endsWith(QLatin1String("example_2007.dwg"));
+    });
+    return paths;
+}
+
+QStringList DwgFiles::faults(const OdDbDatabase& database)
+{
+    const auto* source = dynamic_cast<const DwgObjectSource*>(database.source());
+    return source ? source->faults() : QStringList{QStringLiteral("no DWG drawing")};
+}
+
+std::string DwgFiles::testName(const QString& file)
+{
+    std::string name = QFileInfo(file).completeBaseName().toStdString();
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    return name;
+}

@@ -1,0 +1,98 @@
+#include "io/dwg/support/DwgParts.h"
+
+#include "io/dwg/records/DwgRecord.h"
+#include "io/dwg/sections/HeaderSection.h"
+#include "io/dwg/sections/ObjectMap.h"
+
+#include <algorithm>
+
+namespace {
+
+QString hexadecimal(quint64 handle)
+{
+    return QString::number(handle, 16).toUpper();
+}
+
+} // namespace
+
+DwgParts::DwgParts(const QByteArray& bytes)
+    : m_file(DwgFile::open(FileImage::copyOf(bytes, QStringLiteral("parts.dwg"))))
+    , m_format(DwgFormat::of(m_file->version(), m_file->codePage()))
+    , m_classes(*m_file, m_format)
+    , m_faults(m_file->faults())
+{
+    readRecords();
+    checkOverlaps();
+    const HeaderSection header(*m_file, m_format);
+    if (!header.isSound())
+        m_faults << QStringLiteral("header variables");
+    const quint64 seed = header.reference(QStringLiteral("$HANDSEED"));
+    if (!m_records.empty() && seed <= m_records.rbegin()->first)
+        m_faults << QStringLiteral("handle seed %1, but there is a record %2")
+                        .arg(hexadecimal(seed), hexadecimal(m_records.rbegin()->first));
+}
+
+void DwgParts::readRecords()
+{
+    const ObjectMap map = ObjectMap::read(m_file->section(DwgSection::ObjectMap));
+    if (!map.complete || !map.sumsHold || map.entries.empty())
+        m_faults << QStringLiteral("object map");
+    DwgRecord reader(m_format, m_file->section(DwgSection::Objects));
+    quint64 last = 0;
+    for (const ObjectMap::Entry& entry : map.entries) {
+        if (entry.handle <= last)
+            m_faults << QStringLiteral("handle %1 out of order").arg(hexadecimal(entry.handle));
+        last = entry.handle;
+        if (!reader.open(entry.offset) || !reader.sumHolds()) {
+            m_faults << QStringLiteral("record %1").arg(hexadecimal(entry.handle));
+            continue;
+        }
+        m_records[entry.handle] = reader.bytes();
+        m_types[entry.handle] = m_classes.name(reader.type()).toByteArray();
+        DwgHead head;
+        DwgEntityHead entity;
+        if (m_classes.isEntity(reader.type()))
+            reader.readHead(head, entity);
+        else
+            reader.readHead(head);
+        if (reader.hasFailed() || head.handle != entry.handle)
+            m_faults << QStringLiteral("head of record %1").arg(hexadecimal(entry.handle));
+    }
+}
+
+void DwgParts::checkOverlaps()
+{
+    std::vector<QByteArrayView> inOrder;
+    for (const auto& [handle, bytes] : m_records)
+        inOrder.push_back(bytes);
+    std::sort(inOrder.begin(), inOrder.end(),
+              [](QByteArrayView a, QByteArrayView b) { return a.data() < b.data(); });
+    for (std::size_t i = 1; i < inOrder.size(); ++i) {
+        if (inOrder[i].data() < inOrder[i - 1].data() + inOrder[i - 1].size())
+            m_faults << QStringLiteral("two records overlap");
+    }
+}
+
+QByteArray DwgParts::typeOf(quint64 handle) const
+{
+    const auto found = m_types.find(handle);
+    return found == m_types.end() ? QByteArray() : found->second;
+}
+
+QStringList DwgParts::different(const DwgParts& before, const DwgParts& after)
+{
+    QStringList found;
+    const auto name = [](const DwgParts& parts, quint64 handle) {
+        return QString::fromLatin1(parts.typeOf(handle)) + QLatin1Char(' ') + hexadecimal(handle);
+    };
+    for (const auto& [handle, bytes] : before.m_records) {
+        const auto there = after.m_records.find(handle);
+        if (there == after.m_records.end() || there->second != bytes)
+            found << name(before, handle);
+    }
+    for (const auto& [handle, bytes] : after.m_records) {
+        if (!before.m_records.contains(handle))
+            found << name(after, handle);
+    }
+    return found;
+}

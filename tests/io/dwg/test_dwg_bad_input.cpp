@@ -1,0 +1,218 @@
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
+#include "database/values/GroupCursor.h"
+#include "io/DrawingFile.h"
+#include "io/dwg/support/DwgFiles.h"
+#include "io/dwg/support/DwgParts.h"
+#include "support/drawings/SharedDrawings.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <sys/resource.h>
+
+namespace {
+
+/// What may come of broken bytes.
+enum class Outcome { Refused, ReadOnly, Sound };
+
+void walk(const OdDbDatabase& drawing)
+{
+    const std::unique_ptr<GroupCursor> groups = drawing.makeCursor();
+    for (quint32 slot = 0; slot < drawing.store().fileRecords(); ++slot) {
+        for (groups->open(slot); groups->next();)
+            (void)groups->bytes();
+        (void)drawing.idOfSlot(slot).openObject();
+    }
+    (void)drawing.layouts();
+    drawing.layerTable().generateUsageData();
+}
+
+/// Reads bytes that may be broken, and everything that they hold. A refusal needs a sentence, and
+/// a drawing with faults must not be saved.
+Outcome outcome(const QByteArray& bytes)
+{
+    std::unique_ptr<OdDbDatabase> drawing;
+    try {
+        drawing = readDrawing(bytes, QStringLiteral("broken.dwg"));
+    } catch (const OdError& error) {
+        EXPECT_TRUE(error.description().startsWith(QStringLiteral("broken.dwg"))) << error.what();
+        EXPECT_TRUE(error.description().endsWith(QLatin1Char('.'))) << error.what();
+        return Outcome::Refused;
+    }
+    walk(*drawing);
+    (void)drawing->audit();
+    if (DwgFiles::faults(*drawing).isEmpty())
+        return Outcome::Sound;
+    EXPECT_FALSE(drawing->loadNotes().isEmpty());
+    try {
+        (void)drawingBytes(*drawing);
+        ADD_FAILURE() << "a drawing with faults was written";
+    } catch (const OdError& error) {
+        EXPECT_TRUE(error.description().contains(QStringLiteral("reading only"))) << error.what();
+    }
+    return Outcome::ReadOnly;
+}
+
+/// Small ones of several versions: paged and flat.
+QList<QByteArray> smallFiles()
+{
+    QList<QByteArray> files;
+    for (const char* name :
+         {"LibreDWG+libredwg__example_r14.dwg", "LibreDWG+libredwg__example_2000.dwg",
+          "AFMD+laoyouts__Screen_print_layout.dwg",
+          "lendres+CAD-Support-Files__Named_PS_Plotting_Templates.dwt"})
+        files << DwgFiles::bytes(QString::fromLatin1(name));
+    return files;
+}
+
+template <class Break>
+void tryAll(int tries, unsigned seed, const Break& breakIt, int& refused, int& readOnly)
+{
+    std::mt19937 random(seed);
+    for (const QByteArray& whole : smallFiles()) {
+        for (int i = 0; i < tries; ++i) {
+            QByteArray bytes = whole;
+            breakIt(bytes, random, i);
+            switch (outcome(bytes)) {
+            case Outcome::Refused:
+                ++refused;
+                break;
+            case Outcome::ReadOnly:
+                ++readOnly;
+                break;
+            default:
+                break;
+            }
+        }
+    }
+}
+
+qsizetype place(const QByteArray& bytes, std::mt19937& random)
+{
+    return static_cast<qsizetype>(random() % static_cast<unsigned>(bytes.size()));
+}
+
+TEST(DwgBadInput, FilesThatBreakOffAreRefusedOrOpenedForReading)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    int sound = 0;
+    for (const QByteArray& whole : smallFiles()) {
+        constexpr int kLengths = 40;
+        for (int i = 0; i < kLengths; ++i)
+            sound += outcome(whole.first(whole.size() * i / kLengths)) == Outcome::Sound ? 1 : 0;
+        for (qsizetype length = 0; length < 0x200; length += 7)
+            EXPECT_EQ(outcome(whole.first(length)), Outcome::Refused) << length;
+    }
+    // What stands behind the maps of a flat file is of no use to a reader: its second header.
+    EXPECT_LE(sound, 4);
+}
+
+TEST(DwgBadInput, FlippedBytesNeverCrash)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    int refused = 0;
+    int readOnly = 0;
+    tryAll(
+        60, 11,
+        [](QByteArray& bytes, std::mt19937& random, int i) {
+            for (int flips = 1 + i % 4; flips > 0; --flips) {
+                char& byte = bytes.data()[place(bytes, random)];
+                byte = static_cast<char>(byte ^ (1 << random() % 8));
+            }
+        },
+        refused, readOnly);
+    EXPECT_GT(refused + readOnly, 100);
+    EXPECT_GT(readOnly, 20);
+}
+
+TEST(DwgBadInput, NumbersBlownUpNeverCrash)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    int refused = 0;
+    int readOnly = 0;
+    tryAll(
+        60, 12,
+        [](QByteArray& bytes, std::mt19937& random, int i) {
+            constexpr qsizetype kHead = 0x180;
+            const qsizetype at =
+                i % 2 == 0 ? place(bytes.first(kHead), random) : place(bytes.chopped(8), random);
+            for (int k = 0; k < 4; ++k)
+                bytes.data()[at + k] = static_cast<char>(k == 3 && i % 3 == 0 ? 0x7F : 0xFF);
+        },
+        refused, readOnly);
+    EXPECT_GT(refused, 20);
+}
+
+TEST(DwgBadInput, BrokenMemoryNeedsNoMoreThanASmallMultipleOfTheFile)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    // Everything above and this in one process; the highest use of memory tells.
+    int refused = 0;
+    int readOnly = 0;
+    tryAll(
+        30, 13,
+        [](QByteArray& bytes, std::mt19937& random, int) {
+            for (qsizetype at = place(bytes.first(0x100), random); at < bytes.size();
+                 at += 1 + static_cast<qsizetype>(random() % 20000))
+                bytes.data()[at] = static_cast<char>(random());
+        },
+        refused, readOnly);
+    EXPECT_GT(refused, 30);
+    EXPECT_GT(refused + readOnly, 100);
+    rusage usage{};
+    ASSERT_EQ(getrusage(RUSAGE_SELF, &usage), 0);
+    constexpr long kMost = 400 * 1024; // kilobytes; the largest file has 0.6 MB
+    EXPECT_LT(usage.ru_maxrss, kMost);
+}
+
+TEST(DwgBadInput, AWrongSumOpensForReadingOnlyAndSaysWhy)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    QByteArray bytes = DwgFiles::bytes(QStringLiteral("LibreDWG+libredwg__example_2000.dwg"));
+    {
+        // The last byte of a record is one of its sum; in a flat file it stands as it is.
+        const DwgParts parts(bytes);
+        ASSERT_EQ(parts.faults(), QStringList());
+        const QByteArrayView record = parts.records().begin()->second;
+        const qsizetype end = record.data() + record.size() - parts.file().image().begin();
+        bytes.data()[end - 1] = static_cast<char>(~bytes[end - 1]);
+    }
+    const auto drawing = readDrawing(bytes, QStringLiteral("broken.dwg"));
+    ASSERT_EQ(DwgFiles::faults(*drawing).size(), 1);
+    EXPECT_TRUE(DwgFiles::faults(*drawing)[0].contains(QStringLiteral("is damaged")));
+    EXPECT_TRUE(drawing->loadNotes().contains(DwgFiles::faults(*drawing)[0]));
+    EXPECT_EQ(outcome(bytes), Outcome::ReadOnly);
+}
+
+TEST(DwgBadInput, OlderVersionsAreRefusedInWords)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    try {
+        (void)readDrawing(
+            SharedDrawings::file(QStringLiteral("LibreDWG+libredwg__entities-2d.dwg")));
+        ADD_FAILURE() << "it was read";
+    } catch (const OdError& error) {
+        EXPECT_TRUE(error.description().contains(QStringLiteral("version that cannot be read")))
+            << error.what();
+    }
+}
+
+TEST(DwgBadInput, EditsOfTheOldestVersionsAreRefusedInWords)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    const QByteArray bytes = DwgFiles::bytes(QStringLiteral("LibreDWG+libredwg__example_r14.dwg"));
+    const auto drawing = readDrawing(bytes, QStringLiteral("old.dwg"));
+    EXPECT_TRUE(drawingBytes(*drawing) == bytes);
+    drawing->getLayerZeroId().safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)->setIsOff(true);
+    try {
+        (void)drawingBytes(*drawing);
+        ADD_FAILURE() << "it was written";
+    } catch (const OdError& error) {
+        EXPECT_TRUE(error.description().contains(QStringLiteral("cannot be saved")))
+            << error.what();
+    }
+}
+
+} // namespace

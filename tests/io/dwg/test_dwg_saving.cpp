@@ -1,0 +1,130 @@
+#include "database/drawing/OdDbDatabase.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "io/DrawingCodec.h"
+#include "io/DrawingFile.h"
+#include "io/dwg/support/DwgFiles.h"
+#include "io/dwg/support/DwgParts.h"
+#include "io/dwg/support/LayerEdits.h"
+#include "support/drawings/DrawingDigest.h"
+#include "support/drawings/SharedDrawings.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Saved
+{
+    QByteArray bytes;
+    SaveReport report;
+};
+
+Saved saved(const OdDbDatabase& drawing)
+{
+    DrawingPieces pieces = DrawingSource::of(drawing).write(drawing);
+    Saved result;
+    for (const QByteArrayView part : pieces.parts)
+        result.bytes.append(part.data(), part.size());
+    result.report = pieces.report;
+    return result;
+}
+
+/// The records of the old file that are not of those types, but were changed, are lost or new.
+QStringList unexpected(const QStringList& different, const QList<QByteArray>& types)
+{
+    QStringList found = different;
+    found.removeIf([&](const QString& record) {
+        return types.contains(record.section(QLatin1Char(' '), 0, 0).toLatin1());
+    });
+    return found;
+}
+
+class DwgSaving : public testing::TestWithParam<const char*>
+{
+protected:
+    void SetUp() override
+    {
+        KEST_GTEST_NEEDS_DRAWINGS();
+        m_bytes = DwgFiles::bytes(QString::fromLatin1(GetParam()));
+        ASSERT_FALSE(m_bytes.isEmpty());
+    }
+
+    /// Makes each edit, looks at what is saved, and takes the edit back.
+    void tryEdits(const QByteArray& bytes, const std::vector<LayerEdit>& edits)
+    {
+        const auto drawing = readDrawing(bytes, QStringLiteral("before.dwg"));
+        const DwgParts before(bytes);
+        const QStringList start = drawingDigest(*drawing);
+        const bool trueColours = before.file().version() >= DwgVersion::V2004;
+        for (const LayerEdit& edit : edits) {
+            if (edit.needsTrueColours && !trueColours)
+                continue;
+            SCOPED_TRACE(edit.name);
+            drawing->startUndoRecord();
+            edit.edit(*drawing);
+            drawing->endUndoRecord();
+            try {
+                lookAt(before, *drawing, start, edit);
+            } catch (const OdError& error) {
+                ADD_FAILURE() << error.what();
+            }
+            drawing->undo();
+            EXPECT_EQ(digestDifference(start, drawingDigest(*drawing)), "");
+        }
+        EXPECT_TRUE(saved(*drawing).bytes == bytes) << "with all edits taken back";
+    }
+
+private:
+    static void lookAt(const DwgParts& before, const OdDbDatabase& drawing,
+                       const QStringList& start, const LayerEdit& edit)
+    {
+        EXPECT_EQ(drawing.audit(), QStringList());
+        const Saved now = saved(drawing);
+        EXPECT_EQ(now.report.notKept, QStringList());
+        const DwgParts after(now.bytes);
+        EXPECT_EQ(after.faults(), QStringList());
+        const QStringList different = DwgParts::different(before, after);
+        EXPECT_EQ(unexpected(different, edit.types), QStringList());
+        if (edit.records >= 0) {
+            EXPECT_EQ(different.size(), edit.records)
+                << different.join(QLatin1Char(' ')).toStdString();
+        }
+        const auto again = readDrawing(now.bytes, QStringLiteral("again.dwg"));
+        EXPECT_EQ(again->audit(), QStringList());
+        EXPECT_EQ(DwgFiles::faults(*again), QStringList());
+        const QStringList wanted = drawingDigest(drawing);
+        EXPECT_EQ(digestDifference(wanted, drawingDigest(*again)), "");
+        // An edit that leaves everything as it was would prove nothing.
+        EXPECT_TRUE(wanted != start || !different.isEmpty() || hasNothingTo(edit, drawing));
+    }
+
+    static bool hasNothingTo(const LayerEdit& edit, const OdDbDatabase& drawing)
+    {
+        const QByteArrayView name(edit.name);
+        return (drawing.store().viewports().empty()
+                && (name.contains("viewport") || name.contains("override")))
+            || name == "entity on another layer" || name == "other layout current";
+    }
+
+protected:
+    QByteArray m_bytes;
+};
+
+TEST_P(DwgSaving, EachKindOfEditChangesItsRecordsOnlyAndIsReadAgain)
+{
+    tryEdits(m_bytes, layerEdits());
+}
+
+TEST_P(DwgSaving, WhatWasAddedIsChangedAndTakenAwayAgain)
+{
+    const auto drawing = readDrawing(m_bytes, QStringLiteral("plain.dwg"));
+    addProofs(*drawing);
+    tryEdits(saved(*drawing).bytes, undoingEdits());
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, DwgSaving, testing::ValuesIn(DwgFiles::kWritable),
+                         [](const auto& file) {
+                             return DwgFiles::testName(QString::fromLatin1(file.param));
+                         });
+
+} // namespace
