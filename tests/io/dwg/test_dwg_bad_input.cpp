@@ -59,10 +59,10 @@ Outcome outcome(const QByteArray& bytes)
 QList<QByteArray> smallFiles()
 {
     QList<QByteArray> files;
-    for (const char* name : {"LibreDWG+libredwg__example_r14.dwg",
-                             "LibreDWG+libredwg__example_2000.dwg",
-                             "AFMD+laoyouts__Screen_print_layout.dwg",
-                             "lendres+CAD-Support-Files__Named_PS_Plotting_Templates.dwt"})
+    for (const char* name :
+         {"LibreDWG+libredwg__example_r14.dwg", "LibreDWG+libredwg__example_2000.dwg",
+          "AFMD+laoyouts__Screen_print_layout.dwg",
+          "lendres+CAD-Support-Files__Named_PS_Plotting_Templates.dwt"})
         files << DwgFiles::bytes(QString::fromLatin1(name));
     return files;
 }
@@ -190,7 +190,8 @@ TEST(DwgBadInput, OlderVersionsAreRefusedInWords)
 {
     KEST_GTEST_NEEDS_DRAWINGS();
     try {
-        (void)readDrawing(SharedDrawings::file(QStringLiteral("LibreDWG+libredwg__entities-2d.dwg")));
+        (void)readDrawing(
+            SharedDrawings::file(QStringLiteral("LibreDWG+libredwg__entities-2d.dwg")));
         ADD_FAILURE() << "it was read";
     } catch (const OdError& error) {
         EXPECT_TRUE(error.description().contains(QStringLiteral("version that cannot be read")))

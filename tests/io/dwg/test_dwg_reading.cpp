@@ -45,13 +45,12 @@ std::vector<Twins> allTwins()
     // DXF of that version has one bit for it, DWG two.
     const QStringList frames = {QStringLiteral("$XCLIPFRAME")};
     // The twin is older: two more entities came later, a nameless block, and other styles of views.
-    const QStringList later = {QStringLiteral("block *U flags 1 "), QStringLiteral("CVIEWDETAILSTYLE="),
-                               QStringLiteral("CVIEWSECTIONSTYLE="), QStringLiteral("$EXTMIN"),
-                               QStringLiteral("$EXTMAX")};
+    const QStringList later = {
+        QStringLiteral("block *U flags 1 "), QStringLiteral("CVIEWDETAILSTYLE="),
+        QStringLiteral("CVIEWSECTIONSTYLE="), QStringLiteral("$EXTMIN"), QStringLiteral("$EXTMAX")};
     // The program that made the twin takes index 255 for pure blue, which is 5, and leaves a
     // lineweight of 0 out.
-    const QStringList blue =
-        kDerived
+    const QStringList blue = kDerived
         + QStringList{QStringLiteral("layer QM-D_3|IKE120036-t1 "),
                       QStringLiteral("layer IKE120036-t1 "),
                       QStringLiteral("layer QM-D_3|A-ELEV-PATT "),
@@ -218,21 +217,20 @@ TEST_P(DwgReading, AgreesWithTheHeaderVariablesOfTheTwin)
     const auto dwg = readDrawing(SharedDrawings::file(QString::fromLatin1(GetParam().dwg)));
     const auto dxf = readDrawing(SharedDrawings::file(QString::fromLatin1(GetParam().dxf)));
     // Of the moment, and of the program: times go on while both are saved, local ones in DXF.
-    const QStringList moment = {QStringLiteral("$TDCREATE"),   QStringLiteral("$TDUPDATE"),
-                                QStringLiteral("$TDINDWG"),    QStringLiteral("$TDUSRTIMER"),
-                                QStringLiteral("$HANDSEED"),   QStringLiteral("$VERSIONGUID"),
+    const QStringList moment = {QStringLiteral("$TDCREATE"), QStringLiteral("$TDUPDATE"),
+                                QStringLiteral("$TDINDWG"),  QStringLiteral("$TDUSRTIMER"),
+                                QStringLiteral("$HANDSEED"), QStringLiteral("$VERSIONGUID"),
                                 QStringLiteral("$DIMBLK")}; // without its underscore in DXF
     int compared = 0;
     QStringList different;
     for (const HeaderVariables::Variable& variable : dwg->header().all()) {
         const HeaderVariables::Variable* twin = dxf->header().find(variable.name);
-        if (!twin || moment.contains(variable.name)
-            || GetParam().different.contains(variable.name))
+        if (!twin || moment.contains(variable.name) || GetParam().different.contains(variable.name))
             continue;
         ++compared;
         if (!sameValue(variable.value, twin->value))
-            different << QStringLiteral("%1: %2, but %3")
-                             .arg(variable.name, variable.value, twin->value);
+            different
+                << QStringLiteral("%1: %2, but %3").arg(variable.name, variable.value, twin->value);
     }
     EXPECT_EQ(different.join(QLatin1Char('\n')).toStdString(), "");
     EXPECT_GT(compared, 130);

@@ -44,9 +44,8 @@ bool isEdited(const OdDbDatabase& drawing)
 {
     const auto& variables = drawing.header().all();
     return !drawing.store().touched().empty() || !(drawing.current() == drawing.loadedCurrent())
-        || std::any_of(variables.begin(), variables.end(), [](const auto& variable) {
-               return variable.value != variable.loadedValue;
-           });
+        || std::any_of(variables.begin(), variables.end(),
+                       [](const auto& variable) { return variable.value != variable.loadedValue; });
 }
 
 BitWriter number(std::size_t count)

@@ -16,8 +16,8 @@
 namespace {
 
 // A name that is longer than most, with signs of several scripts that windows-1252 lacks.
-const QString kLongName =
-    QStringLiteral("Proof \u00e4\u00f6\u00fc \u0416\u0443\u043a \u5c64 a rather long name of a layer");
+const QString kLongName = QStringLiteral(
+    "Proof \u00e4\u00f6\u00fc \u0416\u0443\u043a \u5c64 a rather long name of a layer");
 const QString kProof = QStringLiteral("Proof");
 
 OdDbLayerTableRecordPtr opened(OdDbObjectId layer)
@@ -58,8 +58,7 @@ OdDbObjectId entity(const OdDbDatabase& drawing)
     const ObjectStore& store = drawing.store();
     for (quint32 slot = 0; slot < store.fileRecords(); ++slot) {
         if (store.has(slot, ObjectStore::kEntity) && !store.has(slot, ObjectStore::kSubEntity)
-            && store.type(slot) == RecordType::Line
-            && store.layer(slot) != lastId(drawing).slot())
+            && store.type(slot) == RecordType::Line && store.layer(slot) != lastId(drawing).slot())
             return drawing.idOfSlot(slot);
     }
     return {};
@@ -103,8 +102,8 @@ void addLinetype(OdDbDatabase& drawing)
 {
     OdDbSymbolTable& table = drawing.table(OdDbTableKind::Linetype);
     auto record = std::make_unique<OdDbLinetypeTableRecord>();
-    record->stateForLoading() = {QStringLiteral("PROOF_DASHES"), QStringLiteral("Proof __ . __"),
-                                 {0.5, -0.25, 0, -0.25}};
+    record->stateForLoading() = {
+        QStringLiteral("PROOF_DASHES"), QStringLiteral("Proof __ . __"), {0.5, -0.25, 0, -0.25}};
     table.appendRecord(drawing.store().size(), NameIndex::fold(QStringLiteral("PROOF_DASHES")));
     const OdDbObjectId made =
         drawing.addObject(std::move(record), RecordType::Ltype, table.objectId());
@@ -160,22 +159,33 @@ std::vector<LayerEdit> plainEdits()
         {"off", of([](auto& layer) { layer.setIsOff(!layer.isOff()); }), {"LAYER"}, 1},
         {"lock", of([](auto& layer) { layer.setIsLocked(!layer.isLocked()); }), {"LAYER"}, 1},
         {"plot", of([](auto& layer) { layer.setIsPlottable(!layer.isPlottable()); }), {"LAYER"}, 1},
-        {"frozen in new viewports", of([](auto& layer) { layer.setVPDFLT(!layer.VPDFLT()); }),
-         {"LAYER"}, 1},
+        {"frozen in new viewports",
+         of([](auto& layer) { layer.setVPDFLT(!layer.VPDFLT()); }),
+         {"LAYER"},
+         1},
         {"lineweight",
          of([](auto& layer) { layer.setLineWeight(layer.lineWeight() == 70 ? 25 : 70); }),
          {"LAYER"},
          1},
-        {"colour by index", of([](auto& layer) { layer.setColor(OdCmColor::fromIndex(173)); }),
-         {"LAYER"}, 1},
-        {"true colour", of([](auto& layer) { layer.setColor(OdCmColor::fromRgb(12, 200, 99)); }),
-         {"LAYER"}, 1, true},
+        {"colour by index",
+         of([](auto& layer) { layer.setColor(OdCmColor::fromIndex(173)); }),
+         {"LAYER"},
+         1},
+        {"true colour",
+         of([](auto& layer) { layer.setColor(OdCmColor::fromRgb(12, 200, 99)); }),
+         {"LAYER"},
+         1,
+         true},
         {"colour of a book",
          of([](auto& layer) {
              layer.setColor(OdCmColor::fromRgb(9, 8, 7, QStringLiteral("BOOK$Colour \u00e4")));
          }),
-         {"LAYER"}, 1, true},
-        {"rename", of([](auto& layer) { layer.setName(kLongName); }), {"LAYER", "DICTIONARY", "XRECORD"}},
+         {"LAYER"},
+         1,
+         true},
+        {"rename",
+         of([](auto& layer) { layer.setName(kLongName); }),
+         {"LAYER", "DICTIONARY", "XRECORD"}},
         {"description",
          of([](auto& layer) { layer.setDescription(QStringLiteral("what \u00e4 layer \u5c64")); }),
          {"LAYER", "TABLE", "APPID"}},
@@ -194,7 +204,9 @@ std::vector<LayerEdit> layerEdits()
     std::vector<LayerEdit> edits = plainEdits();
     const std::vector<LayerEdit> more = {
         {"reconciled",
-         [](OdDbDatabase& drawing) { last(drawing)->setIsReconciled(!last(drawing)->isReconciled()); },
+         [](OdDbDatabase& drawing) {
+             last(drawing)->setIsReconciled(!last(drawing)->isReconciled());
+         },
          {"LAYER", "DICTIONARY", "XRECORD"}},
         {"linetype loaded", addLinetype, {"LAYER", "TABLE", "LTYPE"}, 3},
         {"new layer",
@@ -203,7 +215,8 @@ std::vector<LayerEdit> layerEdits()
          },
          {"LAYER", "TABLE"},
          2},
-        {"new filters", [](OdDbDatabase& drawing) { addFilters(drawing, lastId(drawing)); },
+        {"new filters",
+         [](OdDbDatabase& drawing) { addFilters(drawing, lastId(drawing)); },
          {"TABLE", "DICTIONARY", "XRECORD"}},
         {"new state",
          [](OdDbDatabase& drawing) {
@@ -233,14 +246,17 @@ std::vector<LayerEdit> layerEdits()
              drawing.setCLAYER(drawing.getCLAYER() == lastId(drawing) ? drawing.getLayerZeroId()
                                                                       : lastId(drawing));
          },
-         {}, 0},
+         {},
+         0},
         {"other layout current", otherLayout, {}},
         {"LTSCALE",
          [](OdDbDatabase& drawing) {
              drawing.setHeaderVariable(QStringLiteral("$LTSCALE"), 40, QStringLiteral("2.5"));
          },
-         {}, 0},
-        {"entities drawn", draw,
+         {},
+         0},
+        {"entities drawn",
+         draw,
          {"LINE", "CIRCLE", "TEXT", "BLOCK_RECORD", "VIEWPORT", "INSERT", "LWPOLYLINE", "MTEXT",
           "HATCH", "DIMENSION", "ARC", "SPLINE", "POINT"}},
         {"entity on another layer",
@@ -252,10 +268,10 @@ std::vector<LayerEdit> layerEdits()
         {"dictionary variable",
          [](OdDbDatabase& drawing) {
              const QString name = QStringLiteral("LAYEREVAL");
-             drawing.setDictionaryVariable(name, drawing.dictionaryVariable(name)
-                                                         == QLatin1String("2")
-                                                     ? QStringLiteral("1")
-                                                     : QStringLiteral("2"));
+             drawing.setDictionaryVariable(name,
+                                           drawing.dictionaryVariable(name) == QLatin1String("2")
+                                               ? QStringLiteral("1")
+                                               : QStringLiteral("2"));
          },
          {"DICTIONARY", "DICTIONARYVAR"}},
     };
@@ -294,13 +310,16 @@ std::vector<LayerEdit> undoingEdits()
     return {
         {"no description", of([](auto& layer) { layer.setDescription({}); }), {"LAYER"}, 1},
         {"other description",
-         of([](auto& layer) { layer.setDescription(QStringLiteral("\u5c64 other")); }), {"LAYER"}, 1},
+         of([](auto& layer) { layer.setDescription(QStringLiteral("\u5c64 other")); }),
+         {"LAYER"},
+         1},
         {"no transparency", of([](auto& layer) { layer.setTransparency(0); }), {"LAYER"}, 1},
         {"other transparency",
          of([](auto& layer) {
              layer.setTransparency(OdDbLayerTableRecord::transparencyFromPercent(90));
          }),
-         {"LAYER"}, 1},
+         {"LAYER"},
+         1},
         {"not reconciled", of([](auto& layer) { layer.setIsReconciled(false); }), extras},
         {"no overrides", of([](auto& layer) { layer.removeAllOverrides(); }), extras},
         {"overrides of one viewport",
@@ -334,7 +353,8 @@ std::vector<LayerEdit> undoingEdits()
              });
          },
          {"DICTIONARY", "XRECORD"}},
-        {"deleted state", [](OdDbDatabase& drawing) { LayerStates(drawing).remove(kProof); },
+        {"deleted state",
+         [](OdDbDatabase& drawing) { LayerStates(drawing).remove(kProof); },
          {"DICTIONARY", "XRECORD"}},
         {"renamed state",
          [](OdDbDatabase& drawing) {
@@ -350,12 +370,14 @@ std::vector<LayerEdit> undoingEdits()
         {"deleted layer that filters, states and viewports name",
          of([](auto& layer) { layer.erase(); }),
          {"LAYER", "TABLE", "DICTIONARY", "XRECORD", "VIEWPORT"}},
-        {"renamed layer that states name", of([](auto& layer) { layer.setName(kLongName); }),
+        {"renamed layer that states name",
+         of([](auto& layer) { layer.setName(kLongName); }),
          {"LAYER", "DICTIONARY", "XRECORD"}},
         {"other dictionary variable",
          [](OdDbDatabase& drawing) {
              drawing.setDictionaryVariable(QStringLiteral("LAYEREVAL"), QStringLiteral("2"));
          },
-         {"DICTIONARYVAR"}, 1},
+         {"DICTIONARYVAR"},
+         1},
     };
 }
