@@ -46,6 +46,10 @@ public:
     virtual void verify(const OdDbDatabase& /*database*/, const DrawingPieces& /*pieces*/,
                         const WrittenBytes& /*written*/) const
     { }
+    /// The ending of files of this format: "dxf".
+    virtual QString suffix() const = 0;
+    /// Why the drawing must not be written over, in sentences; empty where it can be.
+    virtual QString refusal() const { return {}; }
     /// The bytes that the drawing was read from; DrawingPieces are views into them.
     virtual const FileImage& image() const = 0;
 

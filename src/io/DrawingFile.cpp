@@ -7,6 +7,7 @@
 #include "io/files/WrittenBytes.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <array>
@@ -33,8 +34,8 @@ const DrawingCodec& codecFor(const FileImage& image)
     if (found == codecs.end())
         throw OdError_InvalidDrawing(
             image.name(), 1,
-            tr("this is neither a DXF nor a DWG drawing; expected group 0 with SECTION, a comment "
-               "(group 999), or the name of a DWG version."));
+            tr("this is no DXF drawing and no DWG drawing; expected group 0 with SECTION, a "
+               "comment (group 999), or the name of a DWG version."));
     return **found;
 }
 
@@ -45,7 +46,36 @@ std::unique_ptr<OdDbDatabase> readImage(std::shared_ptr<const FileImage> image,
     return codec.read(std::move(image), progress);
 }
 
+/// Endings of files, and the format that programs expect in them.
+constexpr std::pair<const char*, const char*> kEndings[] = {
+    {"dxf", "dxf"}, {"dwg", "dwg"}, {"dwt", "dwg"}, {"dws", "dwg"}};
+
+void requireFormat(const DrawingSource& source, const QString& path)
+{
+    const QString ending = QFileInfo(path).suffix().toLower();
+    for (const auto& [known, format] : kEndings) {
+        if (ending == QLatin1String(known) && source.suffix() != QLatin1String(format))
+            throw OdError_FileAccess(
+                OdResult::CantWriteFile,
+                tr("%1 was not written: the drawing was read from a %2 file and is saved as one; "
+                   "expected a name that ends in .%3.")
+                    .arg(path, source.suffix().toUpper(), source.suffix()));
+    }
+}
+
 } // namespace
+
+QString drawingSuffix(const OdDbDatabase& database)
+{
+    const auto* source = dynamic_cast<const DrawingSource*>(database.source());
+    return source ? source->suffix() : QStringLiteral("dxf");
+}
+
+QString writingRefusal(const OdDbDatabase& database)
+{
+    const auto* source = dynamic_cast<const DrawingSource*>(database.source());
+    return source ? source->refusal() : QString();
+}
 
 const DrawingSource& DrawingSource::of(const OdDbDatabase& database)
 {
@@ -83,6 +113,7 @@ SaveReport writeDrawing(const OdDbDatabase& database, const QString& path,
                         const IoProgress& progress, const SaveOptions& options)
 {
     const DrawingSource& source = DrawingSource::of(database);
+    requireFormat(source, path);
     AtomicFile file(path);
     DrawingPieces pieces = source.write(database);
     file.write(pieces.parts, progress);

@@ -38,8 +38,15 @@ struct SaveOptions
 /// line and expectation).
 std::unique_ptr<OdDbDatabase> readDrawing(const QString& path, const IoProgress& progress = {});
 
+/// The ending that files of a drawing's format have, "dxf" or "dwg"; "dxf" for a drawing that was
+/// not read from a file.
+QString drawingSuffix(const OdDbDatabase& database);
+/// Why a drawing can only be read, in sentences; empty for one that can be saved.
+QString writingRefusal(const OdDbDatabase& database);
+
 /// Writes atomically: a temporary file in the same folder, synced, read back and compared, then
-/// renamed over `path`. On any failure the file at `path` is as it was. Raises OdError_FileAccess.
+/// renamed over `path`. On any failure the file at `path` is as it was. A drawing keeps the format
+/// it was read in: a path with the ending of another format is refused. Raises OdError_FileAccess.
 SaveReport writeDrawing(const OdDbDatabase& database, const QString& path,
                         const IoProgress& progress = {}, const SaveOptions& options = {});
 

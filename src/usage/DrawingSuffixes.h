@@ -5,5 +5,6 @@
 /// What names of drawings end in, without dots: the files that a shell offers.
 inline QStringList drawingSuffixes()
 {
-    return {QStringLiteral("dxf")};
+    return {QStringLiteral("dxf"), QStringLiteral("dwg"), QStringLiteral("dwt"),
+            QStringLiteral("dws")};
 }

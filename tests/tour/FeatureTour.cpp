@@ -33,6 +33,7 @@ void FeatureTour::finish()
 void FeatureTour::noteStep(const char* undoText)
 {
     m_tour->settle();
+    palette().pause();
     QCOMPARE(m_tour->undoText(), QString::fromUtf8(undoText));
     m_steps.push_back({m_tour->undoText(), drawingDigest(drawing())});
     const std::size_t count = m_steps.size();

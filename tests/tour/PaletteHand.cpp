@@ -14,11 +14,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
+
+#include <algorithm>
 
 namespace {
 
@@ -140,6 +144,31 @@ QModelIndex PaletteHand::filter(const char* name) const
     if (found.isEmpty())
         reportTestFailure(QStringLiteral("The tree has no filter %1.").arg(QLatin1String(name)));
     return found.value(0);
+}
+
+void PaletteHand::pause() const
+{
+    const auto timers =
+        grid().findChildren<QTimer*>(QRegularExpression(QStringLiteral("timer_[12]00")));
+    const auto isIdle = [&timers] {
+        return std::none_of(timers.begin(), timers.end(),
+                            [](const QTimer* timer) { return timer->isActive(); });
+    };
+    // While something is being typed they start anew.
+    const auto isTyping = [this] {
+        return grid().findChild<QLineEdit*>(QStringLiteral("inPlaceEdit")) != nullptr;
+    };
+    while (!isIdle() && !isTyping()) {
+        for (QTimer* timer : timers) {
+            const int interval = timer->interval();
+            if (!timer->isActive())
+                continue;
+            timer->start(0);
+            settle();
+            timer->setInterval(interval);
+        }
+    }
+    settle();
 }
 
 void PaletteHand::clickTool(const char* name) const

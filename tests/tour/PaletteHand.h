@@ -43,6 +43,10 @@ public:
 
     // What the hand does
 
+    /// Waits until the palette has done all that it puts off to the end of a burst of changes; its
+    /// timers are cut short.
+    void pause() const;
+
     void clickTool(const char* name) const;
     void clickFilter(const char* name) const;
     /// Right-clicks a filter, and goes through the menu's entries.

@@ -185,8 +185,6 @@ WindowPicture TourWindow::picture() const
     if (!QApplication::activePopupWidget())
         restPointer();
     settle();
-    if (m_window->drawings().currentView())
-        canvas().completeNow(true);
     // The folder of this run is no part of the pictures.
     auto* history = m_window->findChild<QPlainTextEdit*>(QStringLiteral("commandHistory"));
     QTextCursor found = history->document()->find(m_folder.path());
@@ -200,6 +198,11 @@ WindowPicture TourWindow::picture() const
             reportTestFailure(QStringLiteral("The button that clears the search still fades."));
     }
     settle();
+    // Last, and from the start: a picture that was begun in slices is blended a little otherwise.
+    if (m_window->drawings().currentView()) {
+        canvas().regen();
+        canvas().completeNow(true);
+    }
     return WindowPicture(*m_window);
 }
 

@@ -93,6 +93,7 @@ HostDocument& DocumentFiles::open(const QString& path)
         const HostDocManager::BusyScope busy(m_documents);
         drawing = m_frontEnd->readDrawingFile(file);
     }
+    state.isReadOnly |= !writingRefusal(*drawing).isEmpty();
     HostDocument& document = add(std::move(drawing), file, std::move(state));
     m_frontEnd->fileUsed(file);
     return document;
@@ -187,7 +188,7 @@ SaveReport DocumentFiles::saveAs(HostDocument& document, const QString& path)
 {
     QString file = absolutePath(path);
     if (QFileInfo(file).suffix().isEmpty())
-        file += QStringLiteral(".dxf");
+        file += QLatin1Char('.') + drawingSuffix(*document.database());
     const HostDocument* other = m_documents.findByFile(file);
     if (other && other != &document)
         refuseToWrite(

@@ -36,8 +36,8 @@ public:
     /// Writes the drawing to its own file. Raises OdError_FileAccess for a drawing that is
     /// read-only, and, unless `overwrites`, for a file that somebody else changed.
     SaveReport save(HostDocument& document, bool overwrites = false);
-    /// Writes the drawing to that file, which becomes its own. ".dxf" is added to names without
-    /// suffix.
+    /// Writes the drawing to that file, which becomes its own. The ending of its format is added to
+    /// names without suffix.
     SaveReport saveAs(HostDocument& document, const QString& path);
 
     /// Whether an empty document that nobody touched stands alone: opening a file takes its place.

@@ -16,6 +16,7 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -25,7 +26,21 @@ constexpr int kStatusTime = 15000; // milliseconds
 
 QString drawingFilter()
 {
-    return HostText::tr("DXF drawings (*.dxf *.DXF);;All files (*)");
+    return HostText::tr("Drawings (*.dxf *.DXF *.dwg *.DWG *.dwt *.DWT *.dws *.DWS);;"
+                        "DXF drawings (*.dxf *.DXF);;DWG drawings (*.dwg *.DWG *.dwt *.DWT *.dws "
+                        "*.DWS);;All files (*)");
+}
+
+/// A drawing keeps its format when it is saved.
+QString savingFilter(const QString& path)
+{
+    constexpr const char* kDwgEndings[] = {"dwg", "dwt", "dws"};
+    const QString ending = QFileInfo(path).suffix().toLower();
+    const bool isDwg =
+        std::any_of(std::begin(kDwgEndings), std::end(kDwgEndings),
+                    [&](const char* known) { return ending == QLatin1String(known); });
+    return isDwg ? HostText::tr("DWG drawings (*.dwg *.DWG *.dwt *.DWT *.dws *.DWS);;All files (*)")
+                 : HostText::tr("DXF drawings (*.dxf *.DXF);;All files (*)");
 }
 
 QString fileName(const QString& path)
@@ -80,7 +95,7 @@ QString WindowFrontEnd::chooseFileToSave(const QString& suggestion)
     if (QFileInfo(path).suffix().isEmpty())
         path += QStringLiteral(".dxf");
     return Prompts::current().saveFile(m_window,
-                                       {HostText::tr("Save Drawing"), path, drawingFilter()});
+                                       {HostText::tr("Save Drawing"), path, savingFilter(path)});
 }
 
 HostFrontEnd::CloseAnswer WindowFrontEnd::askToSave(const HostDocument& document)

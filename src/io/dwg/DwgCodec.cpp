@@ -4,7 +4,7 @@
 #include "io/dwg/read/DwgAssembler.h"
 #include "io/dwg/read/DwgIndex.h"
 #include "io/dwg/read/DwgObjectSource.h"
-#include "io/dwg/records/HeaderSection.h"
+#include "io/dwg/sections/HeaderSection.h"
 
 bool DwgCodec::recognises(QByteArrayView head) const
 {

@@ -60,7 +60,11 @@ TEST(DxfBadInput, NoiseIsRefusedAsNoDrawing)
 TEST(DxfBadInput, OtherDrawingFormatsAreNamed)
 {
     EXPECT_EQ(refusal("AC1032\0\0\0"),
-              QStringLiteral("bad.dxf: this is a DWG drawing; only DXF can be opened yet."));
+              QStringLiteral("bad.dxf, byte 0: the file ends too early; expected 21 more bytes "
+                             "here."));
+    EXPECT_EQ(refusal("AC1009\0\0\0"),
+              QStringLiteral("bad.dxf: this DWG drawing is of a version that cannot be read; "
+                             "expected R13 to 2018."));
 }
 
 TEST(DxfBadInput, ADrawingCutOffAtAnyByteIsRefusedOrWhole)

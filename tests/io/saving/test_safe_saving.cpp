@@ -213,6 +213,7 @@ public:
     quint32 extensionDictionary(quint32) const override { return 0; }
     QString decode(QByteArrayView) const override { return {}; }
     quint64 footprint() const override { return 0; }
+    QString suffix() const override { return QStringLiteral("dxf"); }
     DrawingPieces write(const OdDbDatabase&) const override
     {
         DrawingPieces pieces;

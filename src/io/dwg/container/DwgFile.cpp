@@ -3,6 +3,7 @@
 #include "database/values/OdError.h"
 #include "io/dwg/container/FlatFile.h"
 #include "io/dwg/container/PagedFile.h"
+#include "io/dwg/container/PagedFile2007.h"
 
 #include <QCoreApplication>
 #include <QtEndian>
@@ -29,6 +30,8 @@ std::unique_ptr<DwgFile> DwgFile::open(const std::shared_ptr<const FileImage>& i
             tr("this DWG drawing is of a version that cannot be read; expected R13 to 2018."));
     if (*version <= DwgVersion::V2000)
         return std::make_unique<FlatFile>(image, *version);
+    if (*version == DwgVersion::V2007)
+        return std::make_unique<PagedFile2007>(image);
     return std::make_unique<PagedFile>(image, *version);
 }
 

@@ -4,8 +4,14 @@
 #include <QByteArrayView>
 #include <QtEndian>
 
+#include <array>
+
 /// How pages and heads of a paged DWG file look, byte for byte.
 namespace PageForm {
+
+/// The names of the sections that are read, by DwgSection.
+constexpr std::array<QByteArrayView, 4> kSectionNames = {"AcDb:Header", "AcDb:Classes",
+                                                         "AcDb:Handles", "AcDb:AcDbObjects"};
 
 // The second head of the file; a copy of it ends the file. Its bytes are masked.
 constexpr quint64 kHeadAt = 0x80;

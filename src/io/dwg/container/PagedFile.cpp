@@ -25,18 +25,6 @@ QString tr(const char* text)
     return QCoreApplication::translate("PagedFile", text);
 }
 
-struct KnownSection
-{
-    DwgSection section;
-    QByteArrayView name;
-};
-constexpr KnownSection kKnown[] = {
-    {DwgSection::Header, "AcDb:Header"},
-    {DwgSection::Classes, "AcDb:Classes"},
-    {DwgSection::ObjectMap, "AcDb:Handles"},
-    {DwgSection::Objects, "AcDb:AcDbObjects"},
-};
-
 } // namespace
 
 PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DwgVersion version)
@@ -51,9 +39,9 @@ PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DwgVersion v
     readSectionMap(map->offset);
     if (word<quint32>(bytes(kSecurityAt, 4).data()) != 0)
         addFault(tr("Parts of it are encrypted or signed."));
-    for (const KnownSection& known : kKnown) {
-        const Section* found = find(known.name);
-        m_unpacked[static_cast<std::size_t>(known.section)] = found ? unpack(*found) : QByteArray();
+    for (std::size_t i = 0; i < kSectionNames.size(); ++i) {
+        const Section* found = find(kSectionNames[i]);
+        m_unpacked[i] = found ? unpack(*found) : QByteArray();
     }
 }
 

@@ -9,7 +9,8 @@ enum LinetypeKind : quint8 { kByLayer, kByBlockKind, kContinuousKind, kNamed };
 
 void color(const GroupContext& context)
 {
-    const OdCmColor& color = context.entity.color;
+    const quint64 book = context.entity.bookColor;
+    const OdCmColor color = book == 0 ? context.entity.color : context.names.bookColor(book);
     switch (color.colorMethod()) {
     case OdCmColor::kByLayer:
         break;
@@ -20,6 +21,8 @@ void color(const GroupContext& context)
         context.out.integer(62, color.colorIndex());
         if (color.colorMethod() == OdCmColor::kByColor)
             context.out.integer(420, color.color() & 0xFFFFFF);
+        if (!color.bookName().isEmpty())
+            context.out.text(430, color.bookName());
     }
 }
 

@@ -3,13 +3,17 @@
 #include "io/dwg/groups/GroupSink.h"
 #include "io/dwg/records/DwgRecord.h"
 
-/// Names that DXF has where DWG has the handle of a table's record.
+/// What DXF has where DWG has a handle.
 class RecordNames
 {
 public:
     virtual ~RecordNames() = default;
-    /// Empty for a handle that is no record with a name.
+    /// The name of a table's record; empty for a handle that is none.
     virtual QString nameOf(quint64 handle) const = 0;
+    /// The number of a viewport on its sheet, which only its place there tells.
+    virtual int viewportNumber(quint64 handle) const = 0;
+    /// A colour of a colour book.
+    virtual OdCmColor bookColor(quint64 handle) const = 0;
 };
 
 /// One record that is turned into groups: it stands behind its head.

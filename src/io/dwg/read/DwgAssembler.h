@@ -2,7 +2,7 @@
 
 #include "database/tables/OdDbSymbolTable.h"
 #include "io/dwg/read/DwgIndex.h"
-#include "io/dwg/records/HeaderSection.h"
+#include "io/dwg/sections/HeaderSection.h"
 
 class DwgObjectSource;
 class OdDbDatabase;

@@ -64,6 +64,17 @@ QString DwgCursor::nameOf(quint64 handle) const
     return *m_names.insert(handle, m_source.nameOf(handle));
 }
 
+int DwgCursor::viewportNumber(quint64 handle) const
+{
+    const OdDbObjectId viewport = m_source.id(handle);
+    return viewport.isNull() ? 0 : m_source.readViewport(viewport.slot()).number;
+}
+
+OdCmColor DwgCursor::bookColor(quint64 handle) const
+{
+    return m_source.bookColor(handle);
+}
+
 bool DwgCursor::next()
 {
     if (m_next >= m_groups.size())

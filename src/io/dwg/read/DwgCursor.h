@@ -22,9 +22,13 @@ public:
     quint64 handle() const override;
     QString text() const override;
     QByteArrayView bytes() const override;
+    /// Whether the open record ended before its groups did.
+    bool hasFailed() const { return m_record.hasFailed(); }
 
 private:
     QString nameOf(quint64 handle) const override;
+    int viewportNumber(quint64 handle) const override;
+    OdCmColor bookColor(quint64 handle) const override;
     void readRecord(bool isEntity);
     /// An entity that was made in this session has its groups already.
     void readMade(quint32 slot);

@@ -2,7 +2,7 @@
 
 #include "database/values/OdError.h"
 #include "io/dwg/records/DwgTypes.h"
-#include "io/dwg/records/ObjectMap.h"
+#include "io/dwg/sections/ObjectMap.h"
 
 #include <QCoreApplication>
 

@@ -3,9 +3,9 @@
 #include "io/DrawingFile.h"
 #include "io/dwg/container/DwgFile.h"
 #include "io/dwg/read/HandleIndex.h"
-#include "io/dwg/records/DwgClasses.h"
 #include "io/dwg/records/DwgFormat.h"
 #include "io/dwg/records/TableRecords.h"
+#include "io/dwg/sections/DwgClasses.h"
 
 #include <QStringList>
 

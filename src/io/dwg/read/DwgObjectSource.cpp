@@ -13,8 +13,8 @@
 #include "database/tables/OdDbLinetypeTableRecord.h"
 #include "database/tables/OdDbNamedRecord.h"
 #include "io/dwg/read/DwgCursor.h"
+#include "io/dwg/records/DwgTypes.h"
 #include "io/dwg/records/SheetRecords.h"
-#include "io/dwg/records/TableRecords.h"
 #include "io/dxf/read/LayerGroups.h"
 #include "io/records/LayerExtras.h"
 
@@ -49,6 +49,17 @@ QString DwgObjectSource::nameOf(quint64 handle) const
 {
     const OdDbObjectId record = id(handle);
     return record.isNull() ? QString() : readNamed(record.slot()).name;
+}
+
+OdCmColor DwgObjectSource::bookColor(quint64 handle) const
+{
+    const OdDbObjectId color = id(handle);
+    DwgRecord record = reader();
+    if (color.isNull() || !open(record, color.slot()) || classes().isEntity(record.type()))
+        return {};
+    DwgHead head;
+    record.readHead(head);
+    return record.color();
 }
 
 std::unique_ptr<GroupCursor> DwgObjectSource::makeCursor() const
@@ -248,8 +259,28 @@ NamedRecordState DwgObjectSource::readNamed(quint32 slot) const
         return {};
     DwgHead head;
     record.readHead(head);
+    if (record.type() == DwgType::BlockHeader) {
+        const TableRecords::Block block = TableRecords::block(record);
+        return {wholeName(block), block.head.dependent};
+    }
     const TableRecords::Name name = TableRecords::name(record);
     return {name.name, name.dependent};
+}
+
+QString DwgObjectSource::wholeName(const TableRecords::Block& block) const
+{
+    // "*D" here, "*D12" in the entity that the block begins with.
+    const OdDbObjectId begin = id(block.entities.begin);
+    if (!block.head.name.startsWith(QLatin1Char('*')) || begin.isNull())
+        return block.head.name;
+    DwgRecord record = reader();
+    if (!open(record, begin.slot()) || record.type() != DwgType::Block)
+        return block.head.name;
+    DwgHead head;
+    DwgEntityHead entity;
+    record.readHead(head, entity);
+    const QString name = record.text();
+    return name.startsWith(block.head.name, Qt::CaseInsensitive) ? name : block.head.name;
 }
 
 LinetypeState DwgObjectSource::readLinetype(quint32 slot) const
@@ -295,7 +326,7 @@ void DwgObjectSource::readBlock(quint32 slot, BlockState& state) const
     constexpr int kOverlay = 8;
     constexpr int kDependent = 16;
     constexpr int kResolved = 32;
-    state.name = block.head.name;
+    state.name = wholeName(block);
     state.layout = id(block.layout);
     std::copy(std::begin(block.base), std::end(block.base), std::begin(state.basePoint));
     state.path = block.path;

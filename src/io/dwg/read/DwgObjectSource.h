@@ -1,10 +1,11 @@
 #pragma once
 
 #include "io/dwg/container/DwgFile.h"
-#include "io/dwg/records/DwgClasses.h"
 #include "io/dwg/records/DwgFormat.h"
 #include "io/dwg/records/DwgRecord.h"
 #include "io/dwg/records/FreeRecords.h"
+#include "io/dwg/records/TableRecords.h"
+#include "io/dwg/sections/DwgClasses.h"
 #include "io/records/RecordSource.h"
 
 #include <QStringList>
@@ -34,7 +35,11 @@ public:
     /// Texts that leave this format are UTF-8.
     QString decode(QByteArrayView value) const override { return QString::fromUtf8(value); }
     quint64 footprint() const override;
+    QString suffix() const override { return QStringLiteral("dwg"); }
+    QString refusal() const override;
     const FileImage& image() const override { return m_file->image(); }
+    void verify(const OdDbDatabase& database, const DrawingPieces& pieces,
+                const WrittenBytes& written) const override;
 
     const std::shared_ptr<const FileImage>& sharedImage() const { return m_file->sharedImage(); }
     const DwgFile& file() const { return *m_file; }
@@ -51,6 +56,8 @@ public:
     OdDbObjectId id(quint64 handle) const;
     /// The name of the table's record with that handle, as the file has it.
     QString nameOf(quint64 handle) const;
+    /// A colour of a colour book, by the handle of its record.
+    OdCmColor bookColor(quint64 handle) const;
 
     // For the codec that fills it in
     void setOffsets(std::vector<quint64> offsets) { m_offsets = std::move(offsets); }
@@ -66,6 +73,8 @@ public:
 
 private:
     NamedRecordState readNamed(quint32 slot) const;
+    /// The name of a block, also of one that the program made and numbered.
+    QString wholeName(const TableRecords::Block& block) const;
     LinetypeState readLinetype(quint32 slot) const;
     LayoutState readLayout(quint32 slot) const;
     void readBlock(quint32 slot, BlockState& state) const;

@@ -106,6 +106,11 @@ void DwgRecord::readHead(DwgHead& head, DwgEntityHead& entity)
     }
     if (!since(DwgVersion::V2000))
         divide(data.rawLong());
+    readProperties(head, entity);
+}
+
+void DwgRecord::readProperties(DwgHead& head, DwgEntityHead& entity)
+{
     const quint32 mode = data.bits(2);
     entity.space = static_cast<DwgEntityHead::Space>(qMin(mode, 2u));
     head.owner = mode == 0 ? reference() : 0;

@@ -66,6 +66,8 @@ public:
     /// Of an object that is no entity.
     void readHead(DwgHead& head);
     void readHead(DwgHead& head, DwgEntityHead& entity);
+    /// The last part of the head of an entity, which one within another begins with.
+    void readProperties(DwgHead& head, DwgEntityHead& entity);
 
 private:
     void readStart(DwgHead& head);

@@ -20,6 +20,14 @@ QString utf16(BitReader& reader, quint32 length)
     return upToZero(text);
 }
 
+/// Files that were of an older version once keep its escapes for characters outside its code page.
+QString withoutEscapes(const QString& text)
+{
+    if (!text.contains(QLatin1String("\\U+")) && !text.contains(QLatin1String("\\M+")))
+        return text;
+    return DxfText().decode(text.toUtf8().replace('^', "^ "));
+}
+
 } // namespace
 
 void DwgStreams::start(QByteArrayView body)
@@ -93,7 +101,7 @@ QString DwgStreams::text()
         return decode(data.bytes(static_cast<quint16>(data.bitShort())));
     if (m_text.left() == 0)
         return {}; // a record without texts has no stream of them
-    return utf16(m_text, static_cast<quint16>(m_text.bitShort()));
+    return withoutEscapes(utf16(m_text, static_cast<quint16>(m_text.bitShort())));
 }
 
 QString DwgStreams::plainText()

@@ -38,6 +38,7 @@ enum : quint16 {
     PolylineMesh = 30,
     Solid = 31,
     Trace = 32,
+    Shape = 33,
     Viewport = 34,
     Ellipse = 35,
     Spline = 36,
@@ -46,6 +47,7 @@ enum : quint16 {
     Dictionary = 42,
     MText = 44,
     Leader = 45,
+    Tolerance = 46,
     MLine = 47,
     BlockControl = 48,
     BlockHeader = 49,
@@ -61,6 +63,8 @@ enum : quint16 {
     AppIdControl = 66,
     AppId = 67,
     DimStyleControl = 68,
+    LwPolyline = 77,
+    Hatch = 78,
     Xrecord = 79,
 };
 } // namespace DwgType

@@ -393,17 +393,25 @@ void DwgWriter::report(DrawingPieces& pieces) const
     report.notKept = m_notKept;
 }
 
+QString DwgObjectSource::refusal() const
+{
+    if (!m_faults.isEmpty())
+        return m_faults.join(QLatin1Char(' '));
+    // Records of these versions have another order, which nothing here spells.
+    return m_format.version < DwgVersion::V2000 ? tr("Drawings of the versions R13 and R14 can be "
+                                                     "opened, but edits of them cannot be saved.")
+                                                : QString();
+}
+
 DrawingPieces DwgObjectSource::write(const OdDbDatabase& drawing) const
 {
     if (!m_faults.isEmpty())
         throw OdError_FileAccess(
             OdResult::CantWriteFile,
-            tr("The drawing is open for reading only. %1").arg(m_faults.join(QLatin1Char(' '))));
-    // Records of these versions have another order, which nothing here spells.
-    if (m_format.version < DwgVersion::V2000 && isEdited(drawing))
-        throw OdError_FileAccess(
-            OdResult::CantWriteFile,
-            tr("Drawings of the versions R13 and R14 can be opened, but edits of them cannot be "
-               "saved."));
+            tr("The drawing is open for reading only. %1 Its layer states can be exported and used "
+               "in other drawings.")
+                .arg(refusal()));
+    if (!refusal().isEmpty() && isEdited(drawing))
+        throw OdError_FileAccess(OdResult::CantWriteFile, refusal());
     return DwgWriter(*this, drawing).run();
 }

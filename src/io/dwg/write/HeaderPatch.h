@@ -1,8 +1,8 @@
 #pragma once
 
 #include "io/dwg/read/DwgObjectSource.h"
-#include "io/dwg/records/HeaderSection.h"
-#include "io/dwg/records/SectionStreams.h"
+#include "io/dwg/sections/HeaderSection.h"
+#include "io/dwg/sections/SectionStreams.h"
 #include "io/dwg/write/RecordPatch.h"
 
 #include <map>

@@ -44,6 +44,7 @@ public:
     XrecordState readXrecord(quint32 slot) const override;
     ViewportState readViewport(quint32 slot) const override;
 
+    QString suffix() const override { return QStringLiteral("dxf"); }
     const FileImage& image() const override { return *m_image; }
     const DxfText& text() const { return m_text; }
     DxfVersion version() const { return m_version; }

@@ -1,8 +1,8 @@
 #include "io/dwg/support/DwgParts.h"
 
 #include "io/dwg/records/DwgRecord.h"
-#include "io/dwg/records/HeaderSection.h"
-#include "io/dwg/records/ObjectMap.h"
+#include "io/dwg/sections/HeaderSection.h"
+#include "io/dwg/sections/ObjectMap.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "io/dwg/container/DwgFile.h"
-#include "io/dwg/records/DwgClasses.h"
 #include "io/dwg/records/DwgFormat.h"
+#include "io/dwg/sections/DwgClasses.h"
 
 #include <QByteArray>
 #include <QStringList>

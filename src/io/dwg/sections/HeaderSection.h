@@ -3,7 +3,7 @@
 #include "io/dwg/container/DwgFile.h"
 #include "io/dwg/records/DwgFormat.h"
 #include "io/dwg/records/DwgRecord.h"
-#include "io/dwg/records/HeaderLayout.h"
+#include "io/dwg/sections/HeaderLayout.h"
 
 #include <QHash>
 #include <QString>

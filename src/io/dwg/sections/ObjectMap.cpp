@@ -1,4 +1,4 @@
-#include "io/dwg/records/ObjectMap.h"
+#include "io/dwg/sections/ObjectMap.h"
 
 #include "io/dwg/bits/BitReader.h"
 #include "io/dwg/bits/Checksums.h"

@@ -1,8 +1,8 @@
-#include "io/dwg/records/HeaderSection.h"
+#include "io/dwg/sections/HeaderSection.h"
 
 #include "io/dwg/records/DwgRecord.h"
-#include "io/dwg/records/HeaderLayout.h"
-#include "io/dwg/records/SectionStreams.h"
+#include "io/dwg/sections/HeaderLayout.h"
+#include "io/dwg/sections/SectionStreams.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "io/dwg/records/HeaderLayout.h"
+#include "io/dwg/sections/HeaderLayout.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "io/dwg/records/SectionStreams.h"
+#include "io/dwg/sections/SectionStreams.h"
 
 #include "io/dwg/bits/Checksums.h"
 

@@ -1,6 +1,6 @@
-#include "io/dwg/records/DwgClasses.h"
+#include "io/dwg/sections/DwgClasses.h"
 
-#include "io/dwg/records/SectionStreams.h"
+#include "io/dwg/sections/SectionStreams.h"
 
 #include <algorithm>
 #include <array>

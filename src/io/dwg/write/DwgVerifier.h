@@ -1,0 +1,30 @@
+#pragma once
+
+#include "io/DrawingCodec.h"
+#include "io/dwg/container/DwgFile.h"
+#include "io/dwg/write/DwgMeant.h"
+
+class DwgObjectSource;
+
+/// Reads a written DWG file and compares each record with what it was meant to be: those that were
+/// edited, and all others with the file that the drawing was read from.
+class DwgVerifier
+{
+public:
+    DwgVerifier(const DwgObjectSource& source, const OdDbDatabase& database,
+                const DrawingPieces& pieces, const WrittenBytes& written);
+
+    /// Raises OdError_FileAccess for the first record that says something else.
+    void run() const;
+
+private:
+    void compareRecords(const DwgFile& file) const;
+    void compareLayers(const DwgFile& file) const;
+    [[noreturn]] static void fail(quint64 handle);
+
+    const DwgObjectSource& m_source;
+    const OdDbDatabase& m_database;
+    const DrawingPieces& m_pieces;
+    const WrittenBytes& m_written;
+    const DwgMeant& m_meant;
+};
