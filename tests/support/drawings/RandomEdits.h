@@ -14,11 +14,13 @@ class OdDbObjectId;
 class RandomEdits
 {
 public:
-    /// `trueColours`: whether the drawing's version can hold them.
-    RandomEdits(OdDbDatabase& database, unsigned seed, bool trueColours = true)
+    /// `trueColours`: whether the drawing's version can hold them. `names`: how many names earlier
+    /// edits of the drawing gave.
+    RandomEdits(OdDbDatabase& database, unsigned seed, bool trueColours = true, int names = 0)
         : m_database(database)
         , m_random(seed)
         , m_trueColours(trueColours)
+        , m_names(names)
     { }
 
     /// One edit in an undo record of its own, or an undo or redo.
@@ -65,6 +67,6 @@ private:
     OdDbDatabase& m_database;
     std::mt19937 m_random;
     bool m_trueColours;
-    int m_names = 0;
+    int m_names;
     QByteArray m_last;
 };

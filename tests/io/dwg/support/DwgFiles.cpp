@@ -18,7 +18,8 @@ QByteArray DwgFiles::bytes(const QString& name)
 QStringList DwgFiles::readable()
 {
     QStringList paths = SharedDrawings::files({QStringLiteral("*.dwg"), QStringLiteral("*.dwt")});
-    // One that is older than those this program reads, and one of a version that it does not read.
+    // One that is older than those this program reads, and one of 2007, which is never written; it
+    // has tests of its own.
     paths.removeIf([](const QString& path) {
         return path.endsWith(QLatin1String("entities-2d.dwg"))
             || path.endsWith(QLatin1String("example_2007.dwg"));

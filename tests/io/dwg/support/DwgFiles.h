@@ -22,7 +22,7 @@ inline constexpr const char* kWritable[] = {
 
 /// The bytes of one of the real drawings; empty where there is none of that name.
 QByteArray bytes(const QString& name);
-/// Full paths of all that can be read.
+/// Full paths of all that can be read, but for the one of 2007.
 QStringList readable();
 /// Why the drawing that was read must not be written, in sentences.
 QStringList faults(const OdDbDatabase& database);
