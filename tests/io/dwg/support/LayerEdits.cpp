@@ -197,12 +197,9 @@ std::vector<LayerEdit> plainEdits()
     };
 }
 
-} // namespace
-
-std::vector<LayerEdit> layerEdits()
+std::vector<LayerEdit> tableEdits()
 {
-    std::vector<LayerEdit> edits = plainEdits();
-    const std::vector<LayerEdit> more = {
+    return {
         {"reconciled",
          [](OdDbDatabase& drawing) {
              last(drawing)->setIsReconciled(!last(drawing)->isReconciled());
@@ -241,6 +238,12 @@ std::vector<LayerEdit> layerEdits()
              layer->setTransparency(OdDbLayerTableRecord::transparencyFromPercent(10), there);
          },
          {"LAYER", "DICTIONARY", "XRECORD"}},
+    };
+}
+
+std::vector<LayerEdit> drawingEdits()
+{
+    return {
         {"current layer",
          [](OdDbDatabase& drawing) {
              drawing.setCLAYER(drawing.getCLAYER() == lastId(drawing) ? drawing.getLayerZeroId()
@@ -275,33 +278,9 @@ std::vector<LayerEdit> layerEdits()
          },
          {"DICTIONARY", "DICTIONARYVAR"}},
     };
-    edits.insert(edits.end(), more.begin(), more.end());
-    return edits;
 }
 
-void addProofs(OdDbDatabase& drawing)
-{
-    const OdDbObjectId made = drawing.layerTable().add(kProof);
-    const auto layer = opened(made);
-    layer->setDescription(QStringLiteral("described"));
-    layer->setTransparency(OdDbLayerTableRecord::transparencyFromPercent(50));
-    layer->setIsReconciled(true);
-    addFilters(drawing, made);
-    for (const quint32 slot : drawing.store().viewports()) {
-        const OdDbObjectId there = drawing.idOfSlot(slot);
-        layer->setColor(OdCmColor::fromIndex(2), there);
-        layer->setLineWeight(30, there);
-        layer->setTransparency(OdDbLayerTableRecord::transparencyFromPercent(20), there);
-        const auto open = there.openObject<OdDbViewport>(OdDb::kForWrite);
-        if (open)
-            open->freezeLayersInViewport({made});
-    }
-    LayerStates(drawing).add(kProof, QStringLiteral("state of proofs"));
-    LayerStates(drawing).add(QStringLiteral("Proof 2"), {});
-    drawing.setDictionaryVariable(QStringLiteral("LAYEREVAL"), QStringLiteral("1"));
-}
-
-std::vector<LayerEdit> undoingEdits()
+std::vector<LayerEdit> undoneLayers()
 {
     const auto of = [](auto change) {
         return [change](OdDbDatabase& drawing) { change(*proof(drawing)); };
@@ -337,6 +316,15 @@ std::vector<LayerEdit> undoingEdits()
                  there->thawLayersInViewport({drawing.layerTable().getAt(kProof)});
          },
          {"VIEWPORT"}},
+    };
+}
+
+std::vector<LayerEdit> undoneRecords()
+{
+    const auto of = [](auto change) {
+        return [change](OdDbDatabase& drawing) { change(*last(drawing)); };
+    };
+    return {
         {"changed filter",
          [](OdDbDatabase& drawing) {
              changeFilters(drawing, [](OdLyLayerFilter& root) {
@@ -380,4 +368,46 @@ std::vector<LayerEdit> undoingEdits()
          {"DICTIONARYVAR"},
          1},
     };
+}
+
+std::vector<LayerEdit> all(std::initializer_list<std::vector<LayerEdit>> parts)
+{
+    std::vector<LayerEdit> edits;
+    for (const std::vector<LayerEdit>& part : parts)
+        edits.insert(edits.end(), part.begin(), part.end());
+    return edits;
+}
+
+} // namespace
+
+std::vector<LayerEdit> layerEdits()
+{
+    return all({plainEdits(), tableEdits(), drawingEdits()});
+}
+
+std::vector<LayerEdit> undoingEdits()
+{
+    return all({undoneLayers(), undoneRecords()});
+}
+
+void addProofs(OdDbDatabase& drawing)
+{
+    const OdDbObjectId made = drawing.layerTable().add(kProof);
+    const auto layer = opened(made);
+    layer->setDescription(QStringLiteral("described"));
+    layer->setTransparency(OdDbLayerTableRecord::transparencyFromPercent(50));
+    layer->setIsReconciled(true);
+    addFilters(drawing, made);
+    for (const quint32 slot : drawing.store().viewports()) {
+        const OdDbObjectId there = drawing.idOfSlot(slot);
+        layer->setColor(OdCmColor::fromIndex(2), there);
+        layer->setLineWeight(30, there);
+        layer->setTransparency(OdDbLayerTableRecord::transparencyFromPercent(20), there);
+        const auto open = there.openObject<OdDbViewport>(OdDb::kForWrite);
+        if (open)
+            open->freezeLayersInViewport({made});
+    }
+    LayerStates(drawing).add(kProof, QStringLiteral("state of proofs"));
+    LayerStates(drawing).add(QStringLiteral("Proof 2"), {});
+    drawing.setDictionaryVariable(QStringLiteral("LAYEREVAL"), QStringLiteral("1"));
 }
