@@ -46,6 +46,7 @@ constexpr Exception kExceptions[] = {
     {"example_2007", 0x894, 40},
     // The DXF has the sheet itself without a number.
     {"example_2000", 0x84, 68},
+    {"example_2007", 0x84, 68},
     // The DXF bends the leader once more, as far before its end as an arrow is long.
     {"sample_AC1018", 0x512, 10},
     {"sample_AC1032", 0x512, 10},

@@ -196,7 +196,7 @@ void labels(const GroupContext& context)
     DwgRecord& record = context.record;
     BitReader& data = record.data;
     GroupSink& out = context.out;
-    if (!record.since(DwgVersion::V2007)) {
+    if (!record.since(DwgVersion::V2010)) {
         const quint32 arrows = record.count(kLeastLabel);
         for (quint32 i = 0; i < arrows && !record.hasFailed(); ++i) {
             out.integer(94, data.bit() ? 1 : 0);
