@@ -22,8 +22,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTOR
 # Qt's texts in other languages, and its way to the newer kind of display server.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "viewer for CAD drawings with a layer palette
-Kest opens CAD drawings in the DXF and DWG formats, shows model space and sheets, and
-saves them again without losing a byte that was not edited.
+Kest opens CAD drawings in the DXF and DWG formats, shows model space and
+sheets, and saves them again without losing a byte that was not edited.
 
 Its layer palette finds, groups, switches, recolours and standardises the
 layers of a drawing, per viewport too, whether there are ten of them or a
