@@ -102,11 +102,12 @@ QByteArray DwgFileBuilder::objectMap() const
         part = {};
     };
     std::pair<quint64, quint64> last{0, 0};
-    for (const auto& [handle, offset] : m_places) {
+    for (const std::pair<quint64, quint64>& place : m_places) {
         const auto entry = [&] {
             BitWriter bits;
-            bits.modularChar(handle - last.first);
-            bits.signedModularChar(static_cast<qint64>(offset) - static_cast<qint64>(last.second));
+            bits.modularChar(place.first - last.first);
+            bits.signedModularChar(static_cast<qint64>(place.second)
+                                   - static_cast<qint64>(last.second));
             return bits;
         };
         BitWriter bits = entry();
@@ -116,7 +117,7 @@ QByteArray DwgFileBuilder::objectMap() const
             bits = entry();
         }
         part.append(bits);
-        last = {handle, offset};
+        last = place;
     }
     if (part.size() > 0)
         close();
