@@ -65,7 +65,7 @@ TEST(DwgDamage, AnyBitsGiveNoMoreGroupsThanThereAreBits)
             ASSERT_TRUE(reader.open(0));
             ASSERT_EQ(reader.type(), type);
             if (version < DwgVersion::V2010)
-                reader.handles = BitReader(bytes.sliced(kSize / 2, kSize / 4));
+                reader.handles = BitReader(QByteArrayView(bytes).sliced(kSize / 2, kSize / 4));
             groups.clear();
             RecordGroups::entity({reader, DwgHead(), DwgEntityHead(), names, groups}, name);
             // Three coordinates take six bits at least.
