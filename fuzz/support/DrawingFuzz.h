@@ -60,7 +60,7 @@ inline void editLayers(OdDbDatabase& database)
 {
     // Older versions have no true colours.
     const QString version = database.header().value(QStringLiteral("$ACADVER"));
-    const bool trueColours = dxfVersion(version.toLatin1()) >= DxfVersion::V2004;
+    const bool trueColours = dxfVersion(version.toLatin1()) >= DrawingVersion::V2004;
     bool odd = false;
     for (const OdDbObjectId id : database.layerTable().records()) {
         const auto layer = id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite);

@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr DwgVersion kVersions[] = {DwgVersion::R13,   DwgVersion::R14,   DwgVersion::V2000,
-                                    DwgVersion::V2004, DwgVersion::V2007, DwgVersion::V2010,
-                                    DwgVersion::V2013, DwgVersion::V2018};
+constexpr DrawingVersion kVersions[] = {DrawingVersion::R13,   DrawingVersion::R14,   DrawingVersion::V2000,
+                                    DrawingVersion::V2004, DrawingVersion::V2007, DrawingVersion::V2010,
+                                    DrawingVersion::V2013, DrawingVersion::V2018};
 constexpr const char* kClasses[] = {
     "LWPOLYLINE",  "HATCH",      "IMAGE",         "WIPEOUT",
     "MULTILEADER", "ACAD_TABLE", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION"};
@@ -19,11 +19,11 @@ constexpr quint16 kFirstClass = 500;
 constexpr int kSize = 600;
 
 /// A record of that type with random bits behind its number, and readable bytes behind it.
-QByteArray record(DwgVersion version, quint16 type, std::mt19937& random)
+QByteArray record(DrawingVersion version, quint16 type, std::mt19937& random)
 {
     QByteArray bytes;
     bytes.append(static_cast<char>(kSize & 0xFF)).append(static_cast<char>(kSize >> 8));
-    if (version >= DwgVersion::V2010) {
+    if (version >= DrawingVersion::V2010) {
         bytes.append(char(0x40)); // bits of references: 64
         // The number in full behind two bits.
         const quint32 spelled = 0x800000u | quint32(type & 0xFF) << 14 | quint32(type >> 8) << 6;
@@ -57,14 +57,14 @@ TEST(DwgDamage, AnyBitsGiveNoMoreGroupsThanThereAreBits)
     GroupSink groups;
     int failed = 0;
     int made = 0;
-    for (const DwgVersion version : kVersions) {
+    for (const DrawingVersion version : kVersions) {
         const DwgFormat format = DwgFormat::of(version, 30);
         const auto decode = [&](quint16 type, QByteArrayView name) {
             const QByteArray bytes = record(version, type, random);
             DwgRecord reader(format, bytes);
             ASSERT_TRUE(reader.open(0));
             ASSERT_EQ(reader.type(), type);
-            if (version < DwgVersion::V2010)
+            if (version < DrawingVersion::V2010)
                 reader.handles = BitReader(QByteArrayView(bytes).sliced(kSize / 2, kSize / 4));
             groups.clear();
             RecordGroups::entity({reader, DwgHead(), DwgEntityHead(), names, groups}, name);

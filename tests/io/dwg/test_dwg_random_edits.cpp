@@ -25,7 +25,7 @@ protected:
     {
         const auto drawing = readDrawing(bytes, QStringLiteral("random.dwg"));
         const QStringList start = drawingDigest(*drawing);
-        const bool trueColours = DwgParts(bytes).file().version() >= DwgVersion::V2004;
+        const bool trueColours = DwgParts(bytes).file().version() >= DrawingVersion::V2004;
         QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("saved.dwg"));
         RandomEdits edits(*drawing, 700u + static_cast<unsigned>(round), trueColours,

@@ -29,7 +29,7 @@ TEST(DwgRecords, GoThroughAPatchWithoutEditsAsTheyAre)
         const DwgParts parts(DwgFiles::bytes(path));
         EXPECT_EQ(parts.faults(), QStringList());
         // Edits of older versions are refused.
-        if (parts.file().version() < DwgVersion::V2000)
+        if (parts.file().version() < DrawingVersion::V2000)
             continue;
         const DwgClasses classes(parts.file(), parts.format());
         QStringList changed;
@@ -92,7 +92,7 @@ TEST(DwgContainers, BuiltAnewWithTheSameSectionsHoldTheSame)
         SCOPED_TRACE(path.toStdString());
         // Older versions are never built anew.
         const QByteArray bytes = DwgFiles::bytes(path);
-        if (dwgVersion(bytes) >= DwgVersion::V2000)
+        if (dwgVersion(bytes) >= DrawingVersion::V2000)
             expectSameSections(bytes);
     }
 }

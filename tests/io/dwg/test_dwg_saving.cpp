@@ -55,7 +55,7 @@ protected:
         const auto drawing = readDrawing(bytes, QStringLiteral("before.dwg"));
         const DwgParts before(bytes);
         const QStringList start = drawingDigest(*drawing);
-        const bool trueColours = before.file().version() >= DwgVersion::V2004;
+        const bool trueColours = before.file().version() >= DrawingVersion::V2004;
         for (const LayerEdit& edit : edits) {
             if (edit.needsTrueColours && !trueColours)
                 continue;

@@ -28,14 +28,14 @@ std::unique_ptr<DwgFile> DwgFile::open(const std::shared_ptr<const FileImage>& i
         throw OdError_InvalidDrawing(
             image->name(), 0,
             tr("this DWG drawing is of a version that cannot be read; expected R13 to 2018."));
-    if (*version <= DwgVersion::V2000)
+    if (*version <= DrawingVersion::V2000)
         return std::make_unique<FlatFile>(image, *version);
-    if (*version == DwgVersion::V2007)
+    if (*version == DrawingVersion::V2007)
         return std::make_unique<PagedFile2007>(image);
     return std::make_unique<PagedFile>(image, *version);
 }
 
-DwgFile::DwgFile(const std::shared_ptr<const FileImage>& image, DwgVersion version)
+DwgFile::DwgFile(const std::shared_ptr<const FileImage>& image, DrawingVersion version)
     : m_image(image)
     , m_version(version)
 {

@@ -20,7 +20,7 @@ public:
     /// Raises OdError_InvalidDrawing with a sentence for what cannot be taken apart.
     static std::unique_ptr<DwgFile> open(const std::shared_ptr<const FileImage>& image);
 
-    DwgVersion version() const { return m_version; }
+    DrawingVersion version() const { return m_version; }
     int maintenanceVersion() const { return m_maintenance; }
     /// The format's own number of the code page of its texts, those before version 2007.
     int codePage() const { return m_codePage; }
@@ -32,7 +32,7 @@ public:
     const QStringList& faults() const { return m_faults; }
 
 protected:
-    DwgFile(const std::shared_ptr<const FileImage>& image, DwgVersion version);
+    DwgFile(const std::shared_ptr<const FileImage>& image, DrawingVersion version);
 
     /// Raises OdError_InvalidDrawing.
     [[noreturn]] void fail(quint64 offset, const QString& sentence) const;
@@ -42,7 +42,7 @@ protected:
 
 private:
     std::shared_ptr<const FileImage> m_image;
-    DwgVersion m_version;
+    DrawingVersion m_version;
     int m_maintenance = 0;
     int m_codePage = 0;
     QStringList m_faults;

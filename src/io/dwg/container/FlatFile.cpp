@@ -15,7 +15,7 @@ QString tr(const char* text)
 
 } // namespace
 
-FlatFile::FlatFile(const std::shared_ptr<const FileImage>& image, DwgVersion version)
+FlatFile::FlatFile(const std::shared_ptr<const FileImage>& image, DrawingVersion version)
     : DwgFile(image, version)
 {
     const auto count = qFromLittleEndian<quint32>(bytes(kCountAt, 4).data());

@@ -8,7 +8,7 @@
 class FlatFile final : public DwgFile
 {
 public:
-    FlatFile(const std::shared_ptr<const FileImage>& image, DwgVersion version);
+    FlatFile(const std::shared_ptr<const FileImage>& image, DrawingVersion version);
 
     QByteArrayView section(DwgSection section) const override;
 

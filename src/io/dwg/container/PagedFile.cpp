@@ -27,7 +27,7 @@ QString tr(const char* text)
 
 } // namespace
 
-PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DwgVersion version)
+PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DrawingVersion version)
     : DwgFile(image, version)
 {
     readHead();

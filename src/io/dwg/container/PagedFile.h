@@ -12,7 +12,7 @@
 class PagedFile final : public DwgFile
 {
 public:
-    PagedFile(const std::shared_ptr<const FileImage>& image, DwgVersion version);
+    PagedFile(const std::shared_ptr<const FileImage>& image, DrawingVersion version);
 
     QByteArrayView section(DwgSection section) const override;
 

@@ -89,7 +89,7 @@ quint32 pageSum(QByteArrayView page)
 } // namespace
 
 PagedFile2007::PagedFile2007(const std::shared_ptr<const FileImage>& image)
-    : DwgFile(image, DwgVersion::V2007)
+    : DwgFile(image, DrawingVersion::V2007)
 {
     addFault(tr("Drawings of version 2007 can be read but not written."));
     readHead();

@@ -16,7 +16,6 @@
 #include "io/dwg/records/DwgTypes.h"
 #include "io/dwg/records/SheetRecords.h"
 #include "io/dxf/read/LayerGroups.h"
-#include "io/records/LayerExtras.h"
 
 DwgObjectSource::DwgObjectSource(std::unique_ptr<DwgFile> file, OdDbDatabase& database)
     : RecordSource(database)
@@ -40,11 +39,6 @@ bool DwgObjectSource::open(DwgRecord& record, quint32 slot) const
     return slot < m_offsets.size() && record.open(m_offsets[slot]);
 }
 
-OdDbObjectId DwgObjectSource::id(quint64 handle) const
-{
-    return handle == 0 ? OdDbObjectId() : database().getOdDbObjectId(OdDbHandle(handle));
-}
-
 QString DwgObjectSource::nameOf(quint64 handle) const
 {
     const OdDbObjectId record = id(handle);
@@ -65,42 +59,6 @@ OdCmColor DwgObjectSource::bookColor(quint64 handle) const
 std::unique_ptr<GroupCursor> DwgObjectSource::makeCursor() const
 {
     return std::make_unique<DwgCursor>(*this);
-}
-
-void DwgObjectSource::read(OdDbObject& object) const
-{
-    const quint32 slot = object.objectId().slot();
-    switch (object.kind()) {
-    case OdDbObjectKind::Layer:
-        static_cast<OdDbLayerTableRecord&>(object).stateForLoading() = readLayer(slot);
-        break;
-    case OdDbObjectKind::BlockTableRecord:
-        readBlock(slot, static_cast<OdDbBlockTableRecord&>(object).stateForLoading());
-        break;
-    case OdDbObjectKind::Linetype:
-        static_cast<OdDbLinetypeTableRecord&>(object).stateForLoading() = readLinetype(slot);
-        break;
-    case OdDbObjectKind::Dictionary:
-        static_cast<OdDbDictionary&>(object).stateForLoading() = readDictionary(slot);
-        break;
-    case OdDbObjectKind::Xrecord:
-        static_cast<OdDbXrecord&>(object).stateForLoading() = readXrecord(slot);
-        break;
-    case OdDbObjectKind::DictionaryVar:
-        static_cast<OdDbDictionaryVar&>(object).stateForLoading() = readDictionaryVar(slot);
-        break;
-    case OdDbObjectKind::Layout:
-        static_cast<OdDbLayout&>(object).stateForLoading() = readLayout(slot);
-        break;
-    case OdDbObjectKind::Viewport:
-        static_cast<OdDbViewport&>(object).stateForLoading() = readViewport(slot);
-        break;
-    case OdDbObjectKind::SymbolTableRecord:
-        static_cast<OdDbNamedRecord&>(object).stateForLoading() = readNamed(slot);
-        break;
-    default:
-        break;
-    }
 }
 
 quint32 DwgObjectSource::extensionDictionary(quint32 slot) const
@@ -144,7 +102,7 @@ LayerState DwgObjectSource::readLayer(quint32 slot) const
     state.plotStyle = id(layer.plotStyle);
     readLayerXData(FreeRecords::xData(record, head, [this](quint64 h) { return nameOf(h); }),
                    state);
-    readLayerExtras(head.extension, state);
+    readLayerExtras(id(head.extension), state);
     return state;
 }
 
@@ -170,18 +128,6 @@ void DwgObjectSource::readLayerXData(const GroupList& xData, LayerState& layer) 
         {
             layer.transparency = static_cast<quint32>(NumberText::integer(group.value).value_or(0));
         }
-    }
-}
-
-void DwgObjectSource::readLayerExtras(quint64 dictionary, LayerState& layer) const
-{
-    const ObjectStore& store = database().store();
-    const OdDbObjectId extension = id(dictionary);
-    if (extension.isNull() || store.type(extension.slot()) != RecordType::Dictionary)
-        return;
-    for (const DictionaryEntry& entry : readDictionary(extension.slot()).entries) {
-        if (!entry.value.isNull() && store.type(entry.value.slot()) == RecordType::Xrecord)
-            LayerExtras::read(database(), entry.key, readXrecord(entry.value.slot()).groups, layer);
     }
 }
 
@@ -312,11 +258,12 @@ LayoutState DwgObjectSource::readLayout(quint32 slot) const
             layout.styleSheet};
 }
 
-void DwgObjectSource::readBlock(quint32 slot, BlockState& state) const
+BlockState DwgObjectSource::readBlock(quint32 slot) const
 {
+    BlockState state;
     DwgRecord record = reader();
     if (!open(record, slot))
-        return;
+        return state;
     DwgHead head;
     record.readHead(head);
     const TableRecords::Block block = TableRecords::block(record);
@@ -334,4 +281,5 @@ void DwgObjectSource::readBlock(quint32 slot, BlockState& state) const
     state.flags = (block.anonymous ? kAnonymous : 0) | (block.hasAttributes ? kAttributes : 0)
         | (block.external ? kExternal : 0) | (block.overlay ? kExternal | kOverlay : 0)
         | (block.head.dependent ? kDependent : 0) | (block.external ? kResolved : 0);
+    return state;
 }

@@ -13,22 +13,12 @@
 #include <memory>
 #include <vector>
 
-struct BlockState;
-struct DictionaryState;
-struct LayerState;
-struct LayoutState;
-struct LinetypeState;
-struct NamedRecordState;
-struct ViewportState;
-struct XrecordState;
-
 /// Reads objects out of the records of a DWG file when somebody opens them.
 class DwgObjectSource final : public RecordSource
 {
 public:
     DwgObjectSource(std::unique_ptr<DwgFile> file, OdDbDatabase& database);
 
-    void read(OdDbObject& object) const override;
     std::unique_ptr<GroupCursor> makeCursor() const override;
     DrawingPieces write(const OdDbDatabase& database) const override;
     quint32 extensionDictionary(quint32 slot) const override;
@@ -52,8 +42,6 @@ public:
     quint64 offsetOf(quint32 slot) const { return m_offsets[slot]; }
     /// Goes to the record of a slot, before its head; false where the file has none.
     bool open(DwgRecord& record, quint32 slot) const;
-    /// The object of a handle, or a null id.
-    OdDbObjectId id(quint64 handle) const;
     /// The name of the table's record with that handle, as the file has it.
     QString nameOf(quint64 handle) const;
     /// A colour of a colour book, by the handle of its record.
@@ -66,19 +54,18 @@ public:
     const QStringList& faults() const { return m_faults; }
 
     LayerState readLayer(quint32 slot) const override;
+    LinetypeState readLinetype(quint32 slot) const override;
+    NamedRecordState readNamed(quint32 slot) const override;
     DictionaryState readDictionary(quint32 slot) const override;
     DictionaryVarState readDictionaryVar(quint32 slot) const override;
     XrecordState readXrecord(quint32 slot) const override;
+    LayoutState readLayout(quint32 slot) const override;
     ViewportState readViewport(quint32 slot) const override;
+    BlockState readBlock(quint32 slot) const override;
 
 private:
-    NamedRecordState readNamed(quint32 slot) const;
     /// The name of a block, also of one that the program made and numbered.
     QString wholeName(const TableRecords::Block& block) const;
-    LinetypeState readLinetype(quint32 slot) const;
-    LayoutState readLayout(quint32 slot) const;
-    void readBlock(quint32 slot, BlockState& state) const;
-    void readLayerExtras(quint64 dictionary, LayerState& layer) const;
     void readLayerXData(const GroupList& xData, LayerState& layer) const;
 
     std::unique_ptr<DwgFile> m_file;

@@ -16,7 +16,7 @@ constexpr std::array<const char*, 45> kCodePages = {
 
 } // namespace
 
-DwgFormat DwgFormat::of(DwgVersion version, int codePage)
+DwgFormat DwgFormat::of(DrawingVersion version, int codePage)
 {
     const bool known = codePage > 0 && codePage < static_cast<int>(kCodePages.size());
     const char* name = known ? kCodePages[static_cast<std::size_t>(codePage)] : "";

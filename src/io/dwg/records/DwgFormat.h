@@ -6,10 +6,10 @@
 /// What the readers of records must know of a file.
 struct DwgFormat
 {
-    DwgVersion version = DwgVersion::V2018;
+    DrawingVersion version = DrawingVersion::V2018;
     DxfText text; ///< of versions before 2007
     int codePage = 0; ///< the format's own number
 
     /// `codePage` by the format's own numbers; windows-1252 for one that is unknown.
-    static DwgFormat of(DwgVersion version, int codePage);
+    static DwgFormat of(DrawingVersion version, int codePage);
 };

@@ -35,7 +35,7 @@ bool DwgRecord::open(quint64 offset)
         return false;
     BitReader head(m_objects.sliced(static_cast<qsizetype>(offset)));
     const quint64 size = head.modularShort();
-    const quint64 handleBits = since(DwgVersion::V2010) ? head.modularChar() : 0;
+    const quint64 handleBits = since(DrawingVersion::V2010) ? head.modularChar() : 0;
     const quint64 first = head.position() / 8;
     if (head.hasFailed() || size == 0 || size > whole - offset - first
         || whole - offset - first - size < kSumSize || handleBits > size * 8)
@@ -43,9 +43,9 @@ bool DwgRecord::open(quint64 offset)
     m_bytes = m_objects.sliced(static_cast<qsizetype>(offset),
                                static_cast<qsizetype>(first + size) + kSumSize);
     start(m_bytes.sliced(static_cast<qsizetype>(first), static_cast<qsizetype>(size)));
-    m_type = since(DwgVersion::V2010) ? data.objectType() : static_cast<quint16>(data.bitShort());
+    m_type = since(DrawingVersion::V2010) ? data.objectType() : static_cast<quint16>(data.bitShort());
     m_lengthAt = data.position();
-    if (since(DwgVersion::V2010))
+    if (since(DrawingVersion::V2010))
         divide(size * 8 - handleBits);
     return true;
 }
@@ -58,7 +58,7 @@ bool DwgRecord::sumHolds() const
 
 void DwgRecord::readStart(DwgHead& head)
 {
-    if (since(DwgVersion::V2000) && !since(DwgVersion::V2010))
+    if (since(DrawingVersion::V2000) && !since(DrawingVersion::V2010))
         divide(data.rawLong());
     head.handle = data.handle().value;
     setHandle(head.handle);
@@ -79,7 +79,7 @@ void DwgRecord::readReferences(DwgHead& head)
     for (quint32 i = 0; i < reactors; ++i)
         head.reactors.push_back(reference());
     head.noExtension.begin = data.position();
-    const bool noExtension = since(DwgVersion::V2004) && data.bit();
+    const bool noExtension = since(DrawingVersion::V2004) && data.bit();
     head.noExtension.end = data.position();
     head.extensionAt.begin = handles.position();
     head.extension = noExtension ? 0 : reference();
@@ -89,11 +89,11 @@ void DwgRecord::readReferences(DwgHead& head)
 void DwgRecord::readHead(DwgHead& head)
 {
     readStart(head);
-    if (!since(DwgVersion::V2000))
+    if (!since(DrawingVersion::V2000))
         divide(data.rawLong());
     head.owner = reference();
     readReferences(head);
-    if (since(DwgVersion::V2013))
+    if (since(DrawingVersion::V2013))
         data.bit(); // has data in the section of large data
 }
 
@@ -101,10 +101,10 @@ void DwgRecord::readHead(DwgHead& head, DwgEntityHead& entity)
 {
     readStart(head);
     if (data.bit()) { // a picture for programs that do not know the entity
-        const quint64 size = since(DwgVersion::V2010) ? data.bitLongLong() : data.rawLong();
+        const quint64 size = since(DrawingVersion::V2010) ? data.bitLongLong() : data.rawLong();
         data.skip(qMin(size, data.left()) * 8);
     }
-    if (!since(DwgVersion::V2000))
+    if (!since(DrawingVersion::V2000))
         divide(data.rawLong());
     readProperties(head, entity);
 }
@@ -115,9 +115,9 @@ void DwgRecord::readProperties(DwgHead& head, DwgEntityHead& entity)
     entity.space = static_cast<DwgEntityHead::Space>(qMin(mode, 2u));
     head.owner = mode == 0 ? reference() : 0;
     readReferences(head);
-    if (since(DwgVersion::V2013))
+    if (since(DrawingVersion::V2013))
         data.bit();
-    if (!since(DwgVersion::V2000)) {
+    if (!since(DrawingVersion::V2000)) {
         readLayer(entity);
         entity.linetypeKind = data.bit() ? 0 : 3;
         entity.linetype = entity.linetypeKind == 3 ? reference() : 0;
@@ -125,7 +125,7 @@ void DwgRecord::readProperties(DwgHead& head, DwgEntityHead& entity)
     readLinks(head, entity);
     readEntityColor(entity);
     entity.linetypeScale = data.bitDouble();
-    if (!since(DwgVersion::V2000)) {
+    if (!since(DrawingVersion::V2000)) {
         entity.invisible = (data.bitShort() & 1) != 0;
         entity.lineWeight = -1;
         return;
@@ -133,14 +133,14 @@ void DwgRecord::readProperties(DwgHead& head, DwgEntityHead& entity)
     readLayer(entity);
     entity.linetypeKind = static_cast<quint8>(data.bits(2));
     entity.linetype = entity.linetypeKind == 3 ? reference() : 0;
-    if (since(DwgVersion::V2007)) {
+    if (since(DrawingVersion::V2007)) {
         if (data.bits(2) == 3)
             reference(); // material
         data.rawChar(); // shadows
     }
     if (data.bits(2) == 3)
         reference(); // plot style
-    if (since(DwgVersion::V2010)) {
+    if (since(DrawingVersion::V2010)) {
         for (int style = 0; style < 3; ++style) { // visual styles: whole, faces, edges
             if (data.bit())
                 reference();
@@ -160,7 +160,7 @@ void DwgRecord::readLayer(DwgEntityHead& entity)
 void DwgRecord::readLinks(const DwgHead& head, DwgEntityHead& entity)
 {
     entity.previous = entity.next = 0;
-    if (since(DwgVersion::V2004))
+    if (since(DrawingVersion::V2004))
         return;
     entity.closeNeighbours.begin = data.position();
     const bool close = data.bit();
@@ -181,7 +181,7 @@ void DwgRecord::readEntityColor(DwgEntityHead& entity)
     const auto flags = static_cast<quint16>(data.bitShort());
     entity.bookColor = 0;
     entity.transparency = 0;
-    if (!since(DwgVersion::V2004)) {
+    if (!since(DrawingVersion::V2004)) {
         entity.color = OdCmColor::fromIndex(flags);
         return;
     }

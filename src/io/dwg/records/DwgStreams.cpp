@@ -116,7 +116,7 @@ QString DwgStreams::plainText()
 OdCmColor DwgStreams::color()
 {
     const int index = data.bitShort();
-    if (!since(DwgVersion::V2004))
+    if (!since(DrawingVersion::V2004))
         return OdCmColor::fromIndex(std::abs(index));
     const auto packed = static_cast<quint32>(data.bitLong());
     const quint8 names = data.rawChar();

@@ -33,8 +33,8 @@ public:
     }
 
     bool hasFailed() const { return data.hasFailed() || handles.hasFailed() || m_text.hasFailed(); }
-    DwgVersion version() const { return m_format->version; }
-    bool since(DwgVersion version) const { return m_format->version >= version; }
+    DrawingVersion version() const { return m_format->version; }
+    bool since(DrawingVersion version) const { return m_format->version >= version; }
 
     QString text(); ///< TV
     OdCmColor color(); ///< CMC

@@ -150,9 +150,9 @@ FreeRecords::Dictionary FreeRecords::dictionary(DwgRecord& record)
     dictionary.count.begin = data.position();
     const quint32 count = record.count(8);
     dictionary.count.end = data.position();
-    if (record.version() == DwgVersion::R14)
+    if (record.version() == DrawingVersion::R14)
         data.rawChar();
-    if (record.since(DwgVersion::V2000)) {
+    if (record.since(DrawingVersion::V2000)) {
         data.bitShort(); // cloning
         dictionary.hard = data.rawChar() != 0;
     }
@@ -160,7 +160,7 @@ FreeRecords::Dictionary FreeRecords::dictionary(DwgRecord& record)
     dictionary.references.begin = record.handles.position();
     for (quint32 i = 0; i < count && !record.hasFailed(); ++i) {
         QString key = record.text();
-        dictionary.entries.emplace_back(std::move(key), record.reference());
+        dictionary.entries.push_back({std::move(key), record.reference()});
     }
     dictionary.textsEnd = record.textPosition();
     dictionary.references.end = record.handles.position();

@@ -2,6 +2,7 @@
 
 #include "database/values/GroupList.h"
 #include "io/dwg/records/DwgRecord.h"
+#include "io/records/KeyedHandle.h"
 
 #include <functional>
 #include <vector>
@@ -31,7 +32,7 @@ struct Dictionary
     quint64 textsBegin = 0;
     BitSpan references; ///< all of the entries
     quint64 textsEnd = 0;
-    std::vector<std::pair<QString, quint64>> entries;
+    std::vector<KeyedHandle> entries;
 };
 Dictionary dictionary(DwgRecord& record);
 

@@ -17,7 +17,7 @@ void skipInsert(DwgRecord& record)
 void skipPolyline(DwgRecord& record)
 {
     double normal[3];
-    const bool compact = record.since(DwgVersion::V2000);
+    const bool compact = record.since(DrawingVersion::V2000);
     record.data.bitShort();
     record.data.bitShort();
     record.data.bitDouble();
@@ -62,7 +62,7 @@ bool skipToCount(DwgRecord& record)
 void readInsertScale(DwgRecord& record, double (&scale)[3])
 {
     BitReader& data = record.data;
-    if (!record.since(DwgVersion::V2000))
+    if (!record.since(DrawingVersion::V2000))
         return record.point(scale);
     scale[0] = scale[1] = scale[2] = 1.0;
     switch (data.bits(2)) {
@@ -88,7 +88,7 @@ OwnedEntities OwnedEntities::read(DwgRecord& record)
     OwnedEntities owned;
     if (!skipToCount(record))
         return owned;
-    if (record.since(DwgVersion::V2004)) {
+    if (record.since(DrawingVersion::V2004)) {
         const quint32 count = record.count(8);
         for (quint32 i = 0; i < count && !record.hasFailed(); ++i)
             owned.listed.push_back(record.reference());

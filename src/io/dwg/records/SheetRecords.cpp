@@ -48,7 +48,7 @@ void plotSettings(DwgRecord& record, SheetRecords::Layout& layout)
     layout.rotation = data.bitShort();
     layout.plotType = data.bitShort();
     reals(data, layout.window);
-    if (!record.since(DwgVersion::V2004))
+    if (!record.since(DrawingVersion::V2004))
         record.text(); // name of the view that is plotted
     reals(data, layout.scale);
     layout.styleSheet = record.text();
@@ -56,12 +56,12 @@ void plotSettings(DwgRecord& record, SheetRecords::Layout& layout)
     layout.scaleFactor = data.bitDouble();
     data.bitDouble();
     data.bitDouble();
-    if (record.since(DwgVersion::V2004)) {
+    if (record.since(DrawingVersion::V2004)) {
         for (int i = 0; i < 3; ++i)
             data.bitShort(); // how shaded views are plotted
         record.reference(); // the view that is plotted
     }
-    if (record.since(DwgVersion::V2007))
+    if (record.since(DrawingVersion::V2007))
         record.reference(); // its visual style
 }
 
@@ -74,10 +74,10 @@ SheetRecords::Viewport SheetRecords::viewport(DwgRecord& record)
     record.point(viewport.center);
     viewport.width = data.bitDouble();
     viewport.height = data.bitDouble();
-    if (!record.since(DwgVersion::V2000))
+    if (!record.since(DrawingVersion::V2000))
         return viewport;
     viewOf(record, viewport);
-    if (record.since(DwgVersion::V2007))
+    if (record.since(DrawingVersion::V2007))
         data.bitShort(); // grid lines between main ones
     viewport.frozenCountAt.begin = data.position();
     const quint32 frozen = record.count(8);
@@ -111,7 +111,7 @@ SheetRecords::Layout SheetRecords::layout(DwgRecord& record)
     data.bitShort(); // which orthographic view
     record.point(point); // extents
     record.point(point);
-    const quint32 viewports = record.since(DwgVersion::V2004) ? record.count(8) : 0;
+    const quint32 viewports = record.since(DrawingVersion::V2004) ? record.count(8) : 0;
     layout.block = record.reference();
     layout.lastActiveViewport = record.reference();
     record.reference(); // base coordinate system

@@ -40,7 +40,7 @@ TableRecords::Name TableRecords::name(DwgRecord& record)
     name.at.begin = record.textPosition();
     name.name = record.text();
     name.at.end = record.textPosition();
-    if (record.since(DwgVersion::V2007)) {
+    if (record.since(DrawingVersion::V2007)) {
         name.dependent = (record.data.bitShort() & kDependentIndex) != 0;
     } else {
         record.data.bit(); // is referred to
@@ -56,7 +56,7 @@ TableRecords::Layer TableRecords::layer(DwgRecord& record)
     BitReader& data = record.data;
     layer.head = name(record);
     layer.flagsAt.begin = data.position();
-    if (record.since(DwgVersion::V2000)) {
+    if (record.since(DrawingVersion::V2000)) {
         const int flags = data.bitShort();
         layer.frozen = (flags & kFrozen) != 0;
         layer.off = (flags & kOff) != 0;
@@ -77,15 +77,15 @@ TableRecords::Layer TableRecords::layer(DwgRecord& record)
     layer.colorNamesAt.end = record.textPosition();
     record.reference(); // block of the external reference
     layer.plotStyleAt.begin = record.handles.position();
-    if (record.since(DwgVersion::V2000))
+    if (record.since(DrawingVersion::V2000))
         layer.plotStyle = record.reference();
     layer.plotStyleAt.end = record.handles.position();
-    if (record.since(DwgVersion::V2007))
+    if (record.since(DrawingVersion::V2007))
         layer.material = record.reference();
     layer.linetypeAt.begin = record.handles.position();
     layer.linetype = record.reference();
     layer.linetypeAt.end = record.handles.position();
-    if (record.since(DwgVersion::V2013))
+    if (record.since(DrawingVersion::V2013))
         layer.visualStyle = record.reference();
     return layer;
 }
@@ -123,16 +123,16 @@ TableRecords::Block TableRecords::block(DwgRecord& record)
     block.hasAttributes = data.bit();
     block.external = data.bit();
     block.overlay = data.bit();
-    if (record.since(DwgVersion::V2000))
+    if (record.since(DrawingVersion::V2000))
         block.unloaded = data.bit();
     const bool hasOwn = !block.external && !block.overlay;
     block.countAt.begin = data.position();
-    const quint32 count = hasOwn && record.since(DwgVersion::V2004) ? record.count(8) : 0;
+    const quint32 count = hasOwn && record.since(DrawingVersion::V2004) ? record.count(8) : 0;
     block.countAt.end = data.position();
     record.point(block.base);
     block.path = record.text();
     quint32 references = 0;
-    if (record.since(DwgVersion::V2000)) {
+    if (record.since(DrawingVersion::V2000)) {
         while (data.rawChar() != 0)
             ++references;
         block.description = record.text();
@@ -140,7 +140,7 @@ TableRecords::Block TableRecords::block(DwgRecord& record)
     record.reference(); // none
     block.entities.begin = record.reference();
     block.entitiesAt.begin = record.handles.position();
-    if (hasOwn && !record.since(DwgVersion::V2004)) {
+    if (hasOwn && !record.since(DrawingVersion::V2004)) {
         block.entities.first = record.reference();
         block.entities.last = record.reference();
     }
@@ -148,7 +148,7 @@ TableRecords::Block TableRecords::block(DwgRecord& record)
         block.entities.listed.push_back(record.reference());
     block.entitiesAt.end = record.handles.position();
     block.entities.end = record.reference();
-    if (record.since(DwgVersion::V2000)) {
+    if (record.since(DrawingVersion::V2000)) {
         for (quint32 i = 0; i < references && !record.hasFailed(); ++i)
             record.reference();
         block.layout = record.reference();

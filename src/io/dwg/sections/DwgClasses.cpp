@@ -113,7 +113,7 @@ DwgClasses::DwgClasses(const DwgFile& file, const DwgFormat& format)
     SectionStreams section(file, DwgSection::Classes, format);
     BitReader& data = section.data;
     // Three bytes more than the highest number, or four of a number and its padding.
-    if (section.since(DwgVersion::V2004)) {
+    if (section.since(DrawingVersion::V2004)) {
         data.bitShort();
         data.skip(16);
         data.bit();
@@ -128,7 +128,7 @@ DwgClasses::DwgClasses(const DwgFile& file, const DwgFormat& format)
         Class found{section.text().toLatin1(), false};
         data.bit(); // was a proxy
         found.isEntity = data.bitShort() == kEntityClass;
-        if (section.since(DwgVersion::V2004)) {
+        if (section.since(DrawingVersion::V2004)) {
             for (int i = 0; i < 5; ++i)
                 data.bitLong(); // how many there are, versions
         }

@@ -3,7 +3,7 @@
 namespace {
 
 using enum HeaderField::Kind;
-using V = DwgVersion;
+using V = DrawingVersion;
 
 /// Names with a star are references that the program needs and DXF has no variable for. What
 /// stands behind the last of them is left alone.

@@ -29,8 +29,8 @@ struct HeaderField
     Kind kind;
     const char* name = ""; ///< "$LTSCALE"; an empty one is read over
     int code = 0; ///< of its group in DXF
-    DwgVersion since = DwgVersion::R13;
-    DwgVersion until = DwgVersion::V2018;
+    DrawingVersion since = DrawingVersion::R13;
+    DrawingVersion until = DrawingVersion::V2018;
 };
 
 /// All values in the order of the section.

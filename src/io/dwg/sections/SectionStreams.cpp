@@ -17,8 +17,8 @@ SectionStreams::SectionStreams(const DwgFile& file, DwgSection section, const Dw
     : DwgStreams(format)
 {
     const QByteArrayView bytes = file.section(section);
-    const bool highSize = since(DwgVersion::V2018)
-        || (since(DwgVersion::V2010)
+    const bool highSize = since(DrawingVersion::V2018)
+        || (since(DrawingVersion::V2010)
             && file.maintenanceVersion() > kLastMaintenanceWithoutHighSize);
     const qsizetype head = kMarkSize + kSizeSize * (highSize ? 2 : 1);
     if (bytes.size() < head + kSumSize)

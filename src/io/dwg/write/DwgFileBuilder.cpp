@@ -159,7 +159,7 @@ QByteArray DwgFileBuilder::auxHeader(QByteArray section, quint64 seed) const
     // 2018.
     constexpr qsizetype kSeedAt = 79;
     constexpr qsizetype kSeedAt2018 = 85;
-    const qsizetype at = m_source.format().version >= DwgVersion::V2018 ? kSeedAt2018 : kSeedAt;
+    const qsizetype at = m_source.format().version >= DrawingVersion::V2018 ? kSeedAt2018 : kSeedAt;
     if (section.size() >= at + 4
         && PageForm::word<quint32>(section.constData() + at) == static_cast<quint32>(m_oldSeed))
         PageForm::put(section, at, static_cast<quint32>(seed));

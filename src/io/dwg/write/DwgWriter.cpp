@@ -2,16 +2,12 @@
 
 #include "database/drawing/OdDbDatabase.h"
 #include "database/objects/OdDbDictionary.h"
-#include "database/objects/OdDbDictionaryVar.h"
-#include "database/objects/OdDbEntity.h"
-#include "database/objects/OdDbXrecord.h"
 #include "database/store/HeaderVariables.h"
 #include "database/store/ObjectStore.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/records/SheetRecords.h"
 #include "io/dwg/write/DwgFileBuilder.h"
 #include "io/dxf/read/LayerGroups.h"
-#include "io/records/ErasedLayers.h"
 
 #include <QCoreApplication>
 
@@ -58,9 +54,8 @@ BitWriter number(std::size_t count)
 } // namespace
 
 DwgWriter::DwgWriter(const DwgObjectSource& source, const OdDbDatabase& database)
-    : m_source(source)
-    , m_database(database)
-    , m_store(database.store())
+    : RecordWriter(source, database)
+    , m_source(source)
     , m_newRecords(source.format())
 { }
 
@@ -69,8 +64,7 @@ DrawingPieces DwgWriter::run()
     cleanReferences();
     for (const quint32 slot : m_store.touched())
         editTouched(slot);
-    for (const auto& [slot, edit] : m_dictionaryEdits)
-        editDictionary(slot, edit);
+    editDictionaries();
     editBlocks();
     editTables();
     DwgFileBuilder builder(m_source, m_database, *m_meant);
@@ -80,35 +74,6 @@ DrawingPieces DwgWriter::run()
     pieces.report.settingsChanged = builder.settingsChanged();
     report(pieces);
     return pieces;
-}
-
-bool DwgWriter::isInFile(quint32 slot) const
-{
-    return slot < m_store.fileRecords();
-}
-
-bool DwgWriter::isLive(quint32 slot) const
-{
-    constexpr int kDeepest = 1000;
-    for (int depth = 0; slot != ObjectStore::kNone && depth < kDeepest; ++depth) {
-        if (m_store.has(slot, ObjectStore::kErased))
-            return false;
-        slot = m_store.owner(slot);
-    }
-    return true;
-}
-
-quint64 DwgWriter::used(quint64 handle)
-{
-    if (m_store.isNewHandle(handle))
-        m_highestNew = std::max(m_highestNew, handle);
-    return handle;
-}
-
-void DwgWriter::tellNotKept(const QString& sentence)
-{
-    if (!m_notKept.contains(sentence))
-        m_notKept << sentence;
 }
 
 bool DwgWriter::open(DwgRecord& record, DwgHead& head, quint32 slot, DwgEntityHead* entity) const
@@ -149,96 +114,40 @@ Spelling::HandleOf DwgWriter::handleOf() const
     };
 }
 
-void DwgWriter::editTouched(quint32 slot)
-{
-    if (!isInFile(slot)) {
-        if (isLive(slot))
-            addRecord(slot);
-        return;
-    }
-    if (m_store.has(slot, ObjectStore::kErased))
-        return removeRecord(slot);
-    if (m_store.has(slot, ObjectStore::kEntity))
-        editEntityLayer(slot);
-    switch (m_store.type(slot)) {
-    case RecordType::Layer:
-        editLayer(slot);
-        break;
-    case RecordType::Viewport:
-        editViewport(slot);
-        break;
-    case RecordType::Dictionary:
-        m_dictionaryEdits.try_emplace(slot);
-        break;
-    case RecordType::Xrecord:
-        editXrecord(slot);
-        break;
-    case RecordType::DictionaryVar:
-        editDictionaryVar(slot);
-        break;
-    default:
-        break;
-    }
-    if (!m_madeDictionaries.contains(slot))
-        editExtension(slot);
-}
-
-quint64 DwgWriter::extensionOf(quint32 slot) const
-{
-    const auto made = m_madeDictionaries.find(slot);
-    if (made != m_madeDictionaries.end())
-        return m_source.handleOfMade(slot, QStringLiteral("dictionary"));
-    const OdDbObjectId dictionary = m_database.extensionDictionary(m_database.idOfSlot(slot));
-    return dictionary.isNull() || dictionary.isErased() ? 0 : dictionary.getHandle().value();
-}
-
-void DwgWriter::editExtension(quint32 slot)
+void DwgWriter::setExtension(quint32 slot, quint64 dictionary)
 {
     DwgRecord record = m_source.reader();
     DwgHead head;
     if (!open(record, head, slot))
         return;
-    const quint64 now = extensionOf(slot);
-    if (now == head.extension)
-        return;
     RecordPatch patch(record);
-    if (record.since(DwgVersion::V2004))
-        patch.replace(Stream::Data, head.noExtension, bit(now == 0));
-    const bool stands = now != 0 || !record.since(DwgVersion::V2004);
+    if (record.since(DrawingVersion::V2004))
+        patch.replace(Stream::Data, head.noExtension, bit(dictionary == 0));
+    const bool stands = dictionary != 0 || !record.since(DrawingVersion::V2004);
     patch.replace(Stream::Handles, head.extensionAt,
-                  stands ? reference(DwgReference::HardOwner, used(now)) : BitWriter());
+                  stands ? reference(DwgReference::HardOwner, dictionary) : BitWriter());
     patched(slot, patch);
 }
 
-void DwgWriter::editViewport(quint32 slot)
+void DwgWriter::setFrozen(quint32 viewport, const std::vector<OdDbObjectId>&,
+                          const std::vector<OdDbObjectId>& after)
 {
-    const auto viewport = m_database.idOfSlot(slot).safeOpenObject<OdDbViewport>();
-    OdDbObjectIdArray after = viewport->frozenLayers();
-    std::erase_if(after, [](OdDbObjectId layer) { return layer.isErased(); });
-    if (m_source.readViewport(slot).frozenLayers == after)
-        return;
     DwgRecord record = m_source.reader();
     DwgHead head;
-    if (!open(record, head, slot))
+    if (!open(record, head, viewport))
         return;
     const SheetRecords::Viewport fields = SheetRecords::viewport(record);
     BitWriter references;
     for (const OdDbObjectId layer : after)
-        references.handle(DwgReference::SoftPointer, used(layer.getHandle().value()));
+        references.handle(DwgReference::SoftPointer, layer.getHandle().value());
     RecordPatch patch(record);
     patch.replace(Stream::Data, fields.frozenCountAt, number(after.size()));
     patch.replace(Stream::Handles, fields.frozenAt, references);
-    patched(slot, patch);
+    patched(viewport, patch);
 }
 
-void DwgWriter::editXrecord(quint32 slot)
+void DwgWriter::setXrecord(quint32 slot, const XrecordState& before, const XrecordState& after)
 {
-    const XrecordState before = m_source.readXrecord(slot);
-    const auto cleaned = m_cleaned.find(slot);
-    const auto object = m_database.idOfSlot(slot).safeOpenObject<OdDbXrecord>();
-    const GroupList& after = cleaned == m_cleaned.end() ? object->groups() : cleaned->second;
-    if (before.groups == after && before.xData == object->xData())
-        return;
     DwgRecord record = m_source.reader();
     DwgHead head;
     if (!open(record, head, slot))
@@ -246,21 +155,18 @@ void DwgWriter::editXrecord(quint32 slot)
     BitSpan at;
     FreeRecords::xrecord(record, &at);
     BitWriter groups;
-    if (!Spelling::xrecord(m_source.format(), after, groups))
+    if (!Spelling::xrecord(m_source.format(), after.groups, groups))
         return tellNotKept(tr("A record holds groups that DWG drawings have no form for."));
     RecordPatch patch(record);
-    if (!(before.xData == object->xData()))
-        replaceXData(head, object->xData(), patch);
-    if (!(before.groups == after))
+    if (!(before.xData == after.xData))
+        replaceXData(head, after.xData, patch);
+    if (!(before.groups == after.groups))
         patch.replace(Stream::Data, at, groups);
     patched(slot, patch);
 }
 
-void DwgWriter::editDictionaryVar(quint32 slot)
+void DwgWriter::setVariable(quint32 slot, const QString& value)
 {
-    const auto variable = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionaryVar>();
-    if (m_source.readDictionaryVar(slot) == variable->state())
-        return;
     DwgRecord record = m_source.reader();
     DwgHead head;
     if (!open(record, head, slot))
@@ -271,11 +177,11 @@ void DwgWriter::editDictionaryVar(quint32 slot)
     record.text();
     at.end = record.textPosition();
     RecordPatch patch(record);
-    patch.replace(Stream::Text, at, Spelling::text(m_source.format(), variable->value()));
+    patch.replace(Stream::Text, at, Spelling::text(m_source.format(), value));
     patched(slot, patch);
 }
 
-void DwgWriter::editEntityLayer(quint32 slot)
+void DwgWriter::editEntity(quint32 slot)
 {
     DwgRecord record = m_source.reader();
     DwgHead head;
@@ -291,38 +197,28 @@ void DwgWriter::editEntityLayer(quint32 slot)
     patched(slot, patch);
 }
 
-void DwgWriter::editDictionary(quint32 slot, const DictionaryEdit& edit)
+void DwgWriter::setDictionary(quint32 slot, const DictionaryState& before,
+                              const std::vector<KeyedHandle>& entries, const GroupList& xData)
 {
-    if (!isInFile(slot) || !isLive(slot))
-        return;
-    const DictionaryState before = m_source.readDictionary(slot);
-    const auto object = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
-    std::vector<NewDwgRecords::Entry> wanted;
-    for (const DictionaryEntry& entry : object->entries()) {
-        const bool gone = entry.value.isNull() || !isLive(entry.value.slot());
-        if (!gone && !edit.removed.contains(entry.key.toCaseFolded()))
-            wanted.emplace_back(entry.key, used(entry.value.getHandle().value()));
-    }
-    for (const NewDwgRecords::Entry& entry : edit.added)
-        wanted.emplace_back(entry.first, used(entry.second));
     DwgRecord record = m_source.reader();
     DwgHead head;
     if (!open(record, head, slot))
         return;
     const FreeRecords::Dictionary fields = FreeRecords::dictionary(record);
     const bool sameXData = before.xData == object->xData();
-    if (fields.entries == wanted && sameXData)
-        return;
+    QHash<QString, quint64> inFile;
+    for (const auto& [key, handle] : fields.entries)
+        inFile.insert(key, handle);
     BitWriter texts;
     BitWriter references;
-    for (const auto& [key, handle] : wanted) {
+    for (const auto& [key, handle] : entries) {
         texts.append(Spelling::text(m_source.format(), key));
-        references.handle(DwgReference::SoftOwner, handle);
+        references.handle(DwgReference::SoftOwner, handle != 0 ? handle : inFile.value(key));
     }
     RecordPatch patch(record);
-    if (!sameXData)
-        replaceXData(head, object->xData(), patch);
-    patch.replace(Stream::Data, fields.count, number(wanted.size()));
+    if (!(before.xData == xData))
+        replaceXData(head, xData, patch);
+    patch.replace(Stream::Data, fields.count, number(entries.size()));
     patch.replace(Stream::Text, {fields.textsBegin, fields.textsEnd}, texts);
     patch.replace(Stream::Handles, fields.references, references);
     patched(slot, patch);
@@ -333,43 +229,15 @@ void DwgWriter::replaceXData(const DwgHead& head, const GroupList& groups, Recor
     patch.replace(Stream::Data, head.xData, NewDwgRecords::spelledXData(spelledXData(groups)));
 }
 
-void DwgWriter::cleanReferences()
+void DwgWriter::recordRemoved(quint32 slot)
 {
-    const ErasedLayers erased(m_database);
-    if (erased.isEmpty())
-        return;
-    for (const quint32 slot : m_store.viewports()) {
-        if (isInFile(slot) && !m_store.has(slot, ObjectStore::kErased))
-            editViewport(slot);
-    }
-    m_cleaned = erased.cleanedRecords();
-    for (const auto& [slot, groups] : m_cleaned) {
-        if (isInFile(slot) && isLive(slot))
-            editXrecord(slot);
-    }
-}
-
-void DwgWriter::removeRecord(quint32 first)
-{
-    std::vector<quint32> waiting = {first};
-    while (!waiting.empty()) {
-        const quint32 slot = waiting.back();
-        waiting.pop_back();
-        if (!isInFile(slot) || !m_meant->removed.insert(m_store.handle(slot)).second)
-            continue;
-        m_meant->slotOf[m_store.handle(slot)] = slot;
-        if (m_store.type(slot) == RecordType::Layer)
-            m_shrunkTables.insert(OdDbTableKind::Layer);
-        if (m_store.has(slot, ObjectStore::kEntity) && m_store.owner(slot) != ObjectStore::kNone)
-            m_changedBlocks.insert(m_store.owner(slot));
-        waiting.push_back(m_source.extensionDictionary(slot));
-        if (m_store.type(slot) != RecordType::Dictionary)
-            continue;
-        for (const DictionaryEntry& entry : m_source.readDictionary(slot).entries) {
-            if (!entry.value.isNull() && m_store.owner(entry.value.slot()) == slot)
-                waiting.push_back(entry.value.slot());
-        }
-    }
+    const quint64 handle = m_store.handle(slot);
+    m_meant->removed.insert(handle);
+    m_meant->slotOf[handle] = slot;
+    if (m_store.type(slot) == RecordType::Layer)
+        m_shrunkTables.insert(OdDbTableKind::Layer);
+    if (m_store.has(slot, ObjectStore::kEntity) && m_store.owner(slot) != ObjectStore::kNone)
+        m_changedBlocks.insert(m_store.owner(slot));
 }
 
 void DwgWriter::report(DrawingPieces& pieces) const
@@ -398,7 +266,7 @@ QString DwgObjectSource::refusal() const
     if (!m_faults.isEmpty())
         return m_faults.join(QLatin1Char(' '));
     // Records of these versions have another order, which nothing here spells.
-    return m_format.version < DwgVersion::V2000 ? tr("Drawings of the versions R13 and R14 can be "
+    return m_format.version < DrawingVersion::V2000 ? tr("Drawings of the versions R13 and R14 can be "
                                                      "opened, but edits of them cannot be saved.")
                                                 : QString();
 }

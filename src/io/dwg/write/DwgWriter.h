@@ -4,47 +4,42 @@
 #include "io/DrawingCodec.h"
 #include "io/dwg/write/DwgMeant.h"
 #include "io/dwg/write/NewDwgRecords.h"
-#include "io/records/LayerExtras.h"
-
-#include <QSet>
+#include "io/records/RecordWriter.h"
 
 #include <map>
 #include <set>
 
 class DwgObjectSource;
-class ObjectStore;
 
 /// Writes a drawing back over the DWG file it was read from: records that were not edited are
 /// copied bit by bit, edited ones are patched, new ones are spelled whole.
-class DwgWriter
+class DwgWriter final : private RecordWriter
 {
 public:
     DwgWriter(const DwgObjectSource& source, const OdDbDatabase& database);
     DrawingPieces run();
 
 private:
-    struct DictionaryEdit
-    {
-        std::vector<NewDwgRecords::Entry> added = {};
-        QSet<QString> removed = {}; ///< folded keys
-    };
-
     // What was touched
-    void editTouched(quint32 slot);
-    void editLayer(quint32 slot);
+    void addRecord(quint32 slot) override;
+    void editLayer(quint32 slot) override;
+    void editEntity(quint32 slot) override;
+    void setFrozen(quint32 viewport, const std::vector<OdDbObjectId>& before,
+                   const std::vector<OdDbObjectId>& after) override;
+    void setXrecord(quint32 slot, const XrecordState& before, const XrecordState& after) override;
+    void setVariable(quint32 slot, const QString& value) override;
+    void setDictionary(quint32 slot, const DictionaryState& before,
+                       const std::vector<KeyedHandle>& entries, const GroupList& xData) override;
+    void setExtension(quint32 slot, quint64 dictionary) override;
+    void recordRemoved(quint32 slot) override;
+    void makeXrecord(const KeyedHandle& entry, quint64 dictionary,
+                     const GroupList& groups) override;
+    void makeDictionary(quint64 handle, quint64 owner,
+                        const std::vector<KeyedHandle>& entries) override;
     void editLayerXData(DwgRecord& record, const DwgHead& head, const LayerState& before,
                         const LayerState& after, RecordPatch& patch);
-    void editExtras(quint32 slot, const LayerState& before, const LayerState& after);
-    void editViewport(quint32 slot);
-    void editXrecord(quint32 slot);
-    void editDictionary(quint32 slot, const DictionaryEdit& edit);
-    void editDictionaryVar(quint32 slot);
-    void editEntityLayer(quint32 slot);
-    void editExtension(quint32 slot);
-    void removeRecord(quint32 slot);
 
     // What is new
-    void addRecord(quint32 slot);
     void addLayer(quint32 slot, NewDwgRecords::Head head);
     void addDictionary(quint32 slot, const NewDwgRecords::Head& head);
     void addEntity(quint32 slot, const NewDwgRecords::Head& head);
@@ -54,7 +49,6 @@ private:
     void put(quint32 slot, quint64 handle, const QByteArray& record);
 
     // What follows from it
-    void cleanReferences();
     void editTables();
     void editBlocks();
     /// Up to version 2000 entities of a block form a chain.
@@ -64,30 +58,18 @@ private:
     std::vector<std::pair<quint64, QByteArray>> spelledXData(const GroupList& groups);
     void replaceXData(const DwgHead& head, const GroupList& groups, RecordPatch& patch);
 
-    bool isInFile(quint32 slot) const;
-    bool isLive(quint32 slot) const;
-    quint64 extensionOf(quint32 slot) const;
-    quint64 used(quint64 handle);
     /// The record of a slot as it is now: edited before, or as the file has it.
     bool open(DwgRecord& record, DwgHead& head, quint32 slot,
               DwgEntityHead* entity = nullptr) const;
     void patched(quint32 slot, const RecordPatch& patch);
-    void tellNotKept(const QString& sentence);
     void report(DrawingPieces& pieces) const;
     Spelling::HandleOf handleOf() const;
 
     const DwgObjectSource& m_source;
-    const OdDbDatabase& m_database;
-    ObjectStore& m_store;
     NewDwgRecords m_newRecords;
     std::shared_ptr<DwgMeant> m_meant = std::make_shared<DwgMeant>();
-    std::map<quint32, DictionaryEdit> m_dictionaryEdits;
-    std::map<quint32, GroupList> m_cleaned; ///< records of filters and states without erased layers
-    std::map<quint32, std::vector<NewDwgRecords::Entry>> m_madeDictionaries; ///< by owning layer
     std::map<OdDbTableKind, std::vector<quint64>> m_addedToTables;
     std::set<OdDbTableKind> m_shrunkTables;
     std::set<quint32> m_changedBlocks;
     std::map<QString, quint64> m_applications; ///< made for this save
-    quint64 m_highestNew = 0;
-    QStringList m_notKept;
 };

@@ -99,8 +99,6 @@ void DwgWriter::editLayer(quint32 slot)
     editLayerXData(record, head, before, after, patch);
     patched(slot, patch);
     editExtras(slot, before, after);
-    if (m_madeDictionaries.contains(slot))
-        editExtension(slot);
 }
 
 void DwgWriter::editLayerXData(DwgRecord& record, const DwgHead& head, const LayerState& before,
@@ -160,34 +158,15 @@ std::vector<std::pair<quint64, QByteArray>> DwgWriter::layerXData(const LayerSta
     return blocks;
 }
 
-void DwgWriter::editExtras(quint32 slot, const LayerState& before, const LayerState& after)
+void DwgWriter::makeXrecord(const KeyedHandle& entry, quint64 dictionary, const GroupList& groups)
 {
-    const OdDbObjectId layer = m_database.idOfSlot(slot);
-    const OdDbObjectId present = m_database.extensionDictionary(layer);
-    const bool hasDictionary = !present.isNull() && isLive(present.slot());
-    for (const LayerExtras::Change& change : LayerExtras::changes(m_source, layer, before, after)) {
-        if (change.slot != ObjectStore::kNone && !change.after.isEmpty()) {
-            m_cleaned[change.slot] = change.after;
-            editXrecord(change.slot);
-        } else if (change.slot != ObjectStore::kNone) {
-            removeRecord(change.slot);
-            m_dictionaryEdits[present.slot()].removed.insert(change.key.toCaseFolded());
-        } else if (!change.after.isEmpty()) {
-            const quint64 handle = m_source.handleOfMade(slot, change.key);
-            if (!hasDictionary)
-                m_madeDictionaries[slot].emplace_back(change.key, handle);
-            else
-                m_dictionaryEdits[present.slot()].added.emplace_back(change.key, handle);
-            const quint64 owner = extensionOf(slot);
-            addXrecord(ObjectStore::kNone, {handle, owner, {owner}}, change.after);
-        }
-    }
-    const auto made = m_madeDictionaries.find(slot);
-    if (made == m_madeDictionaries.end())
-        return;
-    const quint64 dictionary = extensionOf(slot);
-    put(ObjectStore::kNone, dictionary,
-        m_newRecords.dictionary({dictionary, m_store.handle(slot)}, true, made->second));
+    addXrecord(ObjectStore::kNone, {entry.handle, dictionary, {dictionary}}, groups);
+}
+
+void DwgWriter::makeDictionary(quint64 handle, quint64 owner,
+                               const std::vector<KeyedHandle>& entries)
+{
+    put(ObjectStore::kNone, handle, m_newRecords.dictionary({handle, owner}, true, entries));
 }
 
 void DwgWriter::addLayer(quint32 slot, NewDwgRecords::Head head)

@@ -63,12 +63,8 @@ void DwgWriter::addRecord(quint32 slot)
         return;
     case RecordType::Dictionary:
         return addDictionary(slot, head);
-    case RecordType::Xrecord: {
-        const auto cleaned = m_cleaned.find(slot);
-        return addXrecord(slot, head,
-                          cleaned == m_cleaned.end() ? id.safeOpenObject<OdDbXrecord>()->groups()
-                                                     : cleaned->second);
-    }
+    case RecordType::Xrecord:
+        return addXrecord(slot, head, xrecordNow(slot).groups);
     case RecordType::DictionaryVar: {
         const quint16 type = m_source.classes().number("DICTIONARYVAR");
         if (type == 0)
@@ -105,17 +101,10 @@ std::vector<std::pair<quint64, QByteArray>> DwgWriter::spelledXData(const GroupL
 void DwgWriter::addDictionary(quint32 slot, const NewDwgRecords::Head& head)
 {
     const auto dictionary = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
-    std::vector<NewDwgRecords::Entry> entries;
-    for (const DictionaryEntry& entry : dictionary->entries()) {
-        if (!entry.value.isNull() && isLive(entry.value.slot()))
-            entries.emplace_back(entry.key, used(entry.value.getHandle().value()));
-    }
-    if (const auto edit = m_dictionaryEdits.find(slot); edit != m_dictionaryEdits.end())
-        entries.insert(entries.end(), edit->second.added.begin(), edit->second.added.end());
     NewDwgRecords::Head whole = head;
     whole.xData = spelledXData(dictionary->xData());
     put(slot, head.handle,
-        m_newRecords.dictionary(whole, dictionary->state().treatElementsAsHard, entries));
+        m_newRecords.dictionary(whole, dictionary->state().treatElementsAsHard, entriesNow(slot)));
 }
 
 void DwgWriter::addXrecord(quint32 slot, const NewDwgRecords::Head& head, const GroupList& groups)
@@ -195,7 +184,7 @@ void DwgWriter::editBlocks()
         }
         RecordPatch patch(record);
         BitWriter references;
-        if (record.since(DwgVersion::V2004)) {
+        if (record.since(DrawingVersion::V2004)) {
             for (const quint64 entity : entities)
                 references.handle(DwgReference::HardOwner, entity);
             patch.replace(Stream::Data, old.countAt, number(entities.size()));

@@ -20,10 +20,10 @@ enum LayerFlag : int {
 constexpr int kLineWeightShift = 5;
 constexpr qint16 kCloning = 1; ///< keep what is there
 
-void appendType(BitWriter& out, DwgVersion version, quint16 type)
+void appendType(BitWriter& out, DrawingVersion version, quint16 type)
 {
     constexpr quint16 kClasses = 0x1F0;
-    if (version < DwgVersion::V2010) {
+    if (version < DrawingVersion::V2010) {
         out.bitShort(static_cast<qint16>(type));
     } else if (type <= 0xFF) {
         out.bits(0, 2);
@@ -89,7 +89,7 @@ RecordParts NewDwgRecords::begin(quint16 type, const Head& head) const
     parts.version = m_format.version;
     appendType(parts.data, m_format.version, type);
     parts.lengthAt = parts.data.size();
-    if (!since(DwgVersion::V2010))
+    if (!since(DrawingVersion::V2010))
         parts.data.rawLong(0);
     parts.data.handle(DwgReference::Own, head.handle);
     parts.data.append(spelledXData(head.xData));
@@ -101,11 +101,11 @@ void NewDwgRecords::appendReactors(RecordParts& parts, const Head& head) const
     parts.data.bitLong(static_cast<qint32>(head.reactors.size()));
     for (const quint64 reactor : head.reactors)
         parts.handles.handle(DwgReference::SoftPointer, reactor);
-    if (since(DwgVersion::V2004))
+    if (since(DrawingVersion::V2004))
         parts.data.bit(head.extension == 0);
-    if (head.extension != 0 || !since(DwgVersion::V2004))
+    if (head.extension != 0 || !since(DrawingVersion::V2004))
         parts.handles.handle(DwgReference::HardOwner, head.extension);
-    if (since(DwgVersion::V2013))
+    if (since(DrawingVersion::V2013))
         parts.data.bit(false);
 }
 
@@ -119,7 +119,7 @@ void NewDwgRecords::appendText(RecordParts& parts, const QString& text) const
 void NewDwgRecords::appendName(RecordParts& parts, const QString& name) const
 {
     appendText(parts, name);
-    if (since(DwgVersion::V2007)) {
+    if (since(DrawingVersion::V2007)) {
         parts.data.bitShort(0);
     } else {
         parts.data.bit(false);
@@ -144,10 +144,10 @@ QByteArray NewDwgRecords::layer(const Head& head, const LayerState& state, const
     };
     link(0); // no external reference
     link(links.plotStyle != 0 ? links.plotStyle : zero.plotStyle);
-    if (since(DwgVersion::V2007))
+    if (since(DrawingVersion::V2007))
         link(zero.material);
     link(links.linetype != 0 ? links.linetype : zero.linetype);
-    if (since(DwgVersion::V2013))
+    if (since(DrawingVersion::V2013))
         link(zero.visualStyle);
     return parts.assembled();
 }
@@ -177,7 +177,7 @@ QByteArray NewDwgRecords::linetype(const Head& head, const LinetypeState& state)
         data.bitDouble(0);
         data.bitShort(0);
     }
-    if (!since(DwgVersion::V2007))
+    if (!since(DrawingVersion::V2007))
         data.raw(QByteArray(kTextArea, '\0'));
     parts.handles.handle(DwgReference::HardPointer, 0);
     for (std::size_t i = 0; i < state.dashes.size(); ++i)
@@ -197,7 +197,7 @@ QByteArray NewDwgRecords::application(const Head& head, const QString& name) con
 }
 
 QByteArray NewDwgRecords::dictionary(const Head& head, bool hard,
-                                     const std::vector<Entry>& entries) const
+                                     const std::vector<KeyedHandle>& entries) const
 {
     RecordParts parts = begin(DwgType::Dictionary, head);
     parts.handles.handle(DwgReference::SoftPointer, head.owner);
@@ -242,7 +242,7 @@ void NewDwgRecords::beginEntity(RecordParts& parts, const Head& head,
     if (entity.space == DwgEntityHead::Space::Owner)
         parts.handles.handle(DwgReference::SoftPointer, head.owner);
     appendReactors(parts, head);
-    if (!since(DwgVersion::V2004)) {
+    if (!since(DrawingVersion::V2004)) {
         data.bit(false);
         parts.handles.handle(DwgReference::SoftPointer, entity.previous);
         parts.handles.handle(DwgReference::SoftPointer, 0);
@@ -254,12 +254,12 @@ void NewDwgRecords::beginEntity(RecordParts& parts, const Head& head,
     data.bits(entity.linetypeKind, 2);
     if (entity.linetypeKind == kNamed)
         parts.handles.handle(DwgReference::HardPointer, entity.linetype);
-    if (since(DwgVersion::V2007)) {
+    if (since(DrawingVersion::V2007)) {
         data.bits(0, 2); // material by layer
         data.rawChar(0);
     }
     data.bits(0, 2); // plot style by layer
-    if (since(DwgVersion::V2010))
+    if (since(DrawingVersion::V2010))
         data.bits(0, 3); // no visual styles
     data.bitShort(0); // visible
     data.rawChar(static_cast<quint8>(Spelling::lineWeight(entity.lineWeight)));

@@ -4,6 +4,7 @@
 #include "io/dwg/records/TableRecords.h"
 #include "io/dwg/write/RecordPatch.h"
 #include "io/dwg/write/Spelling.h"
+#include "io/records/KeyedHandle.h"
 
 #include <optional>
 #include <vector>
@@ -29,7 +30,6 @@ public:
         /// Extended data by the handle of their application, as Spelling has them.
         std::vector<std::pair<quint64, QByteArray>> xData = {};
     };
-    using Entry = std::pair<QString, quint64>;
 
     /// Handles that a layer refers to; what the state has none of is taken from `zero`, layer 0.
     struct LayerLinks
@@ -41,7 +41,7 @@ public:
                      const TableRecords::Layer& zero) const;
     QByteArray linetype(const Head& head, const LinetypeState& state) const;
     QByteArray application(const Head& head, const QString& name) const;
-    QByteArray dictionary(const Head& head, bool hard, const std::vector<Entry>& entries) const;
+    QByteArray dictionary(const Head& head, bool hard, const std::vector<KeyedHandle>& entries) const;
     /// Nothing where a group has no form in this format.
     std::optional<QByteArray> xrecord(const Head& head, const GroupList& groups) const;
     /// `type` is the number of the class DICTIONARYVAR.
@@ -78,7 +78,7 @@ private:
     void appendText(RecordParts& parts, const QString& text) const;
     /// Name and the marks of an external reference, which it has none of.
     void appendName(RecordParts& parts, const QString& name) const;
-    bool since(DwgVersion version) const { return m_format.version >= version; }
+    bool since(DrawingVersion version) const { return m_format.version >= version; }
 
     const DwgFormat& m_format;
 };

@@ -54,11 +54,11 @@ QByteArray RecordParts::body(bool tellsLength, quint64& handlesAt) const
 QByteArray RecordParts::assembled() const
 {
     quint64 handlesAt = 0;
-    const QByteArray all = body(version < DwgVersion::V2010, handlesAt);
+    const QByteArray all = body(version < DrawingVersion::V2010, handlesAt);
     const auto size = static_cast<quint64>(all.size());
     BitWriter record;
     record.modularShort(static_cast<quint32>(size));
-    if (version >= DwgVersion::V2010)
+    if (version >= DrawingVersion::V2010)
         record.modularChar(size * 8 - handlesAt);
     record.raw(all);
     record.rawShort(Checksums::crc16(record.bytes()));

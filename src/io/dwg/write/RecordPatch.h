@@ -8,7 +8,7 @@
 /// The parts of a record that are put together, with sizes and the check sum.
 struct RecordParts
 {
-    DwgVersion version = DwgVersion::V2018;
+    DrawingVersion version = DrawingVersion::V2018;
     BitWriter data; ///< from the type on
     BitWriter text;
     bool hasText = false;
@@ -57,7 +57,7 @@ private:
     RecordParts parts() const;
     void copy(BitWriter& out, Stream stream, quint64 begin, quint64 end) const;
 
-    DwgVersion m_version;
+    DrawingVersion m_version;
     QByteArrayView m_body;
     DwgStreams::Layout m_layout;
     quint64 m_lengthAt;

@@ -181,7 +181,7 @@ BitWriter Spelling::text(const DwgFormat& format, const QString& text)
 Spelling::Color Spelling::color(const DwgFormat& format, const OdCmColor& color)
 {
     Color spelled;
-    if (format.version < DwgVersion::V2004) {
+    if (format.version < DrawingVersion::V2004) {
         spelled.data.bitShort(static_cast<qint16>(color.colorIndex()));
         return spelled;
     }

@@ -35,13 +35,13 @@ DictionaryPatch::DictionaryPatch(const DxfObjectSource& source, RecordPatcher& r
     }
 }
 
-void DictionaryPatch::turnInto(std::vector<NewRecords::Entry> wanted, const NewRecords& records,
+void DictionaryPatch::turnInto(std::vector<KeyedHandle> wanted, const NewRecords& records,
                                bool hard)
 {
     QHash<QString, quint64> present;
     for (const Pair& pair : m_pairs)
         present.insert(pair.text.toCaseFolded(), pair.handle);
-    for (NewRecords::Entry& entry : wanted) {
+    for (KeyedHandle& entry : wanted) {
         if (entry.handle == 0)
             entry.handle = present.value(entry.key.toCaseFolded(), 0);
     }
@@ -59,7 +59,7 @@ void DictionaryPatch::turnInto(std::vector<NewRecords::Entry> wanted, const NewR
     append(wanted, 0, records, valueCode);
 }
 
-void DictionaryPatch::patchInPlace(const std::vector<NewRecords::Entry>& wanted)
+void DictionaryPatch::patchInPlace(const std::vector<KeyedHandle>& wanted)
 {
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         const Pair& pair = m_pairs[i];
@@ -71,7 +71,7 @@ void DictionaryPatch::patchInPlace(const std::vector<NewRecords::Entry>& wanted)
     }
 }
 
-bool DictionaryPatch::removeAndAppend(const std::vector<NewRecords::Entry>& wanted,
+bool DictionaryPatch::removeAndAppend(const std::vector<KeyedHandle>& wanted,
                                       const NewRecords& records, int valueCode)
 {
     std::vector<const Pair*> gone;
@@ -86,7 +86,7 @@ bool DictionaryPatch::removeAndAppend(const std::vector<NewRecords::Entry>& want
     // What was passed over must be gone indeed, not moved behind.
     const auto isWanted = [&](const Pair* pair) {
         return std::any_of(wanted.begin() + static_cast<std::ptrdiff_t>(kept), wanted.end(),
-                           [&](const NewRecords::Entry& entry) {
+                           [&](const KeyedHandle& entry) {
                                return entry.handle == pair->handle && entry.key == pair->text;
                            });
     };
@@ -101,7 +101,7 @@ bool DictionaryPatch::removeAndAppend(const std::vector<NewRecords::Entry>& want
     return true;
 }
 
-void DictionaryPatch::append(const std::vector<NewRecords::Entry>& wanted, std::size_t from,
+void DictionaryPatch::append(const std::vector<KeyedHandle>& wanted, std::size_t from,
                              const NewRecords& records, int valueCode)
 {
     QByteArray groups;

@@ -12,7 +12,7 @@ public:
 
     /// Turns the entries into `wanted`, keeping what stays in its place. An entry with handle 0
     /// names no object of the drawing: the value of that key in the file stays.
-    void turnInto(std::vector<NewRecords::Entry> wanted, const NewRecords& records, bool hard);
+    void turnInto(std::vector<KeyedHandle> wanted, const NewRecords& records, bool hard);
 
 private:
     struct Pair
@@ -22,11 +22,11 @@ private:
         QString text;
         quint64 handle;
     };
-    void patchInPlace(const std::vector<NewRecords::Entry>& wanted);
+    void patchInPlace(const std::vector<KeyedHandle>& wanted);
     /// Removes and appends; false where the order of what stays differs.
-    bool removeAndAppend(const std::vector<NewRecords::Entry>& wanted, const NewRecords& records,
+    bool removeAndAppend(const std::vector<KeyedHandle>& wanted, const NewRecords& records,
                          int valueCode);
-    void append(const std::vector<NewRecords::Entry>& wanted, std::size_t from,
+    void append(const std::vector<KeyedHandle>& wanted, std::size_t from,
                 const NewRecords& records, int valueCode);
 
     const DxfObjectSource& m_source;

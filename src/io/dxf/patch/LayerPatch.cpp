@@ -39,7 +39,7 @@ using Wish = std::vector<Wanted>;
 struct Property
 {
     const char* name; ///< in sentences, with its article
-    DxfVersion since;
+    DrawingVersion since;
     bool (*differs)(const LayerState&, const LayerState&);
     void (*want)(const DxfObjectSource&, const LayerState& layer, Wish&);
 };
@@ -83,29 +83,29 @@ bool isTrueOrBook(const OdCmColor& colour)
 }
 
 constexpr Property kProperties[] = {
-    {QT_TRANSLATE_NOOP("LayerPatch", "the true color"), DxfVersion::V2004,
+    {QT_TRANSLATE_NOOP("LayerPatch", "the true color"), DrawingVersion::V2004,
      [](const LayerState& a, const LayerState& b) {
          return a.color != b.color && (isTrueOrBook(a.color) || isTrueOrBook(b.color));
      },
      wantTrueColour},
-    {QT_TRANSLATE_NOOP("LayerPatch", "the linetype"), DxfVersion::R12,
+    {QT_TRANSLATE_NOOP("LayerPatch", "the linetype"), DrawingVersion::R12,
      [](const LayerState& a, const LayerState& b) { return a.linetype != b.linetype; },
      [](const DxfObjectSource& source, const LayerState& layer, Wish& wish) {
          const auto linetype = layer.linetype.openObject<OdDbLinetypeTableRecord>();
          wish.push_back(
              {6, linetype ? source.text().encode(linetype->getName()) : QByteArray("CONTINUOUS")});
      }},
-    {QT_TRANSLATE_NOOP("LayerPatch", "the plot switch"), DxfVersion::V2000,
+    {QT_TRANSLATE_NOOP("LayerPatch", "the plot switch"), DrawingVersion::V2000,
      [](const LayerState& a, const LayerState& b) { return a.plottable != b.plottable; },
      [](const DxfObjectSource&, const LayerState& layer, Wish& wish) {
          wish.push_back({290, QByteArray(layer.plottable ? "1" : "0")});
      }},
-    {QT_TRANSLATE_NOOP("LayerPatch", "the lineweight"), DxfVersion::V2000,
+    {QT_TRANSLATE_NOOP("LayerPatch", "the lineweight"), DrawingVersion::V2000,
      [](const LayerState& a, const LayerState& b) { return a.lineWeight != b.lineWeight; },
      [](const DxfObjectSource&, const LayerState& layer, Wish& wish) {
          wish.push_back({370, QByteArray::number(layer.lineWeight)});
      }},
-    {QT_TRANSLATE_NOOP("LayerPatch", "the plot style"), DxfVersion::V2000,
+    {QT_TRANSLATE_NOOP("LayerPatch", "the plot style"), DrawingVersion::V2000,
      [](const LayerState& a, const LayerState& b) { return a.plotStyle != b.plotStyle; },
      [](const DxfObjectSource&, const LayerState& layer, Wish& wish) {
          wish.push_back(

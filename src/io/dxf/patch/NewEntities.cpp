@@ -14,13 +14,13 @@ bool NewRecords::knowsEntityGroup(int code) const
         return m_hasSubclasses;
     case 48: // linetype scale
     case 60: // invisible
-        return m_source.version() >= DxfVersion::R13;
+        return m_source.version() >= DrawingVersion::R13;
     case 370: // lineweight
-        return m_source.version() >= DxfVersion::V2000;
+        return m_source.version() >= DrawingVersion::V2000;
     case 420: // true color
     case 430: // its name
     case 440: // transparency
-        return m_source.version() >= DxfVersion::V2004;
+        return m_source.version() >= DrawingVersion::V2004;
     default:
         return true;
     }
@@ -45,7 +45,7 @@ QByteArray NewRecords::entity(const Head& head, OdDbObjectId id) const
     if (isPaper)
         append(out, 67, "1");
     const auto layout = block ? block->getLayoutId().openObject<OdDbLayout>() : nullptr;
-    if (layout && m_source.version() >= DxfVersion::V2000)
+    if (layout && m_source.version() >= DrawingVersion::V2000)
         append(out, 410, m_source.text().encode(layout->getLayoutName()));
     const auto layer = entity->layerId().safeOpenObject<OdDbLayerTableRecord>(OdDb::kForRead, true);
     append(out, 8, m_source.encodedName(layer->getName()));

@@ -28,9 +28,9 @@ QByteArray realText(double value)
 NewRecords::NewRecords(const DxfObjectSource& source)
     : m_source(source)
     , m_spelling(source.spelling())
-    , m_hasSubclasses(source.version() >= DxfVersion::R13)
-    , m_hasTableOwners(source.version() >= DxfVersion::V2000)
-    , m_hasCloningFlags(source.version() >= DxfVersion::V2000)
+    , m_hasSubclasses(source.version() >= DrawingVersion::R13)
+    , m_hasTableOwners(source.version() >= DrawingVersion::V2000)
+    , m_hasCloningFlags(source.version() >= DrawingVersion::V2000)
 { }
 
 QByteArray NewRecords::handleText(quint64 handle)
@@ -115,7 +115,7 @@ QByteArray NewRecords::application(const Head& head, const QByteArray& name) con
     return out;
 }
 
-QByteArray NewRecords::dictionary(const Head& head, bool hard, const std::vector<Entry>& entries,
+QByteArray NewRecords::dictionary(const Head& head, bool hard, const std::vector<KeyedHandle>& entries,
                                   const GroupList& xData) const
 {
     QByteArray out = begin("DICTIONARY", head);
@@ -124,13 +124,13 @@ QByteArray NewRecords::dictionary(const Head& head, bool hard, const std::vector
         append(out, 280, "1");
     if (m_hasCloningFlags)
         append(out, 281, "1");
-    for (const Entry& entry : entries)
+    for (const KeyedHandle& entry : entries)
         appendEntry(out, entry, hard ? kHardOwner : kSoftOwner);
     appendGroups(out, xData);
     return out;
 }
 
-void NewRecords::appendEntry(QByteArray& out, const Entry& entry, int valueCode) const
+void NewRecords::appendEntry(QByteArray& out, const KeyedHandle& entry, int valueCode) const
 {
     append(out, 3, m_source.text().encode(entry.key));
     append(out, valueCode, handleText(entry.handle));
@@ -164,7 +164,7 @@ QByteArray NewRecords::classRecord(const char* dxfName, const char* className) c
     append(out, 2, className);
     append(out, 3, "ObjectDBX Classes");
     append(out, 90, "0");
-    if (m_source.version() >= DxfVersion::V2004)
+    if (m_source.version() >= DrawingVersion::V2004)
         append(out, 91, "1");
     append(out, 280, "0");
     append(out, 281, "0");

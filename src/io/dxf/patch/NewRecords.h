@@ -2,6 +2,7 @@
 
 #include "database/objects/OdDbDictionary.h"
 #include "io/dxf/text/GroupSpelling.h"
+#include "io/records/KeyedHandle.h"
 
 #include <QStringList>
 
@@ -25,11 +26,6 @@ public:
         quint64 extensionDictionary = 0;
         bool ownerReacts = false; ///< the owner is listed as a persistent reactor
     };
-    struct Entry
-    {
-        QString key;
-        quint64 handle;
-    };
 
     QByteArray layer(const Head& head, const LayerState& state, QStringList& notKept) const;
     QByteArray linetype(const Head& head, const LinetypeState& state) const;
@@ -38,7 +34,7 @@ public:
     /// Whether the file's version knows groups of that code in entities.
     bool knowsEntityGroup(int code) const;
     QByteArray application(const Head& head, const QByteArray& name) const;
-    QByteArray dictionary(const Head& head, bool hard, const std::vector<Entry>& entries,
+    QByteArray dictionary(const Head& head, bool hard, const std::vector<KeyedHandle>& entries,
                           const GroupList& xData) const;
     QByteArray xrecord(const Head& head, const XrecordState& state) const;
     QByteArray dictionaryVar(const Head& head, const DictionaryVarState& state) const;
@@ -48,7 +44,7 @@ public:
     QByteArray tableStart(const char* name, quint64 handle, int count) const;
     QByteArray tableEnd() const;
     /// An entry of a dictionary.
-    void appendEntry(QByteArray& out, const Entry& entry, int valueCode) const;
+    void appendEntry(QByteArray& out, const KeyedHandle& entry, int valueCode) const;
     void appendExtension(QByteArray& out, quint64 dictionary) const;
     static QByteArray handleText(quint64 handle);
 

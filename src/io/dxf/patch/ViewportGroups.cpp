@@ -31,7 +31,7 @@ bool patchHandles(RecordPatcher& record, const DxfObjectSource& source,
                   const std::set<quint32>& before, const OdDbObjectIdArray& after)
 {
     const std::set<quint32> kept = slotsOf(after);
-    int code = source.version() == DxfVersion::V2000 ? kFrozen2000 : kFrozen;
+    int code = source.version() == DrawingVersion::V2000 ? kFrozen2000 : kFrozen;
     quint64 at = 0;
     for (const RecordPatcher::Span& span : record.spans()) {
         if (!span.own)
@@ -98,7 +98,7 @@ bool patchNames(RecordPatcher& record, const DxfObjectSource& source,
 bool ViewportGroups::patch(RecordPatcher& record, const DxfObjectSource& source,
                            const OdDbObjectIdArray& before, const OdDbObjectIdArray& after)
 {
-    return source.version() >= DxfVersion::V2000
+    return source.version() >= DrawingVersion::V2000
         ? patchHandles(record, source, slotsOf(before), after)
         : patchNames(record, source, slotsOf(before), after);
 }

@@ -48,7 +48,7 @@ QByteArray DxfObjectSource::encodedName(const QString& name) const
 {
     const QByteArray encoded = m_text.encode(name);
     // Names of these versions know no escapes.
-    const bool needsEscape = m_version < DxfVersion::V2000 && encoded.contains("\\U+");
+    const bool needsEscape = m_version < DrawingVersion::V2000 && encoded.contains("\\U+");
     if (needsEscape || !name.isValidUtf16())
         throw OdError(OdResult::InvalidKey,
                       tr("The name \"%1\" has characters that the drawing's encoding cannot hold; "

@@ -12,10 +12,9 @@
 #include "database/tables/OdDbLinetypeTableRecord.h"
 #include "database/tables/OdDbNamedRecord.h"
 #include "io/dxf/read/DxfRecordReader.h"
-#include "io/records/LayerExtras.h"
 
 DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
-                                 const DxfText& text, DxfVersion version, DxfLandmarks landmarks)
+                                 const DxfText& text, DrawingVersion version, DxfLandmarks landmarks)
     : RecordSource(database)
     , m_image(std::move(image))
     , m_text(text)
@@ -33,49 +32,6 @@ DxfCursor DxfObjectSource::cursor(quint32 slot) const
     DxfCursor cursor(m_image, database().store(), *this);
     cursor.open(slot);
     return cursor;
-}
-
-OdDbObjectId DxfObjectSource::id(quint64 handle) const
-{
-    return database().getOdDbObjectId(OdDbHandle(handle));
-}
-
-void DxfObjectSource::read(OdDbObject& object) const
-{
-    const quint32 slot = object.objectId().slot();
-    const DxfRecordReader reader(*this);
-    switch (object.kind()) {
-    case OdDbObjectKind::Layer:
-        static_cast<OdDbLayerTableRecord&>(object).stateForLoading() = readLayer(slot);
-        break;
-    case OdDbObjectKind::BlockTableRecord:
-        static_cast<OdDbBlockTableRecord&>(object).stateForLoading() = reader.block(cursor(slot));
-        break;
-    case OdDbObjectKind::Linetype:
-        static_cast<OdDbLinetypeTableRecord&>(object).stateForLoading() =
-            reader.linetype(cursor(slot));
-        break;
-    case OdDbObjectKind::Dictionary:
-        static_cast<OdDbDictionary&>(object).stateForLoading() = readDictionary(slot);
-        break;
-    case OdDbObjectKind::Xrecord:
-        static_cast<OdDbXrecord&>(object).stateForLoading() = readXrecord(slot);
-        break;
-    case OdDbObjectKind::DictionaryVar:
-        static_cast<OdDbDictionaryVar&>(object).stateForLoading() = readDictionaryVar(slot);
-        break;
-    case OdDbObjectKind::Layout:
-        static_cast<OdDbLayout&>(object).stateForLoading() = reader.layout(cursor(slot));
-        break;
-    case OdDbObjectKind::Viewport:
-        static_cast<OdDbViewport&>(object).stateForLoading() = readViewport(slot);
-        break;
-    case OdDbObjectKind::SymbolTableRecord:
-        static_cast<OdDbNamedRecord&>(object).stateForLoading() = reader.namedRecord(cursor(slot));
-        break;
-    default:
-        break;
-    }
 }
 
 DxfCursor DxfObjectSource::cursorOver(const char* begin, const char* end) const
@@ -101,20 +57,8 @@ LayerState DxfObjectSource::readLayer(quint32 slot) const
 {
     OdDbObjectId extension;
     LayerState layer = DxfRecordReader(*this).layer(cursor(slot), extension);
-    if (!extension.isNull())
-        readLayerExtras(extension.slot(), layer);
+    readLayerExtras(extension, layer);
     return layer;
-}
-
-void DxfObjectSource::readLayerExtras(quint32 dictionarySlot, LayerState& layer) const
-{
-    const ObjectStore& store = database().store();
-    if (store.type(dictionarySlot) != RecordType::Dictionary)
-        return;
-    for (const DictionaryEntry& entry : readDictionary(dictionarySlot).entries) {
-        if (!entry.value.isNull() && store.type(entry.value.slot()) == RecordType::Xrecord)
-            LayerExtras::read(database(), entry.key, readXrecord(entry.value.slot()).groups, layer);
-    }
 }
 
 DictionaryState DxfObjectSource::readDictionary(quint32 slot) const
@@ -135,4 +79,24 @@ XrecordState DxfObjectSource::readXrecord(quint32 slot) const
 ViewportState DxfObjectSource::readViewport(quint32 slot) const
 {
     return DxfRecordReader(*this).viewport(cursor(slot));
+}
+
+LinetypeState DxfObjectSource::readLinetype(quint32 slot) const
+{
+    return DxfRecordReader(*this).linetype(cursor(slot));
+}
+
+NamedRecordState DxfObjectSource::readNamed(quint32 slot) const
+{
+    return DxfRecordReader(*this).namedRecord(cursor(slot));
+}
+
+LayoutState DxfObjectSource::readLayout(quint32 slot) const
+{
+    return DxfRecordReader(*this).layout(cursor(slot));
+}
+
+BlockState DxfObjectSource::readBlock(quint32 slot) const
+{
+    return DxfRecordReader(*this).block(cursor(slot));
 }

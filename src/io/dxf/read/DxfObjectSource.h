@@ -12,11 +12,6 @@
 #include <utility>
 
 class OdDbDatabase;
-struct DictionaryState;
-struct DictionaryVarState;
-struct LayerState;
-struct ViewportState;
-struct XrecordState;
 
 /// Reads objects out of the image of a DXF file when somebody opens them, and writes the drawing
 /// back over it.
@@ -24,9 +19,8 @@ class DxfObjectSource final : public RecordSource
 {
 public:
     DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
-                    const DxfText& text, DxfVersion version, DxfLandmarks landmarks);
+                    const DxfText& text, DrawingVersion version, DxfLandmarks landmarks);
 
-    void read(OdDbObject& object) const override;
     std::unique_ptr<GroupCursor> makeCursor() const override;
     DrawingPieces write(const OdDbDatabase& database) const override;
     void verify(const OdDbDatabase& database, const DrawingPieces& pieces,
@@ -39,15 +33,19 @@ public:
     /// Over the bytes of one record that stands elsewhere; see DxfCursor::openBytes().
     DxfCursor cursorOver(const char* begin, const char* end) const;
     LayerState readLayer(quint32 slot) const override;
+    LinetypeState readLinetype(quint32 slot) const override;
+    NamedRecordState readNamed(quint32 slot) const override;
     DictionaryState readDictionary(quint32 slot) const override;
     DictionaryVarState readDictionaryVar(quint32 slot) const override;
     XrecordState readXrecord(quint32 slot) const override;
+    LayoutState readLayout(quint32 slot) const override;
     ViewportState readViewport(quint32 slot) const override;
+    BlockState readBlock(quint32 slot) const override;
 
     QString suffix() const override { return QStringLiteral("dxf"); }
     const FileImage& image() const override { return *m_image; }
     const DxfText& text() const { return m_text; }
-    DxfVersion version() const { return m_version; }
+    DrawingVersion version() const { return m_version; }
 
     /// How a record of the file spells its groups; without a record, as layer 0 does.
     GroupSpelling spelling(quint32 slot) const;
@@ -77,12 +75,9 @@ public:
     QByteArray spelledEntity(quint32 slot) const;
 
 private:
-    OdDbObjectId id(quint64 handle) const;
-    void readLayerExtras(quint32 dictionarySlot, LayerState& layer) const;
-
     std::shared_ptr<const FileImage> m_image;
     DxfText m_text;
-    DxfVersion m_version;
+    DrawingVersion m_version;
     DxfLandmarks m_landmarks;
     QHash<quint32, QString> m_missingLayers;
     mutable QHash<QByteArray, quint32> m_layersOfFile; ///< slot by folded name; made on demand

@@ -139,7 +139,7 @@ bool isPair(QStringView text, qsizetype at)
 
 DxfText::DxfText(QByteArrayView version, QByteArrayView codePage)
 {
-    if (dxfVersion(version) >= DxfVersion::V2007)
+    if (dxfVersion(version) >= DrawingVersion::V2007)
         return;
     m_page = std::make_shared<Page>();
     m_page->name = codePage.toByteArray();

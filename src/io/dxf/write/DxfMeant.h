@@ -3,7 +3,7 @@
 #include "database/objects/OdDbXrecord.h"
 #include "io/dxf/patch/NewRecords.h"
 
-#include <optional>
+#include <map>
 #include <unordered_map>
 #include <vector>
 
@@ -14,11 +14,11 @@ struct DxfMeant
     struct Made
     {
         GroupList groups;
-        std::vector<NewRecords::Entry> entries;
+        std::vector<KeyedHandle> entries;
         bool isDictionary = false;
     };
 
-    std::unordered_map<quint32, XrecordState> xrecords;
-    std::unordered_map<quint32, std::vector<NewRecords::Entry>> dictionaries;
+    std::map<quint32, XrecordState> xrecords;
+    std::unordered_map<quint32, std::vector<KeyedHandle>> dictionaries;
     std::vector<Made> made; ///< in the order of the changed records without a slot
 };

@@ -35,11 +35,11 @@ std::vector<std::pair<QString, quint64>> entriesOf(DxfCursor groups)
 }
 
 bool isSame(const std::vector<std::pair<QString, quint64>>& written,
-            const std::vector<NewRecords::Entry>& meant)
+            const std::vector<KeyedHandle>& meant)
 {
     // An entry without an object keeps whatever value the file had.
     return std::equal(written.begin(), written.end(), meant.begin(), meant.end(),
-                      [](const auto& a, const NewRecords::Entry& b) {
+                      [](const auto& a, const KeyedHandle& b) {
                           return a.first == b.key && (b.handle == 0 || a.second == b.handle);
                       });
 }
@@ -113,7 +113,7 @@ bool DxfVerifier::isAsMeant(const DrawingPieces::ChangedRecord& record,
     if (entity && entity->madeGroups())
         return isEntityAsMeant(*entity->madeGroups(), groups);
     const auto viewport = id.openObject<OdDbViewport>();
-    if (!viewport || m_source.version() < DxfVersion::V2000)
+    if (!viewport || m_source.version() < DrawingVersion::V2000)
         return true; // lists of names are compared with the names in the file they came from
     OdDbObjectIdArray meant = viewport->frozenLayers();
     std::erase_if(meant, [](OdDbObjectId layer) { return layer.isErased(); });
@@ -167,10 +167,10 @@ bool DxfVerifier::isLayerAsMeant(quint32 slot, const DxfCursor& groups) const
     // What the version cannot hold stays as the file had it; a true colour leaves its index.
     const LayerState file =
         slot < m_source.database().store().fileRecords() ? m_source.readLayer(slot) : LayerState();
-    if (m_source.version() < DxfVersion::V2004
+    if (m_source.version() < DrawingVersion::V2004
         && written.color == OdCmColor::fromIndex(meant.color.colorIndex()))
         meant.color = written.color;
-    if (m_source.version() < DxfVersion::V2000) {
+    if (m_source.version() < DrawingVersion::V2000) {
         if (written.plottable == file.plottable)
             meant.plottable = written.plottable;
         if (written.lineWeight == file.lineWeight)

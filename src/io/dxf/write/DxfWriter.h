@@ -4,6 +4,7 @@
 #include "io/dxf/patch/NewRecords.h"
 #include "io/dxf/patch/PatchList.h"
 #include "io/dxf/write/DxfMeant.h"
+#include "io/records/RecordWriter.h"
 
 #include <QSet>
 
@@ -13,24 +14,17 @@
 #include <unordered_map>
 
 class DxfObjectSource;
-class ObjectStore;
 class OdDbBlockTableRecord;
 class RecordPatcher;
-struct LayerState;
 
 /// Writes a drawing back over the image it was read from: every byte that was not edited is copied.
-class DxfWriter
+class DxfWriter final : private RecordWriter
 {
 public:
     DxfWriter(const DxfObjectSource& source, const OdDbDatabase& database);
     DrawingPieces run();
 
 private:
-    struct DictionaryEdit
-    {
-        std::vector<NewRecords::Entry> added = {};
-        QSet<QString> removed = {}; ///< folded keys
-    };
     /// New records that go to one place of the file.
     struct NewRun
     {
@@ -42,33 +36,34 @@ private:
     };
 
     // What was touched
-    void editTouched(quint32 slot);
-    void editLayer(quint32 slot);
-    void editExtras(quint32 slot, const LayerState& before, const LayerState& after);
-    void editViewport(quint32 slot);
-    void editXrecord(quint32 slot);
-    void editDictionaryVar(quint32 slot);
-    void editEntity(quint32 slot);
+    void addRecord(quint32 slot) override;
+    void editLayer(quint32 slot) override;
+    void editEntity(quint32 slot) override;
+    void setFrozen(quint32 viewport, const std::vector<OdDbObjectId>& before,
+                   const std::vector<OdDbObjectId>& after) override;
+    void setXrecord(quint32 slot, const XrecordState& before, const XrecordState& after) override;
+    void setVariable(quint32 slot, const QString& value) override;
+    void setDictionary(quint32 slot, const DictionaryState& before,
+                       const std::vector<KeyedHandle>& entries, const GroupList& xData) override;
+    void setExtension(quint32 slot, quint64 dictionary) override;
+    void recordRemoved(quint32 slot) override;
+    void makeXrecord(const KeyedHandle& entry, quint64 dictionary,
+                     const GroupList& groups) override;
+    void makeDictionary(quint64 handle, quint64 owner,
+                        const std::vector<KeyedHandle>& entries) override;
+    bool canHoldObjects() override;
     static void insertLayer(RecordPatcher& record, const QByteArray& name);
-    void editExtension(quint32 slot, quint64 handle);
-    void removeRecord(quint32 slot);
-    void removeOwned(quint32 slot);
-    void editDictionary(quint32 slot, const DictionaryEdit& edit);
-    void addRecord(quint32 slot);
+    void addTo(NewRun& run, quint32 slot, const QByteArray& record);
+    void addLayer(quint32 slot);
     QByteArray rootForNewObjects();
     void addEntity(quint32 slot);
     /// Offset before the ENDBLK of a block's definition; nothing where the file has none.
     std::optional<quint64> endOfBlock(const OdDbBlockTableRecord& block) const;
-    void addMade(const QByteArray& record, quint64 handle, DxfMeant::Made made);
+    void addMade(const QByteArray& record, DxfMeant::Made made);
     NewRecords::Head headOf(quint32 slot) const;
-    quint64 extensionOf(quint32 slot) const;
-    bool isLive(quint32 slot) const;
-    bool isInFile(quint32 slot) const;
-    bool canHoldObjects();
 
     // What follows from it
     void collectLayers();
-    void cleanReferences();
     void renameReferences();
     void renameIn(quint32 slot, bool entity);
     void placeNewRecords();
@@ -88,33 +83,24 @@ private:
     void report(DrawingPieces& pieces);
     void listChanged(const std::vector<quint32>& changed, DrawingPieces& pieces) const;
     void listNew(const NewRun& run, DrawingPieces& pieces) const;
-    quint64 used(quint64 handle);
 
     const DxfObjectSource& m_source;
-    const OdDbDatabase& m_database;
-    ObjectStore& m_store;
     NewRecords m_newRecords;
     PatchList m_patches;
     std::vector<quint32> m_changed; ///< records of the file, some repeatedly
-    std::set<quint32> m_removed;
     std::set<quint32> m_moved; ///< entities on another layer now
-    std::map<quint32, DictionaryEdit> m_dictionaryEdits;
     std::shared_ptr<DxfMeant> m_meant = std::make_shared<DxfMeant>();
     std::map<OdDbTableKind, NewRun> m_tableRuns;
     std::map<OdDbTableKind, int> m_countChanges;
     std::map<quint32, NewRun> m_entities; ///< by block; kNone: those of the ENTITIES section
     NewRun m_objects;
-    std::map<quint32, std::vector<NewRecords::Entry>> m_madeDictionaries; ///< by owning layer
     QByteArray m_newVariables; ///< of the header
     QByteArray m_tablesSection; ///< of a file that has none
     quint64 m_tablesSectionAt = 0;
     quint64 m_headerChanges = 0;
     QSet<QByteArray> m_applications; ///< to be registered
-    bool m_erasedDictionaries = false;
     std::set<std::pair<QByteArray, QByteArray>> m_classes; ///< that new objects need
     bool m_toldNoObjects = false;
     std::unordered_map<quint32, QByteArray> m_renamed; ///< encoded new name by slot of the layer
     QHash<QByteArray, QByteArray> m_renamedKeys; ///< the same by folded name in the file
-    quint64 m_highestNew = 0;
-    QStringList m_notKept;
 };

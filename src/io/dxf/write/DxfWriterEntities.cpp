@@ -35,9 +35,7 @@ void DxfWriter::addEntity(quint32 slot)
     const bool inSection = standsInEntities(*block) || !endOfBlock(*block);
     NewRun& run = m_entities[inSection ? ObjectStore::kNone : block->objectId().slot()];
     const NewRecords::Head head = headOf(slot);
-    run.starts.emplace_back(slot, run.bytes.size());
-    run.bytes += m_newRecords.entity(head, m_database.idOfSlot(slot));
-    ++run.count;
+    addTo(run, slot, m_newRecords.entity(head, m_database.idOfSlot(slot)));
     used(head.handle);
 }
 

@@ -30,7 +30,7 @@ QString tr(const char* text)
 bool DxfWriter::canHoldObjects()
 {
     // Objects are found by handle only.
-    const bool isOld = m_source.version() < DxfVersion::R13;
+    const bool isOld = m_source.version() < DrawingVersion::R13;
     if (!isOld && m_store.fileHasHandles())
         return true;
     if (!std::exchange(m_toldNoObjects, true))
@@ -59,71 +59,80 @@ NewRecords::Head DxfWriter::headOf(quint32 slot) const
     return head;
 }
 
+void DxfWriter::addTo(NewRun& run, quint32 slot, const QByteArray& record)
+{
+    run.starts.emplace_back(slot, run.bytes.size());
+    run.bytes += record;
+    ++run.count;
+}
+
 void DxfWriter::addRecord(quint32 slot)
 {
     if (m_store.has(slot, ObjectStore::kEntity))
         return addEntity(slot);
     const RecordType type = m_store.type(slot);
+    if (type == RecordType::Layer)
+        return addLayer(slot);
     const OdDbObjectId id = m_database.idOfSlot(slot);
-    NewRecords::Head head = headOf(slot);
-    const auto add = [&](NewRun& run, const QByteArray& bytes) {
-        used(head.handle);
-        run.starts.emplace_back(slot, run.bytes.size());
-        run.bytes += bytes;
-        ++run.count;
-    };
-    if (type == RecordType::Layer) {
-        const auto layer = id.safeOpenObject<OdDbLayerTableRecord>();
-        const LayerState made = m_source.missingLayer(slot);
-        if (layer->state() == made)
-            return;
-        LayerState plain;
-        editExtras(slot, plain, layer->state());
-        if (m_madeDictionaries.contains(slot))
-            head.extensionDictionary = m_source.handleOfMade(slot, QStringLiteral("dictionary"));
-        requireApplications(LayerGroups::applications(plain, layer->state()));
-        if (head.extensionDictionary != 0 && !canHoldObjects())
-            head.extensionDictionary = 0;
-        add(m_tableRuns[OdDbTableKind::Layer], m_newRecords.layer(head, layer->state(), m_notKept));
-    } else if (type == RecordType::Ltype) {
+    const NewRecords::Head head = headOf(slot);
+    if (type == RecordType::Ltype) {
         const auto linetype = id.safeOpenObject<OdDbLinetypeTableRecord>();
-        add(m_tableRuns[OdDbTableKind::Linetype], m_newRecords.linetype(head, linetype->state()));
+        addTo(m_tableRuns[OdDbTableKind::Linetype], slot,
+              m_newRecords.linetype(head, linetype->state()));
     } else if (!canHoldObjects()) {
         return;
     } else if (type == RecordType::Dictionary) {
         const auto dictionary = id.safeOpenObject<OdDbDictionary>();
-        std::vector<NewRecords::Entry> entries;
-        for (const DictionaryEntry& entry : dictionary->entries()) {
-            if (!entry.value.isNull() && isLive(entry.value.slot()))
-                entries.push_back({entry.key, entry.value.getHandle().value()});
-        }
-        if (const auto edit = m_dictionaryEdits.find(slot); edit != m_dictionaryEdits.end())
-            entries.insert(entries.end(), edit->second.added.begin(), edit->second.added.end());
-        m_meant->dictionaries[slot] = entries;
-        add(m_objects,
-            m_newRecords.dictionary(head, dictionary->state().treatElementsAsHard, entries,
-                                    dictionary->xData()));
+        const std::vector<KeyedHandle>& entries = m_meant->dictionaries[slot] = entriesNow(slot);
+        addTo(m_objects, slot,
+              m_newRecords.dictionary(head, dictionary->state().treatElementsAsHard, entries,
+                                      dictionary->xData()));
     } else if (type == RecordType::Xrecord) {
         requireXrecordClass();
-        const auto cleanedState = m_meant->xrecords.find(slot);
-        add(m_objects,
-            m_newRecords.xrecord(head,
-                                 cleanedState == m_meant->xrecords.end()
-                                     ? id.safeOpenObject<OdDbXrecord>()->state()
-                                     : cleanedState->second));
+        addTo(m_objects, slot, m_newRecords.xrecord(head, xrecordNow(slot)));
     } else if (type == RecordType::DictionaryVar) {
         m_classes.insert({"DICTIONARYVAR", "AcDbDictionaryVar"});
-        add(m_objects,
-            m_newRecords.dictionaryVar(head, id.safeOpenObject<OdDbDictionaryVar>()->state()));
+        addTo(m_objects, slot,
+              m_newRecords.dictionaryVar(head, id.safeOpenObject<OdDbDictionaryVar>()->state()));
+    } else {
+        return;
     }
+    used(head.handle);
 }
 
-void DxfWriter::addMade(const QByteArray& record, quint64 handle, DxfMeant::Made made)
+void DxfWriter::addLayer(quint32 slot)
 {
-    used(handle);
-    m_objects.starts.emplace_back(ObjectStore::kNone, m_objects.bytes.size());
-    m_objects.bytes += record;
-    ++m_objects.count;
+    const auto layer = m_database.idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>();
+    if (layer->state() == m_source.missingLayer(slot))
+        return;
+    const LayerState plain;
+    editExtras(slot, plain, layer->state());
+    requireApplications(LayerGroups::applications(plain, layer->state()));
+    NewRecords::Head head = headOf(slot);
+    if (head.extensionDictionary != 0 && !canHoldObjects())
+        head.extensionDictionary = 0;
+    used(head.handle);
+    addTo(m_tableRuns[OdDbTableKind::Layer], slot,
+          m_newRecords.layer(head, layer->state(), m_notKept));
+}
+
+void DxfWriter::makeXrecord(const KeyedHandle& entry, quint64 dictionary, const GroupList& groups)
+{
+    requireXrecordClass();
+    addMade(m_newRecords.xrecord({entry.handle, dictionary, 0, true}, {groups, {}}),
+            {groups, {}, false});
+}
+
+void DxfWriter::makeDictionary(quint64 handle, quint64 owner,
+                               const std::vector<KeyedHandle>& entries)
+{
+    addMade(m_newRecords.dictionary({handle, owner, 0, false}, true, entries, {}),
+            {{}, entries, true});
+}
+
+void DxfWriter::addMade(const QByteArray& record, DxfMeant::Made made)
+{
+    addTo(m_objects, ObjectStore::kNone, record);
     m_meant->made.push_back(std::move(made));
 }
 
@@ -137,36 +146,19 @@ void DxfWriter::requireApplications(const QList<QByteArray>& names)
 
 // Dictionaries
 
-void DxfWriter::editDictionary(quint32 slot, const DictionaryEdit& edit)
+void DxfWriter::setDictionary(quint32 slot, const DictionaryState& before,
+                              const std::vector<KeyedHandle>& entries, const GroupList& xData)
 {
-    if (!isInFile(slot) || !isLive(slot))
-        return;
-    const DictionaryState before = m_source.readDictionary(slot);
-    const auto object = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
-    if (before == object->state() && edit.added.empty() && edit.removed.isEmpty()
-        && std::all_of(before.entries.begin(), before.entries.end(), [&](const auto& entry) {
-               return entry.value.isNull() || isLive(entry.value.slot());
-           }))
-        return;
-    std::vector<NewRecords::Entry> wanted;
-    for (const DictionaryEntry& entry : object->entries()) {
-        const bool gone = !entry.value.isNull() && !isLive(entry.value.slot());
-        if (!gone && !edit.removed.contains(entry.key.toCaseFolded()))
-            wanted.push_back(
-                {entry.key, entry.value.isNull() ? 0 : used(entry.value.getHandle().value())});
-    }
-    for (const NewRecords::Entry& entry : edit.added)
-        wanted.push_back({entry.key, used(entry.handle)});
     RecordPatcher record(m_source, slot, m_patches);
     const std::size_t patches = m_patches.size();
     DictionaryPatch(m_source, record)
-        .turnInto(std::move(wanted), m_newRecords, before.treatElementsAsHard);
-    if (!(before.xData == object->xData())) {
+        .turnInto(entries, m_newRecords, before.treatElementsAsHard);
+    if (!(before.xData == xData)) {
         const auto& spans = record.spans();
         const auto first = std::find_if(spans.begin(), spans.end(),
                                         [](const auto& span) { return span.code >= 1000; });
         record.replaceGroups(static_cast<std::size_t>(first - spans.begin()), before.xData,
-                             object->xData());
+                             xData);
     }
     if (m_patches.size() > patches)
         m_changed.push_back(slot);
@@ -314,7 +306,7 @@ void DxfWriter::placeClasses()
 void DxfWriter::requireXrecordClass()
 {
     // Built in from version 2000 on.
-    if (m_source.version() < DxfVersion::V2000)
+    if (m_source.version() < DrawingVersion::V2000)
         m_classes.insert({"XRECORD", "AcDbXrecord"});
 }
 

@@ -5,7 +5,6 @@
 #include "io/dxf/patch/RecordPatcher.h"
 #include "io/dxf/read/DxfObjectSource.h"
 #include "io/dxf/write/DxfWriter.h"
-#include "io/records/ErasedLayers.h"
 
 #include <algorithm>
 
@@ -22,11 +21,7 @@ constexpr const char* kListsOfLayers[] = {"LAYER_FILTER", "LAYER_INDEX"};
 void DxfWriter::collectLayers()
 {
     for (const quint32 slot : m_store.touched()) {
-        if (m_store.type(slot) == RecordType::Dictionary && m_store.has(slot, ObjectStore::kErased))
-            m_erasedDictionaries = true;
-        if (m_store.type(slot) != RecordType::Layer)
-            continue;
-        if (m_store.has(slot, ObjectStore::kErased))
+        if (m_store.type(slot) != RecordType::Layer || m_store.has(slot, ObjectStore::kErased))
             continue;
         const auto layer = m_database.idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>();
         const QString before =
@@ -36,26 +31,6 @@ void DxfWriter::collectLayers()
         const QByteArray encoded = m_source.encodedName(layer->getName());
         m_renamed.emplace(slot, encoded);
         m_renamedKeys.insert(NameIndex::fold(before), encoded);
-    }
-}
-
-// Erased layers
-
-void DxfWriter::cleanReferences()
-{
-    const ErasedLayers erased(m_database);
-    if (erased.isEmpty())
-        return;
-    for (const quint32 slot : m_store.viewports()) {
-        if (isInFile(slot) && !m_store.has(slot, ObjectStore::kErased)
-            && !m_store.has(slot, ObjectStore::kTouched))
-            editViewport(slot);
-    }
-    for (const auto& [slot, groups] : erased.cleanedRecords()) {
-        const auto record = m_database.idOfSlot(slot).safeOpenObject<OdDbXrecord>();
-        m_meant->xrecords[slot] = {groups, record->xData()};
-        if (isInFile(slot) && isLive(slot) && !m_store.has(slot, ObjectStore::kTouched))
-            editXrecord(slot);
     }
 }
 

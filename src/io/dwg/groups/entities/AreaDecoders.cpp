@@ -23,7 +23,7 @@ void image(const GroupContext& context, const char* mark)
     Carry::flag(context, 280);
     for (int code = 281; code <= 283; ++code)
         out.integer(code, data.rawChar());
-    const bool inside = record.since(DwgVersion::V2010) && data.bit();
+    const bool inside = record.since(DrawingVersion::V2010) && data.bit();
     out.handle(360, record.reference());
     const int form = Carry::integer(context, 71);
     const quint32 corners = form == kRectangle ? 2 : record.count(kRawPoint);
@@ -41,7 +41,7 @@ void image(const GroupContext& context, const char* mark)
     }
     if (closes)
         out.point(14, first);
-    if (record.since(DwgVersion::V2010))
+    if (record.since(DrawingVersion::V2010))
         out.integer(290, inside ? 1 : 0);
 }
 
@@ -50,7 +50,7 @@ void image(const GroupContext& context, const char* mark)
 void decodeSolid(const GroupContext& context)
 {
     BitReader& data = context.record.data;
-    const bool compact = context.record.since(DwgVersion::V2000);
+    const bool compact = context.record.since(DrawingVersion::V2000);
     const double thickness = data.thickness(compact);
     const double elevation = data.bitDouble();
     context.out.mark(100, "AcDbTrace");
@@ -69,7 +69,7 @@ void decodeFace3d(const GroupContext& context)
     BitReader& data = record.data;
     double corners[4][3] = {};
     int hiddenEdges = 0;
-    if (record.since(DwgVersion::V2000)) {
+    if (record.since(DrawingVersion::V2000)) {
         const bool allShown = data.bit();
         const bool flat = data.bit();
         for (int axis = 0; axis < (flat ? 2 : 3); ++axis)

@@ -27,13 +27,13 @@ Reference readReference(DwgRecord& record)
     reference.angle = data.bitDouble();
     data.extrusion(false, reference.normal);
     reference.hasAttributes = data.bit();
-    const bool counted = reference.hasAttributes && record.since(DwgVersion::V2004);
+    const bool counted = reference.hasAttributes && record.since(DrawingVersion::V2004);
     const quint32 attributes = counted ? record.count(kLeastHandle) : 0;
     reference.block = record.reference();
     if (!reference.hasAttributes)
         return reference;
     // Their number, or the first and the last; then the end of them.
-    const quint32 handles = record.since(DwgVersion::V2004) ? attributes : 2;
+    const quint32 handles = record.since(DrawingVersion::V2004) ? attributes : 2;
     for (quint32 i = 0; i < handles && !record.hasFailed(); ++i)
         record.reference();
     record.reference();
@@ -86,7 +86,7 @@ void decodeTable(const GroupContext& context)
     out.point(10, reference.at);
     Carry::putNormal(out, reference.normal);
     out.mark(100, "AcDbTable");
-    if (!context.record.since(DwgVersion::V2010)) {
+    if (!context.record.since(DrawingVersion::V2010)) {
         context.record.data.bitShort();
         return Carry::point(context, 11);
     }

@@ -60,7 +60,7 @@ void Carry::normal(const GroupContext& context, bool compact)
 void Carry::plane(const GroupContext& context)
 {
     DwgRecord& record = context.record;
-    const bool compact = record.since(DwgVersion::V2000);
+    const bool compact = record.since(DrawingVersion::V2000);
     const double thickness = record.data.thickness(compact);
     if (thickness != 0)
         context.out.real(39, thickness);

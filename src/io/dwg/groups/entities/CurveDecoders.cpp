@@ -26,7 +26,7 @@ void decodeLine(const GroupContext& context)
     BitReader& data = record.data;
     double start[3] = {0, 0, 0};
     double end[3] = {0, 0, 0};
-    if (record.since(DwgVersion::V2000)) {
+    if (record.since(DrawingVersion::V2000)) {
         const bool flat = data.bit();
         for (int axis = 0; axis < (flat ? 2 : 3); ++axis) {
             start[axis] = data.rawDouble();

@@ -37,7 +37,7 @@ Head readHead(DwgRecord& record)
 {
     BitReader& data = record.data;
     Head head;
-    if (record.since(DwgVersion::V2010))
+    if (record.since(DrawingVersion::V2010))
         data.rawChar(); // version
     record.point(head.normal);
     head.textAt[0] = data.rawDouble();
@@ -49,13 +49,13 @@ Head readHead(DwgRecord& record)
     head.direction = data.bitDouble();
     for (int i = 0; i < 4; ++i)
         data.bitDouble(); // scale and angle of the block
-    if (record.since(DwgVersion::V2000)) {
+    if (record.since(DrawingVersion::V2000)) {
         head.attachment = data.bitShort();
         head.spacing = data.bitShort();
         head.spacingFactor = data.bitDouble();
         head.measured = data.bitDouble();
     }
-    if (record.since(DwgVersion::V2007)) {
+    if (record.since(DrawingVersion::V2007)) {
         data.bit();
         data.bit(); // which arrows are turned round
         data.bit();
@@ -83,7 +83,7 @@ void putHead(const GroupContext& context, const Head& head, int type, int own = 
     out.integer(70,
                 type | own | ((head.flags & kTextAtHome) == 0 ? kTextMoved : 0)
                     | ((head.flags & kBlockOfItsOwn) != 0 ? kOwnBlock : 0));
-    if (record.since(DwgVersion::V2000)) {
+    if (record.since(DrawingVersion::V2000)) {
         out.integer(71, head.attachment);
         out.integer(72, head.spacing);
         out.real(41, head.spacingFactor);

@@ -113,7 +113,7 @@ void splineEdge(const GroupContext& context)
         if (rational)
             Carry::real(context, 42);
     }
-    if (!record.since(DwgVersion::V2010))
+    if (!record.since(DrawingVersion::V2010))
         return;
     const quint32 fitPoints = record.count(kRawPoint);
     out.integer(97, fitPoints);
@@ -193,7 +193,7 @@ void decodeHatch(const GroupContext& context)
     DwgRecord& record = context.record;
     BitReader& data = record.data;
     GroupSink& out = context.out;
-    const bool hasGradient = record.since(DwgVersion::V2004);
+    const bool hasGradient = record.since(DrawingVersion::V2004);
     const Gradient gradient = hasGradient ? readGradient(record) : Gradient();
     double at[3] = {0, 0, 0};
     double normal[3];

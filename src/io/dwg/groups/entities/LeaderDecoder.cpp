@@ -8,7 +8,7 @@ void skipOldStyle(DwgRecord& record)
 {
     BitReader& data = record.data;
     data.bitShort();
-    if (!record.since(DwgVersion::V2000)) {
+    if (!record.since(DrawingVersion::V2000)) {
         data.bitDouble(); // size of the arrow
         data.bit();
         data.bit();
@@ -44,11 +44,11 @@ void decodeLeader(const GroupContext& context)
     record.point(normal);
     Carry::point(context, 211);
     Carry::point(context, 212);
-    if (record.since(DwgVersion::R14))
+    if (record.since(DrawingVersion::R14))
         Carry::point(context, 213);
-    if (!record.since(DwgVersion::V2000))
+    if (!record.since(DrawingVersion::V2000))
         data.bitDouble(); // gap
-    if (!record.since(DwgVersion::V2010)) {
+    if (!record.since(DrawingVersion::V2010)) {
         Carry::real(context, 40);
         Carry::real(context, 41);
     }

@@ -45,7 +45,7 @@ class Points
 public:
     Points(const DwgRecord& record)
         : m_data(record.data)
-        , m_compact(record.since(DwgVersion::V2000))
+        , m_compact(record.since(DrawingVersion::V2000))
     { }
 
     void next(double (&point)[2])

@@ -40,7 +40,7 @@ void background(const GroupContext& context)
     const int background = record.data.bitLong();
     if (background != 0)
         context.out.integer(90, background);
-    const bool framed = record.since(DwgVersion::V2018) && (background & kFramed) != 0;
+    const bool framed = record.since(DrawingVersion::V2018) && (background & kFramed) != 0;
     if ((background & kFilled) == 0 && !framed)
         return;
     Carry::real(context, 45);
@@ -64,7 +64,7 @@ void MTextParts::decode(const GroupContext& context)
     record.point(normal);
     record.point(direction);
     const double width = data.bitDouble();
-    if (record.since(DwgVersion::V2007))
+    if (record.since(DrawingVersion::V2007))
         Carry::real(context, 46);
     Carry::real(context, 40);
     out.real(41, width);
@@ -76,14 +76,14 @@ void MTextParts::decode(const GroupContext& context)
     Carry::name(context, 7);
     Carry::putNormal(out, normal);
     out.point(11, direction);
-    if (record.since(DwgVersion::V2000)) {
+    if (record.since(DrawingVersion::V2000)) {
         Carry::integer(context, 73);
         Carry::real(context, 44);
         data.bit();
     }
-    if (record.since(DwgVersion::V2004))
+    if (record.since(DrawingVersion::V2004))
         background(context);
-    if (record.since(DwgVersion::V2018) && data.bit())
+    if (record.since(DrawingVersion::V2018) && data.bit())
         skipColumns(record);
 }
 

@@ -59,7 +59,7 @@ void line(const GroupContext& context)
         points(context, record.count(2 * kLeastPoint), {11, 12});
     }
     out.integer(91, data.bitLong());
-    if (record.since(DwgVersion::V2010))
+    if (record.since(DrawingVersion::V2010))
         overrides(context);
     out.mark(305, "}");
 }
@@ -80,7 +80,7 @@ void leader(const GroupContext& context)
     const quint32 lines = record.count(kLeastLine);
     for (quint32 i = 0; i < lines && !record.hasFailed(); ++i)
         line(context);
-    if (record.since(DwgVersion::V2010))
+    if (record.since(DrawingVersion::V2010))
         Carry::integer(context, 271);
     out.mark(303, "}");
 }
@@ -196,7 +196,7 @@ void labels(const GroupContext& context)
     DwgRecord& record = context.record;
     BitReader& data = record.data;
     GroupSink& out = context.out;
-    if (!record.since(DwgVersion::V2010)) {
+    if (!record.since(DrawingVersion::V2010)) {
         const quint32 arrows = record.count(kLeastLabel);
         for (quint32 i = 0; i < arrows && !record.hasFailed(); ++i) {
             out.integer(94, data.bit() ? 1 : 0);
@@ -220,7 +220,7 @@ void decodeMultiLeader(const GroupContext& context)
     BitReader& data = record.data;
     GroupSink& out = context.out;
     out.mark(100, "AcDbMLeader");
-    if (record.since(DwgVersion::V2010))
+    if (record.since(DrawingVersion::V2010))
         Carry::integer(context, 270);
     out.mark(300, "CONTEXT_DATA{");
     // The leaders stand ahead of what they lead to, their groups behind it: a second reader comes
@@ -230,7 +230,7 @@ void decodeMultiLeader(const GroupContext& context)
     leaders({record, context.head, context.entity, context.names, ignored});
     contents(context);
     leaders({back, context.head, context.entity, context.names, out});
-    if (record.since(DwgVersion::V2010)) {
+    if (record.since(DrawingVersion::V2010)) {
         Carry::integer(context, 273);
         Carry::integer(context, 272);
     }
@@ -241,11 +241,11 @@ void decodeMultiLeader(const GroupContext& context)
     Carry::integer(context, 178);
     Carry::integer(context, 179);
     Carry::real(context, 45);
-    if (record.since(DwgVersion::V2010)) {
+    if (record.since(DrawingVersion::V2010)) {
         Carry::integer(context, 271);
         Carry::integer(context, 272);
         Carry::integer(context, 273);
     }
-    if (record.since(DwgVersion::V2013))
+    if (record.since(DrawingVersion::V2013))
         out.integer(295, data.bit() ? 1 : 0);
 }

@@ -28,7 +28,7 @@ void head(const GroupContext& context, const char* mark, double elevation)
 void skipParts(DwgRecord& record)
 {
     constexpr quint64 kLeastHandle = 8;
-    const quint32 handles = record.since(DwgVersion::V2004) ? record.count(kLeastHandle) : 2;
+    const quint32 handles = record.since(DrawingVersion::V2004) ? record.count(kLeastHandle) : 2;
     for (quint32 i = 0; i <= handles && !record.hasFailed(); ++i)
         record.reference();
 }
@@ -48,7 +48,7 @@ void decodePolyline2d(const GroupContext& context)
 {
     DwgRecord& record = context.record;
     BitReader& data = record.data;
-    const bool compact = record.since(DwgVersion::V2000);
+    const bool compact = record.since(DrawingVersion::V2000);
     double normal[3];
     const int flags = data.bitShort();
     const int smoothing = data.bitShort();
@@ -121,7 +121,7 @@ void decodeVertex2d(const GroupContext& context)
     context.out.real(40, startWidth < 0 ? -startWidth : startWidth);
     context.out.real(41, endWidth);
     Carry::real(context, 42);
-    if (record.since(DwgVersion::V2010))
+    if (record.since(DrawingVersion::V2010))
         context.out.integer(91, data.bitLong());
     context.out.integer(70, flags);
     Carry::angle(context, 50);

@@ -31,7 +31,7 @@ Start readStart(DwgRecord& record)
     Start start;
     const int form = data.bitLong();
     start.form = form == kFitForm ? Form::FitPoints : Form::ControlPoints;
-    if (record.since(DwgVersion::V2013)) {
+    if (record.since(DrawingVersion::V2013)) {
         // These win over the number before them.
         const int flags = data.bitLong();
         const int knots = data.bitLong();

@@ -72,7 +72,7 @@ Line readCompact(DwgRecord& record)
 
 Line readLine(DwgRecord& record)
 {
-    Line line = record.since(DwgVersion::V2000) ? readCompact(record) : readFull(record);
+    Line line = record.since(DrawingVersion::V2000) ? readCompact(record) : readFull(record);
     line.style = record.reference();
     return line;
 }
@@ -144,14 +144,14 @@ Attribute readAttribute(const GroupContext& context)
     DwgRecord& record = context.record;
     BitReader& data = record.data;
     Attribute attribute;
-    if (record.since(DwgVersion::V2010))
+    if (record.since(DrawingVersion::V2010))
         data.rawChar(); // version
-    if (record.since(DwgVersion::V2018))
+    if (record.since(DrawingVersion::V2018))
         skipLines(context);
     attribute.tag = record.text();
     attribute.fieldLength = data.bitShort();
     attribute.flags = data.rawChar();
-    attribute.lockedPlace = record.since(DwgVersion::V2007) && data.bit();
+    attribute.lockedPlace = record.since(DrawingVersion::V2007) && data.bit();
     return attribute;
 }
 
@@ -190,7 +190,7 @@ void decodeAttdef(const GroupContext& context)
     DwgRecord& record = context.record;
     const Line line = readLine(record);
     const Attribute attribute = readAttribute(context);
-    if (record.since(DwgVersion::V2010))
+    if (record.since(DrawingVersion::V2010))
         record.data.rawChar(); // version
     putLine(context, line);
     context.out.mark(100, "AcDbAttributeDefinition");
@@ -204,7 +204,7 @@ void decodeTolerance(const GroupContext& context)
     DwgRecord& record = context.record;
     double normal[3];
     double direction[3];
-    if (!record.since(DwgVersion::V2000)) {
+    if (!record.since(DrawingVersion::V2000)) {
         record.data.bitShort();
         record.data.bitDouble(); // height
         record.data.bitDouble(); // gap

@@ -15,7 +15,7 @@ void decodeViewport(const GroupContext& context)
     out.real(41, viewport.height);
     out.integer(68, isOff ? 0 : number);
     out.integer(69, number);
-    if (!record.since(DwgVersion::V2000))
+    if (!record.since(DrawingVersion::V2000))
         return;
     out.point(12, viewport.viewCenter);
     out.point(13, viewport.snapBase);
