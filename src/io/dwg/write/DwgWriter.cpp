@@ -205,7 +205,6 @@ void DwgWriter::setDictionary(quint32 slot, const DictionaryState& before,
     if (!open(record, head, slot))
         return;
     const FreeRecords::Dictionary fields = FreeRecords::dictionary(record);
-    const bool sameXData = before.xData == object->xData();
     QHash<QString, quint64> inFile;
     for (const auto& [key, handle] : fields.entries)
         inFile.insert(key, handle);
