@@ -27,6 +27,10 @@ target_compile_definitions(kest_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
   KEST_VERSION="${PROJECT_VERSION}")
 target_include_directories(kest_flags INTERFACE "${PROJECT_SOURCE_DIR}/src")
+# Libraries report their branches to a fuzzer, else it would search blindly.
+if(KEST_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
 if(KEST_SANITIZERS)
   list(JOIN KEST_SANITIZERS "," sanitizers)
   add_compile_options(-fsanitize=${sanitizers} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
@@ -68,15 +72,41 @@ function(kest_moc_of_test target)
   set_target_properties(${target} PROPERTIES AUTOMOC OFF)
 endfunction()
 
-# With KEST_PCH the headers that most sources include are compiled once a target, not once a source.
-# Off by default: with ccache, builds without them come from the cache more often.
-set(KEST_COMMON_HEADERS
-  <QByteArray> <QCoreApplication> <QHash> <QObject> <QSet> <QString> <QStringList>
-  <algorithm> <functional> <map> <memory> <optional> <set> <variant> <vector>)
-function(kest_precompile target)
-  if(KEST_PCH)
-    target_precompile_headers(${target} PRIVATE ${KEST_COMMON_HEADERS} ${ARGN})
+# With KEST_PCH the headers that most sources include are compiled once, not once a source. Off by default:
+# with ccache, builds without them come from the cache more often.
+#
+# kest_headers(NAME LINKS ... HEADERS ...): the common headers, and these. Few large sets are dearer than
+# several small ones: a compiler instantiates anew, for each source, what a set leaves open.
+function(kest_headers name)
+  if(NOT KEST_PCH)
+    return()
   endif()
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;HEADERS")
+  file(CONFIGURE OUTPUT "${name}.cpp" CONTENT "")
+  add_library(${name} OBJECT "${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp")
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+  target_link_libraries(${name} PRIVATE kest_flags ${arg_LINKS})
+  target_precompile_headers(${name} PRIVATE
+    <QByteArray> <QCoreApplication> <QHash> <QObject> <QSet> <QString> <QStringList>
+    <algorithm> <functional> <map> <memory> <optional> <set> <variant> <vector> ${arg_HEADERS})
+endfunction()
+
+# kest_precompile(TARGET HEADERS): the sources of the target begin with such a set.
+function(kest_precompile target headers)
+  if(KEST_PCH)
+    target_precompile_headers(${target} REUSE_FROM ${headers})
+  endif()
+endfunction()
+
+function(kest_precompile_test target)
+  foreach(source IN LISTS ARGN)
+    file(STRINGS "${source}" is_google_test REGEX "gtest/gtest.h" LIMIT_COUNT 1)
+    if(is_google_test)
+      kest_precompile(${target} kest_google_test_headers)
+      return()
+    endif()
+  endforeach()
+  kest_precompile(${target} kest_qt_test_headers)
 endfunction()
 
 # kest_library(NAME SHARED|STATIC LINKS ...): one folder, one link target, all of its .cpp and .h files.
@@ -93,7 +123,17 @@ function(kest_library name kind)
   add_library(${name} ${kind} ${sources})
   kest_automoc_where_needed(${name} ${sources})
   target_link_libraries(${name} PUBLIC kest_flags ${arg_LINKS})
-  kest_precompile(${name})
+  kest_precompile(${name} kest_core_headers)
+endfunction()
+
+# kest_test_library(NAME SOURCES ... LINKS ...): what several test programs share.
+function(kest_test_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;SOURCES")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC kest_flags kest_test_support ${arg_LINKS})
+  list(TRANSFORM arg_SOURCES REPLACE "^([^/].*)" "${CMAKE_CURRENT_SOURCE_DIR}/\\1")
+  kest_automoc_where_needed(${name} ${arg_SOURCES})
+  kest_precompile_test(${name} ${arg_SOURCES})
 endfunction()
 
 # kest_test(NAME LINKS ...): a test program from NAME.cpp; registered with ctest under its own name.
@@ -103,9 +143,7 @@ function(kest_test name)
   list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE more)
   kest_moc_of_test(${name} "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp" ${more})
   target_link_libraries(${name} PRIVATE kest_flags kest_test_support ${arg_LINKS})
-  if(KEST_PCH)
-    target_precompile_headers(${name} REUSE_FROM kest_test_headers)
-  endif()
+  kest_precompile_test(${name} "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp")
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300

@@ -245,11 +245,11 @@ void RecordWriter::editDictionary(quint32 slot)
     const DictionaryState before = m_source.readDictionary(slot);
     const auto dictionary = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
     const std::vector<KeyedHandle> entries = entriesNow(slot);
-    const bool isSame = std::equal(before.entries.begin(), before.entries.end(), entries.begin(),
-                                   entries.end(), [](const DictionaryEntry& a, const KeyedHandle& b) {
-                                       return a.key == b.key
-                                           && a.value.getHandle().value() == b.handle;
-                                   });
+    const bool isSame =
+        std::equal(before.entries.begin(), before.entries.end(), entries.begin(), entries.end(),
+                   [](const DictionaryEntry& a, const KeyedHandle& b) {
+                       return a.key == b.key && a.value.getHandle().value() == b.handle;
+                   });
     if (!isSame || !(before.xData == dictionary->xData()))
         setDictionary(slot, before, entries, dictionary->xData());
 }

@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr DrawingVersion kVersions[] = {DrawingVersion::R13,   DrawingVersion::R14,   DrawingVersion::V2000,
-                                    DrawingVersion::V2004, DrawingVersion::V2007, DrawingVersion::V2010,
-                                    DrawingVersion::V2013, DrawingVersion::V2018};
+constexpr DrawingVersion kVersions[] = {
+    DrawingVersion::R13,   DrawingVersion::R14,   DrawingVersion::V2000, DrawingVersion::V2004,
+    DrawingVersion::V2007, DrawingVersion::V2010, DrawingVersion::V2013, DrawingVersion::V2018};
 constexpr const char* kClasses[] = {
     "LWPOLYLINE",  "HATCH",      "IMAGE",         "WIPEOUT",
     "MULTILEADER", "ACAD_TABLE", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION"};

@@ -45,6 +45,10 @@ constexpr QPalette::ColorRole kDimmedRoles[] = {QPalette::WindowText, QPalette::
 constexpr QRgb kDimmedLight = 0xFF9A9A9A;
 constexpr QRgb kDimmedDark = 0xFF7A7A7A;
 
+/// Before main(), for fonts are looked up once, when the application starts.
+[[maybe_unused]] const bool kFontsAreAlike =
+    qputenv("FONTCONFIG_FILE", KEST_SOURCE_DIR "/tests/support/pictures/fonts.conf");
+
 } // namespace
 
 GoldenLook::GoldenLook(Theme theme)

@@ -12,8 +12,9 @@ inline std::optional<DrawingVersion> dwgVersion(QByteArrayView head)
     if (head.size() < 6 || !head.startsWith("AC"))
         return std::nullopt;
     for (const DrawingVersion version :
-         {DrawingVersion::R13, DrawingVersion::R14, DrawingVersion::V2000, DrawingVersion::V2004, DrawingVersion::V2007,
-          DrawingVersion::V2010, DrawingVersion::V2013, DrawingVersion::V2018})
+         {DrawingVersion::R13, DrawingVersion::R14, DrawingVersion::V2000, DrawingVersion::V2004,
+          DrawingVersion::V2007, DrawingVersion::V2010, DrawingVersion::V2013,
+          DrawingVersion::V2018})
     {
         if (head.sliced(2, 4) == QByteArray::number(static_cast<int>(version)))
             return version;

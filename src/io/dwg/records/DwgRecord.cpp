@@ -43,7 +43,8 @@ bool DwgRecord::open(quint64 offset)
     m_bytes = m_objects.sliced(static_cast<qsizetype>(offset),
                                static_cast<qsizetype>(first + size) + kSumSize);
     start(m_bytes.sliced(static_cast<qsizetype>(first), static_cast<qsizetype>(size)));
-    m_type = since(DrawingVersion::V2010) ? data.objectType() : static_cast<quint16>(data.bitShort());
+    m_type =
+        since(DrawingVersion::V2010) ? data.objectType() : static_cast<quint16>(data.bitShort());
     m_lengthAt = data.position();
     if (since(DrawingVersion::V2010))
         divide(size * 8 - handleBits);

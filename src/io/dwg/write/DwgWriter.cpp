@@ -265,9 +265,10 @@ QString DwgObjectSource::refusal() const
     if (!m_faults.isEmpty())
         return m_faults.join(QLatin1Char(' '));
     // Records of these versions have another order, which nothing here spells.
-    return m_format.version < DrawingVersion::V2000 ? tr("Drawings of the versions R13 and R14 can be "
-                                                     "opened, but edits of them cannot be saved.")
-                                                : QString();
+    return m_format.version < DrawingVersion::V2000
+        ? tr("Drawings of the versions R13 and R14 can be "
+             "opened, but edits of them cannot be saved.")
+        : QString();
 }
 
 DrawingPieces DwgObjectSource::write(const OdDbDatabase& drawing) const

@@ -41,7 +41,8 @@ public:
                      const TableRecords::Layer& zero) const;
     QByteArray linetype(const Head& head, const LinetypeState& state) const;
     QByteArray application(const Head& head, const QString& name) const;
-    QByteArray dictionary(const Head& head, bool hard, const std::vector<KeyedHandle>& entries) const;
+    QByteArray dictionary(const Head& head, bool hard,
+                          const std::vector<KeyedHandle>& entries) const;
     /// Nothing where a group has no form in this format.
     std::optional<QByteArray> xrecord(const Head& head, const GroupList& groups) const;
     /// `type` is the number of the class DICTIONARYVAR.

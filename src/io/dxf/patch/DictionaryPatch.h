@@ -26,8 +26,8 @@ private:
     /// Removes and appends; false where the order of what stays differs.
     bool removeAndAppend(const std::vector<KeyedHandle>& wanted, const NewRecords& records,
                          int valueCode);
-    void append(const std::vector<KeyedHandle>& wanted, std::size_t from,
-                const NewRecords& records, int valueCode);
+    void append(const std::vector<KeyedHandle>& wanted, std::size_t from, const NewRecords& records,
+                int valueCode);
 
     const DxfObjectSource& m_source;
     RecordPatcher& m_record;

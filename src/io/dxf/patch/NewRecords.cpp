@@ -115,7 +115,8 @@ QByteArray NewRecords::application(const Head& head, const QByteArray& name) con
     return out;
 }
 
-QByteArray NewRecords::dictionary(const Head& head, bool hard, const std::vector<KeyedHandle>& entries,
+QByteArray NewRecords::dictionary(const Head& head, bool hard,
+                                  const std::vector<KeyedHandle>& entries,
                                   const GroupList& xData) const
 {
     QByteArray out = begin("DICTIONARY", head);

@@ -14,7 +14,8 @@
 #include "io/dxf/read/DxfRecordReader.h"
 
 DxfObjectSource::DxfObjectSource(std::shared_ptr<const FileImage> image, OdDbDatabase& database,
-                                 const DxfText& text, DrawingVersion version, DxfLandmarks landmarks)
+                                 const DxfText& text, DrawingVersion version,
+                                 DxfLandmarks landmarks)
     : RecordSource(database)
     , m_image(std::move(image))
     , m_text(text)

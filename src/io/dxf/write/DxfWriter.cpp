@@ -106,8 +106,8 @@ void DxfWriter::setXrecord(quint32 slot, const XrecordState& before, const Xreco
 void DxfWriter::setVariable(quint32 slot, const QString& value)
 {
     RecordPatcher record(m_source, slot, m_patches);
-    const QByteArray value = m_source.text().encode(value);
-    record.want(1, &value, {280, 1});
+    const QByteArray encoded = m_source.text().encode(value);
+    record.want(1, &encoded, {280, 1});
     m_changed.push_back(slot);
 }
 

@@ -151,14 +151,12 @@ void DxfWriter::setDictionary(quint32 slot, const DictionaryState& before,
 {
     RecordPatcher record(m_source, slot, m_patches);
     const std::size_t patches = m_patches.size();
-    DictionaryPatch(m_source, record)
-        .turnInto(entries, m_newRecords, before.treatElementsAsHard);
+    DictionaryPatch(m_source, record).turnInto(entries, m_newRecords, before.treatElementsAsHard);
     if (!(before.xData == xData)) {
         const auto& spans = record.spans();
         const auto first = std::find_if(spans.begin(), spans.end(),
                                         [](const auto& span) { return span.code >= 1000; });
-        record.replaceGroups(static_cast<std::size_t>(first - spans.begin()), before.xData,
-                             xData);
+        record.replaceGroups(static_cast<std::size_t>(first - spans.begin()), before.xData, xData);
     }
     if (m_patches.size() > patches)
         m_changed.push_back(slot);
