@@ -3,6 +3,7 @@
 #include "database/objects/OdDbEntity.h"
 #include "database/objects/OdDbLayout.h"
 #include "database/states/LayerStates.h"
+#include "database/store/HeaderVariables.h"
 #include "database/store/ObjectStore.h"
 #include "database/tables/OdDbLayerTable.h"
 #include "database/tables/OdDbLinetypeTableRecord.h"
@@ -72,7 +73,6 @@ TEST_P(DwgMade, HasNothingWrong)
     EXPECT_EQ(DwgFiles::faults(*drawing), QStringList());
     EXPECT_EQ(drawing->loadNotes(), QStringList());
     EXPECT_EQ(drawing->audit(), QStringList());
-    EXPECT_EQ(drawing->refusal(), QString());
 }
 
 TEST_P(DwgMade, LayersAreReadWithAllTheyHave)
