@@ -3,7 +3,9 @@
 #include "database/tables/OdDbLayerTable.h"
 #include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
+#include "io/dwg/bits/DwgVersion.h"
 #include "io/dwg/support/DwgFiles.h"
+#include "io/dwg/support/DwgMaker.h"
 #include "io/dwg/support/DwgParts.h"
 #include "io/dwg/support/LayerEdits.h"
 #include "support/drawings/DrawingDigest.h"
@@ -39,13 +41,21 @@ QStringList unexpected(const QStringList& different, const QList<QByteArray>& ty
     return found;
 }
 
+/// The name of one that is made from nothing, before its version.
+constexpr QByteArrayView kMade = "made ";
+
 class DwgSaving : public testing::TestWithParam<const char*>
 {
 protected:
     void SetUp() override
     {
-        KEST_GTEST_NEEDS_DRAWINGS();
-        m_bytes = DwgFiles::bytes(QString::fromLatin1(GetParam()));
+        const QByteArrayView name(GetParam());
+        if (name.startsWith(kMade)) {
+            m_bytes = DwgMaker::sample(dwgVersion(name.sliced(kMade.size())).value());
+        } else {
+            KEST_GTEST_NEEDS_DRAWINGS();
+            m_bytes = DwgFiles::bytes(QString::fromLatin1(name));
+        }
         ASSERT_FALSE(m_bytes.isEmpty());
     }
 
@@ -122,9 +132,15 @@ TEST_P(DwgSaving, WhatWasAddedIsChangedAndTakenAwayAgain)
     tryEdits(saved(*drawing).bytes, undoingEdits());
 }
 
-INSTANTIATE_TEST_SUITE_P(Versions, DwgSaving, testing::ValuesIn(DwgFiles::kWritable),
-                         [](const auto& file) {
-                             return DwgFiles::testName(QString::fromLatin1(file.param));
-                         });
+std::string testName(const testing::TestParamInfo<const char*>& file)
+{
+    return DwgFiles::testName(QString::fromLatin1(file.param));
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, DwgSaving, testing::ValuesIn(DwgFiles::kWritable), testName);
+INSTANTIATE_TEST_SUITE_P(Made, DwgSaving,
+                         testing::Values("made AC1015", "made AC1018", "made AC1024", "made AC1027",
+                                         "made AC1032"),
+                         testName);
 
 } // namespace
