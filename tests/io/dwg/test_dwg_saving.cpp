@@ -3,9 +3,7 @@
 #include "database/tables/OdDbLayerTable.h"
 #include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
-#include "io/dwg/bits/DwgVersion.h"
 #include "io/dwg/support/DwgFiles.h"
-#include "io/dwg/support/DwgMaker.h"
 #include "io/dwg/support/DwgParts.h"
 #include "io/dwg/support/LayerEdits.h"
 #include "support/drawings/DrawingDigest.h"
@@ -41,21 +39,15 @@ QStringList unexpected(const QStringList& different, const QList<QByteArray>& ty
     return found;
 }
 
-/// The name of one that is made from nothing, before its version.
-constexpr QByteArrayView kMade = "made ";
-
 class DwgSaving : public testing::TestWithParam<const char*>
 {
 protected:
     void SetUp() override
     {
-        const QByteArrayView name(GetParam());
-        if (name.startsWith(kMade)) {
-            m_bytes = DwgMaker::sample(dwgVersion(name.sliced(kMade.size())).value());
-        } else {
+        const QString name = QString::fromLatin1(GetParam());
+        if (!DwgFiles::isMade(name))
             KEST_GTEST_NEEDS_DRAWINGS();
-            m_bytes = DwgFiles::bytes(QString::fromLatin1(name));
-        }
+        m_bytes = DwgFiles::bytes(name);
         ASSERT_FALSE(m_bytes.isEmpty());
     }
 
@@ -138,9 +130,6 @@ std::string testName(const testing::TestParamInfo<const char*>& file)
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, DwgSaving, testing::ValuesIn(DwgFiles::kWritable), testName);
-INSTANTIATE_TEST_SUITE_P(Made, DwgSaving,
-                         testing::Values("made AC1015", "made AC1018", "made AC1024", "made AC1027",
-                                         "made AC1032"),
-                         testName);
+INSTANTIATE_TEST_SUITE_P(Made, DwgSaving, testing::ValuesIn(DwgFiles::kMade), testName);
 
 } // namespace
