@@ -140,6 +140,10 @@ TEST_P(MadeSumsOfPages, EncryptedOrSignedItOpensForReadingOnly)
     MadeDrawing withSection = MadeDrawing::sample(GetParam());
     withSection.hasSecuritySection = true;
     EXPECT_EQ(faultsOf(DwgMaker(withSection).bytes()), sentence);
+    MadeDrawing withMark = MadeDrawing::sample(GetParam());
+    withMark.encryptedSection = "AcDb:Classes";
+    EXPECT_EQ(faultsOf(DwgMaker(withMark).bytes()),
+              QStringLiteral("The section AcDb:Classes is marked as encrypted."));
 }
 
 TEST_P(MadeSumsOfPages, OneWrongSumOpensItForReadingOnly)

@@ -31,7 +31,7 @@ QByteArray bytes(const QString& name);
 QStringList readable();
 /// Why the drawing that was read must not be written, in sentences.
 QStringList faults(const OdDbDatabase& database);
-/// "R14_...": as a part of a test's name.
+/// A file's name as a part of a test's name: letters, digits and underscores.
 std::string testName(const QString& file);
 
 } // namespace DwgFiles
