@@ -2,8 +2,10 @@
 // a drawing that keeps its bytes, whose edits are read again as they were made.
 
 #include "io/dwg/read/DwgObjectSource.h"
+#include "io/dwg/support/DwgMaker.h"
 #include "support/DrawingFuzz.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -43,17 +45,29 @@ void exercise(const QByteArray& bytes)
     drawing_fuzz::compareLayers(*drawing, *again);
 }
 
+/// A made drawing of the version that the first byte chooses, with bits of its records turned as
+/// the others say: part, two bytes of the place in it, bits. Sums are right, so that it may be
+/// saved.
+QByteArray damaged(const std::uint8_t* data, std::size_t size)
+{
+    constexpr std::size_t kEdit = 4;
+    constexpr std::size_t kMostEdits = 64;
+    const MadeDrawing drawing =
+        MadeDrawing::sample(MadeDrawing::kVersions[data[0] % std::size(MadeDrawing::kVersions)]);
+    DwgMaker maker(drawing);
+    const std::size_t end = std::min(size, 1 + kMostEdits * kEdit);
+    for (std::size_t at = 1; at + kEdit <= end; at += kEdit)
+        maker.damage(data[at], std::size_t(data[at + 1]) << 8 | data[at + 2], data[at + 3]);
+    return maker.bytes();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static constexpr const char* kVersions[] = {"AC1014", "AC1015", "AC1018",
-                                                "AC1024", "AC1027", "AC1032"};
     if (size == 0)
         return 0;
-    QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    if (!bytes.startsWith("AC10"))
-        bytes.prepend(kVersions[data[0] % std::size(kVersions)]);
-    exercise(bytes);
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    exercise(bytes.startsWith("AC10") ? bytes : damaged(data, size));
     return 0;
 }

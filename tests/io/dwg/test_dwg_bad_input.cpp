@@ -7,6 +7,7 @@
 #include "io/dwg/support/DwgFiles.h"
 #include "io/dwg/support/DwgMaker.h"
 #include "io/dwg/support/DwgParts.h"
+#include "io/dwg/support/MadeHandles.h"
 #include "support/PeakMemory.h"
 #include "support/drawings/SharedDrawings.h"
 
@@ -198,6 +199,21 @@ TEST(DwgBadInput, AWrongSumOpensForReadingOnlyAndSaysWhy)
     EXPECT_TRUE(DwgFiles::faults(*drawing)[0].contains(QStringLiteral("is damaged")));
     EXPECT_TRUE(drawing->loadNotes().contains(DwgFiles::faults(*drawing)[0]));
     EXPECT_EQ(outcome(bytes), Outcome::ReadOnly);
+}
+
+TEST(DwgBadInput, OneRecordIsNotTwoTables)
+{
+    for (const DrawingVersion version : MadeDrawing::kVersions) {
+        MadeDrawing made = MadeDrawing::sample(version);
+        made.references = {{"*STYLE", MadeHandle::LayerControl}};
+        const QByteArray bytes = DwgMaker(made).bytes();
+        EXPECT_EQ(outcome(bytes), Outcome::ReadOnly);
+        const auto drawing = readDrawing(bytes, QStringLiteral("twice.dwg"));
+        EXPECT_EQ(DwgFiles::faults(*drawing),
+                  QStringList(QStringLiteral("The table with the handle 2 is missing.")));
+        EXPECT_EQ(drawing->layerTable().records().size(), made.layers.size());
+        EXPECT_EQ(drawing->audit(), QStringList());
+    }
 }
 
 TEST(DwgBadInput, OlderVersionsAreRefusedInWords)

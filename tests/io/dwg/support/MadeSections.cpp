@@ -84,13 +84,13 @@ QByteArray MadeSections::marked(QByteArrayView mark, const QByteArray& body) con
     return section + inverse(mark);
 }
 
-QByteArray MadeSections::header(quint64 seed, quint64 currentLayer) const
+QByteArray MadeSections::header(quint64 seed, const std::map<QByteArray, quint64>& amiss) const
 {
     MadeFields fields(m_format);
     for (const auto& [name, handle] : kReferences)
         fields.setReference(name, handle);
     fields.setReference("$HANDSEED", seed);
-    fields.setReference("$CLAYER", currentLayer);
+    fields.setReference("$CLAYER", MadeHandle::FirstLayer);
     fields.setReference("$TEXTSTYLE", MadeHandle::Style);
     fields.setReference("$DIMTXSTY", MadeHandle::Style);
     fields.setReference("$CELTYPE", MadeHandle::ByLayer);
@@ -101,6 +101,8 @@ QByteArray MadeSections::header(quint64 seed, quint64 currentLayer) const
     fields.setReference("*BYLAYER", MadeHandle::ByLayer);
     fields.setReference("*BYBLOCK", MadeHandle::ByBlock);
     fields.setReference("*CONTINUOUS", MadeHandle::Continuous);
+    for (const auto& [name, handle] : amiss)
+        fields.setReference(name.constData(), handle);
     for (const char* one : {"$TILEMODE", "$VISRETAIN", "$FILLMODE", "$PSLTSCALE", "$CELTSCALE",
                             "$DIMSCALE", "$DIMLFAC", "$DIMTFAC", "$CMLSCALE"})
         fields.setNumber(one, 1);
