@@ -216,6 +216,19 @@ TEST(DwgBadInput, OneRecordIsNotTwoTables)
     }
 }
 
+TEST(DwgBadInput, ALayerWhoseValuesRunOverItsEndOpensForReadingOnly)
+{
+    // Its sum is right; its name tells a length that it does not have.
+    const MadeDrawing made = MadeDrawing::sample(DrawingVersion::V2004);
+    DwgMaker maker(made);
+    constexpr std::size_t kLength = 10;
+    maker.damage(maker.partOf(MadeRecords::layerHandle(2)), kLength, 0x80);
+    EXPECT_EQ(outcome(maker.bytes()), Outcome::ReadOnly);
+    const auto drawing = readDrawing(maker.bytes(), QStringLiteral("long.dwg"));
+    EXPECT_EQ(DwgFiles::faults(*drawing),
+              QStringList(QStringLiteral("The record with the handle 42 is damaged.")));
+}
+
 TEST(DwgBadInput, OlderVersionsAreRefusedInWords)
 {
     KEST_GTEST_NEEDS_DRAWINGS();

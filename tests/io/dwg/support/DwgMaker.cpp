@@ -58,6 +58,11 @@ void DwgMaker::damage(std::size_t part, std::size_t place, quint8 bits)
     put(bytes, end, Checksums::crc16(QByteArrayView(bytes).sliced(first, end - first)));
 }
 
+std::size_t DwgMaker::partOf(quint64 handle) const
+{
+    return 2 + static_cast<std::size_t>(std::distance(m_records.begin(), m_records.find(handle)));
+}
+
 QByteArray DwgMaker::sample(DrawingVersion version)
 {
     const MadeDrawing drawing = MadeDrawing::sample(version);

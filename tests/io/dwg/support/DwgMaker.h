@@ -17,6 +17,8 @@ public:
     /// Turns bits of the header variables, the classes or a record, by the number of that part and
     /// the place in it, both of which start over at the end; the part's sum is right all the same.
     void damage(std::size_t part, std::size_t place, quint8 bits);
+    /// The number of a record as a part.
+    std::size_t partOf(quint64 handle) const;
     /// The sample of a version.
     static QByteArray sample(DrawingVersion version);
 

@@ -191,17 +191,23 @@ QByteArray MadeSections::auxHeader(quint64 seed) const
 
 QByteArray MadeSections::freeSpace(std::size_t records, quint32 objects) const
 {
+    // Numbers take 8 bytes since 2010, where the start of the records is told no more.
+    const bool longer = m_format.version >= DrawingVersion::V2010;
     BitWriter out;
-    out.rawLong(0);
-    out.rawLong(static_cast<quint32>(records));
+    const auto number = [&](quint32 value) {
+        out.rawLong(value);
+        if (longer)
+            out.rawLong(0);
+    };
+    number(0);
+    number(static_cast<quint32>(records));
     out.rawLong(kDay);
     out.rawLong(0);
-    out.rawLong(objects);
+    if (!longer)
+        out.rawLong(objects);
     out.rawChar(4);
-    for (const quint32 number : {0x32u, 0x64u, 0x200u, 0xFFFFFFFFu}) {
-        out.rawLong(number);
-        out.rawLong(0);
-    }
+    for (const quint32 value : {0x32u, 0u, 0x64u, 0u, 0x200u, 0u, 0xFFFFFFFFu, 0u})
+        number(value);
     return out.bytes();
 }
 
