@@ -201,6 +201,61 @@ TEST(DwgBadInput, AWrongSumOpensForReadingOnlyAndSaysWhy)
     EXPECT_EQ(outcome(bytes), Outcome::ReadOnly);
 }
 
+/// Freezes or thaws each layer, saves, and looks for that in what was saved. False where that is
+/// refused in words.
+bool editsAreKept(OdDbDatabase& drawing)
+{
+    const OdDbLayerTable& layers = drawing.layerTable();
+    for (const OdDbObjectId id : layers.records()) {
+        const auto layer = id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite);
+        layer->setIsFrozen(!layer->isFrozen());
+    }
+    std::unique_ptr<OdDbDatabase> again;
+    try {
+        again = readDrawing(drawingBytes(drawing), QStringLiteral("again.dwg"));
+    } catch (const OdError& error) {
+        EXPECT_TRUE(error.description().endsWith(QLatin1Char('.'))) << error.what();
+        return false;
+    }
+    EXPECT_EQ(DwgFiles::faults(*again), QStringList());
+    EXPECT_EQ(again->layerTable().records().size(), layers.records().size());
+    for (const OdDbObjectId id : layers.records()) {
+        const auto before = id.safeOpenObject<OdDbLayerTableRecord>();
+        const auto after = again->idOfSlot(again->store().find(id.getHandle().value()))
+                               .openObject<OdDbLayerTableRecord>();
+        EXPECT_TRUE(after && after->isFrozen() == before->isFrozen())
+            << before->getName().toStdString();
+    }
+    return true;
+}
+
+TEST(DwgBadInput, TurnedBitsUnderRightSumsNeverMisplaceAnEdit)
+{
+    constexpr int kTries = 80;
+    std::mt19937 random(14);
+    int kept = 0;
+    int readOnly = 0;
+    for (const DrawingVersion version : MadeDrawing::kVersions) {
+        const MadeDrawing made = MadeDrawing::sample(version);
+        for (int i = 0; i < kTries; ++i) {
+            SCOPED_TRACE(i);
+            DwgMaker maker(made);
+            // One time of two a layer.
+            maker.damage(i % 2 == 0 ? random()
+                                    : maker.partOf(MadeRecords::layerHandle(random() % 5)),
+                         random(), static_cast<quint8>(1u << random() % 8));
+            const QByteArray bytes = maker.bytes();
+            if (outcome(bytes) != Outcome::Sound) {
+                ++readOnly;
+                continue;
+            }
+            kept += editsAreKept(*readDrawing(bytes, QStringLiteral("turned.dwg"))) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(kept, 100);
+    EXPECT_GT(readOnly, 50);
+}
+
 TEST(DwgBadInput, OneRecordIsNotTwoTables)
 {
     for (const DrawingVersion version : MadeDrawing::kVersions) {
