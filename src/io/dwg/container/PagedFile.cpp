@@ -37,7 +37,7 @@ PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DrawingVersi
         fail(kHeadAt,
              tr("page %1, the section map, is not in the page map.").arg(m_sectionMapPage));
     readSectionMap(map->offset);
-    if (word<quint32>(bytes(kSecurityAt, 4).data()) != 0)
+    if (word<quint32>(bytes(kSecurityAt, 4).data()) != 0 || find("AcDb:Security"))
         addFault(tr("Parts of it are encrypted or signed."));
     for (std::size_t i = 0; i < kSectionNames.size(); ++i) {
         const Section* found = find(kSectionNames[i]);

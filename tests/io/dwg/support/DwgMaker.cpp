@@ -125,6 +125,7 @@ QByteArray DwgMaker::emptyPaged(const std::map<QByteArray, QByteArray>& sections
         put<quint32>(entry, 16, 1);
         put<quint32>(entry, 20, packed ? kPacked : 1);
         put(entry, 24, ++id);
+        put<quint32>(entry, 28, name == m_drawing.encryptedSection ? 1 : 0);
         entry.replace(kSectionHead - kNameSize, name.size(), name);
         map += entry;
     }

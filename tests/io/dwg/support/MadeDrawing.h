@@ -43,8 +43,10 @@ struct MadeDrawing
     std::vector<std::size_t> groupLayers;
     QString stateName; ///< of a state that has all layers as they are
     QString stateDescription;
-    bool isEncrypted = false; ///< the head says that parts are encrypted
-    bool hasSecuritySection = false; ///< in versions with pages
+    // In versions with pages:
+    bool isEncrypted = false; ///< the head says that parts are
+    bool hasSecuritySection = false;
+    QByteArray encryptedSection; ///< the one of that name is marked, though its bytes are plain
 
     static constexpr DrawingVersion kVersions[] = {DrawingVersion::V2000, DrawingVersion::V2004,
                                                    DrawingVersion::V2010, DrawingVersion::V2013,

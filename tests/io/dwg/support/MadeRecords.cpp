@@ -239,6 +239,8 @@ void MadeRecords::addState()
         groups.append(440, state.transparency);
         if (state.color.colorMethod() == OdCmColor::kByColor)
             groups.append(92, static_cast<qint32>(state.color.color()));
+        if (!state.color.bookName().isEmpty())
+            groups.append(300, state.color.bookName().toUtf8());
     }
     addXrecord(MadeHandle::State, MadeHandle::States, groups);
 }

@@ -113,7 +113,9 @@ void MadeRecords::addLayout(quint64 handle, const QString& name, int order, quin
 {
     RecordParts parts = begin(kLayout, {handle, MadeHandle::Layouts, {MadeHandle::Layouts}});
     BitWriter& data = parts.data;
-    const auto text = [&](const char* text) { m_new.appendText(parts, QString::fromLatin1(text)); };
+    const auto text = [&](const char* plain) {
+        m_new.appendText(parts, QString::fromLatin1(plain));
+    };
     text(""); // page setup
     text("none"); // printer
     data.bitShort(0x2B0);
