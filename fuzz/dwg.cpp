@@ -1,6 +1,7 @@
 // Any bytes, read as a DWG drawing: they are refused with a sentence, opened for reading only, or
 // a drawing that keeps its bytes, whose edits are read again as they were made.
 
+#include "database/objects/OdDbEntity.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/support/DwgMaker.h"
 #include "support/DrawingFuzz.h"
@@ -10,6 +11,51 @@
 #include <cstdint>
 
 namespace {
+
+/// Edits of what stands beside the values of a layer: extended data, records that hang on it, lists
+/// of viewports.
+void editBesideLayers(OdDbDatabase& drawing)
+{
+    constexpr qint16 kLineWeight = 50;
+    const OdDbObjectIdArray layers = drawing.layerTable().records();
+    for (const quint32 slot : drawing.store().viewports()) {
+        const OdDbObjectId viewport = drawing.idOfSlot(slot);
+        if (const auto open = viewport.openObject<OdDbViewport>(OdDb::kForWrite))
+            open->freezeLayersInViewport(layers);
+        if (layers.empty())
+            continue;
+        layers.back()
+            .safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)
+            ->setLineWeight(kLineWeight, viewport);
+    }
+    for (const OdDbObjectId id : layers)
+        id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite)
+            ->setDescription(QStringLiteral("described"));
+}
+
+void compareBesideLayers(const OdDbDatabase& wanted, const OdDbDatabase& found)
+{
+    const auto there = [&](OdDbObjectId id) {
+        return found.idOfSlot(found.store().find(id.getHandle().value()));
+    };
+    for (const OdDbObjectId id : wanted.layerTable().records()) {
+        const auto layer = there(id).openObject<OdDbLayerTableRecord>();
+        const auto before = id.safeOpenObject<OdDbLayerTableRecord>();
+        drawing_fuzz::require(layer && layer->description() == before->description(),
+                              "a description is lost:", before->getName());
+        drawing_fuzz::require(layer->state().overrides.size() == before->state().overrides.size(),
+                              "an override is lost:", before->getName());
+    }
+    for (const quint32 slot : wanted.store().viewports()) {
+        const OdDbObjectId id = wanted.idOfSlot(slot);
+        const auto before = id.openObject<OdDbViewport>();
+        const auto viewport = there(id).openObject<OdDbViewport>();
+        drawing_fuzz::require(!before || viewport, "a viewport is lost");
+        drawing_fuzz::require(
+            !before || viewport->frozenLayers().size() == before->frozenLayers().size(),
+            "a frozen layer is lost");
+    }
+}
 
 void exercise(const QByteArray& bytes)
 {
@@ -33,6 +79,7 @@ void exercise(const QByteArray& bytes)
     }
     drawing_fuzz::require(drawingBytes(*drawing) == bytes, "an unedited drawing changed");
     drawing_fuzz::editLayers(*drawing);
+    editBesideLayers(*drawing);
     QByteArray saved;
     try {
         saved = drawingBytes(*drawing);
@@ -42,7 +89,10 @@ void exercise(const QByteArray& bytes)
     }
     const std::unique_ptr<OdDbDatabase> again = drawing_fuzz::read(saved, refusal);
     drawing_fuzz::require(bool(again), "what was saved cannot be opened:", refusal);
+    const auto* written = dynamic_cast<const DwgObjectSource*>(again->source());
+    drawing_fuzz::require(written && written->faults().isEmpty(), "what was saved has faults");
     drawing_fuzz::compareLayers(*drawing, *again);
+    compareBesideLayers(*drawing, *again);
 }
 
 /// A made drawing of the version that the first byte chooses, with bits of its records turned as
