@@ -284,6 +284,30 @@ TEST(DwgBadInput, ALayerWhoseValuesRunOverItsEndOpensForReadingOnly)
               QStringList(QStringLiteral("The record with the handle 42 is damaged.")));
 }
 
+TEST(DwgBadInput, ExtendedDataThatRunOverTheirEndHideNoOthers)
+{
+    // Those of another application, with a text that is longer than they are, before the
+    // transparency.
+    const MadeDrawing made = MadeDrawing::sample(DrawingVersion::V2013);
+    const LayerState& wanted = made.layers[1].state;
+    DwgMaker maker(made);
+    const std::size_t layer = maker.partOf(MadeRecords::layerHandle(1));
+    maker.damage(layer, 8, 0x0A); // the handle of the application
+    maker.damage(layer, 12, 0x31); // the length of the text
+    const QString description = QStringLiteral("another one");
+    const auto find = [&](const OdDbDatabase& drawing, OdDb::OpenMode mode) {
+        return drawing.layerTable().getAt(wanted.name).safeOpenObject<OdDbLayerTableRecord>(mode);
+    };
+    const auto drawing = readDrawing(maker.bytes(), QStringLiteral("over.dwg"));
+    ASSERT_EQ(DwgFiles::faults(*drawing), QStringList());
+    EXPECT_EQ(find(*drawing, OdDb::kForRead)->description(), QString());
+    EXPECT_EQ(find(*drawing, OdDb::kForRead)->transparency(), wanted.transparency);
+    find(*drawing, OdDb::kForWrite)->setDescription(description);
+    const auto again = readDrawing(drawingBytes(*drawing), QStringLiteral("again.dwg"));
+    EXPECT_EQ(find(*again, OdDb::kForRead)->description(), description);
+    EXPECT_EQ(find(*again, OdDb::kForRead)->transparency(), wanted.transparency);
+}
+
 TEST(DwgBadInput, OlderVersionsAreRefusedInWords)
 {
     QByteArray bytes = DwgMaker::sample(DrawingVersion::V2000);

@@ -123,10 +123,14 @@ FreeRecords::xDataBlocks(DwgRecord& record, const DwgHead& head, const NameOf& n
             return blocks;
         block.application = data.handle().value;
         block.at.end = data.position() + quint64(size) * 8;
+        // Values that run over the end of their block leave those behind it alone.
+        const BitReader whole = data;
+        data.limit(block.at.end);
         while (data.position() < block.at.end && !data.hasFailed()) {
             if (!appendItem(block.groups, record, nameOf))
                 break;
         }
+        data = whole;
         data.seek(block.at.end);
         blocks.push_back(std::move(block));
     }
