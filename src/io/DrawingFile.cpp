@@ -79,7 +79,7 @@ void requireWritable(const OdDbDatabase& database, const QString& path)
     requireFormat(source, path);
     if (const QString refusal = source.refusal(); !refusal.isEmpty())
         throw OdError_FileAccess(OdResult::CantWriteFile,
-                                 tr("The drawing can only be read. %1").arg(refusal));
+                                 tr("The drawing is open for reading only. %1").arg(refusal));
 }
 
 const DrawingSource& DrawingSource::of(const OdDbDatabase& database)

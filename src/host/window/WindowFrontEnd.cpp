@@ -2,6 +2,7 @@
 
 #include "database/drawing/OdDbDatabase.h"
 #include "host/canvas/CCanvas.h"
+#include "host/documents/DocumentFiles.h"
 #include "host/documents/HostDocument.h"
 #include "host/text/HostText.h"
 #include "host/window/CMainWindow.h"
@@ -121,6 +122,14 @@ HostFrontEnd::CloseAnswer WindowFrontEnd::askToSave(const HostDocument& document
         {kDiscard, HostText::tr("Discard\nThe changes are lost.")},
     };
     question.defaultLink = kSave;
+    const QString readOnly = DocumentFiles::readOnlySentence(document);
+    if (!readOnly.isEmpty()) {
+        question.mainInstruction =
+            HostText::tr("Discard the changes to %1?").arg(document.displayName());
+        question.content = readOnly;
+        question.links.removeFirst();
+        question.defaultLink = kDiscard;
+    }
     switch (Prompts::current().ask(m_window, question)) {
     case kSave:
         return CloseAnswer::Save;

@@ -116,15 +116,17 @@ TEST_F(CompanionDwg, TheEndingOfTheOtherFormatIsRefused)
     const Finished done = layerman("set a.dwg --search Probe locked=yes -o out.dxf");
     EXPECT_EQ(4, done.exitCode);
     EXPECT_EQ(0u,
-              done.errors.find("layerman: out.dxf was not written: the drawing was read from a DWG "
-                               "file and is saved as one; expected a name that ends in .dwg.\n"))
+              done.errors.find(
+                  "layerman: a.dwg: out.dxf was not written: the drawing was read from a DWG "
+                  "file and is saved as one; expected a name that ends in .dwg.\n"))
         << done.errors;
     drawing("d.dxf", {{"Walls"}});
     const Finished other = layerman("set d.dxf --search Walls locked=yes -o out.dwg");
     EXPECT_EQ(4, other.exitCode);
-    EXPECT_EQ(0u,
-              other.errors.find("layerman: out.dwg was not written: the drawing was read from "
-                                "a DXF file"))
+    EXPECT_EQ(
+        0u,
+        other.errors.find("layerman: d.dxf: out.dwg was not written: the drawing was read from "
+                          "a DXF file"))
         << other.errors;
     EXPECT_FALSE(files().contains(QStringLiteral("out.dxf")));
     EXPECT_FALSE(files().contains(QStringLiteral("out.dwg")));

@@ -179,7 +179,7 @@ TEST_F(DwgDocuments, ADrawingThatIsReadAgainIsReadOnlyAsItsFileSays)
     check();
     EXPECT_FALSE(current().isReadOnly());
     EXPECT_EQ(1, frontEnd.notices.size());
-    EXPECT_EQ("", run("-LAYER New Probe"));
+    EXPECT_EQ("", run("-LAYER New Probe \"\""));
     EXPECT_EQ("", run("SAVE"));
 }
 
@@ -201,7 +201,8 @@ TEST_F(DwgDocuments, WhatIsNoDrawingIsRefusedWithASentence)
         file.close();
         const CommandOutcome outcome = runOn("OPEN", "bad.dwg");
         EXPECT_FALSE(outcome.isDone());
-        EXPECT_TRUE(outcome.sentence.startsWith(path("bad.dwg"))) << outcome.sentence.toStdString();
+        EXPECT_TRUE(outcome.sentence.startsWith(QStringLiteral("bad.dwg")))
+            << outcome.sentence.toStdString();
         EXPECT_TRUE(outcome.sentence.contains(QLatin1String(sentence)))
             << outcome.sentence.toStdString();
     }

@@ -68,6 +68,7 @@ private slots:
     void keepsNoJournalOfADrawingWithoutEdits();
     void recoversADrawingWithItsEdits();
     void recoversADwgDrawingInItsVersion();
+    void keepsNoJournalOfADrawingThatCannotBeSaved();
     void recoversADrawingThatHasNoFile();
     void recoversBeforeTheFilesOfTheStartAreOpened();
     void journalsWhatWasRecoveredAgain();
@@ -195,7 +196,7 @@ void TestRecovery::recoversADwgDrawingInItsVersion()
         const QString file = DwgCopy::make(drawing, path("plan.dwg"));
         const QByteArray before = contents(file);
         core->files().open(file);
-        typeLine("-LAYER New Probe");
+        typeLine("-LAYER New Probe \"\"");
         keeper->flush();
         loseTheDrawing();
         prompts->willChoose(kRecover);
@@ -211,6 +212,20 @@ void TestRecovery::recoversADwgDrawingInItsVersion()
         QCOMPARE(files("*.journal").size(), 0);
         typeLine("CLOSE");
     }
+}
+
+void TestRecovery::keepsNoJournalOfADrawingThatCannotBeSaved()
+{
+    KEST_QTEST_NEEDS_DRAWINGS();
+    for (const char* drawing : {DwgCopy::kVersionR14, DwgCopy::kVersion2007}) {
+        core->files().open(DwgCopy::make(drawing, path("plan.dwg")));
+        typeLine("-LAYER New Probe \"\"");
+        QVERIFY(current()->isModified());
+        keeper->flush();
+        QCOMPARE(files("*.journal").size(), 0);
+        typeLine("CLOSE No");
+    }
+    QVERIFY(!history().contains(QStringLiteral("recovery")));
 }
 
 void TestRecovery::recoversADrawingThatHasNoFile()

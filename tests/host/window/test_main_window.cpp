@@ -269,6 +269,19 @@ void TestMainWindow::aDrawingThatCannotBeWrittenIsMarkedInTheTitle()
                          + QStringLiteral(" is open for reading only. Drawings of version 2007 can "
                                           "be read but not written. Its layer states can be "
                                           "exported and used in other drawings.")});
+    // Saving is no answer to the question about unsaved changes.
+    current()->markModified();
+    prompts->willChoose(Prompts::kCancelled);
+    typeLine("CLOSE");
+    const TaskQuestion question = prompts->asked().last().question;
+    QCOMPARE(question.mainInstruction, QStringLiteral("Discard the changes to house.dwg?"));
+    QCOMPARE(question.content,
+             path("house.dwg")
+                 + QStringLiteral(" is open for reading only. Drawings of version 2007 can be read "
+                                  "but not written."));
+    QCOMPARE(question.links.size(), 1);
+    QVERIFY(question.links.first().text.startsWith(QStringLiteral("Discard")));
+    QVERIFY(current());
 }
 
 void TestMainWindow::savesWithoutAskingAndTellsHowMuch()
