@@ -30,7 +30,9 @@ void tellOpened(const HostCommandRun& run, const HostDocument& document)
         run.tell(HostText::tr("%1 is open.").arg(document.fileName()));
     } else {
         run.tell(readOnly);
-        run.core().frontEnd().showStatus(readOnly);
+        // There is room for the short of it.
+        run.core().frontEnd().showStatus(
+            HostText::tr("%1 is open for reading only.").arg(document.displayName()));
     }
     for (const QString& note : document.database()->loadNotes()) {
         if (!readOnly.contains(note))

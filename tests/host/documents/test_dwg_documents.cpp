@@ -157,7 +157,8 @@ TEST_F(DwgDocuments, OpeningTellsOnceWhyADrawingCannotBeSaved)
                   core.commands().run(QStringLiteral("OPEN \"%1\"").arg(names[i])).kind);
         const QString told = names[i] + QStringLiteral(" is open for reading only. ") + whys[i];
         EXPECT_EQ(QStringList{told}, frontEnd.printed);
-        EXPECT_EQ(told, frontEnd.status);
+        EXPECT_EQ(QFileInfo(names[i]).fileName() + QStringLiteral(" is open for reading only."),
+                  frontEnd.status);
     }
 }
 
