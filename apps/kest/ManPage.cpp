@@ -52,7 +52,7 @@ QString hostManPage()
         + roff::line(HostText::tr(hostSummary()))
         + roff::paragraph(HostText::tr(
             "A script holds what can be typed into the window's command line. Both are described "
-            "in commands.md, and in the help that F1 opens."))
+            "in share/doc/kest/commands.md, and in the help that F1 opens."))
         + options() + files() + exits() + roff::section(QStringLiteral("SEE ALSO"))
         + roff::line(QStringLiteral("layerman(1)"));
 }

@@ -5,7 +5,7 @@ Every job is a whole process: start, read, work, write, end. Within a repetition
 machine that is busy for a while is busy for all of them. After every run the result is compared with what it must be by
 a reader of its own. Prints tables in Markdown.
 
-    bench/compare/compare.py --bin build/release/bin                 # sizes and repetitions of docs/performance.md
+    bench/compare/compare.py --bin build/release/bin                 # all sizes, five repetitions
     bench/compare/compare.py --bin build/dev/bin --smoke             # small and once: does it still work?
 
 Exits with 0, with 1 when a result was wrong, with 77 when python3-ezdxf is not installed.

@@ -58,7 +58,6 @@ TagWriter::~TagWriter()
 bool TagWriter::flush()
 {
     m_sink.write(m_buffer.get(), static_cast<std::streamsize>(m_used));
-    m_flushed += m_used;
     m_used = 0;
     return static_cast<bool>(m_sink);
 }

@@ -32,7 +32,6 @@ public:
 
     /// Hands everything to the sink; false once the sink has failed.
     bool flush();
-    std::uint64_t bytesWritten() const { return m_flushed + m_used; }
 
 private:
     void reserve(std::size_t bytes);
@@ -47,5 +46,4 @@ private:
     bool m_binary;
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_used = 0;
-    std::uint64_t m_flushed = 0;
 };

@@ -1,3 +1,4 @@
+#include "database/filters/FilterCriteria.h"
 #include "database/values/OdError.h"
 #include "layerman/arguments/DecodedName.h"
 #include "layerman/arguments/FileList.h"
@@ -6,6 +7,7 @@
 #include "layerman/arguments/UsageError.h"
 
 #include <QBuffer>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -81,6 +83,15 @@ TEST(Arguments, OptionsAndOperandsStandInAnyOrder)
         EXPECT_TRUE(set.has(OptionId::Invert));
         EXPECT_FALSE(set.has(OptionId::InPlace));
         EXPECT_EQ(std::nullopt, set.value(OptionId::Filter));
+    }
+}
+
+TEST(Arguments, TheHelpOfExpressionsNamesEveryKey)
+{
+    const QString help = QString::fromUtf8(optionInfo(OptionId::Expr).text);
+    for (const FilterCriteria::Criterion& criterion : FilterCriteria::all()) {
+        const QRegularExpression word(QStringLiteral("\\b%1\\b").arg(QLatin1String(criterion.key)));
+        EXPECT_TRUE(help.contains(word)) << criterion.key;
     }
 }
 

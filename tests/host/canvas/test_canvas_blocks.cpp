@@ -22,7 +22,7 @@ class CanvasBlocks : public CanvasFixture
 private slots:
     void referenceIsScaledTurnedAndMoved()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("B", 0, 0, kTick)
                  .add("INSERT 8=0 2=B 10=20 20=-30 41=3 42=2 50=90"));
         QCOMPARE(picture().mismatch(tick({20, -30}, {0, 3}, {-2, 0})), QString());
@@ -30,7 +30,7 @@ private slots:
 
     void basePointOfTheBlockGoesToTheInsertionPoint()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("B", 1000000, 2000000,
                         "LINE 8=0 10=1000000 20=2000000 11=1000010 21=2000000")
                  .add("INSERT 8=0 2=B 10=-20 20=10"));
@@ -39,19 +39,19 @@ private slots:
 
     void blockNamesAreComparedWithoutCase()
     {
-        show(DrawingText().block("Door", 0, 0, kTick).add("INSERT 8=0 2=DOOR 10=0 20=0"));
+        show(CanvasDrawing().block("Door", 0, 0, kTick).add("INSERT 8=0 2=DOOR 10=0 20=0"));
         QVERIFY(!picture().isEmpty());
     }
 
     void negativeScaleMirrors()
     {
-        show(DrawingText().block("B", 0, 0, kTick).add("INSERT 8=0 2=B 10=0 20=0 41=-2 42=1"));
+        show(CanvasDrawing().block("B", 0, 0, kTick).add("INSERT 8=0 2=B 10=0 20=0 41=-2 42=1"));
         QCOMPARE(picture().mismatch(tick({0, 0}, {-2, 0}, {0, 1})), QString());
     }
 
     void downwardExtrusionMirrors()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("B", 0, 0, kTick)
                  .add("INSERT 8=0 2=B 10=30 20=5 210=0 220=0 230=-1"));
         QCOMPARE(picture().mismatch(tick({-30, 5}, {-1, 0}, {0, 1})), QString());
@@ -59,7 +59,7 @@ private slots:
 
     void arrayRepeatsInColumnsAndRows()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("B", 0, 0, "POINT 8=0 10=0 20=0")
                  .add("INSERT 8=0 2=B 10=-50 20=-40 50=0 70=4 71=3 44=30 45=20"));
         const CanvasPicture seen = picture();
@@ -72,7 +72,7 @@ private slots:
 
     void nestedReferencesCombine()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("Inner", 0, 0, kTick)
                  .block("Outer", 5, 0, "INSERT 8=0 2=Inner 10=5 20=10 41=2 42=2")
                  .add("INSERT 8=0 2=Outer 10=-20 20=0 41=2 42=2 50=180"));
@@ -81,7 +81,7 @@ private slots:
 
     void circlesInStretchedReferencesBecomeEllipses()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("B", 0, 0, "CIRCLE 8=0 10=0 20=0 40=10")
                  .add("INSERT 8=0 2=B 10=0 20=0 41=4 42=2"));
         const Box2 box = picture().litBox();
@@ -90,7 +90,7 @@ private slots:
 
     void attributesAreShownWithTheirReference()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("B", 0, 0, "ATTDEF 8=0 10=0 20=0 40=20 1=DEFAULT 2=TAG 3=Prompt 70=0")
                  .add("INSERT 8=0 2=B 66=1 10=50 20=50\n"
                       "ATTRIB 8=0 10=-60 20=0 40=20 1=HH 2=TAG 70=0\n"
@@ -103,7 +103,7 @@ private slots:
 
     void dimensionShowsItsBlock()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("*D1", 0, 0, kTick)
                  .add("DIMENSION 8=0 2=*D1 10=70 20=70 11=3 21=3 70=0 50=45"));
         QCOMPARE(picture().mismatch(tick({0, 0}, {1, 0}, {0, 1})), QString());
@@ -112,7 +112,7 @@ private slots:
     void tableShowsItsCellsAlongItsDirection()
     {
         // Codes 41 and 44 are not scales here.
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("*T1", 0, 0, kTick)
                  .add("ACAD_TABLE 8=0 2=*T1 10=20 20=5 11=0 21=1 31=0 91=1 92=1 41=7 70=9 71=9 "
                       "44=3"));
@@ -121,13 +121,13 @@ private slots:
 
     void referenceWithoutABlockIsCounted()
     {
-        show(DrawingText().add("INSERT 8=0 2=Nowhere 10=0 20=0"));
+        show(CanvasDrawing().add("INSERT 8=0 2=Nowhere 10=0 20=0"));
         QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 INSERT not drawn"));
     }
 
     void circlesOfReferencesAreCut()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("A", 0, 0, "INSERT 8=0 2=B 10=1 20=1\nLINE 8=0 10=0 20=0 11=20 21=0")
                  .block("B", 0, 0, "INSERT 8=0 2=C 10=1 20=1")
                  .block("C", 0, 0, "INSERT 8=0 2=A 10=1 20=1\nINSERT 8=0 2=C 10=0 20=0")
@@ -138,7 +138,7 @@ private slots:
 
     void modelSpaceInsertedIntoItselfIsCut()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "INSERT 8=0 2=*Model_Space 10=5 20=5\nLINE 8=0 10=0 20=0 11=20 21=0"));
         QVERIFY(picture().isLit({10, 0}));
         QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 INSERT not drawn"));
@@ -147,7 +147,7 @@ private slots:
     void explosiveNestingIsBounded()
     {
         // Twelve levels of ten references each: a million million lines, all on one spot.
-        DrawingText text;
+        CanvasDrawing text;
         text.block("L0", 0, 0, kTick);
         for (int level = 1; level <= 12; ++level) {
             QByteArray entities;
@@ -165,7 +165,7 @@ private slots:
 
     void deepNestingEndsSomewhere()
     {
-        DrawingText text;
+        CanvasDrawing text;
         text.block("L0", 0, 0, kTick);
         for (int level = 1; level <= 3000; ++level) {
             text.block("L" + QByteArray::number(level), 0, 0,
@@ -180,7 +180,7 @@ private slots:
 
     void hugeArraysAreBounded()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("B", 0, 0, kTick)
                  .add("INSERT 8=0 2=B 10=0 20=0 70=32767 71=32767 44=0.001 45=0.001"));
         picture();
@@ -189,7 +189,7 @@ private slots:
 
     void aBlockIsReadOnceHoweverOftenItIsShown()
     {
-        DrawingText text;
+        CanvasDrawing text;
         text.block("B", 0, 0, kTick);
         for (int i = 0; i < 500; ++i)
             text.add("INSERT 8=0 2=B 10=" + QByteArray::number(i % 20)
@@ -202,7 +202,7 @@ private slots:
 
     void referencesSmallerThanAPixelAreDots()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("B", 0, 0, kTick)
                  .add("INSERT 8=0 62=1 2=B 10=10 20=10 41=0.001 42=0.001"));
         const CanvasPicture seen = picture();

@@ -28,7 +28,7 @@ class CanvasDamage : public CanvasFixture
     /// One of every kind of entity, with the groups that matter.
     static QByteArray everything()
     {
-        return DrawingText()
+        return CanvasDrawing()
             .linetype("DASH", "10 -5 0 -5")
             .layerWith("A", 1, "6=DASH 370=50")
             .layer("B", 3, 4, "B2")

@@ -27,9 +27,9 @@ class CanvasEdits : public CanvasFixture
         return path;
     }
     /// One red line across.
-    static DrawingText oneLine()
+    static CanvasDrawing oneLine()
     {
-        return DrawingText()
+        return CanvasDrawing()
             .layer("A", 1, 0, "B1")
             .layer("B", 3, 0, "B2")
             .add("LINE 5=A1 8=A 10=-50 20=0 11=50 21=0");

@@ -12,14 +12,14 @@ class CanvasFills : public CanvasFixture
 private slots:
     void solidTakesItsLastCornersCrosswise()
     {
-        show(DrawingText().add("SOLID 8=0 10=0 20=0 11=40 21=0 12=0 22=40 13=40 23=40"));
+        show(CanvasDrawing().add("SOLID 8=0 10=0 20=0 11=40 21=0 12=0 22=40 13=40 23=40"));
         QVERIFY(picture().coverage({1, 1, 39, 39}) > 0.99);
         QCOMPARE(picture().coverage({45, 0, 90, 40}), 0.0);
     }
 
     void solidOfThreeCornersIsATriangle()
     {
-        show(DrawingText().add("SOLID 8=0 10=0 20=0 11=40 21=0 12=0 22=40"));
+        show(CanvasDrawing().add("SOLID 8=0 10=0 20=0 11=40 21=0 12=0 22=40"));
         const CanvasPicture seen = picture();
         QVERIFY(seen.isLit({10, 10}));
         QVERIFY(!seen.isLit({30, 30}));
@@ -27,13 +27,13 @@ private slots:
 
     void traceIsFilledToo()
     {
-        show(DrawingText().add("TRACE 8=0 10=0 20=0 11=40 21=0 12=0 22=4 13=40 23=4"));
+        show(CanvasDrawing().add("TRACE 8=0 10=0 20=0 11=40 21=0 12=0 22=4 13=40 23=4"));
         QVERIFY(picture().coverage({1, 1, 39, 3}) > 0.99);
     }
 
     void faceIsAnOutlineWithoutItsInvisibleEdges()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "3DFACE 8=0 10=0 20=0 30=0 11=40 21=0 31=9 12=40 22=40 32=9 13=0 23=40 "
             "33=0 70=2"));
         QCOMPARE(picture().mismatch(P::together(
@@ -43,7 +43,7 @@ private slots:
 
     void solidHatchLeavesItsIslandsOpen()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "HATCH 8=0 10=0 20=0 30=0 2=SOLID 70=1 71=0 91=2 "
             "92=3 72=0 73=1 93=4 10=-40 20=-40 10=40 20=-40 10=40 20=40 10=-40 20=40 97=0 "
             "92=18 72=1 73=1 93=2 10=-10 20=0 42=1 10=10 20=0 42=1 97=0 75=0 76=1"));
@@ -57,7 +57,7 @@ private slots:
     void hatchFollowsEdgesOfEveryKind()
     {
         // A bottom line, a right half circle, a top line run backwards, and a left spline.
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "HATCH 8=0 10=0 20=0 30=0 2=SOLID 70=1 71=0 91=1 92=1 93=4 "
             "72=1 10=-30 20=-20 11=30 21=-20 "
             "72=2 10=30 20=0 40=20 50=270 51=90 73=1 "
@@ -73,9 +73,9 @@ private slots:
 
     void hatchReadsClockwiseArcs()
     {
-        show(DrawingText().add("HATCH 8=0 10=0 20=0 30=0 2=SOLID 70=1 71=0 91=1 92=1 93=2 "
-                               "72=2 10=0 20=0 40=40 50=180 51=360 73=0 "
-                               "72=1 10=40 20=0 11=-40 21=0 97=0 75=0 76=1"));
+        show(CanvasDrawing().add("HATCH 8=0 10=0 20=0 30=0 2=SOLID 70=1 71=0 91=1 92=1 93=2 "
+                                 "72=2 10=0 20=0 40=40 50=180 51=360 73=0 "
+                                 "72=1 10=40 20=0 11=-40 21=0 97=0 75=0 76=1"));
         const CanvasPicture seen = picture();
         QVERIFY(seen.isLit({0, 20}));
         QVERIFY(!seen.isLit({0, -20}));
@@ -83,7 +83,7 @@ private slots:
 
     void patternHatchDrawsItsLines()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "HATCH 8=0 10=0 20=0 30=0 2=LINES 70=0 71=0 91=1 "
             "92=3 72=0 73=1 93=4 10=-40 20=-40 10=40 20=-40 10=40 20=40 10=-40 20=40 97=0 "
             "75=0 76=1 52=0 41=1 77=0 78=1 53=0 43=0 44=5 45=0 46=20 79=0"));
@@ -95,7 +95,7 @@ private slots:
 
     void patternTooDenseToDrawLeavesItsOutlineAndIsCounted()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "HATCH 8=0 10=0 20=0 30=0 2=DENSE 70=0 71=0 91=1 "
             "92=3 72=0 73=1 93=4 10=-40 20=-40 10=40 20=-40 10=40 20=40 10=-40 20=40 97=0 "
             "75=0 76=1 52=0 41=1 77=0 78=1 53=0 43=0 44=0 45=0 46=0.000001 79=0"));
@@ -107,7 +107,7 @@ private slots:
 
     void gradientsAreFilledHalfWay()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "HATCH 8=0 10=0 20=0 30=0 2=SOLID 70=1 71=0 91=1 92=3 72=0 73=1 93=4 10=-40 20=-40 "
             "10=40 20=-40 10=40 20=40 10=-40 20=40 97=0 75=0 76=1 450=1 451=0 460=0 461=0 452=0 "
             "453=2 463=0 63=5 421=255 463=1 63=2 421=16711680 470=LINEAR"));
@@ -116,7 +116,7 @@ private slots:
 
     void fillsLieBelowStrokes()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "LINE 8=0 62=1 10=-20 20=0 11=20 21=0\n"
             "SOLID 8=0 62=3 10=-40 20=-40 11=40 21=-40 12=-40 22=40 13=40 23=40"));
         QCOMPARE(picture().colourAt({0, 0}), qRgb(255, 0, 0));
@@ -125,7 +125,7 @@ private slots:
 
     void hugeAreasAreFilledCloseUp()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "SOLID 8=0 10=-1000000 20=-1000000 11=1000000 21=-1000000 12=-1000000 "
             "22=1000000 13=1000000 23=1000000"));
         look({10, 10}, 1000);
@@ -135,9 +135,9 @@ private slots:
     void imagesShowTheirFrameAndAreCounted()
     {
         // 20 by 10 pixels of 3 units, turned by a quarter.
-        show(DrawingText().add("IMAGE 8=0 100=AcDbRasterImage 90=0 10=30 20=-30 11=0 21=3 12=-3 "
-                               "22=0 13=20 23=10 340=0 70=7 280=0 71=1 91=2 14=-0.5 24=-0.5 "
-                               "14=19.5 24=9.5"));
+        show(CanvasDrawing().add("IMAGE 8=0 100=AcDbRasterImage 90=0 10=30 20=-30 11=0 21=3 12=-3 "
+                                 "22=0 13=20 23=10 340=0 70=7 280=0 71=1 91=2 14=-0.5 24=-0.5 "
+                                 "14=19.5 24=9.5"));
         QCOMPARE(picture().mismatch(P::polyline({{30, -30}, {0, -30}, {0, 30}, {30, 30}}, true)),
                  QString());
         QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 IMAGE not drawn"));
@@ -146,9 +146,9 @@ private slots:
     void wipeoutsShowTheOutlineThatClipsThem()
     {
         // A triangle: the middle of its upper edge, and the lower corners.
-        show(DrawingText().add("WIPEOUT 8=0 100=AcDbWipeout 90=0 10=-30 20=-30 11=60 21=0 12=0 "
-                               "22=60 13=1 23=1 340=0 70=7 280=1 71=2 91=4 14=0 24=-0.5 14=0.5 "
-                               "24=0.5 14=-0.5 24=0.5 14=0 24=-0.5"));
+        show(CanvasDrawing().add("WIPEOUT 8=0 100=AcDbWipeout 90=0 10=-30 20=-30 11=60 21=0 12=0 "
+                                 "22=60 13=1 23=1 340=0 70=7 280=1 71=2 91=4 14=0 24=-0.5 14=0.5 "
+                                 "24=0.5 14=-0.5 24=0.5 14=0 24=-0.5"));
         QCOMPARE(picture().mismatch(P::polyline({{0, 30}, {30, -30}, {-30, -30}}, true)),
                  QString());
         QCOMPARE(canvas().undrawnSummary(), QStringLiteral("1 WIPEOUT not drawn"));
@@ -156,8 +156,8 @@ private slots:
 
     void sliversStayVisible()
     {
-        show(
-            DrawingText().add("SOLID 8=0 10=-40 20=10 11=40 21=10 12=-40 22=10.01 13=40 23=10.01"));
+        show(CanvasDrawing().add(
+            "SOLID 8=0 10=-40 20=10 11=40 21=10 12=-40 22=10.01 13=40 23=10.01"));
         QVERIFY(picture().isLit({0, 10}));
     }
 };

@@ -19,7 +19,7 @@ class CanvasLayers : public CanvasFixture
     static constexpr const char* kCross =
         "LINE 8=A 10=-50 20=0 11=50 21=0\nLINE 8=B 10=0 20=-50 11=0 21=50";
 
-    static DrawingText cross() { return DrawingText().layer("A", 1).layer("B", 3).add(kCross); }
+    static CanvasDrawing cross() { return CanvasDrawing().layer("A", 1).layer("B", 3).add(kCross); }
     static const P::Path& across()
     {
         static const P::Path path = P::line({-50, 0}, {50, 0});
@@ -41,10 +41,11 @@ private slots:
 
     void entitiesMayHaveColoursOfTheirOwn()
     {
-        show(DrawingText().layer("A", 1).add("LINE 8=A 62=5 10=-50 20=0 11=50 21=0\n"
-                                             "LINE 8=A 62=5 420=1193046 10=-50 20=20 11=50 21=20\n"
-                                             "LINE 8=A 62=256 10=-50 20=40 11=50 21=40\n"
-                                             "LINE 8=A 62=0 10=-50 20=60 11=50 21=60"));
+        show(
+            CanvasDrawing().layer("A", 1).add("LINE 8=A 62=5 10=-50 20=0 11=50 21=0\n"
+                                              "LINE 8=A 62=5 420=1193046 10=-50 20=20 11=50 21=20\n"
+                                              "LINE 8=A 62=256 10=-50 20=40 11=50 21=40\n"
+                                              "LINE 8=A 62=0 10=-50 20=60 11=50 21=60"));
         const CanvasPicture seen = picture();
         QCOMPARE(seen.colourAt({0, 0}), kBlue);
         QCOMPARE(seen.colourAt({0, 20}), qRgb(0x12, 0x34, 0x56));
@@ -77,7 +78,7 @@ private slots:
 
     void layersHiddenInTheFileStayHidden()
     {
-        show(DrawingText().layer("A", -1).layer("B", 3, 1).add(kCross));
+        show(CanvasDrawing().layer("A", -1).layer("B", 3, 1).add(kCross));
         QVERIFY(picture().isEmpty());
         changeLayer("B", [](auto& layer) { layer.setIsFrozen(false); });
         QCOMPARE(picture().mismatch(upright()), QString());
@@ -104,7 +105,7 @@ private slots:
 
     void lockedLayersAreFaded()
     {
-        show(DrawingText().layer("A", 1, 4).layer("B", 3).add(kCross));
+        show(CanvasDrawing().layer("A", 1, 4).layer("B", 3).add(kCross));
         QCOMPARE(picture().colourAt({30, 0}), qRgb(127, 0, 0));
         QCOMPARE(picture().colourAt({0, 30}), kGreen);
         changeLayer("A", [](auto& layer) { layer.setIsLocked(false); });
@@ -113,7 +114,7 @@ private slots:
 
     void colourSevenIsTheOppositeOfTheBackground()
     {
-        show(DrawingText().add("LINE 8=0 10=-50 20=0 11=50 21=0"));
+        show(CanvasDrawing().add("LINE 8=0 10=-50 20=0 11=50 21=0"));
         QCOMPARE(picture().colourAt({0, 0}), kWhite);
         setDark(false);
         QCOMPARE(picture().background(), kWhite);
@@ -122,7 +123,7 @@ private slots:
 
     void layerZeroInABlockTakesTheLayerOfTheReference()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("A", 1)
                  .layer("B", 3)
                  .block("X", 0, 0,
@@ -134,7 +135,7 @@ private slots:
 
     void offLayerOfAReferenceHidesOnlyWhatInheritsIt()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("A", -1)
                  .layer("B", 3)
                  .block("X", 0, 0,
@@ -145,7 +146,7 @@ private slots:
 
     void frozenLayerOfAReferenceHidesAllItContains()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("A", 1, 1)
                  .layer("B", 3)
                  .block("X", 0, 0,
@@ -159,7 +160,7 @@ private slots:
 
     void colourByBlockIsThatOfTheReference()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("A", 1)
                  .layer("B", 3)
                  .block("X", 0, 0, "LINE 8=B 62=0 10=-50 20=0 11=50 21=0")
@@ -174,7 +175,7 @@ private slots:
 
     void nestedLayerZeroTakesTheOuterReferencesLayer()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("A", 1)
                  .block("X", 0, 0, "LINE 8=0 10=-50 20=0 11=50 21=0")
                  .block("Y", 0, 0, "INSERT 8=0 2=X 10=0 20=0")
@@ -186,7 +187,7 @@ private slots:
 
     void referencesOnLockedLayersAreFadedAsAWhole()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("A", 1, 4)
                  .layer("B", 3)
                  .block("X", 0, 0, "LINE 8=B 10=-50 20=0 11=50 21=0")
@@ -196,7 +197,7 @@ private slots:
 
     void erasedEntitiesVanishAndComeBackWithUndo()
     {
-        show(DrawingText().layer("A", 1).layer("B", 3).add(
+        show(CanvasDrawing().layer("A", 1).layer("B", 3).add(
             "LINE 5=A1 8=A 10=-50 20=0 11=50 21=0\nLINE 5=A2 8=B 10=0 20=-50 11=0 21=50"));
         picture();
         database().startUndoRecord();
@@ -209,7 +210,7 @@ private slots:
 
     void entitiesErasedBeforeReadingComeBackToo()
     {
-        show(DrawingText().layer("A", 1).add("LINE 5=A1 8=A 10=-50 20=0 11=50 21=0"));
+        show(CanvasDrawing().layer("A", 1).add("LINE 5=A1 8=A 10=-50 20=0 11=50 21=0"));
         database().startUndoRecord();
         byHandle(0xA1).safeOpenObject<OdDbEntity>(OdDb::kForWrite)->erase();
         canvas().regen();
@@ -220,7 +221,7 @@ private slots:
 
     void extentsLeaveOutHiddenLayers()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("Off", -1)
                  .layer("Frozen", 3, 1)
                  .add("LINE 8=0 10=0 20=0 11=10 21=10\nLINE 8=Off 10=0 20=0 11=9999 21=10\n"
@@ -232,7 +233,7 @@ private slots:
 
     void extentsLeaveOutErasedEntities()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "LINE 8=0 10=0 20=0 11=10 21=10\nLINE 5=A1 8=0 10=0 20=0 11=9999 21=0"));
         database().startUndoRecord();
         byHandle(0xA1).safeOpenObject<OdDbEntity>(OdDb::kForWrite)->erase();
@@ -242,7 +243,7 @@ private slots:
 
     void aBurstOfChangesIsOnePicture()
     {
-        DrawingText text;
+        CanvasDrawing text;
         for (int i = 0; i < 300; ++i) {
             const QByteArray name = "L" + QByteArray::number(i);
             text.layer(name.constData(), 1);

@@ -12,9 +12,9 @@ class CanvasLines : public CanvasFixture
     using P = CanvasPicture;
 
     /// Dashes of 10 and gaps of 10, on a layer of its own.
-    static DrawingText dashed()
+    static CanvasDrawing dashed()
     {
-        return DrawingText()
+        return CanvasDrawing()
             .linetype("DASH", "10 -10")
             .linetype("DOTS", "0 -10")
             .layerWith("D", 7, "6=DASH")
@@ -222,7 +222,7 @@ private slots:
     void symbolsInLinetypesAreCountedOnceEach()
     {
         const QByteArray symbol = "74=2 75=0 340=0 46=1 50=0 44=0 45=0 9=GAS";
-        show(DrawingText()
+        show(CanvasDrawing()
                  .linetype("GAS", "10 -10", symbol)
                  .linetype("WATER", "10 -10", symbol)
                  .layerWith("G", 7, "6=GAS")
@@ -234,7 +234,9 @@ private slots:
     void brokenLinetypesAreLinesWithoutGaps()
     {
         for (const char* lengths : {"1e300 -1e300", "-0", "5 5"}) {
-            show(DrawingText().linetype("BAD", lengths).add(QByteArray("LINE 8=0 6=BAD ") + kLine));
+            show(CanvasDrawing()
+                     .linetype("BAD", lengths)
+                     .add(QByteArray("LINE 8=0 6=BAD ") + kLine));
             QCOMPARE(picture().mismatch(P::line({-45, 0}, {45, 0})), QString());
         }
     }
@@ -288,7 +290,7 @@ private slots:
 
     void lockedLayersFadeAsMuchAsIsAskedFor()
     {
-        show(DrawingText().layer("A", 1, 4).add(QByteArray("LINE 8=A ") + kLine));
+        show(CanvasDrawing().layer("A", 1, 4).add(QByteArray("LINE 8=A ") + kLine));
         QCOMPARE(picture().colourAt({0, 0}), qRgb(127, 0, 0));
         canvas().setLockedFade(80);
         QCOMPARE(picture().colourAt({0, 0}), qRgb(51, 0, 0));
@@ -301,7 +303,7 @@ private slots:
     void transparencyLetsWhatIsBelowThrough()
     {
         // 0x02000080: half.
-        show(DrawingText().layer("A", 1).add(
+        show(CanvasDrawing().layer("A", 1).add(
             "SOLID 8=A 62=5 10=-40 20=-40 11=0 21=-40 12=-40 22=40 13=0 23=40\n"
             "SOLID 8=A 440=33554560 10=-40 20=-40 11=40 21=-40 12=-40 22=40 13=40 23=40\n"
             "LINE 8=A 440=33554560 10=60 20=-40 11=60 21=40"));
@@ -313,7 +315,7 @@ private slots:
 
     void layersMayBeTransparent()
     {
-        show(DrawingText().layer("A", 1).add(QByteArray("LINE 8=A ") + kLine));
+        show(CanvasDrawing().layer("A", 1).add(QByteArray("LINE 8=A ") + kLine));
         changeLayer("A", [](auto& layer) {
             layer.setTransparency(OdDbLayerTableRecord::transparencyFromPercent(50));
         });

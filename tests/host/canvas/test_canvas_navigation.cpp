@@ -13,7 +13,7 @@ class CanvasNavigation : public CanvasFixture
     void prepare() override
     {
         CanvasFixture::prepare();
-        show(DrawingText().add("LINE 8=0 10=-50 20=-20 11=60 21=40"));
+        show(CanvasDrawing().add("LINE 8=0 10=-50 20=-20 11=60 21=40"));
         canvas().show();
         QVERIFY(QTest::qWaitForWindowExposed(&canvas()));
         look({0, 0}, 4);

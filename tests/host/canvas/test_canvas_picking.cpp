@@ -70,7 +70,7 @@ class CanvasPicking : public CanvasFixture
 private slots:
     void theNearestStrokeInReachIsPicked()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .add("LINE 5=A1 8=0 10=-50 20=0 11=50 21=0")
                  .add("CIRCLE 5=A2 8=0 10=0 20=20 40=19.5"));
         QCOMPARE(at(30, 0.9), 0xA1u);
@@ -84,7 +84,7 @@ private slots:
 
     void ofTwoOnTopOfEachOtherTheOneDrawnLastIsPicked()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .add("LINE 5=A1 8=0 10=0 20=0 11=50 21=0")
                  .add("LINE 5=A2 8=0 10=0 20=0 11=50 21=0"));
         QCOMPARE(at(10, 0), 0xA2u);
@@ -92,7 +92,7 @@ private slots:
 
     void strokesGoBeforeAreasAndAreasArePickedInside()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .add("LINE 5=A1 8=0 10=-10 20=0 11=10 21=0")
                  .add("SOLID 5=A2 8=0 10=-20 20=-20 11=20 21=-20 12=-20 22=20 13=20 23=20"));
         QCOMPARE(at(0, 0.5), 0xA1u);
@@ -102,21 +102,21 @@ private slots:
 
     void aTextIsPickedByTheBoxAroundIt()
     {
-        show(DrawingText().add("TEXT 5=A1 8=0 10=0 20=0 40=10 1=Wall"));
+        show(CanvasDrawing().add("TEXT 5=A1 8=0 10=0 20=0 40=10 1=Wall"));
         QCOMPARE(at(5, 5), 0xA1u);
         QCOMPARE(at(5, 40), 0u);
     }
 
     void arcsArePickedWhereTheyAreAndNotWhereTheirCircleIs()
     {
-        show(DrawingText().add("ARC 5=A1 8=0 10=0 20=0 40=30 50=0 51=90"));
+        show(CanvasDrawing().add("ARC 5=A1 8=0 10=0 20=0 40=30 50=0 51=90"));
         QCOMPARE(at(30 * std::cos(0.7), 30 * std::sin(0.7)), 0xA1u);
         QCOMPARE(at(-30, 0), 0u);
     }
 
     void aLineWithoutEndsIsPickedFarAway()
     {
-        show(DrawingText().add("XLINE 5=A1 8=0 10=0 20=0 11=1 21=1"));
+        show(CanvasDrawing().add("XLINE 5=A1 8=0 10=0 20=0 11=1 21=1"));
         QCOMPARE(at(1e6, 1e6 + 0.5), 0xA1u);
         QCOMPARE(touched({1e5, 0, 1e5 + 1, 1e6}), QList<quint64>{0xA1});
         QCOMPARE(inside({-1e9, -1e9, 1e9, 1e9}), QList<quint64>());
@@ -124,7 +124,7 @@ private slots:
 
     void whatStandsInNestedBlocksIsPickedAsTheOuterReference()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("LEG", 0, 0, "LINE 5=B1 8=0 10=0 20=0 11=0 21=5")
                  .block("TABLE", 0, 0, "INSERT 5=B2 8=0 2=LEG 10=10 20=0")
                  .add("INSERT 5=A1 8=0 2=TABLE 10=20 20=20 50=90"));
@@ -138,7 +138,7 @@ private slots:
 
     void everyCellOfAReferenceIsPartOfIt()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .block("POST", 0, 0, "LINE 5=B1 8=0 10=0 20=0 11=0 21=2")
                  .add("INSERT 5=A1 8=0 2=POST 10=0 20=0 70=4 71=3 44=10 45=20"));
         QCOMPARE(at(30, 41), 0xA1u);
@@ -150,7 +150,7 @@ private slots:
 
     void aWindowTakesWhatIsWhollyInsideAndACrossingWhatItTouches()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .add("LINE 5=A1 8=0 10=0 20=0 11=10 21=0")
                  .add("LINE 5=A2 8=0 10=5 20=5 11=50 21=5")
                  .add("LINE 5=A3 8=0 10=60 20=0 11=60 21=50")
@@ -162,7 +162,7 @@ private slots:
 
     void aPolylineWithOnePartOutsideIsNotInAWindow()
     {
-        show(DrawingText().add("LWPOLYLINE 5=A1 8=0 90=3 70=0 10=0 20=0 10=5 20=5 10=500 20=5"));
+        show(CanvasDrawing().add("LWPOLYLINE 5=A1 8=0 90=3 70=0 10=0 20=0 10=5 20=5 10=500 20=5"));
         QCOMPARE(inside({-1, -1, 20, 20}), QList<quint64>());
         QCOMPARE(touched({-1, -1, 20, 20}), QList<quint64>{0xA1});
         QCOMPARE(inside({-1, -1, 501, 20}), QList<quint64>{0xA1});
@@ -170,7 +170,7 @@ private slots:
 
     void aCrossingInsideOfACircleTouchesNothing()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .add("CIRCLE 5=A1 8=0 10=0 20=0 40=50")
                  .add("SOLID 5=A2 8=0 10=-9 20=-9 11=9 21=-9 12=-9 22=9 13=9 23=9"));
         QCOMPARE(touched({20, 0, 21, 1}), QList<quint64>());
@@ -179,7 +179,7 @@ private slots:
 
     void layersThatAreOffOrFrozenAreNeverHitAndLockedOnesAre()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("Off", -1)
                  .layer("Frozen", 1, 1)
                  .layer("Locked", 1, 4)
@@ -197,7 +197,7 @@ private slots:
 
     void aReferenceIsHitByWhatShowsOfIt()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("Off", -1)
                  .layer("Frozen", 1, 1)
                  .layer("Walls", 1)
@@ -217,7 +217,7 @@ private slots:
 
     void whatIsErasedIsNotHitUntilItComesBack()
     {
-        show(DrawingText().add("LINE 5=A1 8=0 10=0 20=0 11=50 21=0"));
+        show(CanvasDrawing().add("LINE 5=A1 8=0 10=0 20=0 11=50 21=0"));
         database().startUndoRecord();
         byHandle(0xA1).openObject(OdDb::kForWrite)->erase();
         database().endUndoRecord();
@@ -254,7 +254,7 @@ private slots:
 
     void boxesOfNoSizeAndHugeArcsComeToAnEnd()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .add("CIRCLE 5=A1 8=0 10=0 20=-1e12 40=1e12")
                  .add("LINE 5=A2 8=0 10=0 20=0 11=0 21=0"));
         QCOMPARE(touched({0, 0, 0, 0}), QList<quint64>{0xA2});

@@ -12,9 +12,9 @@ class CanvasPictures : public CanvasFixture
     Q_OBJECT
 
     /// A small house: walls, openings, furniture, texts, a hatched plot, axes.
-    static DrawingText house()
+    static CanvasDrawing house()
     {
-        return DrawingText()
+        return CanvasDrawing()
             .linetype("AXIS", "12 -3 0 -3")
             .linetype("HIDDEN", "4 -2")
             .layerWith("Walls", 7, "6=CONTINUOUS 370=70 5=B1")

@@ -15,9 +15,9 @@ class CanvasPointing : public CanvasFixture
 {
     Q_OBJECT
 
-    static DrawingText plan()
+    static CanvasDrawing plan()
     {
-        return DrawingText()
+        return CanvasDrawing()
             .layer("Walls", 3)
             .block("DOOR", 0, 0,
                    "LINE 8=0 10=0 20=0 11=20 21=0\nARC 8=0 10=0 20=0 40=20 50=0 51=90")
@@ -165,7 +165,7 @@ private slots:
     void aLineRunsFromTheBasePointToTheCursor()
     {
         canvas().setDatabase(nullptr);
-        show(DrawingText());
+        show(CanvasDrawing());
         ask(canvas(), HostQuestion::Wants::Point, QPointF(-50, 50));
         moveTo({50, 50});
         canvas().completeNow();
@@ -211,7 +211,7 @@ private slots:
     void whatAViewportCutsOffIsNeitherPickedNorDoesItGlow()
     {
         // The line runs through a circle of 50 across, the outline of a viewport 120 wide.
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("Hidden", 3, 1)
                  .add("LINE 5=A1 8=0 10=-300 20=0 11=300 21=0\n"
                       "VIEWPORT 5=C1 67=1 8=Hidden 10=0 20=0 40=200 41=150 68=1 69=1 12=0 22=0 "

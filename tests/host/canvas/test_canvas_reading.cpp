@@ -15,7 +15,7 @@ class CanvasReading : public CanvasFixture
 
     static QByteArray manyLines(int count)
     {
-        DrawingText text;
+        CanvasDrawing text;
         QByteArray entities;
         for (int i = 0; i < count; ++i) {
             entities += "LINE 8=0 10=" + QByteArray::number(i % 100)
@@ -38,7 +38,7 @@ private slots:
 
     void anEmptyDrawingIsShown()
     {
-        show(DrawingText());
+        show(CanvasDrawing());
         canvas().zoomExtents();
         QVERIFY(picture().isEmpty());
     }
@@ -93,9 +93,9 @@ private slots:
 
     void anotherDrawingTakesThePlaceOfTheFirst()
     {
-        show(DrawingText().add("LINE 8=0 10=-50 20=0 11=50 21=0"));
+        show(CanvasDrawing().add("LINE 8=0 10=-50 20=0 11=50 21=0"));
         picture();
-        auto other = readDrawing(DrawingText().add("LINE 8=0 10=0 20=-50 11=0 21=50").bytes(),
+        auto other = readDrawing(CanvasDrawing().add("LINE 8=0 10=0 20=-50 11=0 21=50").bytes(),
                                  QStringLiteral("other.dxf"));
         canvas().setDatabase(other.get());
         canvas().completeNow();
@@ -106,7 +106,7 @@ private slots:
 
     void theDatabaseMayDieFirst()
     {
-        show(DrawingText().add("LINE 8=0 10=-50 20=0 11=50 21=0"));
+        show(CanvasDrawing().add("LINE 8=0 10=-50 20=0 11=50 21=0"));
         QVERIFY(!picture().isEmpty());
         m_database.reset();
         QVERIFY(picture().isEmpty());
@@ -126,7 +126,7 @@ private slots:
 
     void theCanvasMayDieFirst()
     {
-        show(DrawingText().layer("A", 1).add("LINE 8=A 10=-50 20=0 11=50 21=0"));
+        show(CanvasDrawing().layer("A", 1).add("LINE 8=A 10=-50 20=0 11=50 21=0"));
         m_canvas.reset();
         changeLayer("A", [](auto& layer) { layer.setIsOff(true); });
         QVERIFY(layer("A").openObject<OdDbLayerTableRecord>()->isOff());
@@ -134,9 +134,9 @@ private slots:
 
     void layersChangedWhileReadingAreShownAsTheyAreThen()
     {
-        m_database =
-            readDrawing(DrawingText().layer("A", 1).add("LINE 8=A 10=-50 20=0 11=50 21=0").bytes(),
-                        QStringLiteral("test.dxf"));
+        m_database = readDrawing(
+            CanvasDrawing().layer("A", 1).add("LINE 8=A 10=-50 20=0 11=50 21=0").bytes(),
+            QStringLiteral("test.dxf"));
         canvas().setDatabase(m_database.get());
         changeLayer("A", [](auto& layer) { layer.setIsOff(true); });
         QVERIFY(picture().isEmpty());
@@ -144,7 +144,7 @@ private slots:
 
     void regenKeepsTheViewAndThePicture()
     {
-        show(DrawingText().add("LINE 8=0 10=-50 20=0 11=50 21=0"));
+        show(CanvasDrawing().add("LINE 8=0 10=-50 20=0 11=50 21=0"));
         picture();
         const ViewTransform before = canvas().view();
         canvas().regen();

@@ -13,9 +13,9 @@ class CanvasSheets : public CanvasFixture
 
     /// A cross in model space; a sheet whose left viewport shows it in full size, whose right one
     /// shows it doubled with layer A frozen.
-    static DrawingText twoViewports()
+    static CanvasDrawing twoViewports()
     {
-        DrawingText text;
+        CanvasDrawing text;
         text.layer("A", 1, 0, "B1").layer("B", 3, 0, "B2").layer("Border", 6, 0, "B3");
         text.add(
             "LINE 8=A 10=980 20=1000 11=1020 21=1000\nLINE 8=B 10=1000 20=980 11=1000 21=1020\n"
@@ -30,7 +30,7 @@ class CanvasSheets : public CanvasFixture
             "LINE 67=1 8=0 10=-70 20=50 11=70 21=50");
         return text;
     }
-    void showSheet(const DrawingText& text)
+    void showSheet(const CanvasDrawing& text)
     {
         show(text);
         database().setTILEMODE(false);
@@ -111,7 +111,7 @@ private slots:
     void twistTurnsThePicture()
     {
         // An upright line lies on its side after a quarter turn; the lower end comes to the right.
-        DrawingText text;
+        CanvasDrawing text;
         text.add("LINE 8=0 10=0 20=-20 11=0 21=10\n"
                  "VIEWPORT 67=1 8=0 10=0 20=0 40=200 41=150 68=1 69=1 12=0 22=0 36=1 45=150\n"
                  "VIEWPORT 67=1 8=0 10=0 20=0 40=80 41=60 68=2 69=2 12=0 22=0 16=0 26=0 36=1 "
@@ -127,7 +127,7 @@ private slots:
     {
         // Target at the cross, view centre 10 to the right in the turned picture: the cross stands
         // 20 sheet units to the left of the viewport's centre.
-        DrawingText text;
+        CanvasDrawing text;
         text.add("POINT 8=0 10=1000 20=1000\n"
                  "VIEWPORT 67=1 8=0 10=0 20=0 40=200 41=150 68=1 69=1 12=0 22=0 36=1 45=150\n"
                  "VIEWPORT 67=1 8=0 10=0 20=0 40=60 41=60 68=2 69=2 12=10 22=0 16=0 26=0 36=1 "
@@ -212,7 +212,7 @@ private slots:
         QFETCH(double, left);
         QFETCH(double, bottom);
         QFETCH(double, width);
-        showSheet(DrawingText().paper("Sheet", settings));
+        showSheet(CanvasDrawing().paper("Sheet", settings));
         const QImage seen = picture().image();
         const auto at = [&](double x, double y) {
             return seen.pixel(canvas().view().toWindow({x, y}).toPoint());

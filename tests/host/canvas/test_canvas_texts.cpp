@@ -12,7 +12,7 @@ class CanvasTexts : public CanvasFixture
     static bool isNear(double a, double b) { return std::abs(a - b) <= kTolerance; }
     Box2 boxOf(const char* entities)
     {
-        show(DrawingText().add(entities));
+        show(CanvasDrawing().add(entities));
         return picture().litBox();
     }
 
@@ -42,7 +42,7 @@ private slots:
 
     void obliqueTextLeans()
     {
-        show(DrawingText().add("TEXT 8=0 10=0 20=0 40=40 51=45 1=I"));
+        show(CanvasDrawing().add("TEXT 8=0 10=0 20=0 40=40 51=45 1=I"));
         const CanvasPicture seen = picture();
         const Box2 box = seen.litBox();
         QVERIFY(box.width() > 35);
@@ -151,7 +151,7 @@ private slots:
 
     void textTooSmallToReadIsALine()
     {
-        show(DrawingText().add("TEXT 8=0 10=0 20=0 40=0.3 1=HHHHHHHHHHHHHHHHHHHHHHHHHHHHHHH"));
+        show(CanvasDrawing().add("TEXT 8=0 10=0 20=0 40=0.3 1=HHHHHHHHHHHHHHHHHHHHHHHHHHHHHHH"));
         const CanvasPicture seen = picture();
         QVERIFY(seen.isLit({4, 0.1}));
         QVERIFY(seen.litBox().height() <= 0.3);
@@ -159,7 +159,7 @@ private slots:
 
     void linesTooSmallToReadAreStrokesOneBelowTheOther()
     {
-        show(DrawingText().add(
+        show(CanvasDrawing().add(
             "MTEXT 8=0 10=0 20=0 40=0.4 41=0 71=1 44=3 1=HHHHHHHHHH\\PHHHHHHHHHH\\PHHHHHHHHHH"));
         const CanvasPicture seen = picture();
         for (const double y : {-0.2, -2.2, -4.2})
@@ -169,9 +169,9 @@ private slots:
 
     void blankTextsDoNotCountForExtents()
     {
-        show(DrawingText().add("TEXT 8=0 10=5000 20=0 40=20 1=~~\n"
-                               "MTEXT 8=0 10=0 20=5000 40=20 41=0 71=1 1=\\P~\n"
-                               "LINE 8=0 10=0 20=0 11=10 21=0"));
+        show(CanvasDrawing().add("TEXT 8=0 10=5000 20=0 40=20 1=~~\n"
+                                 "MTEXT 8=0 10=0 20=5000 40=20 41=0 71=1 1=\\P~\n"
+                                 "LINE 8=0 10=0 20=0 11=10 21=0"));
         canvas().zoomExtents();
         QVERIFY(canvas().view().scale() > 10);
         QCOMPARE(canvas().undrawnSummary(), QString());
@@ -179,7 +179,7 @@ private slots:
 
     void textInvisibleByItsLayerDoesNotCountForExtents()
     {
-        show(DrawingText()
+        show(CanvasDrawing()
                  .layer("Far", 7, 1)
                  .add("TEXT 8=Far 10=5000 20=0 40=20 1=HH\n"
                       "LINE 8=0 10=0 20=0 11=10 21=0"));

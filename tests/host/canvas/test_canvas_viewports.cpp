@@ -11,9 +11,9 @@ class CanvasViewports : public CanvasFixture
 
     /// A sheet on which a viewport shows model space at half its size; `outline`: further groups of
     /// it, and entities behind.
-    static DrawingText halfSize(const QByteArray& outline)
+    static CanvasDrawing halfSize(const QByteArray& outline)
     {
-        return DrawingText()
+        return CanvasDrawing()
             .linetype("DASH", "20 -20")
             .layer("A", 1, 0, "B1")
             .layer("Hidden", 3, 1, "B2")
@@ -25,7 +25,7 @@ class CanvasViewports : public CanvasFixture
                  "45=120 "
                  + outline);
     }
-    void showSheet(const DrawingText& text)
+    void showSheet(const CanvasDrawing& text)
     {
         show(text);
         database().setTILEMODE(false);

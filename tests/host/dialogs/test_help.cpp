@@ -200,7 +200,7 @@ void TestHelp::keepsPicturesWithinTheView()
     viewer.showTopic(help_topics::kPalette);
     const QVariant picture = viewer.page().loadResource(
         QTextDocument::ImageResource,
-        QUrl::fromLocalFile(folder() + QStringLiteral("/../images/palette.png")));
+        QUrl::fromLocalFile(folder() + QStringLiteral("/../images/guide_open.png")));
     const auto image = picture.value<QImage>();
     QVERIFY(!image.isNull());
     QVERIFY(image.width() <= viewer.page().viewport()->width());

@@ -153,7 +153,8 @@ TEST(Dwg2007, AFlippedCheckByteIsToldAndTheSectionsStayWhatTheyAre)
     }
 }
 
-/// Whether the file opens; an error other than that of a damaged drawing fails the test.
+/// Whether the file opens, for reading only; an error other than that of a damaged drawing fails
+/// the test.
 bool opens(const QByteArray& bytes)
 {
     try {

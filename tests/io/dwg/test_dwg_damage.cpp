@@ -1,6 +1,7 @@
 #include "io/dwg/groups/RecordGroups.h"
 #include "io/dwg/groups/entities/FitCurve.h"
 #include "io/dwg/records/DwgFormat.h"
+#include "io/dwg/support/NoNames.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -42,13 +43,6 @@ QByteArray record(DrawingVersion version, quint16 type, std::mt19937& random)
     }
     return bytes;
 }
-
-class NoNames : public RecordNames
-{
-    QString nameOf(quint64) const override { return {}; }
-    int viewportNumber(quint64) const override { return 1; }
-    OdCmColor bookColor(quint64) const override { return {}; }
-};
 
 TEST(DwgDamage, AnyBitsGiveNoMoreGroupsThanThereAreBits)
 {

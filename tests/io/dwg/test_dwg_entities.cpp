@@ -7,6 +7,7 @@
 #include "io/dwg/read/DwgCursor.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/support/DrawnGroups.h"
+#include "io/dwg/support/NoNames.h"
 #include "support/drawings/SharedDrawings.h"
 
 #include <QFileInfo>
@@ -69,10 +70,10 @@ bool isException(const QString& drawing, quint64 handle, int code)
     return false;
 }
 
-class DwgTwins : public ::testing::TestWithParam<Twins>
+class DwgEntityTwins : public ::testing::TestWithParam<Twins>
 { };
 
-TEST_P(DwgTwins, EveryEntityHasTheDrawnGroupsOfItsTwin)
+TEST_P(DwgEntityTwins, EveryEntityHasTheDrawnGroupsOfItsTwin)
 {
     KEST_GTEST_NEEDS_DRAWINGS();
     const QString name = QLatin1String(GetParam().dwg);
@@ -105,14 +106,7 @@ TEST_P(DwgTwins, EveryEntityHasTheDrawnGroupsOfItsTwin)
     EXPECT_GE(compared, GetParam().compared);
 }
 
-INSTANTIATE_TEST_SUITE_P(Drawings, DwgTwins, ::testing::ValuesIn(kTwins));
-
-class NoNames : public RecordNames
-{
-    QString nameOf(quint64) const override { return QStringLiteral("name"); }
-    int viewportNumber(quint64) const override { return 1; }
-    OdCmColor bookColor(quint64) const override { return {}; }
-};
+INSTANTIATE_TEST_SUITE_P(Drawings, DwgEntityTwins, ::testing::ValuesIn(kTwins));
 
 /// What a decoder left of its record.
 enum class End { Exact, Early, Beyond };

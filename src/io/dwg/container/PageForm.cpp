@@ -1,6 +1,7 @@
 #include "io/dwg/container/PageForm.h"
 
 #include "io/dwg/bits/Checksums.h"
+#include "io/dwg/container/Lz77.h"
 
 const QByteArray& PageForm::noise()
 {
@@ -38,4 +39,18 @@ quint32 PageForm::headSum(QByteArray head, int field, quint32 seed)
 {
     put<quint32>(head, field, 0);
     return Checksums::page(head, seed);
+}
+
+QByteArray PageForm::systemPage(quint32 type, const QByteArray& map)
+{
+    const QByteArray packed = Lz77::pack(map);
+    QByteArray page(kSystemHead, '\0');
+    put(page, 0, type);
+    put(page, 4, static_cast<quint32>(map.size()));
+    put(page, 8, static_cast<quint32>(packed.size()));
+    put(page, 12, kPacked);
+    put(page, kSystemSum, Checksums::page(packed, headSum(page, kSystemSum, 0)));
+    page += packed;
+    page += noise().first(-page.size() & (kAlignment - 1));
+    return page;
 }

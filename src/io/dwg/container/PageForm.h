@@ -73,6 +73,8 @@ const QByteArray& noise();
 QByteArray maskedHead(QByteArrayView head);
 /// The head of a page of data masked, or unmasked.
 QByteArray maskedPageHead(QByteArrayView head, quint64 offset);
+/// A page with one of the maps: its head, packed data, and what fills it up.
+QByteArray systemPage(quint32 type, const QByteArray& map);
 /// The sum of a head with its own field as zero.
 quint32 headSum(QByteArray head, int field, quint32 seed);
 

@@ -37,7 +37,7 @@ PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DrawingVersi
         fail(kHeadAt,
              tr("page %1, the section map, is not in the page map.").arg(m_sectionMapPage));
     readSectionMap(map->offset);
-    if (word<quint32>(bytes(kSecurityAt, 4).data()) != 0)
+    if (word<quint32>(bytes(kSecurityAt, 4).data()) != 0 || find("AcDb:Security"))
         addFault(tr("Parts of it are encrypted or signed."));
     for (std::size_t i = 0; i < kSectionNames.size(); ++i) {
         const Section* found = find(kSectionNames[i]);
@@ -148,7 +148,7 @@ QByteArray PagedFile::unpack(const Section& section)
 {
     const QString name = QString::fromLatin1(section.name);
     if (section.encrypted == 1)
-        fail(0, tr("the section %1 is encrypted.").arg(name));
+        addFault(tr("The section %1 is marked as encrypted.").arg(name));
     if (section.size > image().size() * kBestPacking + kSpare || section.pageSize == 0)
         fail(
             0,
@@ -186,7 +186,9 @@ void PagedFile::unpackPage(const Section& section, const SectionPage& part, char
     QByteArray unpacked(static_cast<qsizetype>(section.pageSize), Qt::Uninitialized);
     const qsizetype got = Lz77::unpack(packed, unpacked.data(), unpacked.size());
     if (got < 0)
-        fail(place->offset, tr("the page cannot be unpacked."));
+        fail(place->offset,
+             section.encrypted == 1 ? tr("the page is encrypted.")
+                                    : tr("the page cannot be unpacked."));
     std::copy_n(unpacked.constData(), std::min(got, size), out + part.start);
 }
 

@@ -228,7 +228,8 @@ qsizetype PagedFile2007::readSection(const QByteArray& map, qsizetype at, Sectio
 QByteArray PagedFile2007::unpack(const Section& section)
 {
     if (section.encrypted != 0)
-        fail(kHeadAt, tr("the section %1 is encrypted.").arg(QString::fromLatin1(section.name)));
+        addFault(
+            tr("The section %1 is marked as encrypted.").arg(QString::fromLatin1(section.name)));
     if (section.coding != kPlain && section.coding != kCoded)
         fail(kHeadAt,
              tr("the section %1 is coded in an unknown way.")

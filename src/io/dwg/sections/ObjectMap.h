@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QByteArrayView>
 
 #include <vector>
@@ -18,4 +19,6 @@ struct ObjectMap
     bool sumsHold = true;
 
     static ObjectMap read(QByteArrayView section);
+    /// The section for these entries, which are in the order of their handles.
+    static QByteArray spelled(const std::vector<Entry>& entries);
 };

@@ -3,8 +3,6 @@
 #include "database/drawing/OdDbDatabase.h"
 #include "database/store/HeaderVariables.h"
 #include "database/store/ObjectStore.h"
-#include "io/dwg/bits/BitWriter.h"
-#include "io/dwg/bits/Checksums.h"
 #include "io/dwg/container/FlatFile.h"
 #include "io/dwg/container/PageForm.h"
 #include "io/dwg/container/PagedFile.h"
@@ -65,7 +63,7 @@ void DwgFileBuilder::appendRecords(QByteArray& out, quint64 base)
         at = std::max(at, offset + static_cast<quint64>(reader.bytes().size()));
         if (m_meant.removed.contains(handle))
             continue;
-        m_places.emplace_back(handle, base + static_cast<quint64>(out.size()));
+        m_places.push_back({handle, base + static_cast<quint64>(out.size())});
         const auto changed = m_meant.records.find(handle);
         if (changed == m_meant.records.end()) {
             out += reader.bytes();
@@ -77,52 +75,11 @@ void DwgFileBuilder::appendRecords(QByteArray& out, quint64 base)
     for (const auto& [handle, record] : m_meant.records) {
         if (inFile.contains(handle) || m_meant.removed.contains(handle))
             continue;
-        m_places.emplace_back(handle, base + static_cast<quint64>(out.size()));
+        m_places.push_back({handle, base + static_cast<quint64>(out.size())});
         out += record;
     }
-    std::sort(m_places.begin(), m_places.end());
-}
-
-QByteArray DwgFileBuilder::objectMap() const
-{
-    // A part takes no more bytes than this, its size included; an empty one closes the map.
-    constexpr qsizetype kLongestPart = 2032;
-    QByteArray map;
-    BitWriter part;
-    const auto close = [&] {
-        const auto size = static_cast<quint16>(part.bytes().size() + 2);
-        QByteArray whole;
-        whole.append(static_cast<char>(size >> 8));
-        whole.append(static_cast<char>(size & 0xFF));
-        whole += part.bytes();
-        const quint16 sum = Checksums::crc16(whole);
-        whole.append(static_cast<char>(sum >> 8));
-        whole.append(static_cast<char>(sum & 0xFF));
-        map += whole;
-        part = {};
-    };
-    std::pair<quint64, quint64> last{0, 0};
-    for (const std::pair<quint64, quint64>& place : m_places) {
-        const auto entry = [&] {
-            BitWriter bits;
-            bits.modularChar(place.first - last.first);
-            bits.signedModularChar(static_cast<qint64>(place.second)
-                                   - static_cast<qint64>(last.second));
-            return bits;
-        };
-        BitWriter bits = entry();
-        if (part.bytes().size() + bits.bytes().size() + 2 > kLongestPart) {
-            close();
-            last = {0, 0};
-            bits = entry();
-        }
-        part.append(bits);
-        last = place;
-    }
-    if (part.size() > 0)
-        close();
-    close();
-    return map;
+    std::sort(m_places.begin(), m_places.end(),
+              [](const auto& a, const auto& b) { return a.handle < b.handle; });
 }
 
 QByteArray DwgFileBuilder::headerSection(quint64 seed)
@@ -196,7 +153,7 @@ DrawingPieces DwgFileBuilder::buildPaged(PagedFile& file, quint64 seed)
         QByteArray objects = old.first(first).toByteArray();
         appendRecords(objects, 0);
         writer.replace("AcDb:AcDbObjects", objects);
-        writer.replace("AcDb:Handles", objectMap());
+        writer.replace("AcDb:Handles", ObjectMap::spelled(m_places));
     }
     if (writer.isEmpty()) {
         DrawingPieces pieces;
@@ -233,6 +190,6 @@ DrawingPieces DwgFileBuilder::buildFlat(const FlatFile& file, quint64 seed)
     QByteArray objects;
     appendRecords(objects, writer.movedObjects(begin));
     writer.replaceObjects(begin, end, objects);
-    writer.replace(static_cast<int>(DwgSection::ObjectMap), objectMap());
+    writer.replace(static_cast<int>(DwgSection::ObjectMap), ObjectMap::spelled(m_places));
     return writer.result();
 }

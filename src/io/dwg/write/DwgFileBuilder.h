@@ -1,6 +1,7 @@
 #pragma once
 
 #include "io/DrawingCodec.h"
+#include "io/dwg/sections/ObjectMap.h"
 #include "io/dwg/write/DwgMeant.h"
 
 #include <QStringList>
@@ -32,7 +33,6 @@ private:
     std::vector<std::pair<quint64, quint32>> recordsInOrder() const;
     /// Appends all records, noting where each stands; `base` is where `out` will stand.
     void appendRecords(QByteArray& out, quint64 base);
-    QByteArray objectMap() const;
     QByteArray headerSection(quint64 seed);
     QByteArray auxHeader(QByteArray section, quint64 seed) const;
     DrawingPieces buildPaged(PagedFile& file, quint64 seed);
@@ -41,7 +41,7 @@ private:
     const DwgObjectSource& m_source;
     const OdDbDatabase& m_database;
     const DwgMeant& m_meant;
-    std::vector<std::pair<quint64, quint64>> m_places; ///< handle and offset
+    std::vector<ObjectMap::Entry> m_places; ///< of the new file
     quint64 m_oldSeed = 0;
     quint64 m_settingsChanged = 0;
     QStringList m_notKept;

@@ -245,7 +245,7 @@ void NewDwgRecords::beginEntity(RecordParts& parts, const Head& head,
     if (!since(DrawingVersion::V2004)) {
         data.bit(false);
         parts.handles.handle(DwgReference::SoftPointer, entity.previous);
-        parts.handles.handle(DwgReference::SoftPointer, 0);
+        parts.handles.handle(DwgReference::SoftPointer, entity.next);
     }
     data.bitShort(entity.color);
     data.bitDouble(entity.linetypeScale);

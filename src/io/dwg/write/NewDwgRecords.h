@@ -52,7 +52,9 @@ public:
     {
         DwgEntityHead::Space space = DwgEntityHead::Space::Owner;
         quint64 layer = 0;
-        quint64 previous = 0; ///< up to version 2000
+        // Up to version 2000: its neighbours in the block.
+        quint64 previous = 0;
+        quint64 next = 0;
         qint16 color = 256; ///< index, 0 by block, 256 by layer
         quint8 linetypeKind = 0; ///< as DwgEntityHead has it
         quint64 linetype = 0;
@@ -69,17 +71,21 @@ public:
     /// Extended data as they stand in a head, with the zero behind them.
     static BitWriter spelledXData(const std::vector<std::pair<quint64, QByteArray>>& blocks);
 
-private:
+    // Parts of records, for those that have no function of their own.
     RecordParts begin(quint16 type, const Head& head) const;
-    void beginEntity(RecordParts& parts, const Head& head, const EntityHead& entity) const;
-    static void appendLine(BitWriter& data, const GroupList& groups);
-    static void appendCircle(BitWriter& data, const GroupList& groups);
-    void appendTextEntity(RecordParts& parts, const GroupList& groups, quint64 style) const;
+    /// Reactors and the dictionary of what hangs on the record.
     void appendReactors(RecordParts& parts, const Head& head) const;
+    /// What all entities have, behind begin().
+    void beginEntity(RecordParts& parts, const Head& head, const EntityHead& entity) const;
     void appendText(RecordParts& parts, const QString& text) const;
     /// Name and the marks of an external reference, which it has none of.
     void appendName(RecordParts& parts, const QString& name) const;
     bool since(DrawingVersion version) const { return m_format.version >= version; }
+
+private:
+    static void appendLine(BitWriter& data, const GroupList& groups);
+    static void appendCircle(BitWriter& data, const GroupList& groups);
+    void appendTextEntity(RecordParts& parts, const GroupList& groups, quint64 style) const;
 
     const DwgFormat& m_format;
 };

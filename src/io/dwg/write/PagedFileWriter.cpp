@@ -122,20 +122,6 @@ QByteArray PagedFileWriter::pageMap() const
     return map;
 }
 
-void PagedFileWriter::addSystemPage(quint32 type, const QByteArray& map)
-{
-    const QByteArray packed = Lz77::pack(map);
-    QByteArray head(kSystemHead, '\0');
-    put(head, 0, type);
-    put(head, 4, static_cast<quint32>(map.size()));
-    put(head, 8, static_cast<quint32>(packed.size()));
-    put(head, 12, kPacked);
-    put(head, kSystemSum, Checksums::page(packed, headSum(head, kSystemSum, 0)));
-    m_out += head;
-    m_out += packed;
-    fill();
-}
-
 void PagedFileWriter::moveAddress(qsizetype field)
 {
     const auto address = word<quint32>(m_out.constData() + field);
@@ -184,7 +170,7 @@ DrawingPieces PagedFileWriter::result()
 
     const auto addMap = [&](quint32 type, const QByteArray& map) {
         const auto offset = static_cast<quint64>(m_out.size());
-        addSystemPage(type, map);
+        m_out += systemPage(type, map);
         PagedFile::Page& page = m_pages.back();
         page.offset = offset;
         page.size = static_cast<quint32>(static_cast<quint64>(m_out.size()) - offset);

@@ -36,7 +36,6 @@ private:
     void addSection(const PagedFile::Section& section);
     PagedFile::SectionPage addPage(const PagedFile::Section& section, quint64 start,
                                    QByteArrayView packed);
-    void addSystemPage(quint32 type, const QByteArray& map);
     void fill();
     QByteArray sectionMap() const;
     QByteArray pageMap() const;

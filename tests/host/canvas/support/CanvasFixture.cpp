@@ -29,7 +29,7 @@ void CanvasFixture::setDark(bool dark)
     m_canvas->setPalette(palette);
 }
 
-void CanvasFixture::show(const DrawingText& text)
+void CanvasFixture::show(const CanvasDrawing& text)
 {
     showBytes(text.bytes());
 }

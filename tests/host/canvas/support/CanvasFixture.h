@@ -3,8 +3,8 @@
 #include "database/drawing/OdDbDatabase.h"
 #include "database/tables/OdDbLayerTableRecord.h"
 #include "host/canvas/CCanvas.h"
+#include "host/canvas/support/CanvasDrawing.h"
 #include "host/canvas/support/CanvasPicture.h"
-#include "host/canvas/support/DrawingText.h"
 #include "support/GuardedTest.h"
 
 #include <memory>
@@ -18,7 +18,7 @@ protected:
     void finish() override;
 
     /// Reads the drawing and shows it: -100 to 100 across, -75 to 75 upwards, 4 pixels a unit.
-    void show(const DrawingText& text);
+    void show(const CanvasDrawing& text);
     void showBytes(const QByteArray& bytes);
     /// Looks at another part of the drawing.
     void look(Vec2 centre, double scale);

@@ -1,7 +1,9 @@
 #include "io/dwg/support/DwgFiles.h"
 
 #include "database/drawing/OdDbDatabase.h"
+#include "io/dwg/bits/DwgVersion.h"
 #include "io/dwg/read/DwgObjectSource.h"
+#include "io/dwg/support/DwgMaker.h"
 #include "support/drawings/SharedDrawings.h"
 
 #include <QFile>
@@ -9,8 +11,21 @@
 
 #include <algorithm>
 
+namespace {
+
+const QLatin1String kMadeMark("made ");
+
+} // namespace
+
+bool DwgFiles::isMade(const QString& name)
+{
+    return name.startsWith(kMadeMark);
+}
+
 QByteArray DwgFiles::bytes(const QString& name)
 {
+    if (isMade(name))
+        return DwgMaker::sample(dwgVersion(name.mid(kMadeMark.size()).toLatin1()).value());
     QFile file(SharedDrawings::file(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }

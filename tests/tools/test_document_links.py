@@ -17,7 +17,8 @@ PLACEHOLDER = re.compile(r"NAME|\.\.\.|translations/LayerManager_en")
 
 
 def documents(project):
-    return [path for path in (project / "README.md", project / "CONTRIBUTING.md", *sorted(project.glob("docs/**/*.md")))
+    return [path for path in (project / "README.md", project / "CONTRIBUTING.md", project / "CHANGELOG.md",
+                          *sorted(project.glob("docs/**/*.md")))
             if path.exists()]
 
 

@@ -1,4 +1,4 @@
-#include "host/canvas/support/DrawingText.h"
+#include "host/canvas/support/CanvasDrawing.h"
 
 namespace {
 
@@ -12,13 +12,13 @@ QByteArray allTags(const QByteArray& lines)
     QByteArray result;
     for (const QByteArray& line : lines.split('\n')) {
         if (!line.trimmed().isEmpty())
-            result += DrawingText::tags(line.simplified());
+            result += CanvasDrawing::tags(line.simplified());
     }
     return result;
 }
 
-const QByteArray kSpaces = DrawingText::tags("BLOCK_RECORD 5=D3 2=*Model_Space")
-    + DrawingText::tags("BLOCK_RECORD 5=D4 2=*Paper_Space 340=D2");
+const QByteArray kSpaces = CanvasDrawing::tags("BLOCK_RECORD 5=D3 2=*Model_Space")
+    + CanvasDrawing::tags("BLOCK_RECORD 5=D4 2=*Paper_Space 340=D2");
 
 QByteArray section(const QByteArray& name, const QByteArray& contents)
 {
@@ -32,7 +32,7 @@ QByteArray table(const QByteArray& name, const QByteArray& records)
 
 } // namespace
 
-QByteArray DrawingText::tags(const QByteArray& words)
+QByteArray CanvasDrawing::tags(const QByteArray& words)
 {
     const QByteArrayList all = words.split(' ');
     QByteArray result = tag("0", all.front());
@@ -43,7 +43,7 @@ QByteArray DrawingText::tags(const QByteArray& words)
     return result;
 }
 
-DrawingText& DrawingText::layer(const char* name, int colour, int flags, const char* handle)
+CanvasDrawing& CanvasDrawing::layer(const char* name, int colour, int flags, const char* handle)
 {
     m_layers += tag("0", "LAYER");
     if (handle)
@@ -53,15 +53,15 @@ DrawingText& DrawingText::layer(const char* name, int colour, int flags, const c
     return *this;
 }
 
-DrawingText& DrawingText::layerWith(const char* name, int colour, const QByteArray& words)
+CanvasDrawing& CanvasDrawing::layerWith(const char* name, int colour, const QByteArray& words)
 {
     m_layers += tags(QByteArray("LAYER 2=") + name + " 70=0 62=" + QByteArray::number(colour) + ' '
                      + words);
     return *this;
 }
 
-DrawingText& DrawingText::linetype(const char* name, const QByteArray& lengths,
-                                   const QByteArray& words)
+CanvasDrawing& CanvasDrawing::linetype(const char* name, const QByteArray& lengths,
+                                       const QByteArray& words)
 {
     const QByteArrayList all = lengths.split(' ');
     QByteArray record =
@@ -72,21 +72,21 @@ DrawingText& DrawingText::linetype(const char* name, const QByteArray& lengths,
     return *this;
 }
 
-DrawingText& DrawingText::variable(const char* name, const QByteArray& word)
+CanvasDrawing& CanvasDrawing::variable(const char* name, const QByteArray& word)
 {
     const qsizetype equals = word.indexOf('=');
     m_header += tag("9", name) + tag(word.left(equals), word.mid(equals + 1));
     return *this;
 }
 
-DrawingText& DrawingText::textStyle(const char* words)
+CanvasDrawing& CanvasDrawing::textStyle(const char* words)
 {
     m_styles += tags(QByteArray("STYLE ") + words);
     return *this;
 }
 
-DrawingText& DrawingText::block(const QByteArray& name, double x, double y,
-                                const QByteArray& entities)
+CanvasDrawing& CanvasDrawing::block(const QByteArray& name, double x, double y,
+                                    const QByteArray& entities)
 {
     m_blocks += tag("0", "BLOCK") + tag("8", "0") + tag("2", name) + tag("70", "0")
         + tag("10", QByteArray::number(x)) + tag("20", QByteArray::number(y)) + tag("30", "0")
@@ -94,13 +94,13 @@ DrawingText& DrawingText::block(const QByteArray& name, double x, double y,
     return *this;
 }
 
-DrawingText& DrawingText::add(const QByteArray& entities)
+CanvasDrawing& CanvasDrawing::add(const QByteArray& entities)
 {
     m_entities += allTags(entities);
     return *this;
 }
 
-DrawingText& DrawingText::paper(const char* name, const QByteArray& words)
+CanvasDrawing& CanvasDrawing::paper(const char* name, const QByteArray& words)
 {
     m_objects = tags("DICTIONARY 5=D0 330=0 100=AcDbDictionary 3=ACAD_LAYOUT 350=D1")
         + tags(QByteArray("DICTIONARY 5=D1 330=D0 100=AcDbDictionary 3=") + name + " 350=D2")
@@ -109,7 +109,7 @@ DrawingText& DrawingText::paper(const char* name, const QByteArray& words)
     return *this;
 }
 
-QByteArray DrawingText::bytes() const
+QByteArray CanvasDrawing::bytes() const
 {
     const QByteArray zero = tag("0", "LAYER") + tag("2", "0") + tag("70", "0") + tag("62", "7")
         + tag("6", "CONTINUOUS");

@@ -5,26 +5,26 @@
 
 /// Writes small drawings for tests. Entities are given one per line as the type and then code=value
 /// words: "LINE 8=Walls 10=0 20=0 11=5 21=5". A tilde stands for a blank in a value.
-class DrawingText
+class CanvasDrawing
 {
 public:
     /// `colour` negative: the layer is off; `flags`: 1 frozen, 4 locked.
-    DrawingText& layer(const char* name, int colour, int flags = 0, const char* handle = nullptr);
+    CanvasDrawing& layer(const char* name, int colour, int flags = 0, const char* handle = nullptr);
     /// The same with further groups: "6=DASHED 370=50".
-    DrawingText& layerWith(const char* name, int colour, const QByteArray& words);
-    DrawingText& textStyle(const char* words);
+    CanvasDrawing& layerWith(const char* name, int colour, const QByteArray& words);
+    CanvasDrawing& textStyle(const char* words);
     /// A linetype of those lengths: "10 -5 0 -5"; `words`: further groups at the end.
-    DrawingText& linetype(const char* name, const QByteArray& lengths,
-                          const QByteArray& words = {});
+    CanvasDrawing& linetype(const char* name, const QByteArray& lengths,
+                            const QByteArray& words = {});
     /// A header variable: "$LTSCALE", "40=2".
-    DrawingText& variable(const char* name, const QByteArray& word);
+    CanvasDrawing& variable(const char* name, const QByteArray& word);
     /// A block whose base point is (`x`, `y`).
-    DrawingText& block(const QByteArray& name, double x, double y, const QByteArray& entities);
-    DrawingText& add(const QByteArray& entities);
+    CanvasDrawing& block(const QByteArray& name, double x, double y, const QByteArray& entities);
+    CanvasDrawing& add(const QByteArray& entities);
     /// A layout of that name for the sheet "*Paper_Space", with that paper: width, height, the
     /// margins on the left, below, on the right and above in millimetres, and quarter turns of the
     /// plot.
-    DrawingText& paper(const char* name, const QByteArray& words);
+    CanvasDrawing& paper(const char* name, const QByteArray& words);
     /// One entity of those tags.
     static QByteArray tags(const QByteArray& words);
 

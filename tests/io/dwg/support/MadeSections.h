@@ -1,0 +1,36 @@
+#pragma once
+
+#include "io/dwg/container/FlatFile.h"
+#include "io/dwg/records/DwgFormat.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+/// The sections of a made drawing beside its records.
+class MadeSections
+{
+public:
+    explicit MadeSections(const DwgFormat& format)
+        : m_format(format)
+    { }
+
+    /// The maintenance version that goes into the head; sections are spelled for it.
+    static quint8 maintenance(DrawingVersion version);
+
+    QByteArray header(quint64 seed, quint64 currentLayer) const;
+    QByteArray classes() const;
+    QByteArray auxHeader(quint64 seed) const;
+    /// `objects` is where the records start in a flat file.
+    QByteArray freeSpace(std::size_t records, quint32 objects) const;
+    /// A preview without pictures.
+    static QByteArray preview();
+    /// Of version 2000: `address` is where it starts, its mark included.
+    QByteArray secondHeader(quint64 address, const std::vector<FlatFile::Locator>& locators,
+                            quint64 seed) const;
+
+private:
+    QByteArray marked(QByteArrayView mark, const QByteArray& body) const;
+
+    const DwgFormat& m_format;
+};
