@@ -23,6 +23,7 @@
 namespace {
 constexpr int kSave = 101;
 constexpr int kDiscard = 102;
+constexpr int kKeepOpen = 103; ///< in place of saving, where that cannot be
 constexpr int kStatusTime = 15000; // milliseconds
 
 /// Patterns for the endings of a format, empty: of all, in both cases: "*.dxf *.DXF".
@@ -127,8 +128,10 @@ HostFrontEnd::CloseAnswer WindowFrontEnd::askToSave(const HostDocument& document
         question.mainInstruction =
             HostText::tr("Discard the changes to %1?").arg(document.displayName());
         question.content = readOnly;
-        question.links.removeFirst();
-        question.defaultLink = kDiscard;
+        question.links.first() = {kKeepOpen,
+                                  HostText::tr("Keep the drawing open\nIts layer states can still "
+                                               "be exported.")};
+        question.defaultLink = kKeepOpen;
     }
     switch (Prompts::current().ask(m_window, question)) {
     case kSave:

@@ -279,9 +279,16 @@ void TestMainWindow::aDrawingThatCannotBeWrittenIsMarkedInTheTitle()
              path("house.dwg")
                  + QStringLiteral(" is open for reading only. Drawings of version 2007 can be read "
                                   "but not written."));
-    QCOMPARE(question.links.size(), 1);
-    QVERIFY(question.links.first().text.startsWith(QStringLiteral("Discard")));
+    QCOMPARE(question.links.size(), 2);
+    QVERIFY(question.links[0].text.startsWith(QStringLiteral("Keep the drawing open")));
+    QVERIFY(question.links[1].text.startsWith(QStringLiteral("Discard")));
+    QCOMPARE(question.defaultLink, question.links[0].id);
+    prompts->willChoose(question.links[0].id);
+    typeLine("CLOSE");
     QVERIFY(current());
+    prompts->willChoose(question.links[1].id);
+    typeLine("CLOSE");
+    QVERIFY(!current());
 }
 
 void TestMainWindow::savesWithoutAskingAndTellsHowMuch()
