@@ -37,6 +37,14 @@ if(KEST_SANITIZERS)
   add_link_options(-fsanitize=${sanitizers})
 endif()
 
+# Of test programs. The sanitizers' build is optimized for what is tested; the tests themselves are compiled in
+# two thirds of the time without.
+add_library(kest_test_flags INTERFACE)
+target_link_libraries(kest_test_flags INTERFACE kest_flags)
+if(KEST_SANITIZERS)
+  target_compile_options(kest_test_flags INTERFACE -O0)
+endif()
+
 # Only sources that ask for it meet moc: what it makes costs a compilation a target.
 function(kest_automoc_where_needed target)
   foreach(source IN LISTS ARGN)
@@ -130,7 +138,7 @@ endfunction()
 function(kest_test_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;SOURCES")
   add_library(${name} STATIC ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC kest_flags kest_test_support ${arg_LINKS})
+  target_link_libraries(${name} PRIVATE kest_test_flags PUBLIC kest_test_support ${arg_LINKS})
   list(TRANSFORM arg_SOURCES REPLACE "^([^/].*)" "${CMAKE_CURRENT_SOURCE_DIR}/\\1")
   kest_automoc_where_needed(${name} ${arg_SOURCES})
   kest_precompile_test(${name} ${arg_SOURCES})
@@ -142,7 +150,7 @@ function(kest_test name)
   add_executable(${name} ${name}.cpp ${arg_SOURCES})
   list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE more)
   kest_moc_of_test(${name} "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp" ${more})
-  target_link_libraries(${name} PRIVATE kest_flags kest_test_support ${arg_LINKS})
+  target_link_libraries(${name} PRIVATE kest_test_flags kest_test_support ${arg_LINKS})
   kest_precompile_test(${name} "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp")
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
