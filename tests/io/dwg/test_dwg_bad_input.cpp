@@ -7,6 +7,7 @@
 #include "io/dwg/support/DwgFiles.h"
 #include "io/dwg/support/DwgMaker.h"
 #include "io/dwg/support/DwgParts.h"
+#include "io/dwg/support/MadeHandles.h"
 #include "support/PeakMemory.h"
 #include "support/drawings/SharedDrawings.h"
 
@@ -198,6 +199,89 @@ TEST(DwgBadInput, AWrongSumOpensForReadingOnlyAndSaysWhy)
     EXPECT_TRUE(DwgFiles::faults(*drawing)[0].contains(QStringLiteral("is damaged")));
     EXPECT_TRUE(drawing->loadNotes().contains(DwgFiles::faults(*drawing)[0]));
     EXPECT_EQ(outcome(bytes), Outcome::ReadOnly);
+}
+
+/// Freezes or thaws each layer, saves, and looks for that in what was saved. False where that is
+/// refused in words.
+bool editsAreKept(OdDbDatabase& drawing)
+{
+    const OdDbLayerTable& layers = drawing.layerTable();
+    for (const OdDbObjectId id : layers.records()) {
+        const auto layer = id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite);
+        layer->setIsFrozen(!layer->isFrozen());
+    }
+    std::unique_ptr<OdDbDatabase> again;
+    try {
+        again = readDrawing(drawingBytes(drawing), QStringLiteral("again.dwg"));
+    } catch (const OdError& error) {
+        EXPECT_TRUE(error.description().endsWith(QLatin1Char('.'))) << error.what();
+        return false;
+    }
+    EXPECT_EQ(DwgFiles::faults(*again), QStringList());
+    EXPECT_EQ(again->layerTable().records().size(), layers.records().size());
+    for (const OdDbObjectId id : layers.records()) {
+        const auto before = id.safeOpenObject<OdDbLayerTableRecord>();
+        const auto after = again->idOfSlot(again->store().find(id.getHandle().value()))
+                               .openObject<OdDbLayerTableRecord>();
+        EXPECT_TRUE(after && after->isFrozen() == before->isFrozen())
+            << before->getName().toStdString();
+    }
+    return true;
+}
+
+TEST(DwgBadInput, TurnedBitsUnderRightSumsNeverMisplaceAnEdit)
+{
+    constexpr int kTries = 80;
+    std::mt19937 random(14);
+    int kept = 0;
+    int readOnly = 0;
+    for (const DrawingVersion version : MadeDrawing::kVersions) {
+        const MadeDrawing made = MadeDrawing::sample(version);
+        for (int i = 0; i < kTries; ++i) {
+            SCOPED_TRACE(i);
+            DwgMaker maker(made);
+            // One time of two a layer.
+            maker.damage(i % 2 == 0 ? random()
+                                    : maker.partOf(MadeRecords::layerHandle(random() % 5)),
+                         random(), static_cast<quint8>(1u << random() % 8));
+            const QByteArray bytes = maker.bytes();
+            if (outcome(bytes) != Outcome::Sound) {
+                ++readOnly;
+                continue;
+            }
+            kept += editsAreKept(*readDrawing(bytes, QStringLiteral("turned.dwg"))) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(kept, 100);
+    EXPECT_GT(readOnly, 50);
+}
+
+TEST(DwgBadInput, OneRecordIsNotTwoTables)
+{
+    for (const DrawingVersion version : MadeDrawing::kVersions) {
+        MadeDrawing made = MadeDrawing::sample(version);
+        made.references = {{"*STYLE", MadeHandle::LayerControl}};
+        const QByteArray bytes = DwgMaker(made).bytes();
+        EXPECT_EQ(outcome(bytes), Outcome::ReadOnly);
+        const auto drawing = readDrawing(bytes, QStringLiteral("twice.dwg"));
+        EXPECT_EQ(DwgFiles::faults(*drawing),
+                  QStringList(QStringLiteral("The table with the handle 2 is missing.")));
+        EXPECT_EQ(drawing->layerTable().records().size(), made.layers.size());
+        EXPECT_EQ(drawing->audit(), QStringList());
+    }
+}
+
+TEST(DwgBadInput, ALayerWhoseValuesRunOverItsEndOpensForReadingOnly)
+{
+    // Its sum is right; its name tells a length that it does not have.
+    const MadeDrawing made = MadeDrawing::sample(DrawingVersion::V2004);
+    DwgMaker maker(made);
+    constexpr std::size_t kLength = 10;
+    maker.damage(maker.partOf(MadeRecords::layerHandle(2)), kLength, 0x80);
+    EXPECT_EQ(outcome(maker.bytes()), Outcome::ReadOnly);
+    const auto drawing = readDrawing(maker.bytes(), QStringLiteral("long.dwg"));
+    EXPECT_EQ(DwgFiles::faults(*drawing),
+              QStringList(QStringLiteral("The record with the handle 42 is damaged.")));
 }
 
 TEST(DwgBadInput, OlderVersionsAreRefusedInWords)

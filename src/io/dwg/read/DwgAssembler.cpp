@@ -148,7 +148,9 @@ void DwgAssembler::tables()
 void DwgAssembler::makeTable(OdDbTableKind kind, quint64 control)
 {
     quint32 slot = slotOf(control);
-    if (slot == ObjectStore::kNone || m_store.type(slot) != RecordType::Table) {
+    // The settings may name one table's record for two tables; the first one has it.
+    if (slot == ObjectStore::kNone || m_store.type(slot) != RecordType::Table
+        || m_store.object(slot)) {
         if (kind == OdDbTableKind::Layer)
             throw OdError_InvalidDrawing(m_source.image().name(), 0,
                                          tr("there is no layer table; expected one with the "

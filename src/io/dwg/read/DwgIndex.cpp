@@ -2,6 +2,8 @@
 
 #include "database/values/OdError.h"
 #include "io/dwg/records/DwgTypes.h"
+#include "io/dwg/records/FreeRecords.h"
+#include "io/dwg/records/SheetRecords.h"
 #include "io/dwg/sections/ObjectMap.h"
 
 #include <QCoreApplication>
@@ -32,6 +34,26 @@ bool ownsParts(quint16 type)
 bool isControl(quint16 type)
 {
     return type >= DwgType::BlockControl && type <= DwgType::DimStyleControl && type % 2 == 0;
+}
+
+/// References that the record of a table has behind those that it counts.
+int extrasOf(quint16 type)
+{
+    return type == DwgType::BlockControl || type == DwgType::LtypeControl ? 2 : 0;
+}
+
+/// Reads the values of the open record, behind its head, where an edit relies on their places.
+void readValues(DwgRecord& record)
+{
+    const quint16 type = record.type();
+    if (type == DwgType::Layer)
+        TableRecords::layer(record);
+    else if (type == DwgType::Dictionary)
+        FreeRecords::dictionary(record);
+    else if (type == DwgType::Viewport)
+        SheetRecords::viewport(record);
+    else if (isControl(type))
+        TableRecords::listed(record, extrasOf(type));
 }
 
 bool isPart(quint16 type)
@@ -115,6 +137,7 @@ void DwgIndex::scan(std::size_t first, std::size_t end)
             reader.readHead(head);
         }
         record.owner = head.owner;
+        readValues(reader);
         record.sound = !reader.hasFailed() && reader.sumHolds() && head.handle == record.handle;
     }
 }
@@ -165,7 +188,7 @@ void DwgIndex::readTables()
         if (!isControl(type) || !reader.open(m_records[i].offset))
             continue;
         reader.readHead(head);
-        const int extras = type == DwgType::BlockControl || type == DwgType::LtypeControl ? 2 : 0;
+        const int extras = extrasOf(type);
         std::vector<quint64> handles = TableRecords::listed(reader, extras).handles;
         // Model and paper space, by layer and by block stand behind the others; DXF has them ahead.
         if (handles.size() >= static_cast<std::size_t>(extras))

@@ -4,7 +4,6 @@
 #include "io/dwg/container/PageForm.h"
 #include "io/dwg/container/PagedFile.h"
 #include "io/dwg/sections/ObjectMap.h"
-#include "io/dwg/support/MadeHandles.h"
 #include "io/dwg/write/PagedFileWriter.h"
 
 namespace {
@@ -36,9 +35,33 @@ QByteArray fourBytes(quint32 value)
 DwgMaker::DwgMaker(const MadeDrawing& drawing)
     : m_drawing(drawing)
     , m_format(DwgFormat::of(drawing.version, kCodePage))
-    , m_records(drawing, m_format)
     , m_sections(m_format)
+    , m_records(MadeRecords(drawing, m_format).all())
+    , m_seed(m_records.rbegin()->first + 1)
+    , m_header(m_sections.header(m_seed, drawing.references))
+    , m_classes(m_sections.classes())
 { }
+
+void DwgMaker::damage(std::size_t part, std::size_t place, quint8 bits)
+{
+    // Sections stand between marks, with their sum before the last one; records end with it.
+    constexpr qsizetype kMark = 16;
+    constexpr qsizetype kSum = 2;
+    part %= m_records.size() + 2;
+    QByteArray& bytes = part == 0 ? m_header
+        : part == 1               ? m_classes
+                    : std::next(m_records.begin(), static_cast<std::ptrdiff_t>(part - 2))->second;
+    const qsizetype first = part < 2 ? kMark : 0;
+    const qsizetype end = bytes.size() - first - kSum;
+    const qsizetype at = first + static_cast<qsizetype>(place) % (end - first);
+    bytes[at] = static_cast<char>(bytes[at] ^ bits);
+    put(bytes, end, Checksums::crc16(QByteArrayView(bytes).sliced(first, end - first)));
+}
+
+std::size_t DwgMaker::partOf(quint64 handle) const
+{
+    return 2 + static_cast<std::size_t>(std::distance(m_records.begin(), m_records.find(handle)));
+}
 
 QByteArray DwgMaker::sample(DrawingVersion version)
 {
@@ -54,7 +77,7 @@ QByteArray DwgMaker::bytes() const
 void DwgMaker::appendRecords(QByteArray& out, quint64 base,
                              std::vector<ObjectMap::Entry>& places) const
 {
-    for (const auto& [handle, record] : m_records.all()) {
+    for (const auto& [handle, record] : m_records) {
         places.push_back({handle, base + static_cast<quint64>(out.size())});
         out += record;
     }
@@ -82,11 +105,11 @@ QByteArray DwgMaker::flat() const
                                                       static_cast<quint32>(section.size())};
         file += section;
     };
-    append(kAux, m_sections.auxHeader(m_records.seed()));
+    append(kAux, m_sections.auxHeader(m_seed));
     put(file, kPreviewAt, static_cast<quint32>(file.size()));
     file += MadeSections::preview();
-    append(kHeader, m_sections.header(m_records.seed(), MadeHandle::FirstLayer));
-    append(kClasses, m_sections.classes());
+    append(kHeader, m_header);
+    append(kClasses, m_classes);
     const auto objects = static_cast<quint32>(file.size());
     file += fourBytes(kObjectsMark);
     std::vector<ObjectMap::Entry> places;
@@ -104,8 +127,7 @@ QByteArray DwgMaker::flat() const
         at += static_cast<qsizetype>(FlatFile::kLocatorSize);
     }
     put(file, at, Checksums::crc16(QByteArrayView(file).first(at)));
-    return file
-        + m_sections.secondHeader(static_cast<quint64>(file.size()), locators, m_records.seed());
+    return file + m_sections.secondHeader(static_cast<quint64>(file.size()), locators, m_seed);
 }
 
 QByteArray DwgMaker::emptyPaged(const std::map<QByteArray, QByteArray>& sections) const
@@ -156,13 +178,13 @@ QByteArray DwgMaker::paged() const
     std::vector<ObjectMap::Entry> places;
     appendRecords(objects, 0, places);
     std::map<QByteArray, QByteArray> sections = {
-        {"AcDb:Header", m_sections.header(m_records.seed(), MadeHandle::FirstLayer)},
-        {"AcDb:Classes", m_sections.classes()},
+        {"AcDb:Header", m_header},
+        {"AcDb:Classes", m_classes},
         {"AcDb:Handles", ObjectMap::spelled(places)},
         {"AcDb:AcDbObjects", objects},
         {"AcDb:ObjFreeSpace", m_sections.freeSpace(places.size(), 0)},
         {"AcDb:Template", QByteArray(4, '\0')},
-        {"AcDb:AuxHeader", m_sections.auxHeader(m_records.seed())},
+        {"AcDb:AuxHeader", m_sections.auxHeader(m_seed)},
         {"AcDb:Preview", MadeSections::preview()},
         {"AcDb:SummaryInfo", QByteArray(64, '\0')},
     };

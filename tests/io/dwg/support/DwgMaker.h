@@ -14,6 +14,11 @@ public:
     explicit DwgMaker(const MadeDrawing& drawing);
 
     QByteArray bytes() const;
+    /// Turns bits of the header variables, the classes or a record, by the number of that part and
+    /// the place in it, both of which start over at the end; the part's sum is right all the same.
+    void damage(std::size_t part, std::size_t place, quint8 bits);
+    /// The number of a record as a part.
+    std::size_t partOf(quint64 handle) const;
     /// The sample of a version.
     static QByteArray sample(DrawingVersion version);
 
@@ -28,6 +33,9 @@ private:
 
     const MadeDrawing& m_drawing;
     DwgFormat m_format;
-    MadeRecords m_records;
     MadeSections m_sections;
+    std::map<quint64, QByteArray> m_records; ///< by handle
+    quint64 m_seed = 0;
+    QByteArray m_header;
+    QByteArray m_classes;
 };

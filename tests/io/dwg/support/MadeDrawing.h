@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <map>
 #include <vector>
 
 /// What a DWG drawing that DwgMaker makes is to hold; layers are named by their place in `layers`.
@@ -43,6 +44,7 @@ struct MadeDrawing
     std::vector<std::size_t> groupLayers;
     QString stateName; ///< of a state that has all layers as they are
     QString stateDescription;
+    std::map<QByteArray, quint64> references; ///< handles that the header variables have amiss
     // In versions with pages:
     bool isEncrypted = false; ///< the head says that parts are
     bool hasSecuritySection = false;

@@ -18,7 +18,6 @@ public:
 
     /// By handle, each from its size to its sum.
     const std::map<quint64, QByteArray>& all() const { return m_records; }
-    quint64 seed() const { return m_records.rbegin()->first + 1; }
     static quint64 layerHandle(std::size_t layer);
 
 private:

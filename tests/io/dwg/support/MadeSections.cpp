@@ -84,13 +84,13 @@ QByteArray MadeSections::marked(QByteArrayView mark, const QByteArray& body) con
     return section + inverse(mark);
 }
 
-QByteArray MadeSections::header(quint64 seed, quint64 currentLayer) const
+QByteArray MadeSections::header(quint64 seed, const std::map<QByteArray, quint64>& amiss) const
 {
     MadeFields fields(m_format);
     for (const auto& [name, handle] : kReferences)
         fields.setReference(name, handle);
     fields.setReference("$HANDSEED", seed);
-    fields.setReference("$CLAYER", currentLayer);
+    fields.setReference("$CLAYER", MadeHandle::FirstLayer);
     fields.setReference("$TEXTSTYLE", MadeHandle::Style);
     fields.setReference("$DIMTXSTY", MadeHandle::Style);
     fields.setReference("$CELTYPE", MadeHandle::ByLayer);
@@ -101,6 +101,8 @@ QByteArray MadeSections::header(quint64 seed, quint64 currentLayer) const
     fields.setReference("*BYLAYER", MadeHandle::ByLayer);
     fields.setReference("*BYBLOCK", MadeHandle::ByBlock);
     fields.setReference("*CONTINUOUS", MadeHandle::Continuous);
+    for (const auto& [name, handle] : amiss)
+        fields.setReference(name.constData(), handle);
     for (const char* one : {"$TILEMODE", "$VISRETAIN", "$FILLMODE", "$PSLTSCALE", "$CELTSCALE",
                             "$DIMSCALE", "$DIMLFAC", "$DIMTFAC", "$CMLSCALE"})
         fields.setNumber(one, 1);
@@ -189,17 +191,23 @@ QByteArray MadeSections::auxHeader(quint64 seed) const
 
 QByteArray MadeSections::freeSpace(std::size_t records, quint32 objects) const
 {
+    // Numbers take 8 bytes since 2010, where the start of the records is told no more.
+    const bool longer = m_format.version >= DrawingVersion::V2010;
     BitWriter out;
-    out.rawLong(0);
-    out.rawLong(static_cast<quint32>(records));
+    const auto number = [&](quint32 value) {
+        out.rawLong(value);
+        if (longer)
+            out.rawLong(0);
+    };
+    number(0);
+    number(static_cast<quint32>(records));
     out.rawLong(kDay);
     out.rawLong(0);
-    out.rawLong(objects);
+    if (!longer)
+        out.rawLong(objects);
     out.rawChar(4);
-    for (const quint32 number : {0x32u, 0x64u, 0x200u, 0xFFFFFFFFu}) {
-        out.rawLong(number);
-        out.rawLong(0);
-    }
+    for (const quint32 value : {0x32u, 0u, 0x64u, 0u, 0x200u, 0u, 0xFFFFFFFFu, 0u})
+        number(value);
     return out.bytes();
 }
 

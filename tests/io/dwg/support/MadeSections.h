@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 
+#include <map>
 #include <vector>
 
 /// The sections of a made drawing beside its records.
@@ -18,7 +19,8 @@ public:
     /// The maintenance version that goes into the head; sections are spelled for it.
     static quint8 maintenance(DrawingVersion version);
 
-    QByteArray header(quint64 seed, quint64 currentLayer) const;
+    /// `amiss` are handles by their names that are others than usual.
+    QByteArray header(quint64 seed, const std::map<QByteArray, quint64>& amiss) const;
     QByteArray classes() const;
     QByteArray auxHeader(quint64 seed) const;
     /// `objects` is where the records start in a flat file.
