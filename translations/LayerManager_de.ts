@@ -481,6 +481,10 @@
         <source>Fro&amp;zen in new viewports</source>
         <translation>In &amp;jedem neuen Ansichtsfenster gefroren</translation>
     </message>
+    <message>
+        <source>DXF Drawing</source>
+        <translation>DXF-Zeichnung</translation>
+    </message>
 </context>
 <context>
     <name>CLayerTreeVw</name>

@@ -1,6 +1,7 @@
 #include "io/DrawingFile.h"
 
 #include "io/DrawingCodec.h"
+#include "io/DrawingEndings.h"
 #include "io/dwg/DwgCodec.h"
 #include "io/dxf/DxfCodec.h"
 #include "io/files/AtomicFile.h"
@@ -46,21 +47,16 @@ std::unique_ptr<OdDbDatabase> readImage(std::shared_ptr<const FileImage> image,
     return codec.read(std::move(image), progress);
 }
 
-/// Endings of files, and the format that programs expect in them.
-constexpr std::pair<const char*, const char*> kEndings[] = {
-    {"dxf", "dxf"}, {"dwg", "dwg"}, {"dwt", "dwg"}, {"dws", "dwg"}};
-
 void requireFormat(const DrawingSource& source, const QString& path)
 {
-    const QString ending = QFileInfo(path).suffix().toLower();
-    for (const auto& [known, format] : kEndings) {
-        if (ending == QLatin1String(known) && source.suffix() != QLatin1String(format))
-            throw OdError_FileAccess(
-                OdResult::CantWriteFile,
-                tr("%1 was not written: the drawing was read from a %2 file and is saved as one; "
-                   "expected a name that ends in .%3.")
-                    .arg(path, source.suffix().toUpper(), source.suffix()));
-    }
+    const QString format = formatOfEnding(QFileInfo(path).suffix());
+    if (format.isEmpty() || format == source.suffix())
+        return;
+    throw OdError_FileAccess(
+        OdResult::CantWriteFile,
+        tr("%1 was not written: the drawing was read from a %2 file and is saved as one; "
+           "expected a name that ends in .%3.")
+            .arg(path, source.suffix().toUpper(), source.suffix()));
 }
 
 } // namespace
@@ -75,6 +71,15 @@ QString writingRefusal(const OdDbDatabase& database)
 {
     const auto* source = dynamic_cast<const DrawingSource*>(database.source());
     return source ? source->refusal() : QString();
+}
+
+void requireWritable(const OdDbDatabase& database, const QString& path)
+{
+    const DrawingSource& source = DrawingSource::of(database);
+    requireFormat(source, path);
+    if (const QString refusal = source.refusal(); !refusal.isEmpty())
+        throw OdError_FileAccess(OdResult::CantWriteFile,
+                                 tr("The drawing is open for reading only. %1").arg(refusal));
 }
 
 const DrawingSource& DrawingSource::of(const OdDbDatabase& database)

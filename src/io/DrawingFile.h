@@ -43,6 +43,9 @@ std::unique_ptr<OdDbDatabase> readDrawing(const QString& path, const IoProgress&
 QString drawingSuffix(const OdDbDatabase& database);
 /// Why a drawing can only be read, in sentences; empty for one that can be saved.
 QString writingRefusal(const OdDbDatabase& database);
+/// Raises OdError_FileAccess for a drawing that can only be read, and for a path with the ending of
+/// another format.
+void requireWritable(const OdDbDatabase& database, const QString& path);
 
 /// Writes atomically: a temporary file in the same folder, synced, read back and compared, then
 /// renamed over `path`. On any failure the file at `path` is as it was. A drawing keeps the format

@@ -154,9 +154,11 @@ QString DialogPrompts::saveFile(QWidget* parent, const FileQuestion& question)
     QFileDialog dialog(parent, question.title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    // The extension that a name gets is that of the filter in force.
+    // The extension that a name gets is that of the filter in force, or of the last one that had
+    // any: the dialog can only ask about the file that is meant.
     const auto follow = [&dialog](const QString& filter) {
-        dialog.setDefaultSuffix(extensionOf(filter));
+        if (const QString extension = extensionOf(filter); !extension.isEmpty())
+            dialog.setDefaultSuffix(extension);
     };
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
     return runFileDialog(dialog, question);

@@ -182,6 +182,16 @@ void TestDialogPrompts::saveUnderTheExtensionOfTheFilterInForce()
     QCOMPARE(Prompts::current().saveFile(nullptr, question),
              folder.filePath(QStringLiteral("all.las")));
     QCOMPARE(chosen, 0);
+    // Among all files a name gets the extension that was in force before.
+    inFileDialog([](QFileDialog& dialog) {
+        dialog.selectNameFilter(QStringLiteral("All (*)"));
+        emit dialog.filterSelected(QStringLiteral("All (*)"));
+        auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        QTest::keyClicks(name, QStringLiteral("all"));
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    QCOMPARE(Prompts::current().saveFile(nullptr, question),
+             folder.filePath(QStringLiteral("all.las")));
 }
 
 void TestDialogPrompts::startAFileDialogWithItsFilterAndFolder()

@@ -69,7 +69,7 @@ class Completion(unittest.TestCase):
     def setUp(self):
         self.folder = Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.folder)
-        for name in ("plan.dxf", "my house.DXF", "notes.txt", "states.las", "old/site.dxf"):
+        for name in ("plan.dxf", "my house.DXF", "notes.txt", "states.las", "old/site.dxf", "house.dwg", "sheet.DWT", "rules.dws"):
             path = self.folder / "drawings" / name
             path.parent.mkdir(parents=True, exist_ok=True)
             path.touch()
@@ -114,6 +114,9 @@ class Completion(unittest.TestCase):
             {
                 "list pl\t": ["list", "plan.dxf"],
                 "list my\t": ["list", "my house.DXF"],
+                "list ho\t": ["list", "house.dwg"],
+                "list sh\t": ["list", "sheet.DWT"],
+                "list ru\t": ["list", "rules.dws"],
                 "list no\t": ["list", "no"],
                 "list st\t": ["list", "st"],
                 "list ol\t": ["list", "old/"],
@@ -128,6 +131,8 @@ class Completion(unittest.TestCase):
             "kest",
             {
                 "pl\t": ["plan.dxf"],
+                "ho\t": ["house.dwg"],
+                "sh\t": ["sheet.DWT"],
                 "--b\tno\tplan.dxf": ["--batch", "notes.txt", "plan.dxf"],
                 "--batch=no\t": ["--batch=notes.txt"],
                 "--config o\t": ["--config", "old/"],

@@ -50,9 +50,15 @@ class Run(unittest.TestCase):
 
     BUILD = ["setup.sh ", "cmake --build --preset release --target kest LayerManager"]
 
-    def test_without_a_file_it_opens_the_sample(self):
+    def test_without_a_file_it_opens_a_copy_of_the_sample(self):
+        sample, copy = self.root / "samples/office.dxf", self.root / "build/office.dxf"
+        sample.write_text("as it came")
         self.assertEqual(self.start(display=":0").returncode, 0)
-        self.assertEqual(self.log(), [*self.BUILD, f"kest {self.root}/samples/office.dxf"])
+        self.assertEqual(self.log(), [*self.BUILD, f"kest {copy}"])
+        self.assertEqual(copy.read_text(), "as it came")
+        copy.write_text("saved")
+        self.assertEqual(self.start(display=":0").returncode, 0)
+        self.assertEqual((sample.read_text(), copy.read_text()), ("as it came", "saved"))
 
     def test_a_file_is_looked_for_where_the_caller_stands(self):
         self.assertEqual(self.start("my plan.dxf", display=":0").returncode, 0)

@@ -45,10 +45,13 @@ class Validators(unittest.TestCase):
         self.run_quietly("appstreamcli", "validate", "--no-net", passed_over, self.share / "metainfo/kest.metainfo.xml")
 
     @needs("update-mime-database")
-    def test_the_file_type(self):
+    def test_the_file_types(self):
         said = self.run_quietly("update-mime-database", "-V", self.share / "mime")
         self.assertNotIn("Error", said.stderr)
-        self.assertIn("application/x-kest-layer-states:*.las", (self.share / "mime/globs").read_text())
+        globs = (self.share / "mime/globs").read_text().splitlines()
+        for ending in ("dwt", "dws"):
+            self.assertIn(f"image/vnd.dwg:*.{ending}", globs)
+        self.assertIn("application/x-kest-layer-states:*.las", globs)
 
     @needs("xmllint")
     def test_all_files_of_marked_up_text(self):

@@ -1,4 +1,6 @@
+#include "io/DrawingEndings.h"
 #include "usage/BashCompletion.h"
+#include "usage/DrawingSuffixes.h"
 #include "usage/FishCompletion.h"
 #include "usage/Roff.h"
 #include "usage/WrappedText.h"
@@ -66,4 +68,12 @@ TEST(BashCompletion, AProgramWithoutCommandsAsksForNone)
     EXPECT_FALSE(plain.contains(QStringLiteral("COMP_CWORD -eq 1")));
     program.commands.push_back({QStringLiteral("all"), {}, {}, {}, {}, {}});
     EXPECT_TRUE(bashCompletion(program).contains(QStringLiteral("COMP_CWORD -eq 1")));
+}
+
+TEST(ShellCompletion, OffersTheEndingsOfAllDrawingsThatCanBeRead)
+{
+    QStringList endings;
+    for (const DrawingEnding& known : kDrawingEndings)
+        endings << QLatin1String(known.ending);
+    EXPECT_EQ(endings, drawingSuffixes());
 }

@@ -99,9 +99,9 @@ QString manPage()
                QStringLiteral("layerman"), QStringLiteral(KEST_VERSION),
                CompanionText::tr("list and change the layers of drawings from the command line"))
         + synopsis() + section(QStringLiteral("DESCRIPTION"))
-        + line(CompanionText::tr("layerman works on DXF drawings without a window, a display or "
-                                 "settings. What it prints goes to standard output, complaints "
-                                 "and a line with counts go to standard error."))
+        + line(CompanionText::tr("layerman works on DXF and DWG drawings without a window, a "
+                                 "display or settings. What it prints goes to standard output, "
+                                 "complaints and a line with counts go to standard error."))
         + line(CompanionText::tr("Options and operands stand in any order behind the command; "
                                  "-- ends the options. A value follows its option as the next "
                                  "argument or behind an equals sign."))

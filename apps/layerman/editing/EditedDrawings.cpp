@@ -37,6 +37,8 @@ void EditedDrawings::edit(const QString& file, CompanionHost& host, Output& outp
     host.setDrawing(drawing.get());
     const bool isChanged = edit(*drawing);
     host.setDrawing(nullptr);
+    if (isChanged && !m_targets.isWritten())
+        requireWritable(*drawing, m_targets.targetOf(file));
     if (m_targets.isInPlace() && isChanged) {
         requireUnchanged(file, identity);
         write(*drawing, file, file, output);

@@ -39,7 +39,8 @@ public:
 
     /// A path picked in a dialog; empty when cancelled. Asked only when isInteractive().
     virtual QString chooseFileToOpen() = 0;
-    virtual QString chooseFileToSave(const QString& suggestion) = 0;
+    /// `format`: the ending of the drawing's format, "dxf".
+    virtual QString chooseFileToSave(const QString& suggestion, const QString& format) = 0;
     /// What to do about unsaved changes. Asked only when isInteractive().
     virtual CloseAnswer askToSave(const HostDocument& document) = 0;
     /// How to open a drawing that another process edits; `holder` names it, where that is known.

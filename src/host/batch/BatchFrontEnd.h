@@ -19,7 +19,7 @@ public:
     SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
                                 const SaveOptions& options) override;
     QString chooseFileToOpen() override { return {}; }
-    QString chooseFileToSave(const QString&) override { return {}; }
+    QString chooseFileToSave(const QString&, const QString&) override { return {}; }
     CloseAnswer askToSave(const HostDocument&) override { return CloseAnswer::Cancel; }
     LockAnswer askAboutLock(const QString&, const QString&) override { return LockAnswer::Cancel; }
     ChangeAnswer askAboutChange(const HostDocument&) override { return ChangeAnswer::Cancel; }

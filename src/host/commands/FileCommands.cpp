@@ -5,6 +5,7 @@
 #include "host/text/HostText.h"
 #include "io/DrawingFile.h"
 
+#include <QFileInfo>
 #include <QLocale>
 
 namespace {
@@ -22,10 +23,27 @@ bool asksInDialogs(const HostCommandRun& run)
     return run.isInteractive() && dialogs != 0 && !run.hasAnswer();
 }
 
-void tellNotes(const HostCommandRun& run, const HostDocument& document)
+void tellOpened(const HostCommandRun& run, const HostDocument& document)
 {
-    for (const QString& note : document.database()->loadNotes())
-        run.tell(note);
+    const QString readOnly = DocumentFiles::readOnlySentence(document);
+    if (readOnly.isEmpty()) {
+        run.tell(HostText::tr("%1 is open.").arg(document.fileName()));
+    } else {
+        run.tell(readOnly);
+        // There is room for the short of it.
+        run.core().frontEnd().showStatus(
+            HostText::tr("%1 is open for reading only.").arg(document.displayName()));
+    }
+    for (const QString& note : document.database()->loadNotes()) {
+        if (!readOnly.contains(note))
+            run.tell(note);
+    }
+}
+
+QString suggestedName(const HostDocument& document, const QString& format)
+{
+    const QString name = document.fileName();
+    return QFileInfo(name).suffix().isEmpty() ? name + QLatin1Char('.') + format : name;
 }
 
 void open(const HostCommandRun& run)
@@ -39,8 +57,7 @@ void open(const HostCommandRun& run)
         path = run.answer(HostText::tr("File to open:"));
     }
     const HostDocument& document = run.core().files().open(path);
-    run.tell(HostText::tr("%1 is open.").arg(document.fileName()));
-    tellNotes(run, document);
+    tellOpened(run, document);
 }
 
 void createNew(const HostCommandRun& run)
@@ -65,7 +82,10 @@ void saveAs(const HostCommandRun& run)
     HostDocument& document = run.document();
     QString path;
     if (asksInDialogs(run)) {
-        path = run.core().frontEnd().chooseFileToSave(document.fileName());
+        // Before the user looks for a place.
+        DocumentFiles::requireWritable(document);
+        const QString format = drawingSuffix(*document.database());
+        path = run.core().frontEnd().chooseFileToSave(suggestedName(document, format), format);
         if (path.isEmpty())
             cancel();
     } else {

@@ -39,6 +39,9 @@ void ChangedFiles::tell(HostDocument& document)
                                        "unsaved changes. SAVE asks which of them to keep.")
                               .arg(document.fileName()));
     } else if (m_frontEnd.askToReload(document) && m_documents.contains(&document)) {
-        m_files.reload(document);
+        const HostDocument& fresh = m_files.reload(document);
+        const QString readOnly = DocumentFiles::readOnlySentence(fresh);
+        if (!readOnly.isEmpty())
+            m_frontEnd.notify(readOnly);
     }
 }

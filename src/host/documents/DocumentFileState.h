@@ -10,7 +10,7 @@
 struct DocumentFileState
 {
     std::unique_ptr<DrawingLock> lock; ///< null: the drawing is read-only, or locks are not kept
-    bool isReadOnly = false;
+    bool isReadOnly = false; ///< the user wanted it so
     bool ignoresLock = false; ///< the user edits although another process does
     bool hasBackup = false; ///< the file as it was before this session is kept, or there was none
     int saves = 0; ///< of this session, to whatever file

@@ -70,6 +70,13 @@ DocumentFileState DocumentFiles::claim(const QString& path)
     return state;
 }
 
+/// Nobody is kept from a drawing that cannot be saved here anyway.
+void DocumentFiles::settleLock(DocumentFileState& state, const OdDbDatabase& drawing)
+{
+    if (!writingRefusal(drawing).isEmpty())
+        state.lock.reset();
+}
+
 HostDocument& DocumentFiles::add(std::unique_ptr<OdDbDatabase> drawing, const QString& path,
                                  DocumentFileState state)
 {
@@ -93,7 +100,7 @@ HostDocument& DocumentFiles::open(const QString& path)
         const HostDocManager::BusyScope busy(m_documents);
         drawing = m_frontEnd->readDrawingFile(file);
     }
-    state.isReadOnly |= !writingRefusal(*drawing).isEmpty();
+    settleLock(state, *drawing);
     HostDocument& document = add(std::move(drawing), file, std::move(state));
     m_frontEnd->fileUsed(file);
     return document;
@@ -149,6 +156,7 @@ HostDocument& DocumentFiles::reload(HostDocument& document)
     state.identity = identity;
     state.noticed.reset();
     state.layout.reset();
+    settleLock(state, *drawing);
     // First the new one: palettes stay open while there is a drawing.
     HostDocument& fresh = m_documents.add(std::move(drawing), path, true, std::move(state));
     m_documents.close(document);
@@ -162,8 +170,26 @@ HostDocument& DocumentFiles::createNew()
     return m_documents.add(std::move(drawing), name, false);
 }
 
+QString DocumentFiles::readOnlySentence(const HostDocument& document)
+{
+    const QString why = writingRefusal(*document.database());
+    return why.isEmpty()
+        ? QString()
+        : HostText::tr("%1 is open for reading only. %2").arg(document.fileName(), why);
+}
+
+void DocumentFiles::requireWritable(const HostDocument& document)
+{
+    const QString sentence = readOnlySentence(document);
+    if (!sentence.isEmpty())
+        refuseToWrite(HostText::tr("%1 Its layer states can be exported and used in other "
+                                   "drawings.")
+                          .arg(sentence));
+}
+
 SaveReport DocumentFiles::save(HostDocument& document, bool overwrites)
 {
+    requireWritable(document);
     if (document.isReadOnly()) {
         refuseToWrite(HostText::tr("%1 is open read-only. SAVEAS writes the drawing to another "
                                    "file.")
@@ -186,6 +212,7 @@ SaveReport DocumentFiles::save(HostDocument& document, bool overwrites)
 
 SaveReport DocumentFiles::saveAs(HostDocument& document, const QString& path)
 {
+    requireWritable(document);
     QString file = absolutePath(path);
     if (QFileInfo(file).suffix().isEmpty())
         file += QLatin1Char('.') + drawingSuffix(*document.database());

@@ -33,6 +33,10 @@ public:
     HostDocument& reload(HostDocument& document);
     /// A new drawing, "Drawing1" or the next free number.
     HostDocument& createNew();
+    /// Why the drawing of a file can only be read, for the user; empty where it can be written.
+    static QString readOnlySentence(const HostDocument& document);
+    /// Raises OdError_FileAccess with that sentence.
+    static void requireWritable(const HostDocument& document);
     /// Writes the drawing to its own file. Raises OdError_FileAccess for a drawing that is
     /// read-only, and, unless `overwrites`, for a file that somebody else changed.
     SaveReport save(HostDocument& document, bool overwrites = false);
@@ -46,6 +50,7 @@ public:
 
 private:
     DocumentFileState claim(const QString& path);
+    static void settleLock(DocumentFileState& state, const OdDbDatabase& drawing);
     HostDocument& add(std::unique_ptr<OdDbDatabase> drawing, const QString& path,
                       DocumentFileState state);
     std::unique_ptr<DrawingLock> lockForSaving(HostDocument& document, const QString& path) const;

@@ -3,6 +3,7 @@
 #include "database/drawing/OdDbDatabase.h"
 #include "database/drawing/UndoJournal.h"
 #include "io/DrawingCodec.h"
+#include "io/DrawingFile.h"
 
 #include <QFileInfo>
 
@@ -28,6 +29,11 @@ QString HostDocument::displayName() const
 bool HostDocument::isModified() const
 {
     return m_database->editStamp() != m_savedStamp;
+}
+
+bool HostDocument::isReadOnly() const
+{
+    return m_file.isReadOnly || !writingRefusal(*m_database).isEmpty();
 }
 
 void HostDocument::saved(const QString& path)

@@ -39,7 +39,8 @@ public:
     void saved(const QString& path);
     /// Makes the drawing one that differs from its file until it is saved, whatever is undone.
     void markModified();
-    bool isReadOnly() const { return m_file.isReadOnly; }
+    /// True when the user opened it so, or when what was read cannot be written.
+    bool isReadOnly() const;
     DocumentFileState& file() { return m_file; }
     const DocumentFileState& file() const { return m_file; }
     /// How the file on the disk relates to the drawing in memory.

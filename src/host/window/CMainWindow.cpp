@@ -295,11 +295,12 @@ void CMainWindow::dropEvent(QDropEvent* event)
 
 void CMainWindow::showAbout()
 {
-    Prompts::current().message(this,
-                               tr("kest %1\n\nOpens and draws DXF drawings, edits their layers and "
-                                  "saves them without touching anything else.\n\nQt %2")
-                                   .arg(QStringLiteral(KEST_VERSION), QLatin1String(qVersion())),
-                               Prompts::Icon::Information);
+    Prompts::current().message(
+        this,
+        tr("kest %1\n\nOpens and draws DXF and DWG drawings, edits their layers and saves them "
+           "without touching anything else.\n\nQt %2")
+            .arg(QStringLiteral(KEST_VERSION), QLatin1String(qVersion())),
+        Prompts::Icon::Information);
 }
 
 void CMainWindow::lookForChangedFiles()

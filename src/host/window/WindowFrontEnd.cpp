@@ -2,6 +2,7 @@
 
 #include "database/drawing/OdDbDatabase.h"
 #include "host/canvas/CCanvas.h"
+#include "host/documents/DocumentFiles.h"
 #include "host/documents/HostDocument.h"
 #include "host/text/HostText.h"
 #include "host/window/CMainWindow.h"
@@ -10,37 +11,53 @@
 #include "host/window/views/CDrawingTabs.h"
 #include "host/window/views/CDrawingView.h"
 #include "host/window/work/BackgroundWork.h"
+#include "io/DrawingEndings.h"
 #include "toolkit/Prompts.h"
 
 #include <QFileInfo>
 #include <QStatusBar>
 #include <QTimer>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace {
 constexpr int kSave = 101;
 constexpr int kDiscard = 102;
+constexpr int kKeepOpen = 103; ///< in place of saving, where that cannot be
 constexpr int kStatusTime = 15000; // milliseconds
+
+/// Patterns for the endings of a format, empty: of all, in both cases: "*.dxf *.DXF".
+QString patterns(const QString& format = {})
+{
+    QStringList all;
+    for (const DrawingEnding& known : kDrawingEndings) {
+        const QString ending = QLatin1String(known.ending);
+        if (format.isEmpty() || format == QLatin1String(known.format))
+            all << QStringLiteral("*.") + ending << QStringLiteral("*.") + ending.toUpper();
+    }
+    return all.join(QLatin1Char(' '));
+}
+
+QString kindOfFiles(const QString& format)
+{
+    return HostText::tr("%1 drawings (%2)").arg(format.toUpper(), patterns(format));
+}
 
 QString drawingFilter()
 {
-    return HostText::tr("Drawings (*.dxf *.DXF *.dwg *.DWG *.dwt *.DWT *.dws *.DWS);;"
-                        "DXF drawings (*.dxf *.DXF);;DWG drawings (*.dwg *.DWG *.dwt *.DWT *.dws "
-                        "*.DWS);;All files (*)");
+    QStringList kinds{HostText::tr("Drawings (%1)").arg(patterns())};
+    for (const DrawingEnding& known : kDrawingEndings) {
+        if (qstrcmp(known.ending, known.format) == 0)
+            kinds << kindOfFiles(QLatin1String(known.format));
+    }
+    kinds << HostText::tr("All files (*)");
+    return kinds.join(QLatin1String(";;"));
 }
 
 /// A drawing keeps its format when it is saved.
-QString savingFilter(const QString& path)
+QString savingFilter(const QString& format)
 {
-    constexpr const char* kDwgEndings[] = {"dwg", "dwt", "dws"};
-    const QString ending = QFileInfo(path).suffix().toLower();
-    const bool isDwg =
-        std::any_of(std::begin(kDwgEndings), std::end(kDwgEndings),
-                    [&](const char* known) { return ending == QLatin1String(known); });
-    return isDwg ? HostText::tr("DWG drawings (*.dwg *.DWG *.dwt *.DWT *.dws *.DWS);;All files (*)")
-                 : HostText::tr("DXF drawings (*.dxf *.DXF);;All files (*)");
+    return kindOfFiles(format) + QLatin1String(";;") + HostText::tr("All files (*)");
 }
 
 QString fileName(const QString& path)
@@ -89,13 +106,10 @@ QString WindowFrontEnd::chooseFileToOpen()
                                        {HostText::tr("Open Drawing"), folder, drawingFilter()});
 }
 
-QString WindowFrontEnd::chooseFileToSave(const QString& suggestion)
+QString WindowFrontEnd::chooseFileToSave(const QString& suggestion, const QString& format)
 {
-    QString path = suggestion;
-    if (QFileInfo(path).suffix().isEmpty())
-        path += QStringLiteral(".dxf");
-    return Prompts::current().saveFile(m_window,
-                                       {HostText::tr("Save Drawing"), path, savingFilter(path)});
+    return Prompts::current().saveFile(
+        m_window, {HostText::tr("Save Drawing"), suggestion, savingFilter(format)});
 }
 
 HostFrontEnd::CloseAnswer WindowFrontEnd::askToSave(const HostDocument& document)
@@ -109,6 +123,16 @@ HostFrontEnd::CloseAnswer WindowFrontEnd::askToSave(const HostDocument& document
         {kDiscard, HostText::tr("Discard\nThe changes are lost.")},
     };
     question.defaultLink = kSave;
+    const QString readOnly = DocumentFiles::readOnlySentence(document);
+    if (!readOnly.isEmpty()) {
+        question.mainInstruction =
+            HostText::tr("Discard the changes to %1?").arg(document.displayName());
+        question.content = readOnly;
+        question.links.first() = {kKeepOpen,
+                                  HostText::tr("Keep the drawing open\nIts layer states can still "
+                                               "be exported.")};
+        question.defaultLink = kKeepOpen;
+    }
     switch (Prompts::current().ask(m_window, question)) {
     case kSave:
         return CloseAnswer::Save;

@@ -18,7 +18,7 @@ public:
     SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
                                 const SaveOptions& options) override;
     QString chooseFileToOpen() override;
-    QString chooseFileToSave(const QString& suggestion) override;
+    QString chooseFileToSave(const QString& suggestion, const QString& format) override;
     CloseAnswer askToSave(const HostDocument& document) override;
     LockAnswer askAboutLock(const QString& path, const QString& holder) override;
     ChangeAnswer askAboutChange(const HostDocument& document) override;

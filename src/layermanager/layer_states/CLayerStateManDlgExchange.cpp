@@ -19,9 +19,6 @@
 
 namespace {
 
-/// Behind the kinds that are always offered, so that their numbers stay: what this host reads.
-const QLatin1String kMoreDrawings(",DXF Drawing|dxf");
-
 bool isLayerStateFile(const QString& path)
 {
     return QFileInfo(path).suffix().compare(QLatin1String("las"), Qt::CaseInsensitive) == 0;
@@ -57,7 +54,10 @@ void CLayerStateManDlg::importStates()
     KestFileRequest request;
     request.title = layerStateText(84519);
     request.start = StateImportStart::s_folder;
-    request.filters = layerStateText(84520) + kMoreDrawings;
+    // Drawings of DWG and layer state files are always offered; DXF, which this host reads too,
+    // stands behind them, so that their numbers stay.
+    request.filters =
+        layerStateText(84520) + QLatin1Char(',') + tr("DXF Drawing") + QLatin1String("|dxf");
     request.parent = this;
     QString path;
     int filter = StateImportStart::s_filter;

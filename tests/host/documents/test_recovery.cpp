@@ -1,10 +1,14 @@
 #include "database/drawing/OdDbDatabase.h"
+#include "database/tables/OdDbLayerTable.h"
 #include "host/recovery/RecoveryFolder.h"
 #include "host/support/WindowFixture.h"
 #include "host/window/WindowSession.h"
 #include "host/window/recovery/JournalKeeper.h"
 #include "host/window/recovery/RecoverySession.h"
+#include "io/DrawingFile.h"
 #include "io/files/RecoveryJournal.h"
+#include "support/drawings/DwgCopy.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <QDir>
 #include <QFile>
@@ -63,6 +67,8 @@ private slots:
     void dropsTheJournalWhenEverythingIsUndone();
     void keepsNoJournalOfADrawingWithoutEdits();
     void recoversADrawingWithItsEdits();
+    void recoversADwgDrawingInItsVersion();
+    void keepsNoJournalOfADrawingThatCannotBeSaved();
     void recoversADrawingThatHasNoFile();
     void recoversBeforeTheFilesOfTheStartAreOpened();
     void journalsWhatWasRecoveredAgain();
@@ -180,6 +186,46 @@ void TestRecovery::recoversADrawingWithItsEdits()
     QCOMPARE(contents(path("plan.dxf~")), before);
     QVERIFY(!current()->isModified());
     QCOMPARE(files("*.journal").size(), 0);
+}
+
+void TestRecovery::recoversADwgDrawingInItsVersion()
+{
+    KEST_QTEST_NEEDS_DRAWINGS();
+    for (const char* drawing :
+         {DwgCopy::kVersion2000, DwgCopy::kVersion2004, DwgCopy::kVersion2018}) {
+        const QString file = DwgCopy::make(drawing, path("plan.dwg"));
+        const QByteArray before = contents(file);
+        core->files().open(file);
+        typeLine("-LAYER New Probe \"\"");
+        keeper->flush();
+        loseTheDrawing();
+        prompts->willChoose(kRecover);
+        offer();
+        QCOMPARE(current()->fileName(), file);
+        QVERIFY(current()->isModified());
+        QVERIFY(!current()->isReadOnly());
+        QVERIFY(QFile::exists(path(".plan.dwg.lock")));
+        QCOMPARE(contents(file), before);
+        typeLine("SAVE");
+        QCOMPARE(contents(file).left(6), before.left(6));
+        QVERIFY(readDrawing(file)->layerTable().has(QStringLiteral("Probe")));
+        QCOMPARE(files("*.journal").size(), 0);
+        typeLine("CLOSE");
+    }
+}
+
+void TestRecovery::keepsNoJournalOfADrawingThatCannotBeSaved()
+{
+    KEST_QTEST_NEEDS_DRAWINGS();
+    for (const char* drawing : {DwgCopy::kVersionR14, DwgCopy::kVersion2007}) {
+        core->files().open(DwgCopy::make(drawing, path("plan.dwg")));
+        typeLine("-LAYER New Probe \"\"");
+        QVERIFY(current()->isModified());
+        keeper->flush();
+        QCOMPARE(files("*.journal").size(), 0);
+        typeLine("CLOSE No");
+    }
+    QVERIFY(!history().contains(QStringLiteral("recovery")));
 }
 
 void TestRecovery::recoversADrawingThatHasNoFile()

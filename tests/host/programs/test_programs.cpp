@@ -1,5 +1,7 @@
 #include "host/support/TestDrawing.h"
 #include "support/ProgramRun.h"
+#include "support/drawings/DwgCopy.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <QDir>
 #include <QFile>
@@ -92,6 +94,44 @@ TEST_F(Programs, AScriptEditsADrawingWithoutAnyDisplay)
     EXPECT_EQ("", done.errors);
     EXPECT_EQ(0, done.exitCode);
     EXPECT_EQ("CLAYER = \"Wände\"\n", batch("CLAYER\n", out).output);
+}
+
+TEST_F(Programs, AScriptEditsDwgDrawingsInTheirVersions)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    const QString plan = folder.filePath(QStringLiteral("plan.dwg"));
+    const QString copy = folder.filePath(QStringLiteral("copy.dwg"));
+    for (const char* drawing :
+         {DwgCopy::kVersion2000, DwgCopy::kVersion2004, DwgCopy::kVersion2018}) {
+        DwgCopy::make(drawing, plan);
+        const Finished edited = batch("-LAYER New Probe Freeze Probe\nSAVE\n"
+                                      "-LAYER Rename Probe Renamed\nSAVEAS \""
+                                          + copy.toUtf8() + "\"\n",
+                                      plan);
+        EXPECT_EQ("", edited.errors) << drawing;
+        EXPECT_EQ(0, edited.exitCode);
+        EXPECT_EQ("CLAYER = \"Renamed\"\n",
+                  batch("-LAYER Thaw Renamed\nCLAYER Renamed\nCLAYER\n", copy).output);
+        EXPECT_EQ(0, batch("CLAYER\n-LAYER Thaw Probe\n", plan).exitCode);
+    }
+}
+
+TEST_F(Programs, AScriptIsToldWhyADwgDrawingIsNotSaved)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    const QString plan =
+        DwgCopy::make(DwgCopy::kVersionR14, folder.filePath(QStringLiteral("plan.dwg")));
+    const Finished refused = batch("-LAYER New Probe\nSAVE\n", plan);
+    EXPECT_EQ(4, refused.exitCode);
+    EXPECT_EQ("-:2: " + plan.toStdString()
+                  + " is open for reading only. Drawings of the versions R13 and R14 can be "
+                    "opened, but edits of them cannot be saved. Its layer states can be exported "
+                    "and used in other drawings.\n",
+              refused.errors);
+    DwgCopy::make(DwgCopy::kVersion2000, plan);
+    const Finished other = batch("SAVEAS \"" + plan.toUtf8() + ".dxf\"\n", plan);
+    EXPECT_EQ(4, other.exitCode);
+    EXPECT_NE(std::string::npos, other.errors.find("expected a name that ends in .dwg."));
 }
 
 TEST_F(Programs, ExitCodesTellTheWorst)

@@ -24,9 +24,10 @@ SaveReport RecordingFrontEnd::writeDrawingFile(const OdDbDatabase& drawing, cons
     return writeDrawing(drawing, path, {}, options);
 }
 
-QString RecordingFrontEnd::chooseFileToSave(const QString& suggestion)
+QString RecordingFrontEnd::chooseFileToSave(const QString& suggestion, const QString& format)
 {
     suggestions << suggestion;
+    savedFormats << format;
     return chosenFile;
 }
 

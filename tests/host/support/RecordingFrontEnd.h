@@ -19,7 +19,7 @@ public:
     SaveReport writeDrawingFile(const OdDbDatabase& drawing, const QString& path,
                                 const SaveOptions& options) override;
     QString chooseFileToOpen() override { return chosenFile; }
-    QString chooseFileToSave(const QString& suggestion) override;
+    QString chooseFileToSave(const QString& suggestion, const QString& format) override;
     CloseAnswer askToSave(const HostDocument& document) override;
     LockAnswer askAboutLock(const QString& path, const QString& holder) override;
     ChangeAnswer askAboutChange(const HostDocument& document) override;
@@ -49,6 +49,7 @@ public:
     QStringList prompts;
     QStringList used;
     QStringList suggestions;
+    QStringList savedFormats; ///< what the suggestions are for
     QStringList askedToSave;
     QStringList lockQuestions; ///< the path, or path and holder
     QStringList changeQuestions;

@@ -39,6 +39,7 @@ private slots:
     void iconsStandOutFromLightAndDarkButtons();
     void aDisabledIconStandsBack();
     void aLongTextEndsInAnEllipsis();
+    void aTextThatHasTheRoomItAsksForIsWhole();
 };
 
 void TestLook::iconsStandOutFromLightAndDarkButtons()
@@ -73,6 +74,21 @@ void TestLook::aLongTextEndsInAnEllipsis()
     const QImage narrow = label.grab().toImage();
     label.setText(label.fontMetrics().elidedText(label.text(), Qt::ElideRight, label.width()));
     QCOMPARE(label.grab().toImage(), narrow);
+}
+
+void TestLook::aTextThatHasTheRoomItAsksForIsWhole()
+{
+    CElidedLabel label;
+    label.setText(QStringLiteral("Command:"));
+    for (int tenths = 80; tenths <= 160; ++tenths) {
+        QFont font = label.font();
+        font.setPointSizeF(tenths / 10.0);
+        font.setHintingPreference(QFont::PreferNoHinting);
+        label.setFont(font);
+        QCOMPARE(
+            label.fontMetrics().elidedText(label.text(), Qt::ElideRight, label.sizeHint().width()),
+            label.text());
+    }
 }
 
 QTEST_MAIN(TestLook)

@@ -10,6 +10,8 @@
 #include "host/window/views/CDrawingView.h"
 #include "host/window/views/CLayoutTabs.h"
 #include "sdk/commands/CKsUndoRedoCommandHistory.h"
+#include "support/drawings/DwgCopy.h"
+#include "support/drawings/SharedDrawings.h"
 #include "toolkit/CXTPDockingPaneManager.h"
 
 #include <QAction>
@@ -47,6 +49,8 @@ private slots:
     void showsTheCursorsPosition();
     void opensTheFilePickedInTheDialog();
     void saysWhyAFileCannotBeOpenedAndLeavesEverythingAsItWas();
+    void savesADrawingInTheFormatThatItHas();
+    void aDrawingThatCannotBeWrittenIsMarkedInTheTitle();
     void savesWithoutAskingAndTellsHowMuch();
     void saysWhyAFileCannotBeWritten();
     void closesATabAfterAskingAboutItsChanges();
@@ -202,6 +206,10 @@ void TestMainWindow::opensTheFilePickedInTheDialog()
     settle();
     QCOMPARE(current()->fileName(), prompts->file);
     QCOMPARE(prompts->questions.value(0).title, QStringLiteral("Open Drawing"));
+    QCOMPARE(prompts->questions.value(0).filter,
+             QStringLiteral("Drawings (*.dxf *.DXF *.dwg *.DWG *.dwt *.DWT *.dws *.DWS);;"
+                            "DXF drawings (*.dxf *.DXF);;"
+                            "DWG drawings (*.dwg *.DWG *.dwt *.DWT *.dws *.DWS);;All files (*)"));
     QVERIFY(history().contains(QStringLiteral("picked.dxf is open.")));
     prompts->file.clear();
     action(WindowAction::Open).trigger();
@@ -224,6 +232,63 @@ void TestMainWindow::saysWhyAFileCannotBeOpenedAndLeavesEverythingAsItWas()
     QVERIFY(history().contains(prompts->texts().value(0)));
     QCOMPARE(current(), &before);
     QCOMPARE(window->drawings().count(), 1);
+}
+
+void TestMainWindow::savesADrawingInTheFormatThatItHas()
+{
+    KEST_QTEST_NEEDS_DRAWINGS();
+    open(house());
+    action(WindowAction::SaveAs).trigger();
+    settle();
+    QCOMPARE(prompts->questions.last().path, path("plan.dxf"));
+    QCOMPARE(prompts->questions.last().filter,
+             QStringLiteral("DXF drawings (*.dxf *.DXF);;All files (*)"));
+    core->files().open(DwgCopy::make(DwgCopy::kVersion2004, path("house.dwt")));
+    prompts->file = path("copy.dxf");
+    prompts->willCloseMessage();
+    action(WindowAction::SaveAs).trigger();
+    settle();
+    QCOMPARE(prompts->questions.last().path, path("house.dwt"));
+    QCOMPARE(prompts->questions.last().filter,
+             QStringLiteral("DWG drawings (*.dwg *.DWG *.dwt *.DWT *.dws *.DWS);;All files (*)"));
+    QVERIFY(prompts->texts().last().contains(QStringLiteral("a name that ends in .dwg")));
+    QVERIFY(!QFile::exists(path("copy.dxf")));
+}
+
+void TestMainWindow::aDrawingThatCannotBeWrittenIsMarkedInTheTitle()
+{
+    KEST_QTEST_NEEDS_DRAWINGS();
+    core->files().open(DwgCopy::make(DwgCopy::kVersion2007, path("house.dwg")));
+    settle();
+    QCOMPARE(window->windowTitle(), QStringLiteral("house.dwg[*] (read-only) \u2013 kest"));
+    prompts->willCloseMessage();
+    action(WindowAction::Save).trigger();
+    settle();
+    QCOMPARE(prompts->texts(),
+             QStringList{path("house.dwg")
+                         + QStringLiteral(" is open for reading only. Drawings of version 2007 can "
+                                          "be read but not written. Its layer states can be "
+                                          "exported and used in other drawings.")});
+    // Saving is no answer to the question about unsaved changes.
+    current()->markModified();
+    prompts->willChoose(Prompts::kCancelled);
+    typeLine("CLOSE");
+    const TaskQuestion question = prompts->asked().last().question;
+    QCOMPARE(question.mainInstruction, QStringLiteral("Discard the changes to house.dwg?"));
+    QCOMPARE(question.content,
+             path("house.dwg")
+                 + QStringLiteral(" is open for reading only. Drawings of version 2007 can be read "
+                                  "but not written."));
+    QCOMPARE(question.links.size(), 2);
+    QVERIFY(question.links[0].text.startsWith(QStringLiteral("Keep the drawing open")));
+    QVERIFY(question.links[1].text.startsWith(QStringLiteral("Discard")));
+    QCOMPARE(question.defaultLink, question.links[0].id);
+    prompts->willChoose(question.links[0].id);
+    typeLine("CLOSE");
+    QVERIFY(current());
+    prompts->willChoose(question.links[1].id);
+    typeLine("CLOSE");
+    QVERIFY(!current());
 }
 
 void TestMainWindow::savesWithoutAskingAndTellsHowMuch()

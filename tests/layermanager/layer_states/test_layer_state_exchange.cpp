@@ -4,6 +4,8 @@
 #include "layermanager/LayerDrawing.h"
 #include "layermanager/layer_states/CLSImportPromptDlg.h"
 #include "layermanager/layer_states/CLayStateImportDlg.h"
+#include "support/drawings/DwgCopy.h"
+#include "support/drawings/SharedDrawings.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -30,6 +32,7 @@ private slots:
     void nonsenseInALayerStateFileChangesNothing();
     void theNextImportStartsAtTheLastLayerStateFile();
     void tickedStatesOfADrawingAreCopied();
+    void statesComeFromDwgDrawingsTemplatesAndStandards();
     void anExistingStateIsAskedAboutForEachRow();
     void aStateInOtherCaseIsNotAskedAboutAndStays();
     void aStateThatCameMeanwhileIsReplaced();
@@ -295,6 +298,31 @@ void TestLayerStateExchange::tickedStatesOfADrawingAreCopied()
     QVERIFY2(!layer_drawing::id(db(), "Attic").isNull(), "its layer came along");
     QVERIFY2(db().undo(), "all in one step");
     QCOMPARE(stateNames(), QStringList{QStringLiteral("Here")});
+}
+
+void TestLayerStateExchange::statesComeFromDwgDrawingsTemplatesAndStandards()
+{
+    KEST_QTEST_NEEDS_DRAWINGS();
+    const char* const drawings[] = {DwgCopy::kVersion2000, DwgCopy::kVersion2004,
+                                    DwgCopy::kVersion2018};
+    const char* const files[] = {"plan.dwg", "house.dws", "office.DWT"};
+    openManager();
+    for (int i = 0; i < 3; ++i) {
+        const QString file = DwgCopy::make(drawings[i], path(files[i]));
+        const QString state = QStringLiteral("Of ") + QLatin1String(files[i]);
+        const auto source = readDrawing(file);
+        source->layerTable().add(QStringLiteral("Walls %1").arg(i));
+        QVERIFY(CLayerStateUtility(source.get()).AddNewLayStateToDB(state, QString()));
+        writeDrawing(*source, file);
+        inNext<CLayStateImportDlg>([&](CLayStateImportDlg& dialog) {
+            tick(dialog, static_cast<int>(dialog.states().rowCount()) - 1);
+            press(dialog, CLayStateImportDlg::kOk);
+        });
+        importFile(file);
+        QVERIFY(states().rowOf(state) >= 0);
+    }
+    QCOMPARE(host().printed, QStringList());
+    QVERIFY2(!layer_drawing::id(db(), "Walls 2").isNull(), "its layers came along");
 }
 
 void TestLayerStateExchange::anExistingStateIsAskedAboutForEachRow()

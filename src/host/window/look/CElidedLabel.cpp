@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <cmath>
+
 CElidedLabel::CElidedLabel(QWidget* parent)
     : QFrame(parent)
 {
@@ -22,7 +24,9 @@ void CElidedLabel::setText(const QString& text)
 
 QSize CElidedLabel::sizeHint() const
 {
-    return {fontMetrics().horizontalAdvance(m_text), fontMetrics().height()};
+    // Rounded up: a fraction of a pixel too little would cost the last letters.
+    const qreal width = QFontMetricsF(font()).horizontalAdvance(m_text);
+    return {static_cast<int>(std::ceil(width)), fontMetrics().height()};
 }
 
 QSize CElidedLabel::minimumSizeHint() const

@@ -6,6 +6,7 @@
 #include "host/recovery/RecoveryFolder.h"
 #include "host/text/HostText.h"
 #include "host/window/views/DatabaseWatch.h"
+#include "io/DrawingFile.h"
 #include "io/files/AtomicFile.h"
 #include "io/files/RecoveryJournal.h"
 
@@ -118,7 +119,9 @@ void JournalKeeper::flush()
 void JournalKeeper::update(Entry& entry)
 {
     const quint64 stamp = entry.document->database()->editStamp();
-    if (!entry.document->isModified()) {
+    // Edits that can never be saved are not recovered either.
+    const bool canBeSaved = writingRefusal(*entry.document->database()).isEmpty();
+    if (!entry.document->isModified() || !canBeSaved) {
         drop(entry);
     } else if (entry.stamp != stamp) {
         try {
