@@ -144,6 +144,16 @@ function(kest_test_library name)
   kest_precompile_test(${name} ${arg_SOURCES})
 endfunction()
 
+# kest_sanitize(TEST ...): tests over bytes that come from elsewhere, which ./check runs under the sanitizers, too.
+# After kest_test(), in the same folder.
+add_custom_target(sanitized_tests COMMENT "Building the tests that run under the sanitizers")
+function(kest_sanitize)
+  foreach(test IN LISTS ARGN)
+    set_tests_properties(${test} PROPERTIES LABELS sanitize)
+    add_dependencies(sanitized_tests ${test})
+  endforeach()
+endfunction()
+
 # kest_test(NAME LINKS ...): a test program from NAME.cpp; registered with ctest under its own name.
 function(kest_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;SOURCES")
