@@ -50,6 +50,8 @@ public:
     virtual QString suffix() const = 0;
     /// Why the drawing must not be written over, in sentences; empty where it can be.
     virtual QString refusal() const { return {}; }
+    /// The refusal, and what can be done with such a drawing all the same.
+    QString readOnlySentence() const;
     /// The bytes that the drawing was read from; DrawingPieces are views into them.
     virtual const FileImage& image() const = 0;
 

@@ -78,8 +78,14 @@ void requireWritable(const OdDbDatabase& database, const QString& path)
     const DrawingSource& source = DrawingSource::of(database);
     requireFormat(source, path);
     if (const QString refusal = source.refusal(); !refusal.isEmpty())
-        throw OdError_FileAccess(OdResult::CantWriteFile,
-                                 tr("The drawing is open for reading only. %1").arg(refusal));
+        throw OdError_FileAccess(OdResult::CantWriteFile, source.readOnlySentence());
+}
+
+QString DrawingSource::readOnlySentence() const
+{
+    return tr("The drawing is open for reading only. %1 Its layer states can be exported and used "
+              "in other drawings.")
+        .arg(refusal());
 }
 
 const DrawingSource& DrawingSource::of(const OdDbDatabase& database)

@@ -127,7 +127,9 @@ void OdDbDatabase::eraseTree(OdDbObjectId root)
         waiting.pop_back();
         if (id.isNull() || id.isErased() || !seen.insert(id.slot()).second)
             continue;
-        waiting.push_back(extensionDictionary(id));
+        const OdDbObjectId extension = extensionDictionary(id);
+        if (!extension.isNull() && m_store->mayOwn(id.slot(), extension.slot()))
+            waiting.push_back(extension);
         if (const auto dictionary = id.openObject<OdDbDictionary>()) {
             for (const DictionaryEntry& entry : dictionary->entries()) {
                 if (!entry.value.isNull() && m_store->owner(entry.value.slot()) == id.slot())

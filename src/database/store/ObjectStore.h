@@ -113,6 +113,11 @@ public:
     void setHandle(quint32 slot, quint64 handle) { m_handles[slot] = handle; }
     quint32 owner(quint32 slot) const { return m_owners[slot]; }
     void setOwner(quint32 slot, quint32 owner) { m_owners[slot] = owner; }
+    /// Whether the record is said to belong to that one, or to none: old drawings do not tell.
+    bool mayOwn(quint32 owner, quint32 slot) const
+    {
+        return m_owners[slot] == owner || m_owners[slot] == kNone;
+    }
     /// Slot of the layer of an entity.
     quint32 layer(quint32 slot) const { return m_layers[slot]; }
     void setLayer(quint32 slot, quint32 layer) { m_layers[slot] = layer; }

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int kLayerName = 8;
-constexpr int kHandle = 330;
+constexpr int kNameInState = 8;
+constexpr int kLayerHandle = 330;
 constexpr int kDeepest = 64;
 
 } // namespace
@@ -49,11 +49,11 @@ GroupList ErasedLayers::cleaned(const GroupList& groups, bool isState) const
     bool drops = false;
     for (const GroupList::Group& group : groups) {
         // In a state a layer's handle, or name, opens its entry; in a filter it is all there is.
-        if (group.code == kHandle)
+        if (group.code == kLayerHandle)
             drops = isErased(group.value);
         else if (!isState)
             drops = false;
-        else if (group.code == kLayerName)
+        else if (group.code == kNameInState)
             drops = isErasedName(QString::fromUtf8(group.value));
         if (!drops)
             kept.append(group);
@@ -61,7 +61,7 @@ GroupList ErasedLayers::cleaned(const GroupList& groups, bool isState) const
     return kept;
 }
 
-void ErasedLayers::clean(OdDbObjectId dictionary, bool isState, int depth,
+void ErasedLayers::clean(OdDbObjectId dictionary, bool isState, int depth, std::set<quint32>& seen,
                          std::map<quint32, GroupList>& found) const
 {
     const auto opened = dictionary.openObject<OdDbDictionary>();
@@ -69,7 +69,8 @@ void ErasedLayers::clean(OdDbObjectId dictionary, bool isState, int depth,
         return;
     for (const DictionaryEntry& entry : opened->entries()) {
         const auto record = entry.value.openObject<OdDbXrecord>();
-        if (!record || found.contains(entry.value.slot()))
+        // Damaged drawings may name a record many times, and records above it.
+        if (!record || !seen.insert(entry.value.slot()).second)
             continue;
         GroupList groups = cleaned(record->groups(), isState);
         if (!(groups == record->groups()))
@@ -77,18 +78,20 @@ void ErasedLayers::clean(OdDbObjectId dictionary, bool isState, int depth,
         const auto children =
             m_database.extensionDictionary(entry.value).openObject<OdDbDictionary>();
         if (children && !isState)
-            clean(children->getAt(QStringLiteral("ACLYDICTIONARY")), isState, depth + 1, found);
+            clean(children->getAt(QStringLiteral("ACLYDICTIONARY")), isState, depth + 1, seen,
+                  found);
     }
 }
 
 std::map<quint32, GroupList> ErasedLayers::cleanedRecords() const
 {
     std::map<quint32, GroupList> found;
+    std::set<quint32> seen;
     const auto extension =
         m_database.extensionDictionary(m_database.getLayerTableId()).openObject<OdDbDictionary>();
     if (isEmpty() || !extension)
         return found;
-    clean(extension->getAt(QStringLiteral("ACLYDICTIONARY")), false, 0, found);
-    clean(extension->getAt(QStringLiteral("ACAD_LAYERSTATES")), true, 0, found);
+    clean(extension->getAt(QStringLiteral("ACLYDICTIONARY")), false, 0, seen, found);
+    clean(extension->getAt(QStringLiteral("ACAD_LAYERSTATES")), true, 0, seen, found);
     return found;
 }

@@ -25,7 +25,7 @@ public:
 
 private:
     GroupList cleaned(const GroupList& groups, bool isState) const;
-    void clean(OdDbObjectId dictionary, bool isState, int depth,
+    void clean(OdDbObjectId dictionary, bool isState, int depth, std::set<quint32>& seen,
                std::map<quint32, GroupList>& found) const;
     bool isErasedName(const QString& name) const;
     bool isErased(QByteArrayView handle) const;

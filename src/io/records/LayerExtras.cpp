@@ -13,7 +13,7 @@
 
 namespace {
 
-enum ExtraGroup { kMark = 102, kReconciled = 290, kViewport = 335, kBookName = 430 };
+enum ExtraGroup { kGroupMark = 102, kReconciled = 290, kViewport = 335, kBookName = 430 };
 
 const QString& reconciledKey()
 {
@@ -125,7 +125,7 @@ void appendBlock(const GroupList& block, const OverrideForm& form, const LayerOv
 {
     bool written = false;
     for (const GroupList::Group& group : block) {
-        const bool closes = group.code == kMark && !group.value.startsWith('{');
+        const bool closes = group.code == kGroupMark && !group.value.startsWith('{');
         if ((group.code == form.valueCode || closes) && !std::exchange(written, true))
             form.append(there, out);
         if (group.code != form.valueCode && group.code != kBookName)
@@ -141,7 +141,7 @@ GroupList withOverrides(const OdDbDatabase& database, const OverrideForm& form,
     std::set<quint32> seen;
     quint32 viewport = OdDbObjectId::kNoSlot;
     for (const GroupList::Group& group : old) {
-        const bool opens = group.code == kMark && group.value.startsWith('{');
+        const bool opens = group.code == kGroupMark && group.value.startsWith('{');
         if (block.isEmpty() && !opens) {
             result.append(group);
             continue;
@@ -151,7 +151,7 @@ GroupList withOverrides(const OdDbDatabase& database, const OverrideForm& form,
         block.append(group);
         if (group.code == kViewport)
             viewport = reference(database, group).slot();
-        if (group.code != kMark || opens)
+        if (group.code != kGroupMark || opens)
             continue;
         const LayerOverride now = overrideOf(after, viewport);
         const bool same = !form.differs(overrideOf(before, viewport), now);
@@ -170,10 +170,10 @@ GroupList withOverrides(const OdDbDatabase& database, const OverrideForm& form,
     for (const auto& [slot, there] : after.overrides) {
         if (!form.has(there) || seen.contains(slot))
             continue;
-        result.append(kMark, form.mark);
+        result.append(kGroupMark, form.mark);
         appendHandle(result, kViewport, database.idOfSlot(slot));
         form.append(there, result);
-        result.append(kMark, "}");
+        result.append(kGroupMark, "}");
     }
     return result;
 }
@@ -226,7 +226,7 @@ GroupList withoutStale(const GroupList& old, const LayerState& before, const Lay
     GroupList result;
     bool drops = false;
     for (const GroupList::Group& group : old) {
-        if (group.code == kMark)
+        if (group.code == kGroupMark)
             drops = stale.contains(group.value);
         if (!drops)
             result.append(group);
@@ -251,7 +251,7 @@ void LayerExtras::read(const OdDbDatabase& database, const QString& key, const G
             continue;
         quint32 viewport = OdDbObjectId::kNoSlot;
         for (const GroupList::Group& group : groups) {
-            if (group.code == kMark) {
+            if (group.code == kGroupMark) {
                 viewport = OdDbObjectId::kNoSlot;
             } else if (group.code == kViewport) { // none: the viewport was erased
                 const OdDbObjectId id = reference(database, group);

@@ -54,10 +54,11 @@ OdDbObjectId RecordSource::id(quint64 handle) const
     return handle == 0 ? OdDbObjectId() : m_database.getOdDbObjectId(OdDbHandle(handle));
 }
 
-void RecordSource::readLayerExtras(OdDbObjectId dictionary, LayerState& layer) const
+void RecordSource::readLayerExtras(quint32 slot, OdDbObjectId dictionary, LayerState& layer) const
 {
     const ObjectStore& store = m_database.store();
-    if (dictionary.isNull() || store.type(dictionary.slot()) != RecordType::Dictionary)
+    if (dictionary.isNull() || store.type(dictionary.slot()) != RecordType::Dictionary
+        || !store.mayOwn(slot, dictionary.slot()))
         return;
     for (const DictionaryEntry& entry : readDictionary(dictionary.slot()).entries) {
         if (!entry.value.isNull() && store.type(entry.value.slot()) == RecordType::Xrecord)

@@ -45,8 +45,9 @@ protected:
         : m_database(database)
     { }
 
-    /// Takes the records of a layer's extension dictionary into its state.
-    void readLayerExtras(OdDbObjectId dictionary, LayerState& layer) const;
+    /// Takes the records of a layer's extension dictionary into its state. One that belongs to
+    /// another record, in a damaged drawing, is not looked into.
+    void readLayerExtras(quint32 slot, OdDbObjectId dictionary, LayerState& layer) const;
 
 private:
     OdDbDatabase& m_database;

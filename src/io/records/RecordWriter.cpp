@@ -263,7 +263,9 @@ void RecordWriter::removeRecord(quint32 first)
         if (!isInFile(slot) || !m_removed.insert(slot).second)
             continue;
         recordRemoved(slot);
-        waiting.push_back(m_source.extensionDictionary(slot));
+        const quint32 extension = m_source.extensionDictionary(slot);
+        if (extension != ObjectStore::kNone && m_store.mayOwn(slot, extension))
+            waiting.push_back(extension);
         if (m_store.type(slot) != RecordType::Dictionary)
             continue;
         for (const DictionaryEntry& entry : m_source.readDictionary(slot).entries) {

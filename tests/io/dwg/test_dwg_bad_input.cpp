@@ -4,86 +4,19 @@
 #include "database/tables/OdDbLayerTableRecord.h"
 #include "database/values/GroupCursor.h"
 #include "io/DrawingFile.h"
+#include "io/dwg/support/BrokenDwg.h"
 #include "io/dwg/support/DwgFiles.h"
 #include "io/dwg/support/DwgMaker.h"
 #include "io/dwg/support/DwgParts.h"
 #include "io/dwg/support/MadeHandles.h"
-#include "support/PeakMemory.h"
 #include "support/drawings/SharedDrawings.h"
 
 #include <gtest/gtest.h>
 #include <random>
 
+using namespace BrokenDwg;
+
 namespace {
-
-/// Under the address sanitizer memory that was freed is not used again for long.
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define KEST_KEEPS_FREED_MEMORY
-#endif
-#endif
-#ifdef KEST_KEEPS_FREED_MEMORY
-constexpr bool kKeepsFreedMemory = true;
-#else
-constexpr bool kKeepsFreedMemory = false;
-#endif
-
-/// What may come of broken bytes.
-enum class Outcome { Refused, ReadOnly, Sound };
-
-void walk(const OdDbDatabase& drawing)
-{
-    const std::unique_ptr<GroupCursor> groups = drawing.makeCursor();
-    for (quint32 slot = 0; slot < drawing.store().fileRecords(); ++slot) {
-        for (groups->open(slot); groups->next();)
-            (void)groups->bytes();
-        (void)drawing.idOfSlot(slot).openObject();
-    }
-    (void)drawing.layouts();
-    drawing.layerTable().generateUsageData();
-}
-
-/// Reads bytes that may be broken, and everything that they hold. A refusal needs a sentence, and
-/// a drawing with faults must not be saved.
-Outcome outcome(const QByteArray& bytes)
-{
-    std::unique_ptr<OdDbDatabase> drawing;
-    try {
-        drawing = readDrawing(bytes, QStringLiteral("broken.dwg"));
-    } catch (const OdError& error) {
-        EXPECT_TRUE(error.description().startsWith(QStringLiteral("broken.dwg"))) << error.what();
-        EXPECT_TRUE(error.description().endsWith(QLatin1Char('.'))) << error.what();
-        return Outcome::Refused;
-    }
-    walk(*drawing);
-    (void)drawing->audit();
-    if (DwgFiles::faults(*drawing).isEmpty())
-        return Outcome::Sound;
-    EXPECT_FALSE(drawing->loadNotes().isEmpty());
-    try {
-        (void)drawingBytes(*drawing);
-        ADD_FAILURE() << "a drawing with faults was written";
-    } catch (const OdError& error) {
-        EXPECT_TRUE(error.description().contains(QStringLiteral("reading only"))) << error.what();
-    }
-    return Outcome::ReadOnly;
-}
-
-/// Small ones of several versions: paged and flat, made and, where there are any, real ones.
-QList<QByteArray> smallFiles()
-{
-    QList<QByteArray> files;
-    for (const DrawingVersion version : MadeDrawing::kVersions)
-        files << DwgMaker::sample(version);
-    if (!SharedDrawings::available())
-        return files;
-    for (const char* name :
-         {"LibreDWG+libredwg__example_r14.dwg", "LibreDWG+libredwg__example_2000.dwg",
-          "AFMD+laoyouts__Screen_print_layout.dwg",
-          "lendres+CAD-Support-Files__Named_PS_Plotting_Templates.dwt"})
-        files << DwgFiles::bytes(QString::fromLatin1(name));
-    return files;
-}
 
 struct Outcomes
 {
@@ -113,11 +46,6 @@ Outcomes tryAll(int tries, unsigned seed, const Break& breakIt)
         }
     }
     return outcomes;
-}
-
-qsizetype place(const QByteArray& bytes, std::mt19937& random)
-{
-    return static_cast<qsizetype>(random() % static_cast<unsigned>(bytes.size()));
 }
 
 TEST(DwgBadInput, FilesThatBreakOffAreRefusedOrOpenedForReading)
@@ -158,26 +86,6 @@ TEST(DwgBadInput, NumbersBlownUpNeverCrash)
             bytes.data()[at + k] = static_cast<char>(k == 3 && i % 3 == 0 ? 0x7F : 0xFF);
     });
     EXPECT_GT(found.refused, 20);
-}
-
-TEST(DwgBadInput, BrokenMemoryNeedsNoMoreThanASmallMultipleOfTheFile)
-{
-    if (kKeepsFreedMemory || !PeakMemory().isKnown())
-        GTEST_SKIP() << "the memory in use cannot be told here";
-    constexpr std::int64_t kMultiple = 24;
-    constexpr std::int64_t kBesides = 4 << 20; // of the allocator and of tables of fixed size
-    std::mt19937 random(13);
-    for (const QByteArray& whole : smallFiles()) {
-        for (int i = 0; i < 30; ++i) {
-            QByteArray bytes = whole;
-            for (qsizetype at = place(bytes.first(0x100), random); i > 0 && at < bytes.size();
-                 at += 1 + static_cast<qsizetype>(random() % 20000))
-                bytes.data()[at] = static_cast<char>(random());
-            const PeakMemory peak;
-            outcome(bytes);
-            EXPECT_LT(peak.grown(), kMultiple * whole.size() + kBesides) << i;
-        }
-    }
 }
 
 TEST(DwgBadInput, AWrongSumOpensForReadingOnlyAndSaysWhy)

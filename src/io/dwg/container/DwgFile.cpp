@@ -49,6 +49,21 @@ void DwgFile::fail(quint64 offset, const QString& sentence) const
     throw OdError_InvalidDrawing::atByte(m_image->name(), offset, sentence);
 }
 
+bool DwgFile::canHold(quint64 size) const
+{
+    constexpr quint64 kBestPacking = 64;
+    constexpr quint64 kSpare = 1 << 20;
+    return size <= m_image->size() * kBestPacking + kSpare;
+}
+
+bool DwgFile::claim(quint64 size)
+{
+    if (!canHold(size))
+        return false;
+    m_claimed += size;
+    return canHold(m_claimed);
+}
+
 QByteArrayView DwgFile::bytes(quint64 offset, quint64 size) const
 {
     if (offset > m_image->size() || size > m_image->size() - offset)

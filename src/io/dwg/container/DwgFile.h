@@ -38,6 +38,11 @@ protected:
     [[noreturn]] void fail(quint64 offset, const QString& sentence) const;
     /// Bytes of the file; raises where it has fewer.
     QByteArrayView bytes(quint64 offset, quint64 size) const;
+    /// Whether that many unpacked bytes can come of the file: no drawing packs better, and one that
+    /// says it does would only cost memory.
+    bool canHold(quint64 size) const;
+    /// The same for these bytes together with all that were claimed before.
+    bool claim(quint64 size);
     void addFault(const QString& sentence) { m_faults << sentence; }
 
 private:
@@ -45,5 +50,6 @@ private:
     DrawingVersion m_version;
     int m_maintenance = 0;
     int m_codePage = 0;
+    quint64 m_claimed = 0;
     QStringList m_faults;
 };

@@ -146,7 +146,8 @@ public:
         while (at + kShortest <= end) {
             const qsizetype from = remember(at);
             // A stream cannot begin with fewer than four plain bytes.
-            const qsizetype length = at < 4 || from < 0 ? 0 : matchLength(from, at);
+            const bool isNear = from >= 0 && at - from <= kFarthest;
+            const qsizetype length = at < 4 || !isNear ? 0 : matchLength(from, at);
             if (length < kShortest) {
                 ++at;
                 continue;
@@ -166,6 +167,7 @@ public:
 
 private:
     static constexpr qsizetype kShortest = 4;
+    static constexpr qsizetype kFarthest = 0x7FFF; ///< as far as the codes of copies used here tell
     static constexpr qsizetype kNowhere = -1;
     static constexpr unsigned kHashBits = 13;
 

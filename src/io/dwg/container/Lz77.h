@@ -11,7 +11,7 @@ namespace Lz77 {
 /// more.
 qsizetype unpack(QByteArrayView packed, char* out, qsizetype size);
 
-/// Packs up to 0x8000 bytes, at least four.
+/// Packs any number of bytes, at least four.
 QByteArray pack(QByteArrayView plain);
 
 } // namespace Lz77

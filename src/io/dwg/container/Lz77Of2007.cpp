@@ -16,10 +16,10 @@ constexpr std::array<const char*, kBlock> kParts = {
     "888", "8188", "18188", "118188", "4888", "14888", "114888", "1488811",
 };
 
-class Unpacker
+class Unpacker2007
 {
 public:
-    Unpacker(QByteArrayView packed, char* out, qsizetype size)
+    Unpacker2007(QByteArrayView packed, char* out, qsizetype size)
         : m_in(reinterpret_cast<const uchar*>(packed.data()))
         , m_inEnd(m_in + packed.size())
         , m_begin(out)
@@ -202,5 +202,5 @@ private:
 
 qsizetype Lz77Of2007::unpack(QByteArrayView packed, char* out, qsizetype size)
 {
-    return Unpacker(packed, out, size).run();
+    return Unpacker2007(packed, out, size).run();
 }

@@ -16,9 +16,7 @@ using namespace PageForm;
 
 constexpr quint32 kSecurityAt = 0x18;
 
-/// No drawing packs better; a file that says it does would only cost memory.
-constexpr quint64 kBestPacking = 64;
-constexpr quint64 kSpare = 1 << 20;
+constexpr quint32 kLargestPage = 1 << 20; ///< other programs take 0x7400 bytes
 
 QString tr(const char* text)
 {
@@ -41,6 +39,8 @@ PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DrawingVersi
         addFault(tr("Parts of it are encrypted or signed."));
     for (std::size_t i = 0; i < kSectionNames.size(); ++i) {
         const Section* found = find(kSectionNames[i]);
+        if (found && !claim(found->size))
+            failForSize(*found);
         m_unpacked[i] = found ? unpack(*found) : QByteArray();
     }
 }
@@ -69,7 +69,7 @@ QByteArray PagedFile::systemPage(quint64 offset, quint32 type)
     if (Checksums::page(packed, headSum(head, kSystemSum, 0))
         != word<quint32>(head.data() + kSystemSum))
         addFault(tr("The check sum of the map at byte %1 is wrong.").arg(offset));
-    if (size > quint64(packedSize) * kBestPacking + kSpare)
+    if (!canHold(size))
         fail(offset, tr("a map of %1 bytes; expected less.").arg(size));
     QByteArray map(static_cast<qsizetype>(size), '\0');
     if (Lz77::unpack(packed, map.data(), map.size()) < 0)
@@ -144,21 +144,35 @@ const PagedFile::Section* PagedFile::find(QByteArrayView name) const
     return found == m_sections.end() ? nullptr : &*found;
 }
 
+void PagedFile::failForSize(const Section& section) const
+{
+    fail(0,
+         tr("the section %1 says it has %2 bytes; that cannot be.")
+             .arg(QString::fromLatin1(section.name))
+             .arg(section.size));
+}
+
 QByteArray PagedFile::unpack(const Section& section)
 {
     const QString name = QString::fromLatin1(section.name);
     if (section.encrypted == 1)
         addFault(tr("The section %1 is marked as encrypted.").arg(name));
-    if (section.size > image().size() * kBestPacking + kSpare || section.pageSize == 0)
-        fail(
-            0,
-            tr("the section %1 says it has %2 bytes; that cannot be.").arg(name).arg(section.size));
+    if (!canHold(section.size))
+        failForSize(section);
+    if (section.pageSize == 0 || section.pageSize > kLargestPage)
+        fail(0,
+             tr("the section %1 says its pages have %2 bytes; that cannot be.")
+                 .arg(name)
+                 .arg(section.pageSize));
     QByteArray whole(static_cast<qsizetype>(section.size) + kPadding, '\0');
     static_assert(kPadding >= BitReader::kPadding);
+    quint64 end = 0;
     for (const SectionPage& part : section.pages) {
-        if (part.start >= section.size)
-            fail(0, tr("a page of the section %1 stands behind its end.").arg(name));
+        // In order and apart, so that no page is unpacked more often than there is room for it.
+        if (part.start < end || part.start >= section.size)
+            fail(0, tr("the pages of the section %1 do not fit it.").arg(name));
         unpackPage(section, part, whole.data());
+        end = part.start + section.pageSize;
     }
     return whole;
 }

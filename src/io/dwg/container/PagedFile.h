@@ -61,6 +61,7 @@ private:
     void readSectionMap(quint64 offset);
     const char* readSection(const char* at, const char* end);
     QByteArray systemPage(quint64 offset, quint32 type);
+    [[noreturn]] void failForSize(const Section& section) const;
     void unpackPage(const Section& section, const SectionPage& part, char* out);
 
     std::vector<Page> m_pages;

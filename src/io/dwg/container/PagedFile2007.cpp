@@ -47,10 +47,6 @@ constexpr qsizetype kSectionPage = 56;
 constexpr quint64 kPlain = 1; ///< coding of pages that stand as they are
 constexpr quint64 kCoded = 4;
 
-/// Nothing in a drawing packs better; a file that says it does would only cost memory.
-constexpr quint64 kBestPacking = 64;
-constexpr quint64 kSpare = 1 << 20;
-
 QString tr(const char* text)
 {
     return QCoreApplication::translate("PagedFile2007", text);
@@ -137,8 +133,7 @@ QByteArray PagedFile2007::map(quint64 offset, const Map& form)
 {
     const quint64 most = image().size();
     if (form.packedSize == 0 || form.packedSize > most || form.copies == 0
-        || form.copies > most / wholeWords(form.packedSize)
-        || form.size > form.packedSize * kBestPacking + kSpare)
+        || form.copies > most / wholeWords(form.packedSize) || !canHold(form.size))
         fail(offset,
              tr("a map of %1 bytes, %2 unpacked; that cannot be.")
                  .arg(form.packedSize)
@@ -234,7 +229,7 @@ QByteArray PagedFile2007::unpack(const Section& section)
         fail(kHeadAt,
              tr("the section %1 is coded in an unknown way.")
                  .arg(QString::fromLatin1(section.name)));
-    if (section.size > image().size() * kBestPacking + kSpare)
+    if (!claim(section.size))
         fail(kHeadAt,
              tr("the section %1 says it has %2 bytes; that cannot be.")
                  .arg(QString::fromLatin1(section.name))

@@ -11,7 +11,7 @@ struct FixedEntry
     quint16 type;
     EntityDecoder decode;
 };
-constexpr FixedEntry kFixed[] = {
+constexpr FixedEntry kOfTypes[] = {
     {DwgType::Text, decodeText},
     {DwgType::Attrib, decodeAttrib},
     {DwgType::Attdef, decodeAttdef},
@@ -57,7 +57,7 @@ constexpr FixedEntry kFixed[] = {
 constexpr std::size_t kFixedTypes = 0x53;
 constexpr auto kByType = [] {
     std::array<EntityDecoder, kFixedTypes> decoders{};
-    for (const FixedEntry& entry : kFixed)
+    for (const FixedEntry& entry : kOfTypes)
         decoders[entry.type] = entry.decode;
     return decoders;
 }();
@@ -68,7 +68,7 @@ struct NamedEntry
     EntityDecoder decode;
 };
 /// Types that some versions have as classes.
-constexpr NamedEntry kNamed[] = {
+constexpr NamedEntry kOfClasses[] = {
     {"LWPOLYLINE", decodeLwPolyline},
     {"HATCH", decodeHatch},
     {"IMAGE", decodeImage},
@@ -90,7 +90,7 @@ void RecordGroups::entity(const GroupContext& context, QByteArrayView name)
             kByType[type](context);
         return;
     }
-    for (const NamedEntry& entry : kNamed) {
+    for (const NamedEntry& entry : kOfClasses) {
         if (name == entry.name)
             return entry.decode(context);
     }

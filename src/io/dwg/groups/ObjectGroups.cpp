@@ -1,6 +1,7 @@
 #include "io/dwg/groups/RecordGroups.h"
 #include "io/dwg/records/SheetRecords.h"
 #include "io/dwg/records/TableRecords.h"
+#include "io/records/LayerFlag.h"
 
 namespace {
 
@@ -93,15 +94,15 @@ void layout(const GroupContext& context)
 
 void layer(const GroupContext& context)
 {
-    enum Flag { kFrozen = 1, kFrozenInNewViewports = 2, kLocked = 4, kDependent = 16 };
     GroupSink& out = context.out;
     const TableRecords::Layer layer = TableRecords::layer(context.record);
     out.mark(100, "AcDbLayerTableRecord");
     out.text(2, layer.head.name);
     out.integer(70,
-                (layer.frozen ? kFrozen : 0)
-                    | (layer.frozenInNewViewports ? kFrozenInNewViewports : 0)
-                    | (layer.locked ? kLocked : 0) | (layer.head.dependent ? kDependent : 0));
+                (layer.frozen ? LayerFlag::kFrozen : 0)
+                    | (layer.frozenInNewViewports ? LayerFlag::kFrozenInNewViewports : 0)
+                    | (layer.locked ? LayerFlag::kLocked : 0)
+                    | (layer.head.dependent ? LayerFlag::kDependent : 0));
     const int index = layer.color.colorIndex();
     out.integer(62, layer.off ? -index : index);
     if (layer.color.colorMethod() == OdCmColor::kByColor)

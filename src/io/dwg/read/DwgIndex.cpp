@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <unordered_set>
 
 namespace {
 
@@ -105,7 +106,14 @@ void DwgIndex::readMap()
         })->handle;
     m_handles = HandleIndex(std::min<quint64>(highest, map.entries.size() * kGaps) + 1);
     m_records.reserve(map.entries.size());
+    std::unordered_set<quint64> offsets;
+    offsets.reserve(map.entries.size());
     for (const ObjectMap::Entry& entry : map.entries) {
+        // Each would be read, and taken apart, as often as it is named.
+        if (!offsets.insert(entry.offset).second) {
+            addFault(tr("Two handles of the object map name one record."));
+            continue;
+        }
         const auto number = static_cast<quint32>(m_records.size());
         if (entry.handle == 0 || !m_handles.add(entry.handle, number)) {
             addFault(tr("Handle %1 stands twice in the object map.")
@@ -169,7 +177,8 @@ void DwgIndex::readBlocks()
     DwgRecord reader(m_format, m_objects);
     DwgHead head;
     for (quint32 i = 0; i < m_records.size(); ++i) {
-        if (m_records[i].type != DwgType::BlockHeader || !reader.open(m_records[i].offset))
+        if (m_records[i].type != DwgType::BlockHeader || !m_records[i].sound
+            || !reader.open(m_records[i].offset))
             continue;
         reader.readHead(head);
         m_blocks.push_back({i, TableRecords::block(reader)});
@@ -185,7 +194,7 @@ void DwgIndex::readTables()
     DwgHead head;
     for (quint32 i = 0; i < m_records.size(); ++i) {
         const quint16 type = m_records[i].type;
-        if (!isControl(type) || !reader.open(m_records[i].offset))
+        if (!isControl(type) || !m_records[i].sound || !reader.open(m_records[i].offset))
             continue;
         reader.readHead(head);
         const int extras = extrasOf(type);
@@ -212,16 +221,18 @@ const DwgIndex::Table* DwgIndex::table(quint64 handle) const
     return found == m_tables.end() ? nullptr : &*found;
 }
 
-std::vector<quint32> DwgIndex::owned(const OwnedEntities& entities) const
+std::vector<quint32> DwgIndex::owned(const OwnedEntities& entities)
 {
     std::vector<quint32> found;
     for (const quint64 handle : entities.listed) {
         if (const quint32 record = find(handle); record != HandleIndex::kNone)
             found.push_back(record);
     }
-    // A chain that comes back to itself ends with the number of records.
+    // A chain ends where it comes back to itself, or to what another one has.
+    ++m_chains;
     quint32 at = entities.first == 0 ? HandleIndex::kNone : find(entities.first);
-    while (at != HandleIndex::kNone && found.size() < m_records.size()) {
+    while (at != HandleIndex::kNone && !m_taken[at] && m_chainOf[at] != m_chains) {
+        m_chainOf[at] = m_chains;
         found.push_back(at);
         if (m_records[at].handle == entities.last || m_records[at].next == 0)
             break;
@@ -274,6 +285,7 @@ void DwgIndex::orderBlock(const BlockRecord& block)
 void DwgIndex::orderRecords()
 {
     m_taken.assign(m_records.size(), false);
+    m_chainOf.assign(m_records.size(), 0);
     m_order.reserve(m_records.size());
     for (const Table& table : m_tables) {
         for (const quint32 record : table.records)

@@ -67,7 +67,7 @@ private:
     void take(quint32 record);
     void takeWithParts(quint32 record);
     /// The entities that a record owns, by number, whether they stand in a list or in a chain.
-    std::vector<quint32> owned(const OwnedEntities& entities) const;
+    std::vector<quint32> owned(const OwnedEntities& entities);
     void addFault(const QString& sentence);
 
     const DwgFile& m_file;
@@ -78,6 +78,8 @@ private:
     HandleIndex m_handles{0};
     std::vector<quint32> m_order;
     std::vector<bool> m_taken;
+    std::vector<quint32> m_chainOf; ///< the chain that last came by a record
+    quint32 m_chains = 0;
     std::vector<BlockRecord> m_blocks;
     std::vector<Table> m_tables;
     QStringList m_faults;

@@ -102,7 +102,7 @@ LayerState DwgObjectSource::readLayer(quint32 slot) const
     state.plotStyle = id(layer.plotStyle);
     readLayerXData(FreeRecords::xData(record, head, [this](quint64 h) { return nameOf(h); }),
                    state);
-    readLayerExtras(id(head.extension), state);
+    readLayerExtras(slot, id(head.extension), state);
     return state;
 }
 

@@ -1,18 +1,11 @@
 #include "io/dwg/records/TableRecords.h"
 
+#include "io/dwg/records/DwgLayerFlag.h"
+
 #include <algorithm>
 
 namespace {
 
-enum LayerFlag : int {
-    kFrozen = 1,
-    kOff = 2,
-    kFrozenInNewViewports = 4,
-    kLocked = 8,
-    kPlottable = 16,
-};
-constexpr int kLineWeightShift = 5;
-constexpr int kLineWeightMask = 0x1F;
 constexpr int kDependentIndex = 0x100;
 
 } // namespace
@@ -58,12 +51,13 @@ TableRecords::Layer TableRecords::layer(DwgRecord& record)
     layer.flagsAt.begin = data.position();
     if (record.since(DrawingVersion::V2000)) {
         const int flags = data.bitShort();
-        layer.frozen = (flags & kFrozen) != 0;
-        layer.off = (flags & kOff) != 0;
-        layer.frozenInNewViewports = (flags & kFrozenInNewViewports) != 0;
-        layer.locked = (flags & kLocked) != 0;
-        layer.plottable = (flags & kPlottable) != 0;
-        layer.lineWeight = dwgLineWeight(flags >> kLineWeightShift & kLineWeightMask);
+        layer.frozen = (flags & DwgLayerFlag::kFrozen) != 0;
+        layer.off = (flags & DwgLayerFlag::kOff) != 0;
+        layer.frozenInNewViewports = (flags & DwgLayerFlag::kFrozenInNewViewports) != 0;
+        layer.locked = (flags & DwgLayerFlag::kLocked) != 0;
+        layer.plottable = (flags & DwgLayerFlag::kPlottable) != 0;
+        layer.lineWeight =
+            dwgLineWeight(flags >> DwgLayerFlag::kLineWeightShift & DwgLayerFlag::kLineWeightMask);
     } else {
         layer.frozen = data.bit();
         layer.off = data.bit();

@@ -6,9 +6,8 @@
 
 namespace {
 
-constexpr qsizetype kMarkSize = 16;
 constexpr qsizetype kSizeSize = 4;
-constexpr qsizetype kSumSize = 2;
+constexpr qsizetype kSectionSumSize = 2;
 constexpr int kLastMaintenanceWithoutHighSize = 3; ///< of version 2010
 
 } // namespace
@@ -21,10 +20,10 @@ SectionStreams::SectionStreams(const DwgFile& file, DwgSection section, const Dw
         || (since(DrawingVersion::V2010)
             && file.maintenanceVersion() > kLastMaintenanceWithoutHighSize);
     const qsizetype head = kMarkSize + kSizeSize * (highSize ? 2 : 1);
-    if (bytes.size() < head + kSumSize)
+    if (bytes.size() < head + kSectionSumSize)
         return;
     const qsizetype size = qFromLittleEndian<quint32>(bytes.data() + kMarkSize);
-    if (size > bytes.size() - head - kSumSize)
+    if (size > bytes.size() - head - kSectionSumSize)
         return;
     m_sound = Checksums::crc16(bytes.sliced(kMarkSize, head - kMarkSize + size))
         == qFromLittleEndian<quint16>(bytes.data() + head + size);

@@ -18,6 +18,9 @@ public:
         return hasTextStream(version()) ? DwgStreams::reference() : data.handle().value;
     }
 
+    /// Bytes of the mark ahead of the size, and of that behind the sum.
+    static constexpr qsizetype kMarkSize = 16;
+
 private:
     bool m_sound = false;
 };

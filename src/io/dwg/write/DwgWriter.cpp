@@ -17,11 +17,6 @@ using Stream = RecordPatch::Stream;
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("DwgWriter", text);
-}
-
 BitWriter reference(DwgReference kind, quint64 handle)
 {
     BitWriter out;
@@ -44,14 +39,19 @@ bool isEdited(const OdDbDatabase& drawing)
                        [](const auto& variable) { return variable.value != variable.loadedValue; });
 }
 
-BitWriter number(std::size_t count)
+} // namespace
+
+QString DwgWriter::tr(const char* text)
+{
+    return QCoreApplication::translate("DwgWriter", text);
+}
+
+BitWriter DwgWriter::number(std::size_t count)
 {
     BitWriter out;
     out.bitLong(static_cast<qint32>(count));
     return out;
 }
-
-} // namespace
 
 DwgWriter::DwgWriter(const DwgObjectSource& source, const OdDbDatabase& database)
     : RecordWriter(source, database)
@@ -266,20 +266,15 @@ QString DwgObjectSource::refusal() const
         return m_faults.join(QLatin1Char(' '));
     // Records of these versions have another order, which nothing here spells.
     return m_format.version < DrawingVersion::V2000
-        ? tr("Drawings of the versions R13 and R14 can be "
-             "opened, but edits of them cannot be saved.")
+        ? QCoreApplication::translate("DwgWriter",
+                                      "Drawings of the versions R13 and R14 can be opened, but "
+                                      "edits of them cannot be saved.")
         : QString();
 }
 
 DrawingPieces DwgObjectSource::write(const OdDbDatabase& drawing) const
 {
-    if (!m_faults.isEmpty())
-        throw OdError_FileAccess(
-            OdResult::CantWriteFile,
-            tr("The drawing is open for reading only. %1 Its layer states can be exported and used "
-               "in other drawings.")
-                .arg(refusal()));
-    if (!refusal().isEmpty() && isEdited(drawing))
-        throw OdError_FileAccess(OdResult::CantWriteFile, refusal());
+    if (!m_faults.isEmpty() || (!refusal().isEmpty() && isEdited(drawing)))
+        throw OdError_FileAccess(OdResult::CantWriteFile, readOnlySentence());
     return DwgWriter(*this, drawing).run();
 }

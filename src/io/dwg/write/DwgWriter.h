@@ -20,6 +20,10 @@ public:
     DrawingPieces run();
 
 private:
+    static QString tr(const char* text);
+    /// A count as a record has it.
+    static BitWriter number(std::size_t count);
+
     // What was touched
     void addRecord(quint32 slot) override;
     void editLayer(quint32 slot) override;
@@ -36,6 +40,7 @@ private:
                      const GroupList& groups) override;
     void makeDictionary(quint64 handle, quint64 owner,
                         const std::vector<KeyedHandle>& entries) override;
+    void tellLostColor(const LayerState& layer);
     void editLayerXData(DwgRecord& record, const DwgHead& head, const LayerState& before,
                         const LayerState& after, RecordPatch& patch);
 

@@ -71,13 +71,14 @@ void DwgWriter::editLayer(quint32 slot)
         patch.replace(Stream::Text, fields.head.at, Spelling::text(m_source.format(), after.name));
     record.data.seek(fields.flagsAt.begin);
     const int flags = record.data.bitShort();
-    const int flagsNow = NewDwgRecords::layerFlags(after, flags);
-    if (NewDwgRecords::layerFlags(before, flags) != flagsNow) {
+    const int flagsNow = NewDwgRecords::changedLayerFlags(flags, before, after);
+    if (flagsNow != flags) {
         BitWriter bits;
         bits.bitShort(static_cast<qint16>(flagsNow));
         patch.replace(Stream::Data, fields.flagsAt, bits);
     }
     if (before.color != after.color) {
+        tellLostColor(after);
         const Spelling::Color color = Spelling::color(m_source.format(), after.color);
         BitWriter data = color.data;
         if (hasTextStream(record.version()))
@@ -99,6 +100,15 @@ void DwgWriter::editLayer(quint32 slot)
     editLayerXData(record, head, before, after, patch);
     patched(slot, patch);
     editExtras(slot, before, after);
+}
+
+void DwgWriter::tellLostColor(const LayerState& layer)
+{
+    const bool isIndex =
+        layer.color.colorMethod() != OdCmColor::kByColor && layer.color.bookName().isEmpty();
+    if (!isIndex && m_source.format().version < DrawingVersion::V2004)
+        tellNotKept(tr("The drawing's version cannot hold the true color of layer \"%1\".")
+                        .arg(layer.name));
 }
 
 void DwgWriter::editLayerXData(DwgRecord& record, const DwgHead& head, const LayerState& before,
@@ -174,6 +184,7 @@ void DwgWriter::addLayer(quint32 slot, NewDwgRecords::Head head)
     const auto layer = m_database.idOfSlot(slot).safeOpenObject<OdDbLayerTableRecord>();
     const LayerState& state = layer->state();
     editExtras(slot, LayerState(), state);
+    tellLostColor(state);
     head.extension = extensionOf(slot);
     head.xData = layerXData(state);
     DwgRecord record = m_source.reader();

@@ -10,27 +10,9 @@
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/write/DwgWriter.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 
 using Stream = RecordPatch::Stream;
-
-namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("DwgWriter", text);
-}
-
-BitWriter number(std::size_t count)
-{
-    BitWriter out;
-    out.bitLong(static_cast<qint32>(count));
-    return out;
-}
-
-} // namespace
 
 NewDwgRecords::Head DwgWriter::headOf(quint32 slot) const
 {

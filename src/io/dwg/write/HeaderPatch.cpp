@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr qsizetype kMarkSize = 16;
 constexpr quint32 kLineWeightMask = 0x1F;
 
 } // namespace
@@ -112,9 +111,9 @@ QByteArray HeaderPatch::result()
     const QByteArray body = m_patch.body();
     const auto head = static_cast<qsizetype>(m_section.body().data() - old.data());
     QByteArray section = old.first(head).toByteArray();
-    qToLittleEndian(static_cast<quint32>(body.size()), section.data() + kMarkSize);
+    qToLittleEndian(static_cast<quint32>(body.size()), section.data() + SectionStreams::kMarkSize);
     section += body;
-    const quint16 sum = Checksums::crc16(QByteArrayView(section).sliced(kMarkSize));
+    const quint16 sum = Checksums::crc16(QByteArrayView(section).sliced(SectionStreams::kMarkSize));
     section.append(static_cast<char>(sum & 0xFF));
     section.append(static_cast<char>(sum >> 8));
     section += old.sliced(head + m_section.body().size() + 2);

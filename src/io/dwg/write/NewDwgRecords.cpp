@@ -3,21 +3,13 @@
 #include "base/NumberText.h"
 #include "database/tables/OdDbLinetypeTableRecord.h"
 #include "database/values/GroupList.h"
+#include "io/dwg/records/DwgLayerFlag.h"
 #include "io/dwg/records/DwgTypes.h"
 
 #include <algorithm>
 
 namespace {
 
-enum LayerFlag : int {
-    kFrozen = 1,
-    kOff = 2,
-    kFrozenInNewViewports = 4,
-    kLocked = 8,
-    kPlottable = 16,
-    kKnown = 0x3FF, ///< with the lineweight
-};
-constexpr int kLineWeightShift = 5;
 constexpr qint16 kCloning = 1; ///< keep what is there
 
 void appendType(BitWriter& out, DrawingVersion version, quint16 type)
@@ -63,12 +55,24 @@ void appendPlane(BitWriter& data, const GroupList& groups)
 
 } // namespace
 
-int NewDwgRecords::layerFlags(const LayerState& state, int unknown)
+int NewDwgRecords::layerFlags(const LayerState& state)
 {
-    return (unknown & ~kKnown) | (state.frozen ? kFrozen : 0) | (state.off ? kOff : 0)
-        | (state.frozenInNewViewports ? kFrozenInNewViewports : 0) | (state.locked ? kLocked : 0)
-        | (state.plottable ? kPlottable : 0)
-        | Spelling::lineWeight(state.lineWeight) << kLineWeightShift;
+    return (state.frozen ? DwgLayerFlag::kFrozen : 0) | (state.off ? DwgLayerFlag::kOff : 0)
+        | (state.frozenInNewViewports ? DwgLayerFlag::kFrozenInNewViewports : 0)
+        | (state.locked ? DwgLayerFlag::kLocked : 0)
+        | (state.plottable ? DwgLayerFlag::kPlottable : 0)
+        | Spelling::lineWeight(state.lineWeight) << DwgLayerFlag::kLineWeightShift;
+}
+
+int NewDwgRecords::changedLayerFlags(int flags, const LayerState& before, const LayerState& after)
+{
+    constexpr int kWeight = DwgLayerFlag::kLineWeightMask << DwgLayerFlag::kLineWeightShift;
+    const int now = layerFlags(after);
+    int changed = (layerFlags(before) ^ now) & ~kWeight;
+    // Numbers that stand for no lineweight stay as they are until there is one.
+    if (before.lineWeight != after.lineWeight)
+        changed |= kWeight;
+    return (flags & ~changed) | (now & changed);
 }
 
 BitWriter NewDwgRecords::spelledXData(const std::vector<std::pair<quint64, QByteArray>>& blocks)
@@ -135,7 +139,7 @@ QByteArray NewDwgRecords::layer(const Head& head, const LayerState& state, const
     parts.handles.handle(DwgReference::SoftPointer, head.owner);
     appendReactors(parts, head);
     appendName(parts, state.name);
-    parts.data.bitShort(static_cast<qint16>(layerFlags(state, 0)));
+    parts.data.bitShort(static_cast<qint16>(layerFlags(state)));
     const Spelling::Color color = Spelling::color(m_format, state.color);
     parts.data.append(color.data);
     (hasTextStream(m_format.version) ? parts.text : parts.data).append(color.names);

@@ -66,8 +66,9 @@ public:
     std::optional<QByteArray> entity(const Head& head, const EntityHead& entity,
                                      QByteArrayView type, const GroupList& groups) const;
 
-    /// The bits of the flags of a layer; `unknown` are those that this program does not know.
-    static int layerFlags(const LayerState& state, int unknown);
+    static int layerFlags(const LayerState& state);
+    /// The flags of a record with the bits of what differs between the states.
+    static int changedLayerFlags(int flags, const LayerState& before, const LayerState& after);
     /// Extended data as they stand in a head, with the zero behind them.
     static BitWriter spelledXData(const std::vector<std::pair<quint64, QByteArray>>& blocks);
 

@@ -9,8 +9,6 @@
 
 namespace {
 constexpr int kKey = 3;
-constexpr int kSoftOwner = 350;
-constexpr int kHardOwner = 360;
 } // namespace
 
 DictionaryPatch::DictionaryPatch(const DxfObjectSource& source, RecordPatcher& record)
@@ -46,8 +44,8 @@ void DictionaryPatch::turnInto(std::vector<KeyedHandle> wanted, const NewRecords
             entry.handle = present.value(entry.key.toCaseFolded(), 0);
     }
     const int valueCode = !m_pairs.empty() ? m_record.spans()[m_pairs.front().value].code
-        : hard                             ? kHardOwner
-                                           : kSoftOwner;
+        : hard                             ? DictionaryGroups::kHardOwner
+                                           : DictionaryGroups::kSoftOwner;
     if (wanted.size() == m_pairs.size())
         return patchInPlace(wanted);
     if (removeAndAppend(wanted, records, valueCode))

@@ -5,6 +5,7 @@
 #include "io/dxf/read/DxfObjectSource.h"
 #include "io/dxf/read/LayerGroups.h"
 #include "io/dxf/text/DxfVersion.h"
+#include "io/records/LayerFlag.h"
 
 #include <QCoreApplication>
 
@@ -19,8 +20,6 @@ const std::vector<int>& groupOrder()
     static const std::vector<int> order = {2, 70, 62, 420, 430, 6, 290, 370, 390, 347, 348};
     return order;
 }
-
-enum LayerFlag : int { kFrozen = 1, kFrozenInNewViewports = 2, kLocked = 4, kDependent = 16 };
 
 QString tr(const char* text)
 {
@@ -47,9 +46,9 @@ struct Property
 QByteArray flagsOf(const LayerState& layer, qint64 old)
 {
     const auto put = [&](int bit, bool on) { old = on ? old | bit : old & ~qint64(bit); };
-    put(kFrozen, layer.frozen);
-    put(kFrozenInNewViewports, layer.frozenInNewViewports);
-    put(kLocked, layer.locked);
+    put(LayerFlag::kFrozen, layer.frozen);
+    put(LayerFlag::kFrozenInNewViewports, layer.frozenInNewViewports);
+    put(LayerFlag::kLocked, layer.locked);
     return QByteArray::number(old);
 }
 

@@ -12,8 +12,6 @@
 #include <cmath>
 
 namespace {
-constexpr int kSoftOwner = 350;
-constexpr int kHardOwner = 360;
 constexpr int kPointer = 330;
 constexpr int kMark = 102;
 
@@ -59,7 +57,7 @@ QByteArray NewRecords::begin(const char* type, const Head& head) const
 void NewRecords::appendExtension(QByteArray& out, quint64 dictionary) const
 {
     append(out, kMark, "{ACAD_XDICTIONARY");
-    append(out, kHardOwner, handleText(dictionary));
+    append(out, DictionaryGroups::kHardOwner, handleText(dictionary));
     append(out, kMark, "}");
 }
 
@@ -126,7 +124,7 @@ QByteArray NewRecords::dictionary(const Head& head, bool hard,
     if (m_hasCloningFlags)
         append(out, 281, "1");
     for (const KeyedHandle& entry : entries)
-        appendEntry(out, entry, hard ? kHardOwner : kSoftOwner);
+        appendEntry(out, entry, hard ? DictionaryGroups::kHardOwner : DictionaryGroups::kSoftOwner);
     appendGroups(out, xData);
     return out;
 }

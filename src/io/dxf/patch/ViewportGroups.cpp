@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kFrozen = 331;
+constexpr int kFrozenSince2004 = 331;
 constexpr int kFrozen2000 = 341;
 constexpr int kViewportId = 69;
 constexpr int kTwist = 72; ///< other CAD programs put the list behind this group
@@ -31,12 +31,12 @@ bool patchHandles(RecordPatcher& record, const DxfObjectSource& source,
                   const std::set<quint32>& before, const OdDbObjectIdArray& after)
 {
     const std::set<quint32> kept = slotsOf(after);
-    int code = source.version() == DrawingVersion::V2000 ? kFrozen2000 : kFrozen;
+    int code = source.version() == DrawingVersion::V2000 ? kFrozen2000 : kFrozenSince2004;
     quint64 at = 0;
     for (const RecordPatcher::Span& span : record.spans()) {
         if (!span.own)
             continue;
-        if (span.code == kFrozen || span.code == kFrozen2000) {
+        if (span.code == kFrozenSince2004 || span.code == kFrozen2000) {
             code = span.code;
             const auto handle = NumberText::handle(record.bytes(span)).value_or(0);
             const OdDbObjectId layer = source.database().getOdDbObjectId(OdDbHandle(handle));

@@ -3,11 +3,15 @@
 /// DICTIONARY records as groups.
 namespace DictionaryGroups {
 
-/// Whether a group of that code holds the object of the key before it. 350 is a soft owner, 360 a
-/// hard one; some programs write 340.
+constexpr int kSoftOwner = 350;
+constexpr int kHardOwner = 360;
+
+/// Whether a group of that code holds the object of the key before it: an owner, or what some
+/// programs write for one.
 constexpr bool isValue(int code)
 {
-    return code == 350 || code == 360 || code == 340;
+    constexpr int kHardPointer = 340;
+    return code == kSoftOwner || code == kHardOwner || code == kHardPointer;
 }
 
 } // namespace DictionaryGroups

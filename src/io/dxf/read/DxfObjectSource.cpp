@@ -58,7 +58,7 @@ LayerState DxfObjectSource::readLayer(quint32 slot) const
 {
     OdDbObjectId extension;
     LayerState layer = DxfRecordReader(*this).layer(cursor(slot), extension);
-    readLayerExtras(extension, layer);
+    readLayerExtras(slot, extension, layer);
     return layer;
 }
 

@@ -2,10 +2,9 @@
 
 #include "database/drawing/OdDbDatabase.h"
 #include "database/values/GroupCursor.h"
+#include "io/records/LayerFlag.h"
 
 namespace {
-
-enum LayerFlag : int { kFrozen = 1, kFrozenInNewViewports = 2, kLocked = 4, kDependent = 16 };
 
 /// Drawings saved to an old version have application names in upper case.
 bool isApplication(QByteArrayView name, const char* application)
@@ -51,10 +50,10 @@ void LayerGroups::Reader::takeOwn(const GroupCursor& group)
         break;
     case 70: {
         const auto flags = group.integer();
-        layer.frozen = (flags & kFrozen) != 0;
-        layer.frozenInNewViewports = (flags & kFrozenInNewViewports) != 0;
-        layer.locked = (flags & kLocked) != 0;
-        layer.dependent = (flags & kDependent) != 0;
+        layer.frozen = (flags & LayerFlag::kFrozen) != 0;
+        layer.frozenInNewViewports = (flags & LayerFlag::kFrozenInNewViewports) != 0;
+        layer.locked = (flags & LayerFlag::kLocked) != 0;
+        layer.dependent = (flags & LayerFlag::kDependent) != 0;
         break;
     }
     case 62:

@@ -21,7 +21,6 @@ QString tr(const char* text)
     return QCoreApplication::translate("DxfWriter", text);
 }
 
-constexpr int kLayerName = 8;
 constexpr int kExtensionEntry = 360;
 
 } // namespace

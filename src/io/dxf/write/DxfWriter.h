@@ -25,6 +25,8 @@ public:
     DrawingPieces run();
 
 private:
+    static constexpr int kLayerName = 8;
+
     /// New records that go to one place of the file.
     struct NewRun
     {

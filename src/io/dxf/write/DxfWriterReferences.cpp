@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int kLayerName = 8;
 constexpr int kLayerReference = 1003;
 
 /// Objects that list layers by name.

@@ -1,5 +1,6 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
+#include "io/dwg/groups/entities/LeastBits.h"
 #include "io/dwg/records/DwgTypes.h"
 
 #include <cmath>
@@ -19,7 +20,6 @@ struct Reference
 /// With the handles of the attributes, which are records behind this one.
 Reference readReference(DwgRecord& record)
 {
-    constexpr quint64 kLeastHandle = 8;
     BitReader& data = record.data;
     Reference reference;
     record.point(reference.at);
@@ -28,7 +28,7 @@ Reference readReference(DwgRecord& record)
     data.extrusion(false, reference.normal);
     reference.hasAttributes = data.bit();
     const bool counted = reference.hasAttributes && record.since(DrawingVersion::V2004);
-    const quint32 attributes = counted ? record.count(kLeastHandle) : 0;
+    const quint32 attributes = counted ? record.count(LeastBits::kHandle) : 0;
     reference.block = record.reference();
     if (!reference.hasAttributes)
         return reference;

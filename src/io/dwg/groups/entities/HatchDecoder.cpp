@@ -1,16 +1,15 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
+#include "io/dwg/groups/entities/LeastBits.h"
 
 #include <vector>
 
 namespace {
 
 enum PathFlag { kPolyline = 2, kDerived = 4 };
-enum Edge { kLine = 1, kArc = 2, kEllipse = 3, kSpline = 4 };
+enum Edge { kLineEdge = 1, kArcEdge = 2, kEllipseEdge = 3, kSplineEdge = 4 };
 
 // The shortest of what is counted, in bits.
-constexpr quint64 kLeastReal = 2;
-constexpr quint64 kLeastHandle = 8;
 constexpr quint64 kLeastPath = 6;
 constexpr quint64 kLeastEdge = 8;
 constexpr quint64 kRawPoint = 128;
@@ -42,7 +41,7 @@ Gradient readGradient(DwgRecord& record)
     gradient.shift = data.bitDouble();
     gradient.oneColor = data.bitLong();
     gradient.tint = data.bitDouble();
-    const quint32 stops = record.count(kLeastReal);
+    const quint32 stops = record.count(LeastBits::kReal);
     for (quint32 i = 0; i < stops && !record.hasFailed(); ++i) {
         const double at = data.bitDouble();
         gradient.stops.push_back({at, record.color()});
@@ -102,7 +101,7 @@ void splineEdge(const GroupContext& context)
     out.integer(94, data.bitLong());
     const bool rational = Carry::flag(context, 73);
     Carry::flag(context, 74);
-    const quint32 knots = record.count(kLeastReal);
+    const quint32 knots = record.count(LeastBits::kReal);
     const quint32 points = record.count(kRawPoint);
     out.integer(95, knots);
     out.integer(96, points);
@@ -134,15 +133,15 @@ void edgePath(const GroupContext& context)
         const int kind = record.data.rawChar();
         context.out.integer(72, kind);
         switch (kind) {
-        case kLine:
+        case kLineEdge:
             Carry::rawPoint(context, 10);
             Carry::rawPoint(context, 11);
             break;
-        case kArc:
-        case kEllipse:
-            arcEdge(context, kind == kEllipse);
+        case kArcEdge:
+        case kEllipseEdge:
+            arcEdge(context, kind == kEllipseEdge);
             break;
-        case kSpline:
+        case kSplineEdge:
             splineEdge(context);
             break;
         default:
@@ -162,7 +161,7 @@ bool path(const GroupContext& context)
         polylinePath(context);
     else
         edgePath(context);
-    const quint32 sources = record.count(kLeastHandle);
+    const quint32 sources = record.count(LeastBits::kHandle);
     context.out.integer(97, sources);
     for (quint32 i = 0; i < sources && !record.hasFailed(); ++i)
         context.out.handle(330, record.reference());

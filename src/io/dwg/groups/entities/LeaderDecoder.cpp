@@ -1,5 +1,6 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
+#include "io/dwg/groups/entities/LeastBits.h"
 
 namespace {
 
@@ -23,7 +24,6 @@ void skipOldStyle(DwgRecord& record)
 
 void decodeLeader(const GroupContext& context)
 {
-    constexpr quint64 kLeastPoint = 6;
     DwgRecord& record = context.record;
     BitReader& data = record.data;
     GroupSink& out = context.out;
@@ -36,7 +36,7 @@ void decodeLeader(const GroupContext& context)
     out.text(3, context.names.nameOf(style));
     Carry::integer(context, 73);
     Carry::integer(context, 72);
-    const quint32 points = record.count(kLeastPoint);
+    const quint32 points = record.count(LeastBits::kPoint);
     out.integer(76, points);
     for (quint32 i = 0; i < points && !data.hasFailed(); ++i)
         Carry::point(context, 10);

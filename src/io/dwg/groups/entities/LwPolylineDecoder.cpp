@@ -1,5 +1,6 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
+#include "io/dwg/groups/entities/LeastBits.h"
 
 namespace {
 
@@ -11,8 +12,8 @@ enum Has {
     kElevation = 8,
     kBulges = 16,
     kWidths = 32,
-    kLinetypeRunsOn = 256,
-    kClosed = 512,
+    kRunsOn = 256,
+    kIsClosed = 512,
     kIdentifiers = 1024,
 };
 
@@ -26,16 +27,14 @@ struct Counts
 
 Counts readCounts(DwgRecord& record, int has)
 {
-    constexpr quint64 kLeastPoint = 4;
-    constexpr quint64 kLeastReal = 2;
     Counts counts;
-    counts.points = record.count(kLeastPoint);
+    counts.points = record.count(LeastBits::kFlatPoint);
     if ((has & kBulges) != 0)
-        counts.bulges = record.count(kLeastReal);
+        counts.bulges = record.count(LeastBits::kReal);
     if ((has & kIdentifiers) != 0)
-        counts.identifiers = record.count(kLeastReal);
+        counts.identifiers = record.count(LeastBits::kReal);
     if ((has & kWidths) != 0)
-        counts.widths = record.count(2 * kLeastReal);
+        counts.widths = record.count(2 * LeastBits::kReal);
     return counts;
 }
 
@@ -116,7 +115,7 @@ void decodeLwPolyline(const GroupContext& context)
     const Counts counts = readCounts(record, has);
     out.mark(100, "AcDbPolyline");
     out.integer(90, counts.points);
-    out.integer(70, ((has & kClosed) != 0 ? 1 : 0) | ((has & kLinetypeRunsOn) != 0 ? 128 : 0));
+    out.integer(70, ((has & kIsClosed) != 0 ? 1 : 0) | ((has & kRunsOn) != 0 ? 128 : 0));
     if ((has & kWidths) == 0)
         out.real(43, width);
     if (elevation != 0)

@@ -1,5 +1,6 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
+#include "io/dwg/groups/entities/LeastBits.h"
 #include "io/dwg/groups/entities/MTextParts.h"
 
 namespace {
@@ -8,7 +9,6 @@ namespace {
 void skipColumns(DwgRecord& record)
 {
     enum Columns { kNone, kStatic, kDynamic };
-    constexpr quint64 kLeastReal = 2;
     BitReader& data = record.data;
     double point[3];
     data.bitShort(); // version
@@ -22,7 +22,7 @@ void skipColumns(DwgRecord& record)
     const int columns = data.bitShort();
     if (columns == kNone)
         return;
-    const quint32 heights = record.count(kLeastReal);
+    const quint32 heights = record.count(LeastBits::kReal);
     data.bitDouble(); // width
     data.bitDouble(); // gap
     const bool automatic = data.bit();

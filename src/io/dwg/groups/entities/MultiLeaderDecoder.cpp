@@ -1,13 +1,12 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
+#include "io/dwg/groups/entities/LeastBits.h"
 
 #include <initializer_list>
 
 namespace {
 
 // The shortest of what is counted, in bits.
-constexpr quint64 kLeastReal = 2;
-constexpr quint64 kLeastPoint = 6;
 constexpr quint64 kLeastLeader = 20;
 constexpr quint64 kLeastLine = 6;
 constexpr quint64 kLeastLabel = 4;
@@ -53,10 +52,10 @@ void line(const GroupContext& context)
     BitReader& data = record.data;
     GroupSink& out = context.out;
     out.mark(304, "LEADER_LINE{");
-    points(context, record.count(kLeastPoint), {10});
+    points(context, record.count(LeastBits::kPoint), {10});
     if (data.bitLong() > 0) { // has gaps
         out.integer(90, data.bitLong());
-        points(context, record.count(2 * kLeastPoint), {11, 12});
+        points(context, record.count(2 * LeastBits::kPoint), {11, 12});
     }
     out.integer(91, data.bitLong());
     if (record.since(DrawingVersion::V2010))
@@ -74,7 +73,7 @@ void leader(const GroupContext& context)
     Carry::flag(context, 291);
     Carry::point(context, 10);
     Carry::point(context, 11);
-    points(context, record.count(2 * kLeastPoint), {12, 13});
+    points(context, record.count(2 * LeastBits::kPoint), {12, 13});
     out.integer(90, data.bitLong());
     Carry::real(context, 40);
     const quint32 lines = record.count(kLeastLine);
@@ -117,7 +116,7 @@ void text(const GroupContext& context)
     Carry::real(context, 142);
     Carry::real(context, 143);
     Carry::flag(context, 294);
-    const quint32 columns = record.count(kLeastReal);
+    const quint32 columns = record.count(LeastBits::kReal);
     for (quint32 i = 0; i < columns && !data.hasFailed(); ++i)
         Carry::real(context, 144);
     Carry::flag(context, 295);

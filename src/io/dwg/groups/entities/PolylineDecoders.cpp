@@ -1,5 +1,6 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
+#include "io/dwg/groups/entities/LeastBits.h"
 
 namespace {
 
@@ -27,8 +28,8 @@ void head(const GroupContext& context, const char* mark, double elevation)
 /// before the first and the last; then the end of them.
 void skipParts(DwgRecord& record)
 {
-    constexpr quint64 kLeastHandle = 8;
-    const quint32 handles = record.since(DrawingVersion::V2004) ? record.count(kLeastHandle) : 2;
+    const quint32 handles =
+        record.since(DrawingVersion::V2004) ? record.count(LeastBits::kHandle) : 2;
     for (quint32 i = 0; i <= handles && !record.hasFailed(); ++i)
         record.reference();
 }

@@ -1,15 +1,14 @@
 #include "io/dwg/groups/entities/Carry.h"
 #include "io/dwg/groups/entities/EntityDecoders.h"
 #include "io/dwg/groups/entities/FitCurve.h"
+#include "io/dwg/groups/entities/LeastBits.h"
 
 namespace {
 
-enum Flag { kClosed = 1, kPeriodic = 2, kRational = 4 };
+enum Flag { kClosedSpline = 1, kPeriodic = 2, kRational = 4 };
 enum class Form { ControlPoints, FitPoints };
 
 // The shortest numbers, and points of three of them, in bits.
-constexpr quint64 kLeastReal = 2;
-constexpr quint64 kLeastPoint = 6;
 
 struct Start
 {
@@ -52,12 +51,12 @@ void controlPoints(const GroupContext& context, int degree)
     BitReader& data = record.data;
     GroupSink& out = context.out;
     int flags = data.bit() ? kRational : 0;
-    flags |= data.bit() ? kClosed : 0;
+    flags |= data.bit() ? kClosedSpline : 0;
     flags |= data.bit() ? kPeriodic : 0;
     const double knotTolerance = data.bitDouble();
     const double pointTolerance = data.bitDouble();
-    const quint32 knots = record.count(kLeastReal);
-    const quint32 points = record.count(kLeastPoint);
+    const quint32 knots = record.count(LeastBits::kReal);
+    const quint32 points = record.count(LeastBits::kPoint);
     const bool weighted = data.bit();
     out.integer(70, flags);
     out.integer(71, degree);
@@ -86,13 +85,13 @@ void fitPoints(const GroupContext& context, int degree, const Start& start)
     const double tolerance = record.number();
     record.point(tangents[0].at);
     record.point(tangents[1].at);
-    const quint32 count = record.count(kLeastPoint);
+    const quint32 count = record.count(LeastBits::kPoint);
     for (quint32 i = 0; i < count && !record.data.hasFailed(); ++i)
         record.point(points.emplace_back().at);
     const bool computes = !start.closed && degree == kCubic;
     const FitCurve curve(computes ? points : std::vector<FitCurve::Point>(), tangents[0],
                          tangents[1], start.spacing);
-    out.integer(70, start.closed ? kClosed : 0);
+    out.integer(70, start.closed ? kClosedSpline : 0);
     out.integer(71, degree);
     out.integer(72, static_cast<qint64>(curve.knots().size()));
     out.integer(73, static_cast<qint64>(curve.controlPoints().size()));
