@@ -80,13 +80,14 @@ function(kest_moc_of_test target)
   set_target_properties(${target} PROPERTIES AUTOMOC OFF)
 endfunction()
 
-# With KEST_PCH the headers that most sources include are compiled once, not once a source. Off by default:
-# with ccache, builds without them come from the cache more often.
+# With KEST_QUICK the headers that most sources include are compiled once, not once a source, and the sources of a
+# target in batches. Off by default: with ccache, a build of single sources comes from the cache more often, and it
+# shows that each source includes what it uses.
 #
 # kest_headers(NAME LINKS ... HEADERS ...): the common headers, and these. Few large sets are dearer than
 # several small ones: a compiler instantiates anew, for each source, what a set leaves open.
 function(kest_headers name)
-  if(NOT KEST_PCH)
+  if(NOT KEST_QUICK)
     return()
   endif()
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;HEADERS")
@@ -99,27 +100,41 @@ function(kest_headers name)
     <algorithm> <functional> <map> <memory> <optional> <set> <variant> <vector> ${arg_HEADERS})
 endfunction()
 
-# kest_precompile(TARGET HEADERS): the sources of the target begin with such a set.
-function(kest_precompile target headers)
-  if(KEST_PCH)
-    target_precompile_headers(${target} REUSE_FROM ${headers})
+# kest_quick(TARGET HEADERS [APART REGEX]): the sources of the target begin with such a set. Those that name their
+# texts' context in a function of their own, or make the names of an enumeration their own, stay out of the batches,
+# where these would meet those of others; so do those that match APART.
+function(kest_quick target headers)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "APART" "")
+  if(NOT KEST_QUICK)
+    return()
   endif()
+  target_precompile_headers(${target} REUSE_FROM ${headers})
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "\\.cpp$")
+  foreach(source IN LISTS sources)
+    file(STRINGS "${source}" found REGEX "^QString tr\\(|^using enum " LIMIT_COUNT 1)
+    if(found OR (arg_APART AND source MATCHES "${arg_APART}"))
+      set_source_files_properties("${source}" PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    endif()
+  endforeach()
 endfunction()
 
-function(kest_precompile_test target)
+function(kest_quick_test target)
   foreach(source IN LISTS ARGN)
     file(STRINGS "${source}" is_google_test REGEX "gtest/gtest.h" LIMIT_COUNT 1)
     if(is_google_test)
-      kest_precompile(${target} kest_google_test_headers)
+      kest_quick(${target} kest_google_test_headers)
       return()
     endif()
   endforeach()
-  kest_precompile(${target} kest_qt_test_headers)
+  kest_quick(${target} kest_qt_test_headers)
 endfunction()
 
-# kest_library(NAME SHARED|STATIC LINKS ...): one folder, one link target, all of its .cpp and .h files.
+# kest_library(NAME SHARED|STATIC LINKS ...): one folder, one link target, all of its .cpp and .h files. APART as for
+# kest_quick().
 function(kest_library name kind)
-  cmake_parse_arguments(PARSE_ARGV 2 arg "RECURSE" "" "LINKS;EXCLUDE")
+  cmake_parse_arguments(PARSE_ARGV 2 arg "RECURSE" "APART" "LINKS;EXCLUDE")
   set(glob GLOB)
   if(arg_RECURSE)
     set(glob GLOB_RECURSE)
@@ -131,7 +146,7 @@ function(kest_library name kind)
   add_library(${name} ${kind} ${sources})
   kest_automoc_where_needed(${name} ${sources})
   target_link_libraries(${name} PUBLIC kest_flags ${arg_LINKS})
-  kest_precompile(${name} kest_core_headers)
+  kest_quick(${name} kest_core_headers APART "${arg_APART}")
 endfunction()
 
 # kest_test_library(NAME SOURCES ... LINKS ...): what several test programs share.
@@ -141,15 +156,18 @@ function(kest_test_library name)
   target_link_libraries(${name} PRIVATE kest_test_flags PUBLIC kest_test_support ${arg_LINKS})
   list(TRANSFORM arg_SOURCES REPLACE "^([^/].*)" "${CMAKE_CURRENT_SOURCE_DIR}/\\1")
   kest_automoc_where_needed(${name} ${arg_SOURCES})
-  kest_precompile_test(${name} ${arg_SOURCES})
+  kest_quick_test(${name} ${arg_SOURCES})
 endfunction()
 
-# kest_sanitize(TEST ...): tests over bytes that come from elsewhere, which ./check runs under the sanitizers, too.
-# After kest_test(), in the same folder.
+# kest_sanitize(TEST ...): tests over bytes that come from elsewhere, which ./check builds and runs under the
+# sanitizers only. After kest_test(), in the same folder.
 add_custom_target(sanitized_tests COMMENT "Building the tests that run under the sanitizers")
 function(kest_sanitize)
   foreach(test IN LISTS ARGN)
     set_tests_properties(${test} PROPERTIES LABELS sanitize)
+    if(KEST_QUICK)
+      set_target_properties(${test} PROPERTIES EXCLUDE_FROM_ALL ON)
+    endif()
     add_dependencies(sanitized_tests ${test})
   endforeach()
 endfunction()
@@ -161,7 +179,7 @@ function(kest_test name)
   list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE more)
   kest_moc_of_test(${name} "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp" ${more})
   target_link_libraries(${name} PRIVATE kest_test_flags kest_test_support ${arg_LINKS})
-  kest_precompile_test(${name} "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp")
+  kest_quick_test(${name} "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp")
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300

@@ -5,7 +5,7 @@
 namespace {
 using Kind = WildcardToken::Kind;
 
-constexpr char32_t kEscape = U'`';
+constexpr char32_t kBackQuote = U'`';
 constexpr char32_t kNegation = U'~';
 
 /// Reads the tokens of a pattern one by one.
@@ -33,7 +33,7 @@ private:
     /// a character itself.
     char32_t literal()
     {
-        if (m_text[m_at] == kEscape && m_at + 1 < m_text.size())
+        if (m_text[m_at] == kBackQuote && m_at + 1 < m_text.size())
             ++m_at;
         return m_text[m_at++];
     }

@@ -2,6 +2,7 @@
 
 #include "toolkit/CXTPDockingPaneManager.h"
 #include "toolkit/docking/CPaneTitleBar.h"
+#include "toolkit/docking/SideOrientation.h"
 
 #include <QEvent>
 #include <QLayout>
@@ -12,11 +13,6 @@
 namespace {
 
 constexpr int kFloatingStep = 24;
-
-bool isUpright(Qt::DockWidgetArea area)
-{
-    return area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
-}
 
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "toolkit/docking/AutoHideSides.h"
 #include "toolkit/docking/PaneCycle.h"
+#include "toolkit/docking/SideOrientation.h"
 
 #include <QGuiApplication>
 #include <QMainWindow>
@@ -28,11 +29,6 @@ Qt::DockWidgetArea areaOf(XTPDockingPaneDirection direction)
         break;
     }
     return Qt::LeftDockWidgetArea;
-}
-
-bool isUpright(Qt::DockWidgetArea area)
-{
-    return area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
 }
 
 /// Whether some screen shows a piece of the title that a mouse can take hold of.

@@ -8,7 +8,7 @@
 namespace {
 
 /// Signs are drawn on a grid of 32 x 32, whatever their size.
-constexpr qreal kGrid = 32;
+constexpr qreal kSignGrid = 32;
 constexpr qreal kPen = 3.2;
 
 const QColor kBlue(0x2F, 0x7C, 0xC4);
@@ -78,7 +78,7 @@ QPixmap messageSign(MessageSign sign, const QWidget& widget)
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(extent / kGrid, extent / kGrid);
+    painter.scale(extent / kSignGrid, extent / kSignGrid);
     const bool isWarning = sign == MessageSign::Warning;
     const QColor ground = isWarning ? kAmber : sign == MessageSign::Error ? kRed : kBlue;
     // The pen rounds the corners of the triangle.

@@ -11,8 +11,6 @@
 #include "usage/DrawingSuffixes.h"
 
 namespace {
-using Kind = CompletedValue::Kind;
-
 template <typename Rows>
 QStringList namesOf(const Rows& rows)
 {
@@ -42,20 +40,21 @@ CompletedValue valueOf(OptionId id, const CommandInfo& command)
 {
     switch (id) {
     case OptionId::Columns:
-        return {Kind::WordList, namesOf(listColumns())};
+        return {CompletedValue::Kind::WordList, namesOf(listColumns())};
     case OptionId::Mask:
-        return {Kind::WordList,
+        return {CompletedValue::Kind::WordList,
                 namesOf(maskNames()) + QStringList{maskText(LayerStateMask::kAll), maskText(0)}};
     case OptionId::Format: {
         QStringList formats;
         for (const char* format : command.formats)
             formats << QLatin1String(format);
-        return {Kind::Words, formats};
+        return {CompletedValue::Kind::Words, formats};
     }
     case OptionId::Output:
-        return {Kind::File, drawingSuffixes()};
+        return {CompletedValue::Kind::File, drawingSuffixes()};
     default:
-        return {optionInfo(id).argument ? Kind::Text : Kind::None, {}};
+        return {optionInfo(id).argument ? CompletedValue::Kind::Text : CompletedValue::Kind::None,
+                {}};
     }
 }
 

@@ -12,11 +12,6 @@
 #include <QStringList>
 
 namespace {
-[[noreturn]] void refuse(const QString& sentence)
-{
-    throw UsageError(sentence);
-}
-
 bool namesLinetype(const FilterCriterion& criterion)
 {
     const FilterCriteria::Criterion* known = FilterCriteria::find(criterion.key);
@@ -28,17 +23,19 @@ FilterRows parsed(const QString& text)
     FilterExpressionParser parser(text);
     const auto rows = parser.rows();
     if (parser.isTooLarge()) {
-        refuse(CompanionText::tr("--expr is too large: at most %1 rows once all is multiplied out, "
-                                 "of %2 criteria each, and parentheses %3 deep can be read.")
-                   .arg(FilterExpressionParser::kMostRows)
-                   .arg(FilterExpressionParser::kMostCriteria)
-                   .arg(FilterExpressionParser::kDeepest));
+        throw UsageError(
+            CompanionText::tr("--expr is too large: at most %1 rows once all is multiplied out, "
+                              "of %2 criteria each, and parentheses %3 deep can be read.")
+                .arg(FilterExpressionParser::kMostRows)
+                .arg(FilterExpressionParser::kMostCriteria)
+                .arg(FilterExpressionParser::kDeepest));
     }
     if (!rows) {
-        refuse(CompanionText::tr("--expr \"%1\" is no filter expression; expected criteria such "
-                                 "as NAME==\"A*\" or LOCKED==\"True\", joined with AND, OR and "
-                                 "parentheses.")
-                   .arg(abridged(text)));
+        throw UsageError(
+            CompanionText::tr("--expr \"%1\" is no filter expression; expected criteria such "
+                              "as NAME==\"A*\" or LOCKED==\"True\", joined with AND, OR and "
+                              "parentheses.")
+                .arg(abridged(text)));
     }
     return *rows;
 }
@@ -52,7 +49,7 @@ void requireKnownKeys(const FilterRows& rows)
             QStringList keys;
             for (const FilterCriteria::Criterion& known : FilterCriteria::all())
                 keys << QLatin1String(known.key);
-            refuse(
+            throw UsageError(
                 CompanionText::tr("--expr knows no criterion %1; the nearest is %2.")
                     .arg(abridged(criterion.key), nearest_name::of(criterion.key, keys).value(0)));
         }
@@ -70,11 +67,12 @@ ExpressionChoice::ExpressionChoice(const QString& text)
     // No criterion that is left asks for anything of a drawing.
     const OdDbDatabase none;
     if (!FilterCriteria::spelled(none, rows)) {
-        refuse(CompanionText::tr("--expr \"%1\" cannot be said in rows of criteria; expected True "
-                                 "or False, a color from 1 to 255, a valid lineweight or Default "
-                                 "as values, one value for each key of a row, and not NEWVPFROZEN "
-                                 "beside VPFROZEN.")
-                   .arg(abridged(text)));
+        throw UsageError(
+            CompanionText::tr("--expr \"%1\" cannot be said in rows of criteria; expected True "
+                              "or False, a color from 1 to 255, a valid lineweight or Default "
+                              "as values, one value for each key of a row, and not NEWVPFROZEN "
+                              "beside VPFROZEN.")
+                .arg(abridged(text)));
     }
 }
 

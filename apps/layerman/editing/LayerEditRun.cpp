@@ -13,8 +13,6 @@
 #include <algorithm>
 #include <unordered_set>
 
-using Kind = PropertyKind;
-
 namespace {
 QString name(const PropertyEdit& edit)
 {
@@ -52,13 +50,13 @@ LayerEditRun::LayerEditRun(OdDbDatabase& drawing, const QString& file,
 
 void LayerEditRun::requireValue(PropertyEdit& edit)
 {
-    if (edit.info->kind == Kind::Linetype) {
+    if (edit.info->kind == PropertyKind::Linetype) {
         const OdDbObjectId id = m_drawing.table(OdDbTableKind::Linetype).getAt(edit.text);
         if (id.isNull() || isForColors(edit.text))
             refuseDrawing(
                 CompanionText::tr("%1 has no linetype \"%2\" for layers.").arg(m_file, edit.text));
         edit.value = id;
-    } else if (edit.info->kind == Kind::PlotStyle) {
+    } else if (edit.info->kind == PropertyKind::PlotStyle) {
         const DrawingLayers layers(m_drawing);
         if (layers.hasNamedPlotStyles() && !layers.hasPlotStyle(edit.text))
             refuseDrawing(CompanionText::tr("%1 has no plot style \"%2\".").arg(m_file, edit.text));
@@ -102,7 +100,7 @@ void LayerEditRun::applyOne(const PropertyEdit& edit, Layers& layers)
         for (const Layer& layer : layers)
             before << textOf(edit, layer);
     }
-    if (edit.info->column == LayerColumn::VpFreeze || edit.info->kind == Kind::Reconciled)
+    if (edit.info->column == LayerColumn::VpFreeze || edit.info->kind == PropertyKind::Reconciled)
         giveToAll(edit, layers);
     else
         giveToEach(edit, layers);
@@ -113,7 +111,7 @@ void LayerEditRun::applyOne(const PropertyEdit& edit, Layers& layers)
 QString LayerEditRun::refusalForAll(const PropertyEdit& edit, const Layers& layers) const
 {
     if (edit.info->isForOneLayer() && layers.size() != 1) {
-        if (edit.info->kind == Kind::Current && !layers.empty())
+        if (edit.info->kind == PropertyKind::Current && !layers.empty())
             return severalCurrentLayersText();
         return layers.empty()
             ? CompanionText::tr("One layer must be chosen, and none is.")
@@ -123,7 +121,8 @@ QString LayerEditRun::refusalForAll(const PropertyEdit& edit, const Layers& laye
         return {};
     if (edit.info->isOfViewport() && !m_context.viewportReadable())
         return CompanionText::tr("No layout with an active viewport is current.");
-    if (edit.info->kind == Kind::PlotStyle && !DrawingLayers(m_drawing).hasNamedPlotStyles())
+    if (edit.info->kind == PropertyKind::PlotStyle
+        && !DrawingLayers(m_drawing).hasNamedPlotStyles())
         return CompanionText::tr("In this drawing a layer's plot style follows its color.");
     return {};
 }
@@ -135,7 +134,7 @@ void LayerEditRun::giveToAll(const PropertyEdit& edit, Layers& layers)
     for (const Layer& layer : layers)
         ids.push_back(layer.id);
     const bool value = std::get<bool>(edit.value);
-    const std::vector<OdDbObjectId> changed = edit.info->kind == Kind::Reconciled
+    const std::vector<OdDbObjectId> changed = edit.info->kind == PropertyKind::Reconciled
         ? markLayersReconciled(m_drawing, ids, value)
         : freezeLayersInViewport(m_context.viewport, ids, value);
     std::unordered_set<quint32> slots_;
@@ -162,11 +161,11 @@ void LayerEditRun::giveToEach(const PropertyEdit& edit, Layers& layers)
 LayerEditOutcome LayerEditRun::give(const PropertyEdit& edit, Layer& layer)
 {
     switch (edit.info->kind) {
-    case Kind::Name:
+    case PropertyKind::Name:
         return renameLayer(layer.id, edit.text);
-    case Kind::Description:
+    case PropertyKind::Description:
         return describeLayer(layer.id, edit.text);
-    case Kind::Current:
+    case PropertyKind::Current:
         return makeLayerCurrent(layer.id);
     default:
         return giveLayerValue(layer.id, *edit.info->column, edit.value, m_context);
@@ -191,7 +190,7 @@ bool LayerEditRun::keepsOn(const PropertyEdit& edit, const Layer& layer)
 QString LayerEditRun::textOf(const PropertyEdit& edit, const Layer& layer) const
 {
     const auto record = layer.id.safeOpenObject<OdDbLayerTableRecord>();
-    if (edit.info->kind == Kind::Current)
+    if (edit.info->kind == PropertyKind::Current)
         return m_drawing.getCLAYER() == layer.id ? QStringLiteral("yes") : QStringLiteral("no");
     const ListColumn& column =
         edit.info->column ? listColumn(*edit.info->column) : listColumn(ExtraColumn::Reconciled);

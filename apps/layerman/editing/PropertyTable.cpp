@@ -10,61 +10,54 @@
 
 #include <algorithm>
 
-using Kind = PropertyKind;
-
 namespace {
 constexpr PropertyInfo kProperties[] = {
-    {"name", "NAME", Kind::Name, LayerColumn::Name,
+    {"name", "NAME", PropertyKind::Name, LayerColumn::Name,
      QT_TRANSLATE_NOOP("layerman", "Renames the layer; one layer must be chosen.")},
-    {"on", "YES", Kind::Flag, LayerColumn::On, QT_TRANSLATE_NOOP("layerman", "On or off.")},
-    {"freeze", "YES", Kind::Flag, LayerColumn::Freeze,
+    {"on", "YES", PropertyKind::Flag, LayerColumn::On, QT_TRANSLATE_NOOP("layerman", "On or off.")},
+    {"freeze", "YES", PropertyKind::Flag, LayerColumn::Freeze,
      QT_TRANSLATE_NOOP("layerman", "Frozen or thawed.")},
-    {"locked", "YES", Kind::Flag, LayerColumn::Locked,
+    {"locked", "YES", PropertyKind::Flag, LayerColumn::Locked,
      QT_TRANSLATE_NOOP("layerman", "Locked or unlocked.")},
-    {"color", "COLOR", Kind::Color, LayerColumn::Color,
+    {"color", "COLOR", PropertyKind::Color, LayerColumn::Color,
      QT_TRANSLATE_NOOP("layerman", "An index from 1 to 255, a name from red to white, or r,g,b.")},
-    {"linetype", "NAME", Kind::Linetype, LayerColumn::Linetype,
+    {"linetype", "NAME", PropertyKind::Linetype, LayerColumn::Linetype,
      QT_TRANSLATE_NOOP("layerman", "A linetype that the drawing has.")},
-    {"lineweight", "WIDTH", Kind::Lineweight, LayerColumn::Lineweight,
+    {"lineweight", "WIDTH", PropertyKind::Lineweight, LayerColumn::Lineweight,
      QT_TRANSLATE_NOOP("layerman",
                        "Default or a width in millimetres, or with \" behind it in inches; the "
                        "nearest valid one is taken.")},
-    {"plotstyle", "NAME", Kind::PlotStyle, LayerColumn::PlotStyle,
+    {"plotstyle", "NAME", PropertyKind::PlotStyle, LayerColumn::PlotStyle,
      QT_TRANSLATE_NOOP("layerman", "A plot style of a drawing with named plot styles.")},
-    {"plot", "YES", Kind::Flag, LayerColumn::Plot,
+    {"plot", "YES", PropertyKind::Flag, LayerColumn::Plot,
      QT_TRANSLATE_NOOP("layerman", "Plotted or not.")},
-    {"newvpfreeze", "YES", Kind::Flag, LayerColumn::NewVpFreeze,
+    {"newvpfreeze", "YES", PropertyKind::Flag, LayerColumn::NewVpFreeze,
      QT_TRANSLATE_NOOP("layerman", "Frozen in new viewports or not.")},
-    {"description", "TEXT", Kind::Description, LayerColumn::Description,
+    {"description", "TEXT", PropertyKind::Description, LayerColumn::Description,
      QT_TRANSLATE_NOOP("layerman", "Any text, also none.")},
-    {"vpfreeze", "YES", Kind::Flag, LayerColumn::VpFreeze,
+    {"vpfreeze", "YES", PropertyKind::Flag, LayerColumn::VpFreeze,
      QT_TRANSLATE_NOOP("layerman",
                        "Frozen in the active viewport or not. This and the next four need a "
                        "drawing in which a layout with a viewport is current.")},
-    {"vpcolor", "COLOR", Kind::Color, LayerColumn::VpColor,
+    {"vpcolor", "COLOR", PropertyKind::Color, LayerColumn::VpColor,
      QT_TRANSLATE_NOOP("layerman", "The color in the active viewport.")},
-    {"vplinetype", "NAME", Kind::Linetype, LayerColumn::VpLinetype,
+    {"vplinetype", "NAME", PropertyKind::Linetype, LayerColumn::VpLinetype,
      QT_TRANSLATE_NOOP("layerman", "The linetype there.")},
-    {"vplineweight", "WIDTH", Kind::Lineweight, LayerColumn::VpLineweight,
+    {"vplineweight", "WIDTH", PropertyKind::Lineweight, LayerColumn::VpLineweight,
      QT_TRANSLATE_NOOP("layerman", "The lineweight there.")},
-    {"vpplotstyle", "NAME", Kind::PlotStyle, LayerColumn::VpPlotStyle,
+    {"vpplotstyle", "NAME", PropertyKind::PlotStyle, LayerColumn::VpPlotStyle,
      QT_TRANSLATE_NOOP("layerman", "The plot style there.")},
     {"reconciled",
      "YES",
-     Kind::Reconciled,
+     PropertyKind::Reconciled,
      {},
      QT_TRANSLATE_NOOP("layerman", "Reviewed, or a new layer that wants to be.")},
     {"current",
      "yes",
-     Kind::Current,
+     PropertyKind::Current,
      {},
      QT_TRANSLATE_NOOP("layerman", "Makes the layer current; one layer must be chosen.")},
 };
-
-[[noreturn]] void refuse(const QString& sentence)
-{
-    throw UsageError(sentence);
-}
 
 const PropertyInfo& propertyOf(const QString& operand, const QString& name)
 {
@@ -74,9 +67,10 @@ const PropertyInfo& propertyOf(const QString& operand, const QString& name)
             return info;
         names << QLatin1String(info.name);
     }
-    refuse(CompanionText::tr("There is no property \"%1\"; the nearest is %2. A file of that name "
-                             "is written ./%3.")
-               .arg(abridged(name), nearest_name::of(name, names).value(0), abridged(operand)));
+    throw UsageError(
+        CompanionText::tr("There is no property \"%1\"; the nearest is %2. A file of that name "
+                          "is written ./%3.")
+            .arg(abridged(name), nearest_name::of(name, names).value(0), abridged(operand)));
 }
 
 bool yesOrNo(const PropertyInfo& info, const QString& text)
@@ -90,15 +84,16 @@ bool yesOrNo(const PropertyInfo& info, const QString& text)
         return true;
     if (isOneOf({"no", "off", "false", "0"}))
         return false;
-    refuse(CompanionText::tr("%1 is yes or no (on, off, true, false, 1, 0); \"%2\" is neither.")
-               .arg(QLatin1String(info.name), abridged(text)));
+    throw UsageError(
+        CompanionText::tr("%1 is yes or no (on, off, true, false, 1, 0); \"%2\" is neither.")
+            .arg(QLatin1String(info.name), abridged(text)));
 }
 
 LayerValue colorOf(const QString& text)
 {
     const auto color = colorFromText(text);
     if (!color)
-        refuse(colorRefusal(abridged(text)));
+        throw UsageError(colorRefusal(abridged(text)));
     return *color;
 }
 
@@ -106,47 +101,48 @@ LayerValue lineweightOf(const QString& text)
 {
     const auto weight = lineweightFromText(text, true);
     if (!weight)
-        refuse(lineweightRefusal(abridged(text), true));
+        throw UsageError(lineweightRefusal(abridged(text), true));
     return static_cast<qint16>(*weight);
 }
 
 LayerValue nameOf(const QString& text)
 {
     if (const QString why = layerNameRefusal(text); !why.isEmpty())
-        refuse(why.simplified());
+        throw UsageError(why.simplified());
     return text;
 }
 
 LayerValue nonEmpty(const PropertyInfo& info, const QString& text)
 {
     if (text.isEmpty())
-        refuse(CompanionText::tr("%1 needs a value.").arg(QLatin1String(info.name)));
+        throw UsageError(CompanionText::tr("%1 needs a value.").arg(QLatin1String(info.name)));
     return text;
 }
 
 LayerValue valueOf(const PropertyInfo& info, const QString& text)
 {
     switch (info.kind) {
-    case Kind::Name:
+    case PropertyKind::Name:
         return nameOf(text);
-    case Kind::Flag:
+    case PropertyKind::Flag:
         // The grid's flag says that the layer is off.
         return yesOrNo(info, text) != (info.column == LayerColumn::On);
-    case Kind::Reconciled:
+    case PropertyKind::Reconciled:
         return yesOrNo(info, text);
-    case Kind::Current:
+    case PropertyKind::Current:
         if (!yesOrNo(info, text))
-            refuse(CompanionText::tr("current can be yes only: another layer that becomes current "
-                                     "takes its place."));
+            throw UsageError(
+                CompanionText::tr("current can be yes only: another layer that becomes current "
+                                  "takes its place."));
         return true;
-    case Kind::Color:
+    case PropertyKind::Color:
         return colorOf(text);
-    case Kind::Lineweight:
+    case PropertyKind::Lineweight:
         return lineweightOf(text);
-    case Kind::Linetype:
-    case Kind::PlotStyle:
+    case PropertyKind::Linetype:
+    case PropertyKind::PlotStyle:
         return nonEmpty(info, text);
-    case Kind::Description:
+    case PropertyKind::Description:
         break;
     }
     return text;
@@ -174,7 +170,8 @@ std::vector<PropertyEdit> propertiesFrom(const QStringList& operands)
         const PropertyInfo& info = propertyOf(operand, operand.left(equals));
         for (const PropertyEdit& other : edits) {
             if (other.info == &info)
-                refuse(CompanionText::tr("%1 is given twice.").arg(QLatin1String(info.name)));
+                throw UsageError(
+                    CompanionText::tr("%1 is given twice.").arg(QLatin1String(info.name)));
         }
         const QString text = operand.mid(equals + 1);
         edits.push_back({&info, text, valueOf(info, text)});

@@ -12,11 +12,6 @@
 #include <QSet>
 
 namespace {
-[[noreturn]] void refuse(const QString& sentence)
-{
-    throw UsageError(sentence);
-}
-
 /// What two paths to the same file have in common; empty for a file that is not there.
 QString identityOf(const QString& path)
 {
@@ -37,20 +32,23 @@ SaveTargets::SaveTargets(const ParsedCommand& command, const QStringList& files)
 {
     if (!command.has(OptionId::Output)) {
         if (!m_isInPlace && !m_isDryRun)
-            refuse(CompanionText::tr("%1 needs -o OUT, --in-place or --dry-run.")
-                       .arg(QLatin1String(command.command().name)));
+            throw UsageError(CompanionText::tr("%1 needs -o OUT, --in-place or --dry-run.")
+                                 .arg(QLatin1String(command.command().name)));
         return;
     }
     if (m_isInPlace)
-        refuse(CompanionText::tr("-o and --in-place both say where to write; give one of them."));
+        throw UsageError(
+            CompanionText::tr("-o and --in-place both say where to write; give one of them."));
     if (m_output.isEmpty())
-        refuse(CompanionText::tr("-o needs a file or a folder; the name given is empty."));
+        throw UsageError(
+            CompanionText::tr("-o needs a file or a folder; the name given is empty."));
     m_isFolder = QFileInfo(m_output).isDir() || m_output.endsWith(QLatin1Char('/'))
         || m_output.endsWith(QDir::separator());
     if (!m_isFolder && files.size() > 1)
-        refuse(CompanionText::tr("Several drawings need a folder to be written to; %1 is none. "
-                                 "With a slash behind its name it is made.")
-                   .arg(m_output));
+        throw UsageError(
+            CompanionText::tr("Several drawings need a folder to be written to; %1 is none. "
+                              "With a slash behind its name it is made.")
+                .arg(m_output));
     requireOwnFiles(files);
 }
 
@@ -64,12 +62,13 @@ void SaveTargets::requireOwnFiles(const QStringList& files) const
     for (const QString& file : files) {
         const QString target = targetOf(file);
         if (drawings.contains(identityOf(target)))
-            refuse(CompanionText::tr("%1 is one of the drawings themselves; use --in-place to "
-                                     "write over them.")
-                       .arg(target));
+            throw UsageError(
+                CompanionText::tr("%1 is one of the drawings themselves; use --in-place to "
+                                  "write over them.")
+                    .arg(target));
         if (const auto other = sources.constFind(target); other != sources.cend())
-            refuse(CompanionText::tr("%1 and %2 would both be written to %3.")
-                       .arg(*other, file, target));
+            throw UsageError(CompanionText::tr("%1 and %2 would both be written to %3.")
+                                 .arg(*other, file, target));
         sources.insert(target, file);
     }
 }

@@ -11,7 +11,7 @@
 #include <QStandardPaths>
 
 namespace {
-const QLatin1String kSuffix(".journal");
+const QLatin1String kJournalSuffix(".journal");
 
 QString folderFor(const QString& configFolder)
 {
@@ -51,7 +51,7 @@ std::vector<RecoveryFolder::Abandoned> RecoveryFolder::abandoned() const
     std::vector<Abandoned> found;
     QHash<QString, std::shared_ptr<QLockFile>> claims;
     const QStringList names =
-        QDir(m_path).entryList({QLatin1Char('*') + kSuffix}, QDir::Files, QDir::Name);
+        QDir(m_path).entryList({QLatin1Char('*') + kJournalSuffix}, QDir::Files, QDir::Name);
     for (const QString& name : names) {
         const QString session = sessionOf(name);
         if (session == m_session)
@@ -83,13 +83,14 @@ QString RecoveryFolder::newJournal()
         }
         m_session = session;
     }
-    return QStringLiteral("%1/%2-%3%4").arg(m_path, m_session).arg(++m_count).arg(kSuffix);
+    return QStringLiteral("%1/%2-%3%4").arg(m_path, m_session).arg(++m_count).arg(kJournalSuffix);
 }
 
 QString RecoveryFolder::setAside(const QString& journal)
 {
-    QString aside = journal.chopped(kSuffix.size()) + QStringLiteral(".kept");
+    QString aside = journal.chopped(kJournalSuffix.size()) + QStringLiteral(".kept");
     for (int number = 2; QFileInfo::exists(aside); ++number)
-        aside = QStringLiteral("%1-%2.kept").arg(journal.chopped(kSuffix.size())).arg(number);
+        aside =
+            QStringLiteral("%1-%2.kept").arg(journal.chopped(kJournalSuffix.size())).arg(number);
     return QFile::rename(journal, aside) ? aside : journal;
 }

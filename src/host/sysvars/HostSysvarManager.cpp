@@ -65,7 +65,7 @@ void checkRange(const SysvarDefinition& variable, const SysvarValue& value)
 }
 
 // As the user reads and types them: with as many digits as it takes to read the same number back.
-QString realText(double value)
+QString shortestText(double value)
 {
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
@@ -207,10 +207,10 @@ QString HostSysvarManager::text(const QString& name) const
     if (const int* integer = std::get_if<int>(&read))
         return QString::number(*integer);
     if (const double* real = std::get_if<double>(&read))
-        return realText(*real);
+        return shortestText(*real);
     if (const SysvarPoint* point = std::get_if<SysvarPoint>(&read))
-        return QStringList{realText(point->x), realText(point->y), realText(point->z)}.join(
-            QLatin1Char(','));
+        return QStringList{shortestText(point->x), shortestText(point->y), shortestText(point->z)}
+            .join(QLatin1Char(','));
     return std::get<QString>(read);
 }
 

@@ -17,8 +17,7 @@ CLayPropFilterEdCombo::CLayPropFilterEdCombo(QWidget* parent)
 
 LayerIconGround CLayPropFilterEdCombo::ground() const
 {
-    return qGray(palette().color(QPalette::Base).rgb()) < 128 ? LayerIconGround::Dark
-                                                              : LayerIconGround::Light;
+    return iconGround(palette().color(QPalette::Base));
 }
 
 void CLayPropFilterEdCombo::fill(int column, int value)

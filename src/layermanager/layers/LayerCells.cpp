@@ -64,7 +64,7 @@ constexpr const char* kStatusWords[] = {
     QT_TRANSLATE_NOOP("LayerCells", "In use"),
 };
 
-QString words(const char* text)
+QString cellWords(const char* text)
 {
     return QCoreApplication::translate("LayerCells", text);
 }
@@ -113,7 +113,7 @@ QString layerColorText(const OdCmColor& color)
 {
     const int index = color.colorMethod() == OdCmColor::kByACI ? color.colorIndex() : 0;
     if (index > 0 && index <= static_cast<int>(std::size(kColors)))
-        return words(kColors[index - 1]);
+        return cellWords(kColors[index - 1]);
     return color.colorNameForDisplay();
 }
 
@@ -178,10 +178,11 @@ QString layerCellStateText(const OdDbLayerTableRecord& layer, LayerColumn column
     if (layerColumnInfo(column).layoutsOnly && !context.viewportReadable())
         return {};
     if (column == Status)
-        return words(kStatusWords[static_cast<int>(layerStatus(layer, context))]);
+        return cellWords(kStatusWords[static_cast<int>(layerStatus(layer, context))]);
     for (const StateWords& state : kStateWords) {
         if (state.column == column)
-            return words(layerCellFlag(layer, column, context) ? state.whenTrue : state.whenFalse);
+            return cellWords(layerCellFlag(layer, column, context) ? state.whenTrue
+                                                                   : state.whenFalse);
     }
     return {};
 }
@@ -195,9 +196,9 @@ QString layerCellSpokenText(const OdDbLayerTableRecord& layer, LayerColumn colum
         if (spoken.column != column)
             continue;
         const bool yes = layerCellFlag(layer, column, context) == spoken.flagMeansYes;
-        return words(spoken.text)
-            .arg(words(yes ? QT_TRANSLATE_NOOP("LayerCells", "yes")
-                           : QT_TRANSLATE_NOOP("LayerCells", "no")));
+        return cellWords(spoken.text)
+            .arg(cellWords(yes ? QT_TRANSLATE_NOOP("LayerCells", "yes")
+                               : QT_TRANSLATE_NOOP("LayerCells", "no")));
     }
     return layerCellStateText(layer, column, context);
 }

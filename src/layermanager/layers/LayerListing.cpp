@@ -6,7 +6,6 @@
 namespace {
 
 /// Layers with this character in their names belong to the program that made the drawing.
-constexpr char kHiddenMark = '*';
 
 } // namespace
 
@@ -24,7 +23,7 @@ RowDecision LayerListing::decide(OdDbObjectId layer) const
     if (!record)
         return RowDecision::Hidden;
     const QString name = record->getName();
-    if (name.contains(QLatin1Char(kHiddenMark)))
+    if (name.contains(QLatin1Char(kHiddenLayerMark)))
         return RowDecision::Hidden;
     if (m_shows && m_shows(layer) == m_inverted)
         return RowDecision::FailsFilter;

@@ -6,6 +6,9 @@
 #include <functional>
 #include <optional>
 
+/// A layer whose name has it belongs to a program and is not listed.
+inline constexpr char kHiddenLayerMark = '*';
+
 /// What becomes of a layer in the list.
 enum class RowDecision {
     Listed,

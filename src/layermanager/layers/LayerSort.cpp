@@ -11,10 +11,10 @@
 
 namespace {
 
-using Ids = std::vector<OdDbObjectId>;
+using LayerIds = std::vector<OdDbObjectId>;
 
 /// Rank of each layer in the order of names.
-std::vector<quint32> nameRanksOf(const Ids& layers)
+std::vector<quint32> nameRanksOf(const LayerIds& layers)
 {
     const OdDbLayerTable& table = layers.front().database()->layerTable();
     const std::vector<quint32>& slots_ = table.slotsInOrder();
@@ -35,7 +35,7 @@ std::vector<quint32> nameRanksOf(const Ids& layers)
 }
 
 /// Counting sort: ranks are smaller than the number of layers in the table.
-void orderByName(Ids& layers, bool ascending)
+void orderByName(LayerIds& layers, bool ascending)
 {
     const std::vector<quint32> ranks = nameRanksOf(layers);
     const std::size_t top = *std::max_element(ranks.begin(), ranks.end());
@@ -44,7 +44,7 @@ void orderByName(Ids& layers, bool ascending)
     for (std::size_t i = 0; i < layers.size(); ++i)
         ++place[bucket(i) + 1];
     std::partial_sum(place.begin(), place.end(), place.begin());
-    Ids ordered(layers.size());
+    LayerIds ordered(layers.size());
     for (std::size_t i = 0; i < layers.size(); ++i)
         ordered[place[bucket(i)]++] = layers[i];
     layers = std::move(ordered);
@@ -101,7 +101,8 @@ quint32 valueKey(const OdDbLayerTableRecord& layer, LayerColumn column,
     }
 }
 
-std::vector<quint32> keysOf(const Ids& layers, LayerColumn column, const LayerCellContext& context)
+std::vector<quint32> keysOf(const LayerIds& layers, LayerColumn column,
+                            const LayerCellContext& context)
 {
     const LayerCellKind kind = layerColumnInfo(column).kind;
     const bool byText = kind == LayerCellKind::Text || kind == LayerCellKind::Lineweight;
@@ -124,7 +125,7 @@ std::vector<quint32> keysOf(const Ids& layers, LayerColumn column, const LayerCe
 
 } // namespace
 
-void sortLayers(Ids& layers, LayerSortOrder order, const LayerCellContext& context)
+void sortLayers(LayerIds& layers, LayerSortOrder order, const LayerCellContext& context)
 {
     if (layers.size() < 2)
         return;
@@ -137,7 +138,7 @@ void sortLayers(Ids& layers, LayerSortOrder order, const LayerCellContext& conte
     for (std::size_t i = 0; i < rows.size(); ++i)
         rows[i] = {order.ascending ? keys[i] : ~keys[i], static_cast<quint32>(i)};
     std::sort(rows.begin(), rows.end());
-    Ids ordered(layers.size());
+    LayerIds ordered(layers.size());
     std::transform(rows.begin(), rows.end(), ordered.begin(),
                    [&](const auto& row) { return layers[row.second]; });
     layers = std::move(ordered);

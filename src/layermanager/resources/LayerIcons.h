@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QHash>
 #include <QPixmap>
 
@@ -41,6 +42,21 @@ enum class LayerIcon {
 
 /// What an icon is drawn on.
 enum class LayerIconGround { Light, Dark, Selection };
+
+inline bool isDark(const QColor& color)
+{
+    return qGray(color.rgb()) < 128;
+}
+
+inline LayerIconGround iconGround(const QColor& ground)
+{
+    return isDark(ground) ? LayerIconGround::Dark : LayerIconGround::Light;
+}
+/// Of a selection, whose texts tell how dark it is: an accent is often neither.
+inline LayerIconGround iconGroundOfSelection(const QColor& text)
+{
+    return isDark(text) ? LayerIconGround::Light : LayerIconGround::Selection;
+}
 
 /// Draws the icons from their SVG files in tints that suit the background, and keeps the pictures.
 class LayerIcons

@@ -3,6 +3,7 @@
 #include "toolkit/docking/CFlyoutGrip.h"
 #include "toolkit/docking/CPaneTitleBar.h"
 #include "toolkit/docking/PaneFocus.h"
+#include "toolkit/docking/SideOrientation.h"
 
 #include <QFrame>
 #include <QGridLayout>
@@ -11,11 +12,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-bool isUpright(Qt::DockWidgetArea side)
-{
-    return side == Qt::LeftDockWidgetArea || side == Qt::RightDockWidgetArea;
-}
 
 /// The rectangle beside the bar, `extent` deep.
 QRect besideBar(Qt::DockWidgetArea side, const QRect& bar, int extent)

@@ -8,7 +8,7 @@
 namespace {
 
 /// Signs are drawn on a grid of 16 x 16, whatever the size of the button.
-constexpr qreal kGrid = 16.0;
+constexpr qreal kButtonGrid = 16.0;
 constexpr qreal kPenWidth = 1.25;
 
 QPainterPath crossPath()
@@ -59,9 +59,9 @@ QPainterPath pinPath()
 QPainterPath loosePinPath()
 {
     QTransform turn;
-    turn.translate(kGrid / 2, kGrid / 2);
+    turn.translate(kButtonGrid / 2, kButtonGrid / 2);
     turn.rotate(90);
-    turn.translate(-kGrid / 2, -kGrid / 2);
+    turn.translate(-kButtonGrid / 2, -kButtonGrid / 2);
     return turn.map(pinPath());
 }
 
@@ -140,7 +140,7 @@ void CPaneTitleButton::paintEvent(QPaintEvent* /*event*/)
         QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, QSize(icon, icon), rect());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(box.topLeft());
-    painter.scale(box.width() / kGrid, box.height() / kGrid);
+    painter.scale(box.width() / kButtonGrid, box.height() / kButtonGrid);
     painter.setPen(QPen(palette().color(QPalette::WindowText), kPenWidth));
     painter.drawPath(signPath(m_sign));
 }

@@ -7,7 +7,13 @@
 
 namespace {
 
-enum GroupCode { kPathCount = 91, kPathFlags = 92, kCount = 93, kEdgeType = 72, kSourceCount = 97 };
+enum BoundaryGroup {
+    kPathCount = 91,
+    kPathFlags = 92,
+    kCount = 93,
+    kEdgeType = 72,
+    kSourceCount = 97
+};
 constexpr int kPolylinePath = 2;
 constexpr double kChordStep = kTurn / 96;
 // A boundary of very many arcs has small ones.

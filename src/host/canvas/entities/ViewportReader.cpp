@@ -65,13 +65,6 @@ quint64 clipEntity(GroupCursor& cursor, quint32 slot)
     return 0;
 }
 
-Vec2 turned(Vec2 v, double angle)
-{
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
-    return {v.x * c - v.y * s, v.x * s + v.y * c};
-}
-
 } // namespace
 
 bool readViewport(EntityScope& scope)
@@ -88,7 +81,7 @@ bool readViewport(EntityScope& scope)
         fields.has(45) ? viewOf(fields) : viewFromExtendedData(scope.cursor, scope.slot);
     viewport.viewHeight = view.height;
     viewport.twist = std::fmod(view.twist, 360) * std::numbers::pi / 180;
-    viewport.viewCentre = view.target.plan() + turned(view.centre, -viewport.twist);
+    viewport.viewCentre = view.target.plan() + view.centre.turned(-viewport.twist);
     viewport.isPlan = looksStraightDown(view.direction);
     const bool isSheet = scope.slot == scope.space.overallViewport;
     if (isSheet)

@@ -15,6 +15,13 @@ struct Vec2
     friend constexpr bool operator==(Vec2, Vec2) = default;
 
     double length() const { return std::hypot(x, y); }
+    /// Turned counter-clockwise by an angle in radians.
+    Vec2 turned(double angle) const
+    {
+        const double c = std::cos(angle);
+        const double s = std::sin(angle);
+        return {x * c - y * s, x * s + y * c};
+    }
     /// Turned a quarter counter-clockwise.
     constexpr Vec2 left() const { return {-y, x}; }
 };

@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kStepsBetweenLooksAtTheClock = 16;
 constexpr double kBeyondTheEdge = 2; ///< pixels
-constexpr double kDot = 1.0;
 // Lineweights of model space: about their true size on a usual screen, however close one looks.
 constexpr double kPixelsPerMillimetre = 4.0;
 
@@ -329,7 +328,7 @@ void FrameRenderer::enterCell(const Level& level, const BlockInstance& instance,
     auto context = m_styles->inside(instance.style, level.context);
     if (!context)
         return;
-    if (box.width() < kDot && box.height() < kDot) {
+    if (box.width() < StrokePainter::kDot && box.height() < StrokePainter::kDot) {
         const auto colour = m_styles->visibleColour(instance.style, level.context);
         if (colour && m_pass == Pass::Strokes)
             m_batcher.addDot(m_batcher.bucket(*colour), box.minX, box.minY);

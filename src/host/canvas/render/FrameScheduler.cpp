@@ -3,7 +3,7 @@
 namespace {
 
 constexpr int kAtOnceMilliseconds = 60;
-constexpr int kSliceMilliseconds = 10;
+constexpr int kFrameSliceMilliseconds = 10;
 constexpr int kIdleMilliseconds = 250;
 
 } // namespace
@@ -82,7 +82,7 @@ void FrameScheduler::paintAtOnce()
 
 void FrameScheduler::slice()
 {
-    if (!run(QDeadlineTimer(kSliceMilliseconds)))
+    if (!run(QDeadlineTimer(kFrameSliceMilliseconds)))
         return;
     m_sliceTimer.stop();
     emit frameReady();

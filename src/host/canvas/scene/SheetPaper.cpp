@@ -9,7 +9,7 @@
 namespace {
 
 // Plot settings of a layout; lengths in millimetres.
-enum GroupCode {
+enum SheetGroup {
     kLeftMargin = 40,
     kBottomMargin = 41,
     kRightMargin = 42,

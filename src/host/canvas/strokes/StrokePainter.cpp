@@ -10,7 +10,6 @@ constexpr double kTolerance = 0.2;
 // An arc of more steps is too large to be seen whole: only the part in sight is worth stepping
 // through.
 constexpr int kMostSteps = 512;
-constexpr double kDot = 1.0;
 
 } // namespace
 

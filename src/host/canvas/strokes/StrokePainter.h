@@ -25,6 +25,8 @@ public:
     void rays(const std::vector<Ray>& rays, const Affine2& map, Bucket& bucket);
 
     // Pieces, in pixels of the image.
+    /// What is smaller, in pixels, is drawn as a dot.
+    static constexpr double kDot = 1.0;
     /// Settles chunks that are out of sight or shrink to one pixel.
     template <class Chunk>
     bool isDone(const Chunk& chunk, const Box2& box, Bucket& bucket);
@@ -48,7 +50,6 @@ private:
 template <class Chunk>
 bool StrokePainter::isDone(const Chunk& chunk, const Box2& box, Bucket& bucket)
 {
-    constexpr double kDot = 1.0;
     if (!box.meets(m_visible))
         return true;
     if (box.width() >= kDot || box.height() >= kDot || m_erased.touches(chunk))

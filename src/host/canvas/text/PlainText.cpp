@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr QChar kDegree(0x00B0);
+constexpr QChar kDegreeSign(0x00B0);
 constexpr QChar kPlusMinus(0x00B1);
 constexpr QChar kDiameter(0x2300);
 const QLatin1String kTab("    ");
@@ -128,7 +128,7 @@ QString plainSingleLine(const QString& coded)
             continue;
         }
         if (code == u'd')
-            out += kDegree;
+            out += kDegreeSign;
         else if (code == u'p')
             out += kPlusMinus;
         else if (code == u'c')

@@ -11,24 +11,24 @@ namespace {
 
 constexpr int kDeleteAll = 1;
 constexpr int kRetainAll = 2;
-constexpr int kWidth = 150; ///< dialog units
+constexpr int kPromptWidth = 150; ///< dialog units
 
 /// Tells whether a drawing was closed while the question stood.
-class DrawingWatch : public OdDbDatabaseReactor
+class PromptedDrawing : public OdDbDatabaseReactor
 {
 public:
-    explicit DrawingWatch(OdDbDatabase& database)
+    explicit PromptedDrawing(OdDbDatabase& database)
         : m_database(&database)
     {
         m_database->addReactor(this);
     }
-    ~DrawingWatch() override
+    ~PromptedDrawing() override
     {
         if (m_database)
             m_database->removeReactor(this);
     }
-    DrawingWatch(const DrawingWatch&) = delete;
-    DrawingWatch& operator=(const DrawingWatch&) = delete;
+    PromptedDrawing(const PromptedDrawing&) = delete;
+    PromptedDrawing& operator=(const PromptedDrawing&) = delete;
 
     bool isGone() const { return !m_database; }
 
@@ -51,7 +51,7 @@ TaskQuestion excessFiltersQuestion()
     question.links = {{kDeleteAll, KsResString(filterTexts(), 40275)},
                       {kRetainAll, KsResString(filterTexts(), 40276)}};
     question.defaultLink = kDeleteAll;
-    question.widthInDialogUnits = kWidth;
+    question.widthInDialogUnits = kPromptWidth;
     return question;
 }
 
@@ -66,7 +66,7 @@ bool CheckExcessFilters(KsApDocument* document, QWidget* parent)
     OdDbDatabase& database = *document->database();
     if (!hasExcessFilters(database))
         return false;
-    DrawingWatch watch(database);
+    PromptedDrawing watch(database);
     if (Prompts::current().ask(parent, excessFiltersQuestion()) != kDeleteAll || watch.isGone())
         return false;
     deleteAllFilters(database);

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int kDarkBelow = 128;
-
 LayerIcon iconOf(FilterNodeKind kind)
 {
     switch (kind) {
@@ -31,13 +29,9 @@ LayerIcon iconOf(FilterNodeKind kind)
 
 LayerIconGround groundOf(const QStyleOptionViewItem& option)
 {
-    const bool selected = (option.state & QStyle::State_Selected) != 0;
-    const QColor ground = option.palette.color(selected ? QPalette::Highlight : QPalette::Base);
-    if (selected)
-        return option.palette.color(QPalette::HighlightedText).lightness() < kDarkBelow
-            ? LayerIconGround::Light
-            : LayerIconGround::Selection;
-    return ground.lightness() < kDarkBelow ? LayerIconGround::Dark : LayerIconGround::Light;
+    return (option.state & QStyle::State_Selected) != 0
+        ? iconGroundOfSelection(option.palette.color(QPalette::HighlightedText))
+        : iconGround(option.palette.color(QPalette::Base));
 }
 
 } // namespace

@@ -18,8 +18,6 @@
 
 namespace {
 
-constexpr int kWidestColumn = 40; ///< in characters; wider columns are the user's choice
-
 /// Asks the host's dialog for the value of a column; false where the user gave up.
 bool pick(IKestServicesManager& services, const KestPickRequest& request, StateLayerColumn column,
           LayerInfoInLS& layer)
@@ -80,7 +78,7 @@ void CEdLayStateListCtrl::initialise(OdDbDatabase& database, const QString& stat
 /// Widens columns that are too narrow for what they hold, within bounds.
 void CEdLayStateListCtrl::fitColumns()
 {
-    const int most = sizeInCharacters(*this, kWidestColumn, 1).width();
+    const int most = sizeInCharacters(*this, kWidestStateColumn, 1).width();
     const int room = sizeInCharacters(*this, 2, 1).width();
     for (ListCtrlColumnData& column : m_columns) {
         const int text = sizeHintForColumn(column.subItem) + room;

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int kWidestColumn = 40; ///< in characters; wider columns are the user's choice
-
 bool isEnter(const QKeyEvent& event)
 {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -64,7 +62,7 @@ void CLayerStateListCtrl::chooseOnly(int row)
 
 void CLayerStateListCtrl::fitColumns()
 {
-    const int most = sizeInCharacters(*this, kWidestColumn, 1).width();
+    const int most = sizeInCharacters(*this, kWidestStateColumn, 1).width();
     const auto columns = LayerStateListModel::columns();
     for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
         // Descriptions have what the other columns leave.

@@ -8,6 +8,8 @@ class QDialogButtonBox;
 
 /// Help topic of all dialogs of layer states.
 inline constexpr int kLayerStateHelp = 706;
+/// In characters; wider columns are the choice of the user.
+inline constexpr int kWidestStateColumn = 40;
 
 /// Icon, title and, if wanted, the topic of F1.
 void setUpStateDialog(QDialog& dialog, const QString& title, int helpTopic = 0);

@@ -5,6 +5,7 @@
 #include "database/tables/OdDbLayerTable.h"
 #include "database/tables/OdDbLayerTableRecord.h"
 #include "layermanager/layers/HostVariables.h"
+#include "layermanager/layers/LayerListing.h"
 #include "layermanager/layers/grid/CLayerListCtrlDatabaseReactor.h"
 #include "layermanager/layers/grid/LayerCellDelegate.h"
 #include "layermanager/layers/grid/UpdatesOff.h"
@@ -18,7 +19,6 @@
 namespace {
 
 /// Layers with this character in their names belong to the program that made the drawing.
-constexpr char kHiddenMark = '*';
 
 /// So many rows are taken away one by one, with the selection and the focus around them.
 constexpr std::size_t kFewRows = 32;
@@ -49,7 +49,7 @@ LayerListModel::Ids shownLayers(const OdDbDatabase& database)
     LayerListModel::Ids layers;
     layers.reserve(names.size());
     for (quint32 position = 0; position < names.size(); ++position) {
-        if (names.isActive(position) && !names.key(position).contains(kHiddenMark))
+        if (names.isActive(position) && !names.key(position).contains(kHiddenLayerMark))
             layers.push_back(database.idOfSlot(table.slotsInOrder()[position]));
     }
     return layers;

@@ -32,9 +32,7 @@ CellLook::CellLook(const QStyleOptionViewItem& option)
 
 LayerIconGround CellLook::iconGround() const
 {
-    if (selected)
-        return isDark(text) ? LayerIconGround::Light : LayerIconGround::Selection;
-    return isGroundDark() ? LayerIconGround::Dark : LayerIconGround::Light;
+    return selected ? iconGroundOfSelection(text) : ::iconGround(ground);
 }
 
 void CellLook::paintGround(QPainter& painter) const

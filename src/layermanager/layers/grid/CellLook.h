@@ -36,8 +36,6 @@ struct CellLook
     /// A frame that keeps a swatch apart from a ground of its own color.
     QColor thinFrame() const;
 
-    static bool isDark(const QColor& color) { return qGray(color.rgb()) < 128; }
-
     QRect rect;
     bool selected;
     bool focused;

@@ -18,7 +18,7 @@ using Record = OdDbLayerTableRecord;
 
 constexpr qsizetype kTooLong = 255;
 
-QString words(const char* text)
+QString editWords(const char* text)
 {
     return QCoreApplication::translate("LayerEdits", text);
 }
@@ -67,7 +67,7 @@ LayerEditOutcome giveLayerValue(OdDbObjectId id, LayerColumn column, const Layer
 QString layerNameRefusal(const QString& name)
 {
     if (name.isEmpty())
-        return words(QT_TRANSLATE_NOOP("LayerEdits", "A name is needed."));
+        return editWords(QT_TRANSLATE_NOOP("LayerEdits", "A name is needed."));
     if (name_characters::containsAnyOf(name, name_characters::kNotInLayers)) {
         return KsResString(layerTexts(), 84506) + name_characters::kNotInLayers;
     }
@@ -76,7 +76,7 @@ QString layerNameRefusal(const QString& name)
         return KsResString(layerTexts(), 84919);
     const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
     if (std::any_of(name.begin(), name.end(), isControl))
-        return words(
+        return editWords(
             QT_TRANSLATE_NOOP("LayerEdits", "A layer's name holds no control characters."));
     return {};
 }

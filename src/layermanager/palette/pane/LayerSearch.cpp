@@ -5,6 +5,7 @@
 #include "database/store/NameIndex.h"
 #include "database/tables/OdDbLayerTable.h"
 #include "database/tables/OdDbLayerTableRecord.h"
+#include "layermanager/layers/LayerListing.h"
 
 #include <algorithm>
 #include <numeric>
@@ -12,7 +13,6 @@
 namespace {
 
 /// Layers with this character in their names belong to the program that made the drawing.
-constexpr char kHiddenMark = '*';
 
 constexpr qsizetype kNameEstimate = 16; ///< characters, to begin with
 
@@ -68,7 +68,7 @@ void LayerSearch::readNames(const OdDbDatabase& database)
     QByteArrayView before;
     for (const quint32 position : positions) {
         const QByteArrayView key = names.key(position);
-        if (!names.isActive(position) || key.contains(kHiddenMark))
+        if (!names.isActive(position) || key.contains(kHiddenLayerMark))
             continue;
         const OdDbObjectId id = database.idOfSlot(table.slotsInOrder()[position]);
         const auto begin = static_cast<quint32>(m_text.size());

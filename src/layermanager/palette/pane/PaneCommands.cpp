@@ -33,7 +33,6 @@ constexpr PaneTool kTools[] = {
 };
 
 constexpr int kIconPixels[] = {16, 20, 24, 28, 32, 40, 48};
-constexpr int kDarkBelow = 128;
 constexpr qreal kDimmedOpacity = 0.35;
 
 /// What styles make of an icon for a disabled button is hardly told from others on a dark ground.
@@ -61,12 +60,11 @@ QString paneToolText(const PaneTool& tool)
 
 QIcon paneIcon(LayerIcon icon, const QPalette& palette)
 {
-    const bool dark = palette.color(QPalette::Button).lightness() < kDarkBelow;
+    const LayerIconGround ground = iconGround(palette.color(QPalette::Button));
     const LayerIcons icons;
     QIcon result;
     for (const int size : kIconPixels) {
-        const QPixmap drawn =
-            icons.pixmap(icon, size, 1.0, dark ? LayerIconGround::Dark : LayerIconGround::Light);
+        const QPixmap drawn = icons.pixmap(icon, size, 1.0, ground);
         result.addPixmap(drawn);
         result.addPixmap(dimmed(drawn), QIcon::Disabled);
     }

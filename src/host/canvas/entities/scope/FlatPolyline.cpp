@@ -22,13 +22,6 @@ Vec2 unit(Vec2 v)
     return length > 0 ? v * (1 / length) : Vec2{1, 0};
 }
 
-Vec2 turned(Vec2 v, double angle)
-{
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
-    return {v.x * c - v.y * s, v.x * s + v.y * c};
-}
-
 } // namespace
 
 std::size_t FlatPolyline::segmentCount() const
@@ -91,7 +84,7 @@ Vec2 FlatPolyline::tangent(std::size_t segment, bool atEnd) const
     const Vertex& from = vertices[segment];
     const Vec2 chord = unit(endOf(segment).at - from.at);
     const double half = 2 * std::atan(from.bulge);
-    return turned(chord, atEnd ? half : -half);
+    return chord.turned(atEnd ? half : -half);
 }
 
 /// Half-width direction at an end of a segment: its normal, or half-way to the neighbour's so that
@@ -139,8 +132,8 @@ void FlatPolyline::drawWide(GeometrySink& sink, std::size_t segment) const
     for (int step = 0; step <= steps; ++step) {
         const double f = static_cast<double>(step) / steps;
         const bool inner = step > 0 && step < steps;
-        const Vec2 normal = inner ? turned(tangent(segment, false).left(), arc.sweep * f)
-                                  : mitre(segment, step > 0);
+        const Vec2 normal =
+            inner ? tangent(segment, false).left().turned(arc.sweep * f) : mitre(segment, step > 0);
         const Vec2 at = inner ? arc.at(arc.start + arc.sweep * f) : (step > 0 ? to.at : from.at);
         const Vec2 half = normal * ((from.startWidth + (from.endWidth - from.startWidth) * f) / 2);
         left.push_back(toPlan(at + half));
