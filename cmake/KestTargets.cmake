@@ -100,15 +100,19 @@ function(kest_headers name)
     <algorithm> <functional> <map> <memory> <optional> <set> <variant> <vector> ${arg_HEADERS})
 endfunction()
 
-# kest_quick(TARGET HEADERS [APART REGEX]): the sources of the target begin with such a set. Those that name their
-# texts' context in a function of their own, or make the names of an enumeration their own, stay out of the batches,
-# where these would meet those of others; so do those that match APART.
+# kest_quick(TARGET HEADERS [APART REGEX]): the sources of the target begin with such a set; those of a library are
+# compiled in batches. Sources that name their texts' context in a function of their own, or make the names of an
+# enumeration their own, stay out of these, where they would meet those of others; so do those that match APART.
 function(kest_quick target headers)
   cmake_parse_arguments(PARSE_ARGV 2 arg "" "APART" "")
   if(NOT KEST_QUICK)
     return()
   endif()
   target_precompile_headers(${target} REUSE_FROM ${headers})
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL "EXECUTABLE")
+    return()
+  endif()
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
   get_target_property(sources ${target} SOURCES)
   list(FILTER sources INCLUDE REGEX "\\.cpp$")
