@@ -73,7 +73,7 @@ class Check(unittest.TestCase):
         result = self.check()
         self.assertEqual(result.returncode, 8)
         self.assertNotIn("All passed", result.stdout)
-        self.assertEqual(self.log()[-1], "ctest --preset dev -j 2")
+        self.assertEqual(self.log()[-1], "ctest --preset dev -j 2 -LE sanitize")
 
     def test_every_fuzzer_runs_over_its_seeds(self):
         for name in ("one", "two"):

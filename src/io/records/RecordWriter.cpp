@@ -37,8 +37,8 @@ bool RecordWriter::isInFile(quint32 slot) const
 
 bool RecordWriter::isLive(quint32 slot) const
 {
-    constexpr int kDeepest = 1000;
-    for (int depth = 0; slot != ObjectStore::kNone && depth < kDeepest; ++depth) {
+    constexpr int kMostOwners = 1000;
+    for (int depth = 0; slot != ObjectStore::kNone && depth < kMostOwners; ++depth) {
         if (m_store.has(slot, ObjectStore::kErased))
             return false;
         slot = m_store.owner(slot);
@@ -71,7 +71,10 @@ std::vector<KeyedHandle> RecordWriter::entriesNow(quint32 slot)
     std::vector<KeyedHandle> entries;
     const auto dictionary = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
     for (const DictionaryEntry& entry : dictionary->entries()) {
-        const bool stays = entry.value.isNull() ? isInFile(slot) : isLive(entry.value.slot());
+        const quint32 value = entry.value.slot();
+        const bool stays = entry.value.isNull()
+            ? isInFile(slot)
+            : isLive(value) && (isInFile(value) || whyNotHeld(value).isEmpty());
         if (stays && !isRemoved(entry.key))
             entries.push_back({entry.key, entry.value.getHandle().value()});
     }
@@ -128,7 +131,10 @@ void RecordWriter::cleanReferences()
 void RecordWriter::editTouched(quint32 slot)
 {
     if (!isInFile(slot)) {
-        if (isLive(slot))
+        const QString why = isLive(slot) ? whyNotHeld(slot) : QString();
+        if (!why.isEmpty())
+            tellNotKept(why);
+        else if (isLive(slot))
             addRecord(slot);
         return;
     }

@@ -56,6 +56,8 @@ protected:
     quint64 used(quint64 handle);
     void tellNotKept(const QString& sentence);
 
+    /// Why the file cannot hold a new record, in a sentence; nothing where it can.
+    virtual QString whyNotHeld(quint32) const { return {}; }
     virtual void addRecord(quint32 slot) = 0;
     virtual void editLayer(quint32 slot) = 0;
     /// Its layer, if that differs.

@@ -35,7 +35,8 @@ PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DrawingVersi
         fail(kHeadAt,
              tr("page %1, the section map, is not in the page map.").arg(m_sectionMapPage));
     readSectionMap(map->offset);
-    if (word<quint32>(bytes(kSecurityAt, 4).data()) != 0 || find("AcDb:Security"))
+    if (word<quint32>(bytes(kSecurityAt, 4).data()) != 0 || find("AcDb:Security")
+        || find("AcDb:Signature"))
         addFault(tr("Parts of it are encrypted or signed."));
     for (std::size_t i = 0; i < kSectionNames.size(); ++i) {
         const Section* found = find(kSectionNames[i]);
@@ -212,11 +213,12 @@ QByteArrayView PagedFile::section(DwgSection section) const
     return QByteArrayView(whole).chopped(std::min(kPadding, whole.size()));
 }
 
-QByteArrayView PagedFile::packedPage(const SectionPage& part) const
+PagedFile::PackedPage PagedFile::packedPage(const SectionPage& part) const
 {
     const Page* place = page(part.number);
     if (!place)
         fail(0, tr("page %1 is not in the page map.").arg(part.number));
     const QByteArray head = maskedPageHead(bytes(place->offset, kDataHead), place->offset);
-    return bytes(place->offset + kDataHead, word<quint32>(head.data() + 8));
+    return {bytes(place->offset + kDataHead, word<quint32>(head.data() + 8)),
+            word<quint32>(head.data() + kDataSum)};
 }

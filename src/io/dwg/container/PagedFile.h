@@ -52,8 +52,13 @@ public:
     const Page* page(int number) const;
     /// The first bytes of the section map, with the number of sections.
     const QByteArray& sectionMapHead() const { return m_sectionMapHead; }
-    /// A page as the file has it, behind its head.
-    QByteArrayView packedPage(const SectionPage& part) const;
+    /// A page as the file has it, behind its head, and the sum in that, which need not be right.
+    struct PackedPage
+    {
+        QByteArrayView bytes;
+        quint32 sum;
+    };
+    PackedPage packedPage(const SectionPage& part) const;
 
 private:
     void readHead();

@@ -1,6 +1,7 @@
 #include "io/dwg/read/DwgIndex.h"
 
 #include "database/values/OdError.h"
+#include "io/dwg/container/FlatFile.h"
 #include "io/dwg/records/DwgTypes.h"
 #include "io/dwg/records/FreeRecords.h"
 #include "io/dwg/records/SheetRecords.h"
@@ -75,7 +76,10 @@ DwgIndex::DwgIndex(const DwgFile& file, const DwgFormat& format, const DwgClasse
 
 void DwgIndex::run(const IoProgress& progress)
 {
+    if (!m_classes.isSound())
+        addFault(tr("The section of classes is damaged."));
     readMap();
+    requireOneRun();
     scanAll(progress);
     readBlocks();
     readTables();
@@ -86,6 +90,20 @@ void DwgIndex::addFault(const QString& sentence)
 {
     if (m_faults.size() < kMostFaults)
         m_faults << sentence;
+}
+
+void DwgIndex::requireOneRun()
+{
+    const auto* const flat = dynamic_cast<const FlatFile*>(&m_file);
+    if (!flat || m_records.empty())
+        return;
+    const auto [first, last] =
+        std::minmax_element(m_records.begin(), m_records.end(),
+                            [](const Record& a, const Record& b) { return a.offset < b.offset; });
+    for (const FlatFile::Locator& locator : flat->locators()) {
+        if (locator.size > 0 && locator.offset >= first->offset && locator.offset <= last->offset)
+            addFault(tr("The section %1 stands among the records.").arg(locator.number));
+    }
 }
 
 void DwgIndex::readMap()

@@ -58,6 +58,8 @@ public:
 
 private:
     void readMap();
+    /// A save writes all records of a flat file in one run.
+    void requireOneRun();
     void scan(std::size_t first, std::size_t end);
     void scanAll(const IoProgress& progress);
     void readBlocks();

@@ -15,7 +15,27 @@
 #include "io/dwg/read/DwgCursor.h"
 #include "io/dwg/records/DwgTypes.h"
 #include "io/dwg/records/SheetRecords.h"
-#include "io/dxf/read/LayerGroups.h"
+#include "io/records/LayerXData.h"
+
+namespace {
+
+/// Up to R14 the layers frozen in a viewport stand in its extended data, inside the second pair of
+/// braces.
+std::vector<quint64> frozenInXData(DwgRecord& record, const DwgHead& head)
+{
+    const auto handleText = [](quint64 handle) { return QString::number(handle, 16); };
+    std::vector<quint64> layers;
+    int braces = 0;
+    for (const GroupList::Group& group : FreeRecords::xData(record, head, handleText)) {
+        if (group.code == 1002)
+            braces += group.value == "{" ? 1 : -1;
+        else if (group.code == 1003 && braces == 2)
+            layers.push_back(NumberText::handle(group.value).value_or(0));
+    }
+    return layers;
+}
+
+} // namespace
 
 DwgObjectSource::DwgObjectSource(std::unique_ptr<DwgFile> file, OdDbDatabase& database)
     : RecordSource(database)
@@ -77,13 +97,24 @@ quint32 DwgObjectSource::extensionDictionary(quint32 slot) const
 
 LayerState DwgObjectSource::readLayer(quint32 slot) const
 {
-    LayerState state;
-    state.linetype = database().getLinetypeContinuousId();
     DwgRecord record = reader();
-    if (!open(record, slot))
-        return state;
+    if (!open(record, slot)) {
+        LayerState none;
+        none.linetype = database().getLinetypeContinuousId();
+        return none;
+    }
     DwgHead head;
     record.readHead(head);
+    LayerState state = decodeLayer(record, head, [this](quint64 handle) { return nameOf(handle); });
+    readLayerExtras(slot, id(head.extension), state);
+    return state;
+}
+
+LayerState DwgObjectSource::decodeLayer(DwgRecord& record, const DwgHead& head,
+                                        const FreeRecords::NameOf& nameOf) const
+{
+    LayerState state;
+    state.linetype = database().getLinetypeContinuousId();
     const TableRecords::Layer layer = TableRecords::layer(record);
     state.name = layer.head.name;
     state.dependent = layer.head.dependent;
@@ -100,31 +131,24 @@ LayerState DwgObjectSource::readLayer(quint32 slot) const
     if (const OdDbObjectId linetype = id(layer.linetype); !linetype.isNull())
         state.linetype = linetype;
     state.plotStyle = id(layer.plotStyle);
-    readLayerXData(FreeRecords::xData(record, head, [this](quint64 h) { return nameOf(h); }),
-                   state);
-    readLayerExtras(slot, id(head.extension), state);
+    readLayerXData(FreeRecords::xData(record, head, nameOf), state);
     return state;
 }
 
 void DwgObjectSource::readLayerXData(const GroupList& xData, LayerState& layer) const
 {
-    QByteArray application;
+    QByteArrayView application;
     int strings = 0;
     for (const GroupList::Group& group : xData) {
         if (group.code == 1001) {
-            application = group.value.toByteArray();
+            application = group.value;
             strings = 0;
-        } else if (group.code == 1000
-                   && application.compare(LayerGroups::kDescriptionApplication, Qt::CaseInsensitive)
-                       == 0)
+        } else if (group.code == 1000 && LayerXData::isSame(application, LayerXData::kDescription))
         {
             // The first string is of unknown use; the second is the description.
             if (++strings == 2)
                 layer.description = QString::fromUtf8(group.value);
-        } else if (group.code == 1071
-                   && application.compare(LayerGroups::kTransparencyApplication,
-                                          Qt::CaseInsensitive)
-                       == 0)
+        } else if (group.code == 1071 && LayerXData::isSame(application, LayerXData::kTransparency))
         {
             layer.transparency = static_cast<quint32>(NumberText::integer(group.value).value_or(0));
         }
@@ -155,7 +179,7 @@ XrecordState DwgObjectSource::readXrecord(quint32 slot) const
         return state;
     DwgHead head;
     record.readHead(head);
-    state.groups = FreeRecords::xrecord(record);
+    state.groups = FreeRecords::xrecord(record).own.groups;
     state.xData = FreeRecords::xData(record, head, [this](quint64 h) { return nameOf(h); });
     return state;
 }
@@ -182,7 +206,8 @@ ViewportState DwgObjectSource::readViewport(quint32 slot) const
     record.readHead(head, entity);
     const SheetRecords::Viewport viewport = SheetRecords::viewport(record);
     const ObjectStore& store = database().store();
-    for (const quint64 handle : viewport.frozenLayers) {
+    const bool hasList = record.since(DrawingVersion::V2000);
+    for (const quint64 handle : hasList ? viewport.frozenLayers : frozenInXData(record, head)) {
         const OdDbObjectId layer = id(handle);
         if (!layer.isNull() && store.type(layer.slot()) == RecordType::Layer)
             state.frozenLayers.push_back(layer);

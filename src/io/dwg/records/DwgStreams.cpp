@@ -20,15 +20,14 @@ QString utf16(BitReader& reader, quint32 length)
     return upToZero(text);
 }
 
-/// Files that were of an older version once keep its escapes for characters outside its code page.
-QString withoutEscapes(const QString& text)
+} // namespace
+
+QString DwgStreams::withoutEscapes(const QString& text)
 {
     if (!text.contains(QLatin1String("\\U+")) && !text.contains(QLatin1String("\\M+")))
         return text;
     return DxfText().decode(text.toUtf8().replace('^', "^ "));
 }
-
-} // namespace
 
 void DwgStreams::start(QByteArrayView body)
 {
@@ -109,8 +108,12 @@ QString DwgStreams::plainText()
     const quint32 length = data.rawShort();
     if (hasTextStream(version()))
         return utf16(data, length);
-    data.rawChar(); // code page
-    return decode(data.bytes(length));
+    const int codePage = data.rawChar();
+    const QByteArray bytes = data.bytes(length);
+    // Each of these texts has a code page of its own, which most often is that of the drawing.
+    return codePage == m_format->codePage || codePage == 0
+        ? decode(bytes)
+        : upToZero(DwgFormat::of(version(), codePage).text.decode(bytes));
 }
 
 OdCmColor DwgStreams::color()

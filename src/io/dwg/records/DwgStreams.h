@@ -44,6 +44,9 @@ public:
     quint32 count(quint64 bits);
     /// A text whose length and characters stand in the data stream, as in free records.
     QString plainText();
+    /// Files that were of an older version once keep its escapes for characters outside its code
+    /// page.
+    static QString withoutEscapes(const QString& text);
     double number() { return data.bitDouble(); }
     void point(double (&coordinates)[3]);
 

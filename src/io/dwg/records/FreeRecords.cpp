@@ -107,6 +107,32 @@ bool appendItem(GroupList& groups, DwgRecord& record, const FreeRecords::NameOf&
     }
 }
 
+/// Reads items from the place of the reader to `end`, one at a time. Values that run over it, and
+/// all behind an item of an unknown form, are left alone.
+template <class AppendItem>
+FreeRecords::Items itemsUpTo(quint64 end, quint64 least, DwgRecord& record,
+                             const AppendItem& appendItem)
+{
+    BitReader& data = record.data;
+    FreeRecords::Items found;
+    found.end = end;
+    found.readEnd = data.position();
+    const BitReader whole = data;
+    data.limit(end);
+    while (data.position() + least <= end) {
+        GroupList item;
+        if (!appendItem(item) || data.hasFailed())
+            break;
+        found.items.push_back({found.readEnd, static_cast<int>(item.size())});
+        for (const GroupList::Group& group : item)
+            found.groups.append(group);
+        found.readEnd = data.position();
+    }
+    data = whole;
+    data.seek(end);
+    return found;
+}
+
 } // namespace
 
 std::vector<FreeRecords::XDataBlock>
@@ -121,17 +147,13 @@ FreeRecords::xDataBlocks(DwgRecord& record, const DwgHead& head, const NameOf& n
         const quint32 size = static_cast<quint16>(data.bitShort());
         if (size == 0 || data.hasFailed())
             return blocks;
+        block.applicationAt.begin = data.position();
         block.application = data.handle().value;
+        block.applicationAt.end = data.position();
         block.at.end = data.position() + quint64(size) * 8;
-        // Values that run over the end of their block leave those behind it alone.
-        const BitReader whole = data;
-        data.limit(block.at.end);
-        while (data.position() < block.at.end && !data.hasFailed()) {
-            if (!appendItem(block.groups, record, nameOf))
-                break;
-        }
-        data = whole;
-        data.seek(block.at.end);
+        block.own = itemsUpTo(block.at.end, 8, record, [&](GroupList& groups) {
+            return appendItem(groups, record, nameOf);
+        });
         blocks.push_back(std::move(block));
     }
 }
@@ -141,7 +163,7 @@ GroupList FreeRecords::xData(DwgRecord& record, const DwgHead& head, const NameO
     GroupList groups;
     for (const XDataBlock& block : xDataBlocks(record, head, nameOf)) {
         groups.append(1001, nameOf(block.application).toUtf8());
-        for (const GroupList::Group& group : block.groups)
+        for (const GroupList::Group& group : block.own.groups)
             groups.append(group);
     }
     return groups;
@@ -160,30 +182,30 @@ FreeRecords::Dictionary FreeRecords::dictionary(DwgRecord& record)
         data.bitShort(); // cloning
         dictionary.hard = data.rawChar() != 0;
     }
-    dictionary.textsBegin = record.textPosition();
+    dictionary.keys.begin = record.textPosition();
     dictionary.references.begin = record.handles.position();
     for (quint32 i = 0; i < count && !record.hasFailed(); ++i) {
+        const quint64 keyBegin = record.textPosition();
+        const quint64 referenceBegin = record.handles.position();
         QString key = record.text();
         dictionary.entries.push_back({std::move(key), record.reference()});
+        dictionary.keysAt.push_back({keyBegin, record.textPosition()});
+        dictionary.referencesAt.push_back({referenceBegin, record.handles.position()});
     }
-    dictionary.textsEnd = record.textPosition();
+    dictionary.keys.end = record.textPosition();
     dictionary.references.end = record.handles.position();
     return dictionary;
 }
 
-GroupList FreeRecords::xrecord(DwgRecord& record, BitSpan* at)
+FreeRecords::Xrecord FreeRecords::xrecord(DwgRecord& record)
 {
-    GroupList groups;
+    Xrecord fields;
     BitReader& data = record.data;
-    const quint64 begin = data.position();
-    const quint64 end = quint64(record.count(8)) * 8 + data.position();
-    if (at)
-        *at = {begin, end};
-    while (data.position() + 16 <= end && !data.hasFailed()) {
+    fields.at.begin = data.position();
+    fields.at.end = quint64(record.count(8)) * 8 + data.position();
+    fields.own = itemsUpTo(fields.at.end, 16, record, [&](GroupList& groups) {
         const int code = static_cast<qint16>(data.rawShort());
-        if (!appendGroup(groups, code, record))
-            data.fail();
-    }
-    data.seek(end);
-    return groups;
+        return appendGroup(groups, code, record);
+    });
+    return fields;
 }

@@ -13,12 +13,27 @@ namespace FreeRecords {
 /// The name of the record with that handle, for the names that DXF has where DWG has handles.
 using NameOf = std::function<QString(quint64 handle)>;
 
+/// Groups that stand one behind the other, and where. A point is one item, and three groups.
+struct Items
+{
+    struct Item
+    {
+        quint64 begin = 0;
+        int groups = 1;
+    };
+    GroupList groups;
+    std::vector<Item> items;
+    quint64 readEnd = 0; ///< behind the last item that has a known form
+    quint64 end = 0; ///< of all bits
+};
+
 /// Extended data of one application.
 struct XDataBlock
 {
     quint64 application = 0; ///< its record
     BitSpan at; ///< length, application and data
-    GroupList groups; ///< without the application
+    BitSpan applicationAt; ///< the reference to it
+    Items own;
 };
 std::vector<XDataBlock> xDataBlocks(DwgRecord& record, const DwgHead& head, const NameOf& nameOf);
 
@@ -29,14 +44,20 @@ struct Dictionary
 {
     bool hard = false;
     BitSpan count; ///< of the data
-    quint64 textsBegin = 0;
-    BitSpan references; ///< all of the entries
-    quint64 textsEnd = 0;
+    BitSpan keys; ///< all of the entries
+    BitSpan references;
     std::vector<KeyedHandle> entries;
+    std::vector<BitSpan> keysAt; ///< by entry
+    std::vector<BitSpan> referencesAt;
 };
 Dictionary dictionary(DwgRecord& record);
 
-/// Groups of an XRECORD behind its head; `at` is their length and all of them.
-GroupList xrecord(DwgRecord& record, BitSpan* at = nullptr);
+struct Xrecord
+{
+    BitSpan at; ///< the length of the groups, and all of them
+    Items own;
+};
+/// Behind its head.
+Xrecord xrecord(DwgRecord& record);
 
 } // namespace FreeRecords

@@ -111,12 +111,18 @@ SheetRecords::Layout SheetRecords::layout(DwgRecord& record)
     data.bitShort(); // which orthographic view
     record.point(point); // extents
     record.point(point);
+    layout.countAt.begin = data.position();
     const quint32 viewports = record.since(DrawingVersion::V2004) ? record.count(8) : 0;
+    layout.countAt.end = data.position();
     layout.block = record.reference();
+    layout.lastActiveAt.begin = record.handles.position();
     layout.lastActiveViewport = record.reference();
+    layout.lastActiveAt.end = record.handles.position();
     record.reference(); // base coordinate system
     record.reference(); // named coordinate system
+    layout.viewportsAt.begin = record.handles.position();
     for (quint32 i = 0; i < viewports && !record.hasFailed(); ++i)
         layout.viewports.push_back(record.reference());
+    layout.viewportsAt.end = record.handles.position();
     return layout;
 }

@@ -61,7 +61,10 @@ struct Layout
     double limits[4] = {0, 0, 0, 0};
     quint64 block = 0;
     quint64 lastActiveViewport = 0;
+    BitSpan lastActiveAt; ///< the reference to it
     std::vector<quint64> viewports; ///< since version 2004
+    BitSpan countAt; ///< of their number
+    BitSpan viewportsAt;
 };
 Layout layout(DwgRecord& record);
 

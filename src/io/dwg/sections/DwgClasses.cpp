@@ -112,6 +112,7 @@ DwgClasses::DwgClasses(const DwgFile& file, const DwgFormat& format)
 {
     SectionStreams section(file, DwgSection::Classes, format);
     BitReader& data = section.data;
+    m_sound = section.isSound();
     // Three bytes more than the highest number, or four of a number and its padding.
     if (section.since(DrawingVersion::V2004)) {
         data.bitShort();

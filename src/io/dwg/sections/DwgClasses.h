@@ -18,6 +18,8 @@ public:
     bool isEntity(quint16 type) const;
     /// The number of a class, 0 where the drawing has none of that DXF name.
     quint16 number(QByteArrayView dxfName) const;
+    /// Whether the section and its sum are whole.
+    bool isSound() const { return m_sound; }
 
 private:
     struct Class
@@ -26,4 +28,5 @@ private:
         bool isEntity = false;
     };
     std::vector<Class> m_classes; ///< by number from kFirst
+    bool m_sound = false;
 };

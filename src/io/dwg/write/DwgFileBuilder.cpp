@@ -106,7 +106,7 @@ QByteArray DwgFileBuilder::headerSection(quint64 seed)
                              current.modelSpace ? QStringLiteral("1") : QStringLiteral("0")),
               QStringLiteral("$TILEMODE"));
     if (seed != m_oldSeed)
-        count(patch.setReference(QStringLiteral("$HANDSEED"), seed), QStringLiteral("$HANDSEED"));
+        patch.setReference(QStringLiteral("$HANDSEED"), seed);
     return patch.isEmpty() ? QByteArray() : patch.result();
 }
 

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "database/values/GroupList.h"
+#include "io/records/KeyedHandle.h"
+
 #include <QByteArray>
-#include <QtGlobal>
 
 #include <map>
 #include <set>
+#include <vector>
 
 /// What a save means the records of a DWG file to be; all others stay as they are.
 struct DwgMeant
@@ -12,4 +15,13 @@ struct DwgMeant
     std::map<quint64, QByteArray> records; ///< changed and new ones by handle
     std::set<quint64> removed; ///< handles
     std::map<quint64, quint32> slotOf; ///< of the records that have one
+
+    // What edited or new records are to say, by handle
+    std::map<quint64, GroupList> groups; ///< of free records
+    std::map<quint64, std::vector<KeyedHandle>> entries; ///< of dictionaries; handle 0: as it was
+    std::map<quint64, QString> variables;
+    std::map<quint64, std::vector<quint64>> frozen; ///< layers, by viewport
+    std::map<quint64, quint64> layers; ///< of entities
+    std::map<quint64, QString> applications; ///< names of new ones
+    std::set<quint64> shortOfXData; ///< records whose extended data could not be kept
 };

@@ -5,11 +5,15 @@
 #include "database/tables/OdDbLayerTableRecord.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/read/HandleIndex.h"
-#include "io/dwg/records/TableRecords.h"
+#include "io/dwg/records/SheetRecords.h"
+#include "io/dwg/sections/HeaderSection.h"
 #include "io/dwg/sections/ObjectMap.h"
+#include "io/dwg/write/Spelling.h"
 #include "io/files/WrittenBytes.h"
 
 #include <QCoreApplication>
+
+#include <algorithm>
 
 namespace {
 
@@ -18,13 +22,39 @@ QString tr(const char* text)
     return QCoreApplication::translate("DwgVerifier", text);
 }
 
-bool isAsMeant(const TableRecords::Layer& layer, const LayerState& meant)
+/// Texts may hold what reads as a character once it is written.
+bool isSame(const QString& text, const QString& meant)
 {
-    const auto handle = [](OdDbObjectId id) { return id.isNull() ? 0 : id.getHandle().value(); };
-    return layer.head.name == meant.name && layer.frozen == meant.frozen && layer.off == meant.off
+    return text == meant || text == DwgStreams::withoutEscapes(meant);
+}
+
+bool isAsMeant(const LayerState& layer, const LayerState& meant)
+{
+    const bool isLinetype = meant.linetype.isNull() || layer.linetype == meant.linetype;
+    const bool isPlotStyle = meant.plotStyle.isNull() || layer.plotStyle == meant.plotStyle;
+    return layer.name == meant.name && layer.frozen == meant.frozen && layer.off == meant.off
         && layer.locked == meant.locked && layer.plottable == meant.plottable
         && layer.frozenInNewViewports == meant.frozenInNewViewports
-        && (handle(meant.linetype) == 0 || layer.linetype == handle(meant.linetype));
+        && Spelling::lineWeight(layer.lineWeight) == Spelling::lineWeight(meant.lineWeight)
+        && isLinetype && isPlotStyle;
+}
+
+/// Groups that differ in how numbers are written are the same.
+bool isSame(const DwgFormat& format, const GroupList& a, const GroupList& b)
+{
+    BitWriter first;
+    BitWriter second;
+    return Spelling::freeGroups(format, a, first) && Spelling::freeGroups(format, b, second)
+        && first.bytes() == second.bytes();
+}
+
+bool isSame(const std::vector<KeyedHandle>& entries, const std::vector<KeyedHandle>& meant)
+{
+    return std::equal(entries.begin(), entries.end(), meant.begin(), meant.end(),
+                      [](const KeyedHandle& is, const KeyedHandle& wanted) {
+                          return is.key == wanted.key
+                              && (wanted.handle == 0 || is.handle == wanted.handle);
+                      });
 }
 
 } // namespace
@@ -60,7 +90,8 @@ void DwgVerifier::run() const
             tr("What was written cannot be read back: %1 The file is as it was.")
                 .arg(file->faults().join(QLatin1Char(' '))));
     compareRecords(*file);
-    compareLayers(*file);
+    compareMeanings(*file);
+    compareSettings(*file);
 }
 
 void DwgVerifier::compareRecords(const DwgFile& file) const
@@ -88,23 +119,89 @@ void DwgVerifier::compareRecords(const DwgFile& file) const
         fail(0);
 }
 
-void DwgVerifier::compareLayers(const DwgFile& file) const
+void DwgVerifier::compareMeanings(const DwgFile& file) const
 {
-    const ObjectStore& store = m_database.store();
     const ObjectMap map = ObjectMap::read(file.section(DwgSection::ObjectMap));
     DwgRecord record(m_source.format(), file.section(DwgSection::Objects));
-    DwgHead head;
     for (const ObjectMap::Entry& entry : map.entries) {
-        const auto slot = m_meant.slotOf.find(entry.handle);
-        if (slot == m_meant.slotOf.end() || store.type(slot->second) != RecordType::Layer)
+        if (!m_meant.records.contains(entry.handle))
             continue;
-        const auto layer = m_database.idOfSlot(slot->second).openObject<OdDbLayerTableRecord>();
-        if (!layer || !record.open(entry.offset))
-            fail(entry.handle);
-        record.readHead(head);
-        if (!isAsMeant(TableRecords::layer(record), layer->state()) || record.hasFailed())
+        DwgHead head;
+        DwgEntityHead entity;
+        const bool opens = record.open(entry.offset);
+        if (opens && m_source.classes().isEntity(record.type()))
+            record.readHead(head, entity);
+        else if (opens)
+            record.readHead(head);
+        if (!opens || head.handle != entry.handle || !says(record, head, entity)
+            || record.hasFailed())
             fail(entry.handle);
     }
+}
+
+bool DwgVerifier::says(DwgRecord& record, const DwgHead& head, const DwgEntityHead& entity) const
+{
+    const quint64 handle = head.handle;
+    if (const auto layer = m_meant.layers.find(handle);
+        layer != m_meant.layers.end() && entity.layer != layer->second)
+        return false;
+    if (const auto frozen = m_meant.frozen.find(handle); frozen != m_meant.frozen.end())
+        return SheetRecords::viewport(record).frozenLayers == frozen->second;
+    if (const auto groups = m_meant.groups.find(handle); groups != m_meant.groups.end())
+        return isSame(m_source.format(), FreeRecords::xrecord(record).own.groups, groups->second);
+    if (const auto entries = m_meant.entries.find(handle); entries != m_meant.entries.end())
+        return isSame(FreeRecords::dictionary(record).entries, entries->second);
+    if (const auto value = m_meant.variables.find(handle); value != m_meant.variables.end()) {
+        record.data.rawChar(); // schema
+        return isSame(record.text(), value->second);
+    }
+    const auto slot = m_meant.slotOf.find(handle);
+    const bool isLayer =
+        slot != m_meant.slotOf.end() && m_database.store().type(slot->second) == RecordType::Layer;
+    return !isLayer || saysLayer(record, head, slot->second);
+}
+
+bool DwgVerifier::saysLayer(DwgRecord& record, const DwgHead& head, quint32 slot) const
+{
+    const auto layer = m_database.idOfSlot(slot).openObject<OdDbLayerTableRecord>();
+    if (!layer)
+        return false;
+    const LayerState& meant = layer->state();
+    const LayerState written = m_source.decodeLayer(record, head, [this](quint64 handle) {
+        const auto made = m_meant.applications.find(handle);
+        return made == m_meant.applications.end() ? m_source.nameOf(handle) : made->second;
+    });
+    const Spelling::Color color = Spelling::color(m_source.format(), written.color);
+    const Spelling::Color meantColor = Spelling::color(m_source.format(), meant.color);
+    const bool isColor = color.data.bytes() == meantColor.data.bytes()
+        && color.names.bytes() == meantColor.names.bytes();
+    const bool isXData = m_meant.shortOfXData.contains(head.handle)
+        || (isSame(written.description, meant.description)
+            && written.transparency == meant.transparency);
+    return isAsMeant(written, meant) && isColor && isXData;
+}
+
+void DwgVerifier::compareSettings(const DwgFile& file) const
+{
+    const HeaderSection header(file, m_source.format());
+    const CurrentSettings& current = m_database.current();
+    const quint64 seed = header.reference(QStringLiteral("$HANDSEED"));
+    const bool hasSeed =
+        std::none_of(m_meant.records.begin(), m_meant.records.end(), [&](const auto& record) {
+            return m_database.store().isNewHandle(record.first) && record.first >= seed;
+        });
+    const auto& variables = header.variables();
+    const auto mode = std::find_if(variables.begin(), variables.end(), [](const auto& variable) {
+        return variable.name == QLatin1String("$TILEMODE");
+    });
+    const bool isMode =
+        mode == variables.end() || (mode->value != QLatin1String("0")) == current.modelSpace;
+    const bool isLayer = current == m_database.loadedCurrent()
+        || header.reference(QStringLiteral("$CLAYER")) == current.layer.getHandle().value();
+    if (!header.isSound() || !hasSeed || !isMode || !isLayer)
+        throw OdError_FileAccess(OdResult::CantWriteFile,
+                                 tr("What was written does not say what the drawing says: its "
+                                    "settings differ. The file is as it was."));
 }
 
 void DwgObjectSource::verify(const OdDbDatabase& drawing, const DrawingPieces& pieces,

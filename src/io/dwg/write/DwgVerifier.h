@@ -2,6 +2,7 @@
 
 #include "io/DrawingCodec.h"
 #include "io/dwg/container/DwgFile.h"
+#include "io/dwg/records/DwgRecord.h"
 #include "io/dwg/write/DwgMeant.h"
 
 class DwgObjectSource;
@@ -19,7 +20,11 @@ public:
 
 private:
     void compareRecords(const DwgFile& file) const;
-    void compareLayers(const DwgFile& file) const;
+    void compareMeanings(const DwgFile& file) const;
+    void compareSettings(const DwgFile& file) const;
+    /// Whether an edited or new record, whose head was read, says what is meant.
+    bool says(DwgRecord& record, const DwgHead& head, const DwgEntityHead& entity) const;
+    bool saysLayer(DwgRecord& record, const DwgHead& head, quint32 slot) const;
     [[noreturn]] static void fail(quint64 handle);
 
     const DwgObjectSource& m_source;

@@ -7,7 +7,7 @@
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/records/SheetRecords.h"
 #include "io/dwg/write/DwgFileBuilder.h"
-#include "io/dxf/read/LayerGroups.h"
+#include "io/dwg/write/KeptBits.h"
 
 #include <QCoreApplication>
 
@@ -66,10 +66,11 @@ DrawingPieces DwgWriter::run()
         editTouched(slot);
     editDictionaries();
     editBlocks();
+    editLayouts();
     editTables();
     DwgFileBuilder builder(m_source, m_database, *m_meant);
     DrawingPieces pieces = builder.build(m_highestNew);
-    m_notKept += builder.notKept();
+    m_notKept += builder.notKept() + pieces.report.notKept;
     pieces.meant = m_meant;
     pieces.report.settingsChanged = builder.settingsChanged();
     report(pieces);
@@ -137,12 +138,16 @@ void DwgWriter::setFrozen(quint32 viewport, const std::vector<OdDbObjectId>&,
     if (!open(record, head, viewport))
         return;
     const SheetRecords::Viewport fields = SheetRecords::viewport(record);
-    BitWriter references;
+    std::vector<quint64>& handles = m_meant->frozen[m_store.handle(viewport)];
     for (const OdDbObjectId layer : after)
-        references.handle(DwgReference::SoftPointer, layer.getHandle().value());
+        handles.push_back(layer.getHandle().value());
+    // Version 2000 has hard pointers here.
+    const DwgReference kind =
+        record.since(DrawingVersion::V2004) ? DwgReference::SoftPointer : DwgReference::HardPointer;
     RecordPatch patch(record);
-    patch.replace(Stream::Data, fields.frozenCountAt, number(after.size()));
-    patch.replace(Stream::Handles, fields.frozenAt, references);
+    patch.replace(Stream::Data, fields.frozenCountAt, number(handles.size()));
+    patch.replace(Stream::Handles, fields.frozenAt,
+                  KeptBits::references(record, fields.frozenAt, handles, kind));
     patched(viewport, patch);
 }
 
@@ -152,16 +157,22 @@ void DwgWriter::setXrecord(quint32 slot, const XrecordState& before, const Xreco
     DwgHead head;
     if (!open(record, head, slot))
         return;
-    BitSpan at;
-    FreeRecords::xrecord(record, &at);
-    BitWriter groups;
-    if (!Spelling::xrecord(m_source.format(), after.groups, groups))
-        return tellNotKept(tr("A record holds groups that DWG drawings have no form for."));
+    const FreeRecords::Xrecord fields = FreeRecords::xrecord(record);
     RecordPatch patch(record);
     if (!(before.xData == after.xData))
-        replaceXData(head, after.xData, patch);
-    if (!(before.groups == after.groups))
-        patch.replace(Stream::Data, at, groups);
+        setXData(record, head, divided(after.xData), patch);
+    if (!(before.groups == after.groups)) {
+        const auto spell = [this](const GroupList& groups, BitWriter& out) {
+            return Spelling::freeGroups(m_source.format(), groups, out);
+        };
+        BitWriter groups;
+        if (!KeptBits::groups(record.body(), fields.own, after.groups, spell, groups))
+            return tellNotKept(tr("A record holds groups that DWG drawings have no form for."));
+        BitWriter all = number(groups.size() / 8);
+        all.append(groups);
+        patch.replace(Stream::Data, fields.at, all);
+        m_meant->groups[m_store.handle(slot)] = after.groups;
+    }
     patched(slot, patch);
 }
 
@@ -178,6 +189,7 @@ void DwgWriter::setVariable(quint32 slot, const QString& value)
     at.end = record.textPosition();
     RecordPatch patch(record);
     patch.replace(Stream::Text, at, Spelling::text(m_source.format(), value));
+    m_meant->variables[m_store.handle(slot)] = value;
     patched(slot, patch);
 }
 
@@ -194,6 +206,7 @@ void DwgWriter::editEntity(quint32 slot)
     RecordPatch patch(record);
     patch.replace(Stream::Handles, entity.layerAt,
                   reference(DwgReference::HardPointer, used(layer)));
+    m_meant->layers[m_store.handle(slot)] = layer;
     patched(slot, patch);
 }
 
@@ -205,27 +218,15 @@ void DwgWriter::setDictionary(quint32 slot, const DictionaryState& before,
     if (!open(record, head, slot))
         return;
     const FreeRecords::Dictionary fields = FreeRecords::dictionary(record);
-    QHash<QString, quint64> inFile;
-    for (const auto& [key, handle] : fields.entries)
-        inFile.insert(key, handle);
-    BitWriter texts;
-    BitWriter references;
-    for (const auto& [key, handle] : entries) {
-        texts.append(Spelling::text(m_source.format(), key));
-        references.handle(DwgReference::SoftOwner, handle != 0 ? handle : inFile.value(key));
-    }
+    const KeptBits::Entries now = KeptBits::entries(record, m_source.format(), fields, entries);
     RecordPatch patch(record);
     if (!(before.xData == xData))
-        replaceXData(head, xData, patch);
+        setXData(record, head, divided(xData), patch);
     patch.replace(Stream::Data, fields.count, number(entries.size()));
-    patch.replace(Stream::Text, {fields.textsBegin, fields.textsEnd}, texts);
-    patch.replace(Stream::Handles, fields.references, references);
+    patch.replace(Stream::Text, fields.keys, now.keys);
+    patch.replace(Stream::Handles, fields.references, now.references);
+    m_meant->entries[m_store.handle(slot)] = entries;
     patched(slot, patch);
-}
-
-void DwgWriter::replaceXData(const DwgHead& head, const GroupList& groups, RecordPatch& patch)
-{
-    patch.replace(Stream::Data, head.xData, NewDwgRecords::spelledXData(spelledXData(groups)));
 }
 
 void DwgWriter::recordRemoved(quint32 slot)

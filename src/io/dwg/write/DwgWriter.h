@@ -25,6 +25,7 @@ private:
     static BitWriter number(std::size_t count);
 
     // What was touched
+    QString whyNotHeld(quint32 slot) const override;
     void addRecord(quint32 slot) override;
     void editLayer(quint32 slot) override;
     void editEntity(quint32 slot) override;
@@ -41,8 +42,6 @@ private:
     void makeDictionary(quint64 handle, quint64 owner,
                         const std::vector<KeyedHandle>& entries) override;
     void tellLostColor(const LayerState& layer);
-    void editLayerXData(DwgRecord& record, const DwgHead& head, const LayerState& before,
-                        const LayerState& after, RecordPatch& patch);
 
     // What is new
     void addLayer(quint32 slot, NewDwgRecords::Head head);
@@ -53,15 +52,32 @@ private:
     NewDwgRecords::Head headOf(quint32 slot) const;
     void put(quint32 slot, quint64 handle, const QByteArray& record);
 
+    // Extended data
+    struct XData
+    {
+        QString application;
+        GroupList groups; ///< without the application
+    };
+    /// Extended data as DXF has them, from group 1001, by application.
+    static std::vector<XData> divided(const GroupList& groups);
+    /// Those of a new record, by the handle of their application.
+    std::vector<std::pair<quint64, QByteArray>> newXData(quint64 record,
+                                                         const std::vector<XData>& blocks);
+    std::vector<std::pair<quint64, QByteArray>> layerXData(quint64 record, const LayerState& layer);
+    void setXData(DwgRecord& record, const DwgHead& head, std::vector<XData> wanted,
+                  RecordPatch& patch);
+    void editLayerXData(DwgRecord& record, const DwgHead& head, const LayerState& before,
+                        const LayerState& after, RecordPatch& patch);
+    void tellXDataNotKept(quint64 record, const QString& application);
+    quint64 application(const QString& name);
+
     // What follows from it
     void editTables();
     void editBlocks();
+    /// Layouts name their viewports, and the last active one.
+    void editLayouts();
     /// Up to version 2000 entities of a block form a chain.
     void relinkEntities(const std::vector<quint64>& entities);
-    quint64 application(const QString& name);
-    std::vector<std::pair<quint64, QByteArray>> layerXData(const LayerState& layer);
-    std::vector<std::pair<quint64, QByteArray>> spelledXData(const GroupList& groups);
-    void replaceXData(const DwgHead& head, const GroupList& groups, RecordPatch& patch);
 
     /// The record of a slot as it is now: edited before, or as the file has it.
     bool open(DwgRecord& record, DwgHead& head, quint32 slot,

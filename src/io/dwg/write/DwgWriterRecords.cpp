@@ -8,11 +8,17 @@
 #include "database/tables/OdDbBlockTableRecord.h"
 #include "database/tables/OdDbLinetypeTableRecord.h"
 #include "io/dwg/read/DwgObjectSource.h"
+#include "io/dwg/records/SheetRecords.h"
 #include "io/dwg/write/DwgWriter.h"
+#include "io/dwg/write/KeptBits.h"
 
 #include <algorithm>
 
 using Stream = RecordPatch::Stream;
+
+namespace {
+constexpr QByteArrayView kVariableClass("DICTIONARYVAR");
+}
 
 NewDwgRecords::Head DwgWriter::headOf(quint32 slot) const
 {
@@ -26,6 +32,19 @@ NewDwgRecords::Head DwgWriter::headOf(quint32 slot) const
     }
     head.extension = extensionOf(slot);
     return head;
+}
+
+QString DwgWriter::whyNotHeld(quint32 slot) const
+{
+    if (m_store.type(slot) == RecordType::DictionaryVar)
+        return m_source.classes().number(kVariableClass) != 0
+            ? QString()
+            : tr("The drawing has no class for variables of its dictionary.");
+    BitWriter unused;
+    return m_store.type(slot) != RecordType::Xrecord
+            || Spelling::freeGroups(m_source.format(), xrecordNow(slot).groups, unused)
+        ? QString()
+        : tr("A record holds groups that DWG drawings have no form for.");
 }
 
 void DwgWriter::addRecord(quint32 slot)
@@ -47,54 +66,29 @@ void DwgWriter::addRecord(quint32 slot)
         return addDictionary(slot, head);
     case RecordType::Xrecord:
         return addXrecord(slot, head, xrecordNow(slot).groups);
-    case RecordType::DictionaryVar: {
-        const quint16 type = m_source.classes().number("DICTIONARYVAR");
-        if (type == 0)
-            return tellNotKept(tr("The drawing has no class for variables of its dictionary."));
+    case RecordType::DictionaryVar:
         put(slot, head.handle,
-            m_newRecords.variable(head, type, id.safeOpenObject<OdDbDictionaryVar>()->value()));
+            m_newRecords.variable(head, m_source.classes().number(kVariableClass),
+                                  id.safeOpenObject<OdDbDictionaryVar>()->value()));
         return;
-    }
     default:
         return;
     }
-}
-
-std::vector<std::pair<quint64, QByteArray>> DwgWriter::spelledXData(const GroupList& groups)
-{
-    std::vector<std::pair<quint64, GroupList>> blocks;
-    for (const GroupList::Group& group : groups) {
-        if (group.code == 1001)
-            blocks.emplace_back(application(QString::fromUtf8(group.value)), GroupList());
-        else if (!blocks.empty())
-            blocks.back().second.append(group);
-    }
-    std::vector<std::pair<quint64, QByteArray>> spelled;
-    for (const auto& [application, own] : blocks) {
-        QByteArray bytes;
-        if (Spelling::xData(m_source.format(), own, handleOf(), bytes))
-            spelled.emplace_back(application, bytes);
-        else
-            tellNotKept(tr("Extended data hold groups that DWG drawings have no form for."));
-    }
-    return spelled;
 }
 
 void DwgWriter::addDictionary(quint32 slot, const NewDwgRecords::Head& head)
 {
     const auto dictionary = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
     NewDwgRecords::Head whole = head;
-    whole.xData = spelledXData(dictionary->xData());
+    whole.xData = newXData(head.handle, divided(dictionary->xData()));
     put(slot, head.handle,
         m_newRecords.dictionary(whole, dictionary->state().treatElementsAsHard, entriesNow(slot)));
 }
 
 void DwgWriter::addXrecord(quint32 slot, const NewDwgRecords::Head& head, const GroupList& groups)
 {
-    if (const auto record = m_newRecords.xrecord(head, groups))
-        put(slot, head.handle, *record);
-    else
-        tellNotKept(tr("A record holds groups that DWG drawings have no form for."));
+    m_meant->groups[head.handle] = groups;
+    put(slot, head.handle, *m_newRecords.xrecord(head, groups));
 }
 
 NewDwgRecords::EntityHead DwgWriter::entityHead(quint32 slot, const GroupList& groups) const
@@ -165,18 +159,17 @@ void DwgWriter::editBlocks()
             }
         }
         RecordPatch patch(record);
-        BitWriter references;
+        DwgReference kind = DwgReference::HardOwner;
         if (record.since(DrawingVersion::V2004)) {
-            for (const quint64 entity : entities)
-                references.handle(DwgReference::HardOwner, entity);
             patch.replace(Stream::Data, old.countAt, number(entities.size()));
         } else {
             relinkEntities(entities);
-            for (const quint64 entity :
-                 {entities.empty() ? 0 : entities.front(), entities.empty() ? 0 : entities.back()})
-                references.handle(DwgReference::SoftPointer, entity);
+            kind = DwgReference::SoftPointer;
+            entities = {entities.empty() ? 0 : entities.front(),
+                        entities.empty() ? 0 : entities.back()};
         }
-        patch.replace(Stream::Handles, old.entitiesAt, references);
+        patch.replace(Stream::Handles, old.entitiesAt,
+                      KeptBits::references(record, old.entitiesAt, entities, kind));
         patched(slot, patch);
     }
 }
@@ -206,6 +199,35 @@ void DwgWriter::relinkEntities(const std::vector<quint64>& entities)
     }
 }
 
+void DwgWriter::editLayouts()
+{
+    const auto isGone = [this](quint64 handle) { return m_meant->removed.contains(handle); };
+    const bool affected = std::any_of(m_removed.begin(), m_removed.end(), [this](quint32 slot) {
+        return m_store.type(slot) == RecordType::Viewport;
+    });
+    for (const OdDbObjectId layout : affected ? m_database.layouts() : std::vector<OdDbObjectId>())
+    {
+        DwgRecord record = m_source.reader();
+        DwgHead head;
+        if (!isInFile(layout.slot()) || !open(record, head, layout.slot()))
+            continue;
+        SheetRecords::Layout fields = SheetRecords::layout(record);
+        RecordPatch patch(record);
+        if (isGone(fields.lastActiveViewport)) {
+            BitWriter none;
+            none.handle(DwgReference::SoftPointer, 0);
+            patch.replace(Stream::Handles, fields.lastActiveAt, none);
+        }
+        if (std::erase_if(fields.viewports, isGone) > 0) {
+            patch.replace(Stream::Data, fields.countAt, number(fields.viewports.size()));
+            patch.replace(Stream::Handles, fields.viewportsAt,
+                          KeptBits::references(record, fields.viewportsAt, fields.viewports,
+                                               DwgReference::SoftPointer));
+        }
+        patched(layout.slot(), patch);
+    }
+}
+
 // Tables
 
 void DwgWriter::editTables()
@@ -224,12 +246,13 @@ void DwgWriter::editTables()
                       [this](quint64 handle) { return m_meant->removed.contains(handle); });
         const std::vector<quint64>& added = m_addedToTables[kind];
         listed.handles.insert(listed.handles.end(), added.begin(), added.end());
-        BitWriter references;
         for (const quint64 handle : listed.handles)
-            references.handle(DwgReference::SoftOwner, used(handle));
+            used(handle);
         RecordPatch patch(record);
         patch.replace(Stream::Data, listed.count, number(listed.handles.size()));
-        patch.replace(Stream::Handles, listed.counted, references);
+        patch.replace(
+            Stream::Handles, listed.counted,
+            KeptBits::references(record, listed.counted, listed.handles, DwgReference::SoftOwner));
         patched(slot, patch);
     }
 }

@@ -4,6 +4,7 @@
 #include "io/dwg/bits/BitWriter.h"
 #include "io/dwg/bits/Checksums.h"
 
+#include <QCoreApplication>
 #include <QtEndian>
 
 namespace {
@@ -123,26 +124,33 @@ QByteArray FlatFileWriter::secondHeader(QByteArrayView old, quint64 place) const
     return bytes;
 }
 
-void FlatFileWriter::rebuildSecondHeader()
+bool FlatFileWriter::rebuildSecondHeader()
 {
     const QByteArrayView image = m_file.image().view();
     const qsizetype start = image.lastIndexOf(kSecondStart);
     const qsizetype end = start < 0 ? -1 : image.indexOf(kSecondEnd, start);
+    if (start < 0)
+        return true; // there is none
     if (end < 0 || end - start < kSecondStart.size() + kBehindSum)
-        return;
+        return false;
     const QByteArrayView old =
         image.sliced(start + kSecondStart.size(), end - kBehindSum - start - kSecondStart.size());
     const QByteArray rebuilt = secondHeader(old, moved(static_cast<quint64>(start)));
     if (!rebuilt.isEmpty())
         m_edits[static_cast<quint64>(start + kSecondStart.size())] = {
             static_cast<quint64>(end - kBehindSum), rebuilt};
+    return !rebuilt.isEmpty();
 }
 
 DrawingPieces FlatFileWriter::result()
 {
-    rebuildSecondHeader();
-    patchLocators();
     DrawingPieces pieces;
+    if (!rebuildSecondHeader())
+        pieces.report.notKept << QCoreApplication::translate(
+            "FlatFileWriter",
+            "The second header at the end of the file is damaged and was left as it is; other CAD "
+            "programs use it to repair a drawing.");
+    patchLocators();
     quint64 at = 0;
     for (const auto& [begin, edit] : m_edits) {
         if (begin > at)

@@ -33,7 +33,8 @@ private:
     };
     quint64 moved(quint64 offset) const;
     void patchLocators();
-    void rebuildSecondHeader();
+    /// False where there is one that cannot be read.
+    bool rebuildSecondHeader();
     QByteArray secondHeader(QByteArrayView old, quint64 place) const;
 
     const FlatFile& m_file;

@@ -221,8 +221,11 @@ std::optional<QByteArray> NewDwgRecords::xrecord(const Head& head, const GroupLi
     RecordParts parts = begin(DwgType::Xrecord, head);
     parts.handles.handle(DwgReference::SoftPointer, head.owner);
     appendReactors(parts, head);
-    if (!Spelling::xrecord(m_format, groups, parts.data))
+    BitWriter spelled;
+    if (!Spelling::freeGroups(m_format, groups, spelled))
         return std::nullopt;
+    parts.data.bitLong(static_cast<qint32>(spelled.size() / 8));
+    parts.data.append(spelled);
     parts.data.bitShort(kCloning);
     return parts.assembled();
 }

@@ -33,8 +33,9 @@ void PagedFileWriter::fill()
 }
 
 PagedFile::SectionPage PagedFileWriter::addPage(const PagedFile::Section& section, quint64 start,
-                                                QByteArrayView packed)
+                                                const PagedFile::PackedPage& page)
 {
+    const QByteArrayView packed = page.bytes;
     const auto number = static_cast<int>(m_pages.size()) + 1;
     const auto offset = static_cast<quint64>(m_out.size());
     const qsizetype size = (kDataHead + packed.size() + kAlignment - 1) & ~(kAlignment - 1);
@@ -44,9 +45,8 @@ PagedFile::SectionPage PagedFileWriter::addPage(const PagedFile::Section& sectio
     put(head, 8, static_cast<quint32>(packed.size()));
     put(head, 12, static_cast<quint32>(size));
     put<quint64>(head, 16, start);
-    const quint32 sum = Checksums::page(packed);
-    put(head, kDataSum, sum);
-    put(head, kDataHeadSum, headSum(head, kDataHeadSum, sum));
+    put(head, kDataSum, page.sum);
+    put(head, kDataHeadSum, headSum(head, kDataHeadSum, page.sum));
     m_out += maskedPageHead(head, offset);
     if (m_file.image().holds(packed))
         m_copies.push_back({static_cast<quint64>(packed.data() - m_file.image().begin()),
@@ -86,8 +86,8 @@ void PagedFileWriter::addSection(const PagedFile::Section& old)
                 section.pages.push_back(addPage(section, start, m_file.packedPage(*part->second)));
             } else if (!isZero(plain)) { // such a page has no place in the file
                 plain.resize(std::max<qsizetype>(plain.size(), 4), '\0');
-                section.pages.push_back(
-                    addPage(section, start, section.compressed ? Lz77::pack(plain) : plain));
+                const QByteArray packed = section.compressed ? Lz77::pack(plain) : plain;
+                section.pages.push_back(addPage(section, start, {packed, Checksums::page(packed)}));
             }
         }
     }

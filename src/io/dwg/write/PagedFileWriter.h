@@ -35,7 +35,7 @@ private:
 
     void addSection(const PagedFile::Section& section);
     PagedFile::SectionPage addPage(const PagedFile::Section& section, quint64 start,
-                                   QByteArrayView packed);
+                                   const PagedFile::PackedPage& page);
     void fill();
     QByteArray sectionMap() const;
     QByteArray pageMap() const;

@@ -29,21 +29,24 @@ void requireLength(qsizetype length)
             tr("A text of %1 characters is longer than DWG drawings can hold.").arg(length));
 }
 
-/// A text whose length and characters stand in the data stream.
-void plainText(const DwgFormat& format, const QString& text, BitWriter& out)
+/// A text whose length and characters stand in the data stream. False where it is too long.
+bool plainText(const DwgFormat& format, const QString& text, BitWriter& out)
 {
     if (hasTextStream(format.version)) {
-        requireLength(text.size());
+        if (text.size() > kLongest)
+            return false;
         out.rawShort(static_cast<quint16>(text.size()));
         for (const QChar unit : text)
             out.rawShort(unit.unicode());
-        return;
+        return true;
     }
     const QByteArray bytes = format.text.encode(text);
-    requireLength(bytes.size());
+    if (bytes.size() > kLongest)
+        return false;
     out.rawShort(static_cast<quint16>(bytes.size()));
     out.rawChar(static_cast<quint8>(format.codePage));
     out.raw(bytes);
+    return true;
 }
 
 qint64 integer(QByteArrayView value)
@@ -90,8 +93,7 @@ bool appendItem(const DwgFormat& format, const Groups& groups, std::size_t& at,
     out.rawChar(static_cast<quint8>(code - 1000));
     switch (code) {
     case 1000:
-        plainText(format, QString::fromUtf8(value), out);
-        return true;
+        return plainText(format, QString::fromUtf8(value), out);
     case 1002:
         out.rawChar(value == "{" ? 0 : 1);
         return true;
@@ -130,8 +132,7 @@ bool appendGroup(const DwgFormat& format, const Groups& groups, std::size_t& at,
     out.rawShort(static_cast<quint16>(code));
     switch (groupForm(code)) {
     case GroupForm::Text:
-        plainText(format, QString::fromUtf8(value), out);
-        return true;
+        return plainText(format, QString::fromUtf8(value), out);
     case GroupForm::Point:
         return point(groups, at, out);
     case GroupForm::Real:
@@ -218,27 +219,22 @@ int Spelling::lineWeight(qint16 hundredths)
 }
 
 bool Spelling::xData(const DwgFormat& format, const GroupList& groups, const HandleOf& handleOf,
-                     QByteArray& bytes)
+                     BitWriter& out)
 {
     const Groups all(groups.begin(), groups.end());
-    BitWriter out;
     for (std::size_t at = 0; at < all.size(); ++at) {
         if (!appendItem(format, all, at, handleOf, out))
             return false;
     }
-    bytes = out.bytes();
-    return bytes.size() <= kLongest;
+    return out.size() / 8 <= kMostXData;
 }
 
-bool Spelling::xrecord(const DwgFormat& format, const GroupList& groups, BitWriter& out)
+bool Spelling::freeGroups(const DwgFormat& format, const GroupList& groups, BitWriter& out)
 {
     const Groups all(groups.begin(), groups.end());
-    BitWriter data;
     for (std::size_t at = 0; at < all.size(); ++at) {
-        if (!appendGroup(format, all, at, data))
+        if (!appendGroup(format, all, at, out))
             return false;
     }
-    out.bitLong(static_cast<qint32>(data.size() / 8));
-    out.append(data);
     return true;
 }

@@ -27,12 +27,15 @@ int lineWeight(qint16 hundredths);
 /// The handle of the table's record with that name, 0 where there is none.
 using HandleOf = std::function<quint64(int code, const QString& name)>;
 
+/// The most bytes that extended data of one application have.
+inline constexpr quint64 kMostXData = 0x7FFF;
+
 /// Extended data of one application, without the application itself. False where a group cannot
 /// stand there.
 bool xData(const DwgFormat& format, const GroupList& groups, const HandleOf& handleOf,
-           QByteArray& bytes);
+           BitWriter& out);
 
-/// Groups of an XRECORD, their length ahead. False where a group has no form in this format.
-bool xrecord(const DwgFormat& format, const GroupList& groups, BitWriter& out);
+/// Groups of an XRECORD, without their length. False where a group has no form in this format.
+bool freeGroups(const DwgFormat& format, const GroupList& groups, BitWriter& out);
 
 } // namespace Spelling

@@ -6,6 +6,7 @@
 #include "io/dxf/read/LayerGroups.h"
 #include "io/dxf/text/DxfVersion.h"
 #include "io/records/LayerFlag.h"
+#include "io/records/LayerXData.h"
 
 #include <QCoreApplication>
 
@@ -166,41 +167,22 @@ Wish differences(const RecordPatcher& record, const DxfObjectSource& source,
 
 // Extended data
 
-struct Application
+QByteArray encodedValue(const LayerXData::Property& property, const DxfObjectSource& source,
+                        const LayerState& layer)
 {
-    const char* name;
-    bool (*differs)(const LayerState&, const LayerState&);
-    bool (*isNeeded)(const LayerState&);
-    int valueCode;
-    int valueNumber; ///< the first, second, ... group of that code holds the value
-    QByteArray (*value)(const DxfObjectSource&, const LayerState&);
-};
-
-constexpr Application kApplications[] = {
-    {LayerGroups::kDescriptionApplication,
-     [](const LayerState& a, const LayerState& b) { return a.description != b.description; },
-     [](const LayerState& layer) { return !layer.description.isEmpty(); }, 1000, 2,
-     [](const DxfObjectSource& source, const LayerState& layer) {
-         return source.text().encode(layer.description);
-     }},
-    {LayerGroups::kTransparencyApplication,
-     [](const LayerState& a, const LayerState& b) { return a.transparency != b.transparency; },
-     [](const LayerState& layer) { return layer.transparency != 0; }, 1071, 1,
-     [](const DxfObjectSource&, const LayerState& layer) {
-         return QByteArray::number(layer.transparency);
-     }},
-};
-
-void appendApplication(const Application& application, const DxfObjectSource& source,
-                       const LayerState& layer, const GroupSpelling& spelling, QByteArray& out)
-{
-    spelling.append(out, 1001, application.name);
-    for (int i = 1; i < application.valueNumber; ++i)
-        spelling.append(out, application.valueCode, "");
-    spelling.append(out, application.valueCode, application.value(source, layer));
+    return source.text().encode(QString::fromUtf8(property.value(layer)));
 }
 
-void patchApplication(RecordPatcher& record, const Application& application,
+void appendApplication(const LayerXData::Property& property, const DxfObjectSource& source,
+                       const LayerState& layer, const GroupSpelling& spelling, QByteArray& out)
+{
+    spelling.append(out, 1001, property.application);
+    for (int i = 1; i < property.number; ++i)
+        spelling.append(out, property.code, "");
+    spelling.append(out, property.code, encodedValue(property, source, layer));
+}
+
+void patchApplication(RecordPatcher& record, const LayerXData::Property& property,
                       const DxfObjectSource& source, const LayerState& after)
 {
     bool inside = false;
@@ -209,24 +191,22 @@ void patchApplication(RecordPatcher& record, const Application& application,
     quint64 end = 0;
     for (const RecordPatcher::Span& span : record.spans()) {
         if (span.code == 1001) {
-            inside = !found
-                && record.bytes(span).trimmed().compare(application.name, Qt::CaseInsensitive) == 0;
+            inside = !found && LayerXData::isSame(record.bytes(span), property.application);
             found = found || inside;
         }
         if (!inside)
             continue;
         end = span.end;
-        if (span.code == application.valueCode && ++values == application.valueNumber)
-            return record.setValue(span, application.value(source, after));
+        if (span.code == property.code && ++values == property.number)
+            return record.setValue(span, encodedValue(property, source, after));
     }
     QByteArray groups;
     if (!found)
-        appendApplication(application, source, after, record.spelling(), groups);
-    for (; found && values < application.valueNumber; ++values)
-        record.spelling().append(groups, application.valueCode,
-                                 values + 1 == application.valueNumber
-                                     ? application.value(source, after)
-                                     : QByteArray());
+        appendApplication(property, source, after, record.spelling(), groups);
+    for (; found && values < property.number; ++values)
+        record.spelling().append(
+            groups, property.code,
+            values + 1 == property.number ? encodedValue(property, source, after) : QByteArray());
     record.insert(found ? end : record.end(), groups);
 }
 
@@ -237,9 +217,9 @@ void LayerGroups::patch(RecordPatcher& record, const DxfObjectSource& source,
 {
     for (const Wanted& wanted : differences(record, source, before, after, notKept))
         record.want(wanted.code, wanted.value ? &*wanted.value : nullptr, groupOrder());
-    for (const Application& application : kApplications) {
-        if (application.differs(before, after))
-            patchApplication(record, application, source, after);
+    for (const LayerXData::Property& property : LayerXData::kProperties) {
+        if (property.differs(before, after))
+            patchApplication(record, property, source, after);
     }
 }
 
@@ -265,9 +245,9 @@ QByteArray LayerGroups::spelled(const DxfObjectSource& source, const LayerState&
         if (wanted.value && !isDefault)
             spelling.append(groups, wanted.code, *wanted.value);
     }
-    for (const Application& application : kApplications) {
-        if (application.isNeeded(layer))
-            appendApplication(application, source, layer, spelling, groups);
+    for (const LayerXData::Property& property : LayerXData::kProperties) {
+        if (property.isNeeded(layer))
+            appendApplication(property, source, layer, spelling, groups);
     }
     return groups;
 }
@@ -275,9 +255,9 @@ QByteArray LayerGroups::spelled(const DxfObjectSource& source, const LayerState&
 QList<QByteArray> LayerGroups::applications(const LayerState& before, const LayerState& after)
 {
     QList<QByteArray> names;
-    for (const Application& application : kApplications) {
-        if (application.differs(before, after) && application.isNeeded(after))
-            names.append(application.name);
+    for (const LayerXData::Property& property : LayerXData::kProperties) {
+        if (property.differs(before, after) && property.isNeeded(after))
+            names.append(property.application);
     }
     return names;
 }

@@ -4,6 +4,7 @@
 #include "database/objects/OdDbXrecord.h"
 #include "database/tables/OdDbLayerTableRecord.h"
 #include "database/tables/OdDbLinetypeTableRecord.h"
+#include "io/dxf/read/DictionaryGroups.h"
 #include "io/dxf/read/DxfObjectSource.h"
 #include "io/dxf/read/LayerGroups.h"
 

@@ -3,14 +3,9 @@
 #include "database/drawing/OdDbDatabase.h"
 #include "database/values/GroupCursor.h"
 #include "io/records/LayerFlag.h"
+#include "io/records/LayerXData.h"
 
 namespace {
-
-/// Drawings saved to an old version have application names in upper case.
-bool isApplication(QByteArrayView name, const char* application)
-{
-    return name.trimmed().compare(application, Qt::CaseInsensitive) == 0;
-}
 
 void setColour(LayerState& layer, qint64 index)
 {
@@ -92,9 +87,10 @@ void LayerGroups::Reader::takeExtendedData(const GroupCursor& group)
 {
     if (group.code() == 1001) {
         const QByteArrayView name = group.bytes();
-        m_application = isApplication(name, kDescriptionApplication) ? Application::Description
-            : isApplication(name, kTransparencyApplication)          ? Application::Transparency
-                                                                     : Application::Other;
+        m_application = LayerXData::isSame(name, LayerXData::kDescription)
+            ? Application::Description
+            : LayerXData::isSame(name, LayerXData::kTransparency) ? Application::Transparency
+                                                                  : Application::Other;
         m_strings = 0;
     } else if (group.code() == 1000 && m_application == Application::Description) {
         // The first string is of unknown use and empty everywhere; the second is the description.

@@ -38,10 +38,6 @@ private:
     int m_strings = 0;
 };
 
-/// Applications in whose extended data a layer's description and transparency stand.
-inline constexpr const char* kDescriptionApplication = "AcAecLayerStandard";
-inline constexpr const char* kTransparencyApplication = "AcCmTransparency";
-
 /// Turns the record of the file from `before` into `after`, as far as the record itself holds it
 /// (overrides and the reconciled flag stand in other records). What the drawing's version cannot
 /// hold is added to `notKept` in words.

@@ -4,7 +4,6 @@
 #include "io/dwg/records/DwgTypes.h"
 #include "io/dwg/support/MadeFields.h"
 #include "io/dwg/support/MadeHandles.h"
-#include "io/dxf/read/LayerGroups.h"
 
 MadeRecords::MadeRecords(const MadeDrawing& drawing, const DwgFormat& format)
     : m_drawing(drawing)
@@ -80,8 +79,8 @@ void MadeRecords::addApplications()
             m_new.application({handle, MadeHandle::AppIdControl}, QString::fromLatin1(name));
     };
     add(MadeHandle::AppAcad, "ACAD");
-    add(MadeHandle::AppDescription, LayerGroups::kDescriptionApplication);
-    add(MadeHandle::AppTransparency, LayerGroups::kTransparencyApplication);
+    add(MadeHandle::AppDescription, "AcAecLayerStandard");
+    add(MadeHandle::AppTransparency, "AcCmTransparency");
 }
 
 void MadeRecords::addLinetypes()
@@ -132,17 +131,29 @@ void MadeRecords::addDimStyle()
 
 std::vector<std::pair<quint64, QByteArray>> MadeRecords::xData(const LayerState& state) const
 {
-    const Spelling::HandleOf none = [](int, const QString&) { return quint64(0); };
     std::vector<std::pair<quint64, QByteArray>> blocks;
     if (!state.description.isEmpty()) {
-        const QByteArray text = state.description.toUtf8();
-        Spelling::xData(m_format, {{1000, ""}, {1000, text}}, none,
-                        blocks.emplace_back(MadeHandle::AppDescription, QByteArray()).second);
+        BitWriter strings;
+        for (const QString& text : {QString(), state.description}) {
+            strings.rawChar(0); // group 1000
+            const QByteArray bytes = m_format.text.encode(text);
+            const bool isWide = m_format.version >= DrawingVersion::V2007;
+            strings.rawShort(static_cast<quint16>(isWide ? text.size() : bytes.size()));
+            if (!isWide) {
+                strings.rawChar(static_cast<quint8>(m_format.codePage));
+                strings.raw(bytes);
+                continue;
+            }
+            for (const QChar unit : text)
+                strings.rawShort(unit.unicode());
+        }
+        blocks.emplace_back(MadeHandle::AppDescription, strings.bytes());
     }
     if (state.transparency != 0) {
-        const QByteArray number = QByteArray::number(state.transparency);
-        Spelling::xData(m_format, {{1071, number}}, none,
-                        blocks.emplace_back(MadeHandle::AppTransparency, QByteArray()).second);
+        BitWriter number;
+        number.rawChar(71); // group 1071
+        number.rawLong(state.transparency);
+        blocks.emplace_back(MadeHandle::AppTransparency, number.bytes());
     }
     return blocks;
 }

@@ -1,0 +1,177 @@
+#include "io/dwg/write/KeptBits.h"
+
+#include "io/dwg/write/Spelling.h"
+
+#include <QHash>
+
+namespace {
+
+using Groups = std::vector<GroupList::Group>;
+
+bool isSame(const GroupList::Group& a, const GroupList::Group& b)
+{
+    return a.code == b.code && a.value == b.value;
+}
+
+/// How many items from the first on, or from the last on, are the same in both lists, and how many
+/// groups these are.
+struct Common
+{
+    std::size_t items = 0;
+    std::size_t groups = 0;
+};
+
+Common commonStart(const FreeRecords::Items& before, const Groups& old, const Groups& now)
+{
+    Common common;
+    for (const FreeRecords::Items::Item& item : before.items) {
+        const std::size_t end = common.groups + static_cast<std::size_t>(item.groups);
+        if (end > now.size())
+            return common;
+        for (std::size_t i = common.groups; i < end; ++i) {
+            if (!isSame(old[i], now[i]))
+                return common;
+        }
+        common.groups = end;
+        ++common.items;
+    }
+    return common;
+}
+
+Common commonEnd(const FreeRecords::Items& before, const Groups& old, const Groups& now,
+                 const Common& start)
+{
+    Common common;
+    while (start.items + common.items < before.items.size()) {
+        const auto& item = before.items[before.items.size() - 1 - common.items];
+        const std::size_t end = common.groups + static_cast<std::size_t>(item.groups);
+        if (start.groups + end > now.size())
+            return common;
+        for (std::size_t i = common.groups + 1; i <= end; ++i) {
+            if (!isSame(old[old.size() - i], now[now.size() - i]))
+                return common;
+        }
+        common.groups = end;
+        ++common.items;
+    }
+    return common;
+}
+
+struct Reference
+{
+    quint64 handle;
+    BitSpan at;
+};
+
+std::vector<Reference> readReferences(DwgRecord& record, BitSpan at)
+{
+    std::vector<Reference> found;
+    record.handles.seek(at.begin);
+    while (record.handles.position() < at.end && !record.hasFailed()) {
+        const quint64 begin = record.handles.position();
+        const quint64 handle = record.reference();
+        found.push_back({handle, {begin, record.handles.position()}});
+    }
+    return found;
+}
+
+/// Where a handle stands in a list. Most are asked for in the order of the list.
+class Finder
+{
+public:
+    explicit Finder(const std::vector<Reference>& list)
+        : m_list(list)
+    { }
+
+    const Reference* find(quint64 handle)
+    {
+        for (std::size_t i = m_next; i < std::min(m_next + 2, m_list.size()); ++i) {
+            if (m_list[i].handle == handle)
+                return take(i);
+        }
+        if (m_places.isEmpty()) {
+            m_places.reserve(static_cast<qsizetype>(m_list.size()));
+            for (std::size_t i = m_list.size(); i-- > 0;)
+                m_places.insert(m_list[i].handle, i);
+        }
+        const auto found = m_places.constFind(handle);
+        return found == m_places.cend() ? nullptr : take(*found);
+    }
+
+private:
+    const Reference* take(std::size_t place)
+    {
+        m_next = place + 1;
+        return &m_list[place];
+    }
+
+    const std::vector<Reference>& m_list;
+    std::size_t m_next = 0;
+    QHash<quint64, std::size_t> m_places;
+};
+
+} // namespace
+
+bool KeptBits::groups(QByteArrayView body, const FreeRecords::Items& before, const GroupList& after,
+                      const Spell& spell, BitWriter& out)
+{
+    const Groups old(before.groups.begin(), before.groups.end());
+    const Groups now(after.begin(), after.end());
+    const Common start = commonStart(before, old, now);
+    const Common end = commonEnd(before, old, now, start);
+    const auto beginOf = [&](std::size_t item) {
+        return item < before.items.size() ? before.items[item].begin : before.readEnd;
+    };
+    GroupList changed;
+    for (std::size_t i = start.groups; i < now.size() - end.groups; ++i)
+        changed.append(now[i]);
+    out.append(body, beginOf(0), beginOf(start.items));
+    BitWriter spelled;
+    if (!spell(changed, spelled))
+        return false;
+    out.append(spelled);
+    out.append(body, beginOf(before.items.size() - end.items), before.end);
+    return true;
+}
+
+BitWriter KeptBits::references(DwgRecord& record, BitSpan at, const std::vector<quint64>& wanted,
+                               DwgReference kind)
+{
+    const std::vector<Reference> list = readReferences(record, at);
+    Finder finder(list);
+    BitWriter out;
+    for (const quint64 handle : wanted) {
+        if (const Reference* known = finder.find(handle))
+            out.append(record.body(), known->at.begin, known->at.end);
+        else
+            out.handle(kind, handle);
+    }
+    return out;
+}
+
+KeptBits::Entries KeptBits::entries(const DwgRecord& record, const DwgFormat& format,
+                                    const FreeRecords::Dictionary& before,
+                                    const std::vector<KeyedHandle>& wanted)
+{
+    QHash<QString, std::size_t> byKey;
+    for (std::size_t i = before.entries.size(); i-- > 0;)
+        byKey.insert(before.entries[i].key, i);
+    Entries now;
+    for (const auto& [key, handle] : wanted) {
+        const auto found = byKey.constFind(key);
+        const bool isKnown = found != byKey.cend();
+        if (isKnown) {
+            const BitSpan at = before.keysAt[*found];
+            now.keys.append(record.body(), at.begin, at.end);
+        } else {
+            now.keys.append(Spelling::text(format, key));
+        }
+        if (isKnown && (handle == 0 || before.entries[*found].handle == handle)) {
+            const BitSpan at = before.referencesAt[*found];
+            now.references.append(record.body(), at.begin, at.end);
+        } else {
+            now.references.handle(DwgReference::SoftOwner, handle);
+        }
+    }
+    return now;
+}
