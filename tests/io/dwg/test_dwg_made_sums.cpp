@@ -1,6 +1,7 @@
 #include "database/drawing/OdDbDatabase.h"
 #include "database/tables/OdDbLayerTable.h"
 #include "database/values/OdError.h"
+#include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
 #include "io/dwg/bits/Checksums.h"
 #include "io/dwg/container/PageForm.h"
@@ -138,8 +139,12 @@ TEST_P(MadeSumsOfPages, EncryptedOrSignedItOpensForReadingOnly)
     marked.isEncrypted = true;
     EXPECT_EQ(faultsOf(DwgMaker(marked).bytes()), sentence);
     MadeDrawing withSection = MadeDrawing::sample(GetParam());
-    withSection.hasSecuritySection = true;
-    EXPECT_EQ(faultsOf(DwgMaker(withSection).bytes()), sentence);
+    for (const char* name : {"AcDb:Security", "AcDb:Signature"}) {
+        withSection.moreSection = name;
+        EXPECT_EQ(faultsOf(DwgMaker(withSection).bytes()), sentence) << name;
+    }
+    withSection.moreSection = "AcDb:Other";
+    EXPECT_EQ(DwgFiles::faults(*opened(DwgMaker(withSection).bytes())), QStringList());
     MadeDrawing withMark = MadeDrawing::sample(GetParam());
     withMark.encryptedSection = "AcDb:Classes";
     EXPECT_EQ(faultsOf(DwgMaker(withMark).bytes()),
@@ -183,6 +188,11 @@ TEST(MadeSumsOfAFlatFile, OneWrongSumOpensItForReadingOnly)
     const FlatFile::Locator& header = file.locators()[0];
     EXPECT_TRUE(with(header.offset + header.size - kMark - 1)
                     .contains(QStringLiteral("header variables is damaged")));
+    const FlatFile::Locator& classes = file.locators()[1];
+    EXPECT_TRUE(with(classes.offset + classes.size - kMark - 1)
+                    .contains(QStringLiteral("classes is damaged")));
+    constexpr qsizetype kSumOfHead = 0x19 + 6 * 9;
+    EXPECT_TRUE(with(kSumOfHead).contains(QStringLiteral("sum of the file's head")));
     const FlatFile::Locator& map = file.locators()[2];
     EXPECT_TRUE(with(map.offset + map.size - 1).contains(QStringLiteral("object map")));
     for (const auto& [handle, record] : parts.records()) {
@@ -190,6 +200,52 @@ TEST(MadeSumsOfAFlatFile, OneWrongSumOpensItForReadingOnly)
         EXPECT_TRUE(with(end - 1).contains(
             QStringLiteral("handle %1 is damaged").arg(QString::number(handle, 16).toUpper())));
     }
+}
+
+TEST(MadeSumsOfAFlatFile, ASectionAmongTheRecordsOpensItForReadingOnly)
+{
+    QByteArray file = DwgMaker::sample(DrawingVersion::V2000);
+    const DwgParts parts(file);
+    const QByteArrayView record = std::next(parts.records().begin())->second;
+    constexpr qsizetype kTemplate = 0x19 + 4 * 9;
+    constexpr qsizetype kSumOfHead = 0x19 + 6 * 9;
+    PageForm::put(file, kTemplate + 1,
+                  static_cast<quint32>(record.data() - parts.file().image().begin()));
+    PageForm::put(file, kSumOfHead, Checksums::crc16(QByteArrayView(file).first(kSumOfHead)));
+    EXPECT_EQ(faultsOf(file), QStringLiteral("The section 4 stands among the records."));
+}
+
+TEST(MadeSumsOfAFlatFile, ASecondHeaderThatCannotBeReadStaysAndIsTold)
+{
+    QByteArray file = DwgMaker::sample(DrawingVersion::V2000);
+    const QByteArray end = QByteArray::fromHex("2B84DE31D76C6040");
+    const qsizetype at = file.lastIndexOf(end);
+    ASSERT_GT(at, 0);
+    file[at] = 0;
+    const auto drawing = opened(file);
+    drawing->layerTable().add(QStringLiteral("one more"));
+    const DrawingPieces pieces = DrawingSource::of(*drawing).write(*drawing);
+    ASSERT_EQ(pieces.report.notKept.size(), 1);
+    EXPECT_TRUE(pieces.report.notKept[0].startsWith(QStringLiteral("The second header")));
+}
+
+TEST_P(MadeSumsOfPages, DamageInASectionThatIsNotReadStaysDamage)
+{
+    QByteArray damaged = DwgMaker::sample(GetParam());
+    const auto preview = [](const PagedFile& file) {
+        return file.packedPage(file.find("AcDb:Preview")->pages.front());
+    };
+    {
+        const PagedFile file(FileImage::copyOf(damaged, QStringLiteral("whole.dwg")), GetParam());
+        const qsizetype at = preview(file).bytes.data() - file.image().begin();
+        damaged[at] = static_cast<char>(damaged[at] ^ 1);
+    }
+    const QByteArray saved = savedWithALayerMore(damaged);
+    const PagedFile before(FileImage::copyOf(damaged, QStringLiteral("before.dwg")), GetParam());
+    const PagedFile after(FileImage::copyOf(saved, QStringLiteral("after.dwg")), GetParam());
+    EXPECT_TRUE(preview(after).bytes == preview(before).bytes);
+    EXPECT_EQ(preview(after).sum, preview(before).sum);
+    EXPECT_NE(preview(after).sum, Checksums::page(preview(after).bytes));
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, MadeSums, testing::ValuesIn(MadeDrawing::kVersions),

@@ -1,5 +1,7 @@
 #include "io/dwg/container/FlatFile.h"
 
+#include "io/dwg/bits/Checksums.h"
+
 #include <QCoreApplication>
 #include <QtEndian>
 
@@ -29,6 +31,9 @@ FlatFile::FlatFile(const std::shared_ptr<const FileImage>& image, DrawingVersion
         bytes(locator.offset, locator.size);
         m_locators.push_back(locator);
     }
+    const quint64 end = kLocatorsAt + count * kLocatorSize;
+    if (Checksums::crc16(bytes(0, end)) != qFromLittleEndian<quint16>(bytes(end, 2).data()))
+        addFault(tr("The check sum of the file's head is wrong."));
 }
 
 QByteArrayView FlatFile::section(DwgSection section) const

@@ -164,7 +164,8 @@ void DwgIndex::scan(std::size_t first, std::size_t end)
         }
         record.owner = head.owner;
         readValues(reader);
-        record.sound = !reader.hasFailed() && reader.sumHolds() && head.handle == record.handle;
+        record.readable = !reader.hasFailed() && head.handle == record.handle;
+        record.sound = record.readable && reader.sumHolds();
     }
 }
 
@@ -195,7 +196,7 @@ void DwgIndex::readBlocks()
     DwgRecord reader(m_format, m_objects);
     DwgHead head;
     for (quint32 i = 0; i < m_records.size(); ++i) {
-        if (m_records[i].type != DwgType::BlockHeader || !m_records[i].sound
+        if (m_records[i].type != DwgType::BlockHeader || !m_records[i].readable
             || !reader.open(m_records[i].offset))
             continue;
         reader.readHead(head);
@@ -212,7 +213,7 @@ void DwgIndex::readTables()
     DwgHead head;
     for (quint32 i = 0; i < m_records.size(); ++i) {
         const quint16 type = m_records[i].type;
-        if (!isControl(type) || !m_records[i].sound || !reader.open(m_records[i].offset))
+        if (!isControl(type) || !m_records[i].readable || !reader.open(m_records[i].offset))
             continue;
         reader.readHead(head);
         const int extras = extrasOf(type);

@@ -27,7 +27,8 @@ public:
         quint16 type;
         bool entity;
         bool part; ///< a vertex, an attribute or the end of a sequence
-        bool sound;
+        bool readable; ///< its values are whole, and it has the handle that the map says
+        bool sound; ///< and its sum is right
         quint8 space; ///< DwgEntityHead::Space
     };
     struct BlockRecord

@@ -189,8 +189,8 @@ QByteArray DwgMaker::paged() const
         {"AcDb:SummaryInfo", QByteArray(64, '\0')},
     };
     sections["AcDb:SummaryInfo"][0] = 1;
-    if (m_drawing.hasSecuritySection)
-        sections["AcDb:Security"] = QByteArray(64, '\x5A');
+    if (!m_drawing.moreSection.isEmpty())
+        sections[m_drawing.moreSection] = QByteArray(64, '\x5A');
     const auto open = [&](const QByteArray& bytes) {
         return PagedFile(FileImage::copyOf(bytes, QStringLiteral("made.dwg")), m_drawing.version);
     };

@@ -47,7 +47,7 @@ struct MadeDrawing
     std::map<QByteArray, quint64> references; ///< handles that the header variables have amiss
     // In versions with pages:
     bool isEncrypted = false; ///< the head says that parts are
-    bool hasSecuritySection = false;
+    QByteArray moreSection; ///< the name of one more, of unknown use
     QByteArray encryptedSection; ///< the one of that name is marked, though its bytes are plain
 
     static constexpr DrawingVersion kVersions[] = {DrawingVersion::V2000, DrawingVersion::V2004,
