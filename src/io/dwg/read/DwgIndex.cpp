@@ -138,7 +138,10 @@ void DwgIndex::readMap()
                          .arg(QString::number(entry.handle, 16).toUpper()));
             continue;
         }
-        m_records.push_back({entry.handle, entry.offset, 0, 0, 0, 0, false, false, false, 0});
+        Record record;
+        record.handle = entry.handle;
+        record.offset = entry.offset;
+        m_records.push_back(record);
     }
 }
 

@@ -19,17 +19,17 @@ class DwgIndex
 public:
     struct Record
     {
-        quint64 handle;
-        quint64 offset; ///< from the start of the object section
-        quint64 owner; ///< 0: none, or a space
-        quint64 layer; ///< of an entity
-        quint64 next; ///< up to version 2000: the next entity of a chain
-        quint16 type;
-        bool entity;
-        bool part; ///< a vertex, an attribute or the end of a sequence
-        bool readable; ///< its values are whole, and it has the handle that the map says
-        bool sound; ///< and its sum is right
-        quint8 space; ///< DwgEntityHead::Space
+        quint64 handle = 0;
+        quint64 offset = 0; ///< from the start of the object section
+        quint64 owner = 0; ///< 0: none, or a space
+        quint64 layer = 0; ///< of an entity
+        quint64 next = 0; ///< up to version 2000: the next entity of a chain
+        quint16 type = 0;
+        bool entity = false;
+        bool part = false; ///< a vertex, an attribute or the end of a sequence
+        bool readable = false; ///< its values are whole, and it has the handle that the map says
+        bool sound = false; ///< and its sum is right
+        quint8 space = 0; ///< DwgEntityHead::Space
     };
     struct BlockRecord
     {
