@@ -69,6 +69,7 @@ protected:
     {
         const auto drawing = readDrawing(bytes, QStringLiteral("before.dwg"));
         const DwgParts before(bytes);
+        const QStringList dangling = before.dangling();
         const QStringList start = drawingDigest(*drawing);
         const bool trueColours = before.file().version() >= DrawingVersion::V2004;
         for (const LayerEdit& edit : edits) {
@@ -79,7 +80,7 @@ protected:
             edit.edit(*drawing);
             drawing->endUndoRecord();
             try {
-                lookAt(before, *drawing, start, edit);
+                lookAt(before, dangling, *drawing, start, edit);
             } catch (const OdError& error) {
                 ADD_FAILURE() << error.what();
             }
@@ -90,14 +91,20 @@ protected:
     }
 
 private:
-    static void lookAt(const DwgParts& before, const OdDbDatabase& drawing,
-                       const QStringList& start, const LayerEdit& edit)
+    static void lookAt(const DwgParts& before, const QStringList& danglingBefore,
+                       const OdDbDatabase& drawing, const QStringList& start, const LayerEdit& edit)
     {
         EXPECT_EQ(drawing.audit(), QStringList());
         const Saved now = saved(drawing);
         EXPECT_EQ(now.report.notKept, QStringList());
         const DwgParts after(now.bytes);
         EXPECT_EQ(after.faults(), QStringList());
+        if (after.records().size() != before.records().size()) {
+            QStringList dangling = after.dangling();
+            dangling.removeIf(
+                [&](const QString& reference) { return danglingBefore.contains(reference); });
+            EXPECT_EQ(dangling, QStringList());
+        }
         const QStringList different = DwgParts::different(before, after);
         EXPECT_EQ(unexpected(different, edit.types), QStringList());
         if (edit.records >= 0) {

@@ -88,10 +88,7 @@ quint32 DwgObjectSource::extensionDictionary(quint32 slot) const
         return OdDbObjectId::kNoSlot;
     DwgHead head;
     DwgEntityHead entity;
-    if (database().store().has(slot, ObjectStore::kEntity))
-        record.readHead(head, entity);
-    else
-        record.readHead(head);
+    record.readHead(head, entity, database().store().has(slot, ObjectStore::kEntity));
     return id(head.extension).slot();
 }
 

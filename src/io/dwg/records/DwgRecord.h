@@ -66,6 +66,11 @@ public:
     /// Of an object that is no entity.
     void readHead(DwgHead& head);
     void readHead(DwgHead& head, DwgEntityHead& entity);
+    /// Of an entity, or of an object that is none, which leaves `entity` as it is.
+    void readHead(DwgHead& head, DwgEntityHead& entity, bool isEntity)
+    {
+        isEntity ? readHead(head, entity) : readHead(head);
+    }
     /// The last part of the head of an entity, which one within another begins with.
     void readProperties(DwgHead& head, DwgEntityHead& entity);
 

@@ -9,7 +9,6 @@ struct HeaderField
 {
     enum Kind : quint8 {
         Bit, ///< B
-        InverseBit, ///< B, stored as its opposite
         Short, ///< BS
         Long, ///< BL
         LongLong, ///< BLL

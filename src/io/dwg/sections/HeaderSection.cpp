@@ -85,8 +85,6 @@ struct HeaderSection::Reader
         switch (field.kind) {
         case HeaderField::Bit:
             return QString::number(data.bit() ? 1 : 0);
-        case HeaderField::InverseBit:
-            return QString::number(data.bit() ? 0 : 1);
         case HeaderField::Short:
             return QString::number(data.bitShort());
         case HeaderField::Long:

@@ -89,15 +89,15 @@ void DwgVerifier::run() const
             OdResult::CantWriteFile,
             tr("What was written cannot be read back: %1 The file is as it was.")
                 .arg(file->faults().join(QLatin1Char(' '))));
-    compareRecords(*file);
-    compareMeanings(*file);
+    const ObjectMap map = ObjectMap::read(file->section(DwgSection::ObjectMap));
+    compareRecords(*file, map);
+    compareMeanings(*file, map);
     compareSettings(*file);
 }
 
-void DwgVerifier::compareRecords(const DwgFile& file) const
+void DwgVerifier::compareRecords(const DwgFile& file, const ObjectMap& map) const
 {
     const ObjectStore& store = m_database.store();
-    const ObjectMap map = ObjectMap::read(file.section(DwgSection::ObjectMap));
     std::size_t expected = store.fileRecords() - m_meant.removed.size();
     DwgRecord before = m_source.reader();
     DwgRecord after(m_source.format(), file.section(DwgSection::Objects));
@@ -119,9 +119,8 @@ void DwgVerifier::compareRecords(const DwgFile& file) const
         fail(0);
 }
 
-void DwgVerifier::compareMeanings(const DwgFile& file) const
+void DwgVerifier::compareMeanings(const DwgFile& file, const ObjectMap& map) const
 {
-    const ObjectMap map = ObjectMap::read(file.section(DwgSection::ObjectMap));
     DwgRecord record(m_source.format(), file.section(DwgSection::Objects));
     for (const ObjectMap::Entry& entry : map.entries) {
         if (!m_meant.records.contains(entry.handle))
@@ -129,10 +128,8 @@ void DwgVerifier::compareMeanings(const DwgFile& file) const
         DwgHead head;
         DwgEntityHead entity;
         const bool opens = record.open(entry.offset);
-        if (opens && m_source.classes().isEntity(record.type()))
-            record.readHead(head, entity);
-        else if (opens)
-            record.readHead(head);
+        if (opens)
+            record.readHead(head, entity, m_source.classes().isEntity(record.type()));
         if (!opens || head.handle != entry.handle || !says(record, head, entity)
             || record.hasFailed())
             fail(entry.handle);

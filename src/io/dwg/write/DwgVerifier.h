@@ -3,6 +3,7 @@
 #include "io/DrawingCodec.h"
 #include "io/dwg/container/DwgFile.h"
 #include "io/dwg/records/DwgRecord.h"
+#include "io/dwg/sections/ObjectMap.h"
 #include "io/dwg/write/DwgMeant.h"
 
 class DwgObjectSource;
@@ -19,8 +20,8 @@ public:
     void run() const;
 
 private:
-    void compareRecords(const DwgFile& file) const;
-    void compareMeanings(const DwgFile& file) const;
+    void compareRecords(const DwgFile& file, const ObjectMap& map) const;
+    void compareMeanings(const DwgFile& file, const ObjectMap& map) const;
     void compareSettings(const DwgFile& file) const;
     /// Whether an edited or new record, whose head was read, says what is meant.
     bool says(DwgRecord& record, const DwgHead& head, const DwgEntityHead& entity) const;

@@ -85,10 +85,7 @@ bool DwgWriter::open(DwgRecord& record, DwgHead& head, quint32 slot, DwgEntityHe
     if (edited != m_meant->records.end() ? !record.open(0) : !m_source.open(record, slot))
         return false;
     DwgEntityHead unused;
-    if (m_store.has(slot, ObjectStore::kEntity))
-        record.readHead(head, entity ? *entity : unused);
-    else
-        record.readHead(head);
+    record.readHead(head, entity ? *entity : unused, m_store.has(slot, ObjectStore::kEntity));
     return true;
 }
 

@@ -61,9 +61,6 @@ bool HeaderPatch::setValue(const QString& name, const QString& value)
     case HeaderField::Bit:
         bits.bit(value.toInt() != 0);
         break;
-    case HeaderField::InverseBit:
-        bits.bit(value.toInt() == 0);
-        break;
     case HeaderField::Short:
         bits.bitShort(static_cast<qint16>(value.toInt()));
         break;

@@ -1,6 +1,8 @@
 #include "io/dwg/support/DwgParts.h"
 
-#include "io/dwg/records/DwgRecord.h"
+#include "io/dwg/records/FreeRecords.h"
+#include "io/dwg/records/SheetRecords.h"
+#include "io/dwg/records/TableRecords.h"
 #include "io/dwg/sections/HeaderSection.h"
 #include "io/dwg/sections/ObjectMap.h"
 
@@ -51,10 +53,7 @@ void DwgParts::readRecords()
         m_types[entry.handle] = m_classes.name(reader.type()).toByteArray();
         DwgHead head;
         DwgEntityHead entity;
-        if (m_classes.isEntity(reader.type()))
-            reader.readHead(head, entity);
-        else
-            reader.readHead(head);
+        reader.readHead(head, entity, m_classes.isEntity(reader.type()));
         if (reader.hasFailed() || head.handle != entry.handle)
             m_faults << QStringLiteral("head of record %1").arg(hexadecimal(entry.handle));
     }
@@ -71,6 +70,53 @@ void DwgParts::checkOverlaps()
         if (inOrder[i].data() < inOrder[i - 1].data() + inOrder[i - 1].size())
             m_faults << QStringLiteral("two records overlap");
     }
+}
+
+std::vector<std::pair<const char*, quint64>> DwgParts::references(quint64 handle) const
+{
+    DwgRecord record(m_format, m_records.at(handle));
+    record.open(0);
+    DwgHead head;
+    DwgEntityHead entity;
+    const bool isEntity = m_classes.isEntity(record.type());
+    record.readHead(head, entity, isEntity);
+    std::vector<std::pair<const char*, quint64>> found = {{"owner", head.owner},
+                                                          {"dictionary", head.extension}};
+    for (const quint64 reactor : head.reactors)
+        found.emplace_back("reactor", reactor);
+    if (isEntity) {
+        found.emplace_back("layer", entity.layer);
+        found.emplace_back("linetype", entity.linetype);
+    }
+    const QByteArray type = typeOf(handle);
+    if (type == "DICTIONARY") {
+        for (const KeyedHandle& entry : FreeRecords::dictionary(record).entries)
+            found.emplace_back("entry", entry.handle);
+    } else if (type == "VIEWPORT") {
+        for (const quint64 layer : SheetRecords::viewport(record).frozenLayers)
+            found.emplace_back("frozen", layer);
+    } else if (type == "TABLE") {
+        for (const quint64 listed : TableRecords::listed(record, 0).handles)
+            found.emplace_back("listed", listed);
+    }
+    const auto noNames = [](quint64) { return QString(); };
+    for (const FreeRecords::XDataBlock& block : FreeRecords::xDataBlocks(record, head, noNames))
+        found.emplace_back("application", block.application);
+    return found;
+}
+
+QStringList DwgParts::dangling() const
+{
+    QStringList found;
+    for (const auto& [handle, bytes] : m_records) {
+        for (const auto& [what, to] : references(handle)) {
+            if (to != 0 && !m_records.contains(to))
+                found << QStringLiteral("%1 %2: %3 %4")
+                             .arg(QString::fromLatin1(typeOf(handle)), hexadecimal(handle),
+                                  QLatin1String(what), hexadecimal(to));
+        }
+    }
+    return found;
 }
 
 QByteArray DwgParts::typeOf(quint64 handle) const

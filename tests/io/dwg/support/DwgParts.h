@@ -9,6 +9,8 @@
 
 #include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 /// A DWG file taken apart into its records, without a drawing database.
 class DwgParts
@@ -26,11 +28,18 @@ public:
     /// What is wrong with the file, in words: sums, the object map, handles, records that overlap.
     QStringList faults() const { return m_faults; }
 
+    /// References to records that are not there, "LAYER 10: owner 2": owners, reactors,
+    /// dictionaries and what is in them, layers and linetypes of entities, applications, records of
+    /// tables, layers frozen in viewports. Files of other programs have some.
+    QStringList dangling() const;
+
     /// Records that are not the same in two files, "LAYER 10": changed, only here or only there.
     static QStringList different(const DwgParts& before, const DwgParts& after);
 
 private:
     void readRecords();
+    /// Handles that a record refers to, each with a word for what it is to it.
+    std::vector<std::pair<const char*, quint64>> references(quint64 handle) const;
     void checkOverlaps();
 
     std::unique_ptr<DwgFile> m_file;

@@ -53,15 +53,20 @@ OdDbObjectId viewport(const OdDbDatabase& drawing)
     return viewports.empty() ? OdDbObjectId() : drawing.idOfSlot(viewports.back());
 }
 
+/// The oldest line that is not on the last layer.
 OdDbObjectId entity(const OdDbDatabase& drawing)
 {
     const ObjectStore& store = drawing.store();
+    const quint32 last = lastId(drawing).slot();
+    OdDbObjectId oldest;
     for (quint32 slot = 0; slot < store.fileRecords(); ++slot) {
-        if (store.has(slot, ObjectStore::kEntity) && !store.has(slot, ObjectStore::kSubEntity)
-            && store.type(slot) == RecordType::Line && store.layer(slot) != lastId(drawing).slot())
-            return drawing.idOfSlot(slot);
+        const bool counts = store.has(slot, ObjectStore::kEntity)
+            && !store.has(slot, ObjectStore::kSubEntity) && store.type(slot) == RecordType::Line
+            && store.layer(slot) != last;
+        if (counts && (oldest.isNull() || store.handle(slot) < store.handle(oldest.slot())))
+            oldest = drawing.idOfSlot(slot);
     }
-    return {};
+    return oldest;
 }
 
 using Change = std::function<void(OdLyLayerFilter& root)>;

@@ -56,7 +56,6 @@ void MadeFields::append(const HeaderField& field, RecordParts& parts, BitWriter&
     switch (field.kind) {
     case HeaderField::Bit:
         return data.bit(number != 0);
-    case HeaderField::InverseBit:
         return data.bit(number == 0);
     case HeaderField::Short:
     case HeaderField::PlotStyle:

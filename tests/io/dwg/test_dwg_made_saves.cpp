@@ -1,0 +1,200 @@
+#include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbDictionary.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/objects/OdDbXrecord.h"
+#include "database/states/LayerStates.h"
+#include "database/store/ObjectStore.h"
+#include "database/tables/OdDbLayerTable.h"
+#include "io/DrawingCodec.h"
+#include "io/DrawingFile.h"
+#include "io/dwg/records/SheetRecords.h"
+#include "io/dwg/support/DwgFiles.h"
+#include "io/dwg/support/DwgMaker.h"
+#include "io/dwg/support/DwgParts.h"
+#include "io/dwg/support/MadeHandles.h"
+#include "io/files/WrittenBytes.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Saved
+{
+    QByteArray bytes;
+    QStringList notKept;
+};
+
+class MadeSaves : public testing::TestWithParam<DrawingVersion>
+{
+protected:
+    std::unique_ptr<OdDbDatabase> drawing =
+        readDrawing(DwgMaker::sample(GetParam()), QStringLiteral("made.dwg"));
+
+    OdDbObjectId byHandle(quint64 handle) const
+    {
+        return drawing->idOfSlot(drawing->store().find(handle));
+    }
+    OdDbLayerTableRecordPtr layer(std::size_t number) const
+    {
+        return drawing->layerTable().records()[number].safeOpenObject<OdDbLayerTableRecord>(
+            OdDb::kForWrite);
+    }
+    Saved saved() const
+    {
+        const DrawingPieces pieces = DrawingSource::of(*drawing).write(*drawing);
+        Saved result{{}, pieces.report.notKept};
+        for (const QByteArrayView part : pieces.parts)
+            result.bytes.append(part.data(), part.size());
+        EXPECT_EQ(DwgParts(result.bytes).faults(), QStringList());
+        return result;
+    }
+    /// Whether what is written now passes for what the drawing says after one more edit.
+    template <class Edit>
+    void expectNoticed(const char* what, const Edit& edit)
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("made.dwg"));
+        const DrawingSource& source = DrawingSource::of(*drawing);
+        const DrawingPieces pieces = source.write(*drawing);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        for (const QByteArrayView part : pieces.parts)
+            file.write(part.data(), part.size());
+        file.close();
+        EXPECT_NO_THROW(source.verify(*drawing, pieces, WrittenBytes(path))) << what;
+        drawing->startUndoRecord();
+        edit();
+        drawing->endUndoRecord();
+        EXPECT_THROW(source.verify(*drawing, pieces, WrittenBytes(path)), OdError_FileAccess)
+            << what;
+        drawing->undo();
+    }
+};
+
+std::string versionName(const testing::TestParamInfo<DrawingVersion>& version)
+{
+    return "AC" + std::to_string(static_cast<int>(version.param));
+}
+
+/// Codes of the references to layers frozen in the viewport.
+std::vector<int> frozenCodes(const QByteArray& file)
+{
+    const DwgParts parts(file);
+    DwgRecord record(parts.format(), parts.records().at(MadeHandle::Viewport));
+    EXPECT_TRUE(record.open(0));
+    DwgHead head;
+    DwgEntityHead entity;
+    record.readHead(head, entity);
+    const SheetRecords::Viewport viewport = SheetRecords::viewport(record);
+    std::vector<int> codes;
+    record.handles.seek(viewport.frozenAt.begin);
+    while (record.handles.position() < viewport.frozenAt.end)
+        codes.push_back(record.handles.handle().code);
+    return codes;
+}
+
+TEST_P(MadeSaves, LayersFrozenInAViewportAreReferencesOfTheVersionsKind)
+{
+    const std::size_t before = frozenCodes(DwgMaker::sample(GetParam())).size();
+    const OdDbObjectId added = drawing->layerTable().add(QStringLiteral("one more"));
+    byHandle(MadeHandle::Viewport)
+        .safeOpenObject<OdDbViewport>(OdDb::kForWrite)
+        ->freezeLayersInViewport({added});
+    const std::vector<int> codes = frozenCodes(saved().bytes);
+    ASSERT_EQ(codes.size(), before + 1);
+    EXPECT_EQ(codes.back(), GetParam() == DrawingVersion::V2000 ? 5 : 4);
+}
+
+TEST_P(MadeSaves, AnErasedViewportIsNamedByNoLayout)
+{
+    byHandle(MadeHandle::Viewport).safeOpenObject<OdDbEntity>(OdDb::kForWrite)->erase();
+    byHandle(MadeHandle::SheetViewport).safeOpenObject<OdDbEntity>(OdDb::kForWrite)->erase();
+    const Saved after = saved();
+    EXPECT_EQ(after.notKept, QStringList());
+    const DwgParts parts(after.bytes);
+    DwgRecord record(parts.format(), parts.records().at(MadeHandle::Sheet));
+    ASSERT_TRUE(record.open(0));
+    DwgHead head;
+    record.readHead(head);
+    const SheetRecords::Layout layout = SheetRecords::layout(record);
+    EXPECT_FALSE(record.hasFailed());
+    EXPECT_EQ(layout.name, QStringLiteral("Sheet"));
+    EXPECT_EQ(layout.block, quint64(MadeHandle::PaperSpace));
+    EXPECT_EQ(layout.lastActiveViewport, 0u);
+    EXPECT_TRUE(layout.viewports.empty());
+}
+
+TEST_P(MadeSaves, ARecordThatCannotBeSpelledIsNamedByNoDictionary)
+{
+    const OdDbObjectId root = drawing->getNamedObjectsDictionaryId();
+    const OdDbObjectId nested = drawing->createDictionary(root, QStringLiteral("Nested"));
+    const auto make = [&](OdDbObjectId dictionary, const char* key, const GroupList& groups) {
+        drawing->createXrecord(dictionary, QString::fromLatin1(key))
+            .safeOpenObject<OdDbXrecord>(OdDb::kForWrite)
+            ->setGroups(groups);
+    };
+    const GroupList sound = {{1, "text"}, {70, "5"}};
+    const GroupList odd = {{1, "text"}, {600, "no such form"}};
+    make(root, "Sound", sound);
+    make(root, "Odd", odd);
+    make(nested, "Sound", sound);
+    make(nested, "Odd", odd);
+    const Saved after = saved();
+    EXPECT_EQ(
+        after.notKept,
+        QStringList(QStringLiteral("A record holds groups that DWG drawings have no form for.")));
+    const auto again = readDrawing(after.bytes, QStringLiteral("again.dwg"));
+    EXPECT_EQ(again->audit(), QStringList());
+    const auto top = again->getNamedObjectsDictionaryId().safeOpenObject<OdDbDictionary>();
+    const auto below = top->getAt(QStringLiteral("Nested")).safeOpenObject<OdDbDictionary>();
+    for (const auto& dictionary : {top, below}) {
+        EXPECT_TRUE(dictionary->getAt(QStringLiteral("Odd")).isNull());
+        EXPECT_TRUE(
+            dictionary->getAt(QStringLiteral("Sound")).safeOpenObject<OdDbXrecord>()->groups()
+            == sound);
+    }
+}
+
+TEST_P(MadeSaves, ADescriptionLongerThanTheFormatCanHoldIsTold)
+{
+    constexpr qsizetype kTooLong = 40'000;
+    const QString before = layer(1)->description();
+    ASSERT_FALSE(before.isEmpty());
+    layer(1)->setDescription(QString(kTooLong, QLatin1Char('x')));
+    layer(1)->setIsFrozen(!layer(1)->isFrozen());
+    const bool frozen = layer(1)->isFrozen();
+    const Saved after = saved();
+    ASSERT_EQ(after.notKept.size(), 1);
+    EXPECT_TRUE(after.notKept[0].contains(QStringLiteral("AcAecLayerStandard")));
+    const auto again = readDrawing(after.bytes, QStringLiteral("again.dwg"));
+    const auto found = again->layerTable().records()[1].safeOpenObject<OdDbLayerTableRecord>();
+    EXPECT_EQ(found->isFrozen(), frozen);
+    EXPECT_EQ(found->description(), before);
+    expectNoticed("another description is no reason",
+                  [&] { layer(1)->setIsOff(!layer(1)->isOff()); });
+}
+
+TEST_P(MadeSaves, WhatWasWrittenMustSayWhatTheDrawingSays)
+{
+    // An edit of it makes each record one that is decoded again.
+    layer(1)->setIsLocked(!layer(1)->isLocked());
+    expectNoticed("name", [&] { layer(1)->setName(QStringLiteral("other name")); });
+    expectNoticed("frozen", [&] { layer(1)->setIsFrozen(!layer(1)->isFrozen()); });
+    expectNoticed("off", [&] { layer(1)->setIsOff(!layer(1)->isOff()); });
+    expectNoticed("locked", [&] { layer(1)->setIsLocked(!layer(1)->isLocked()); });
+    expectNoticed("plot", [&] { layer(1)->setIsPlottable(!layer(1)->isPlottable()); });
+    expectNoticed("new viewports", [&] { layer(1)->setVPDFLT(!layer(1)->VPDFLT()); });
+    expectNoticed("color", [&] { layer(1)->setColor(OdCmColor::fromIndex(99)); });
+    expectNoticed("lineweight", [&] { layer(1)->setLineWeight(211); });
+    expectNoticed("description", [&] { layer(1)->setDescription(QStringLiteral("other")); });
+    expectNoticed("linetype",
+                  [&] { layer(1)->setLinetypeObjectId(byHandle(MadeHandle::ByBlock)); });
+    expectNoticed("current layer", [&] { drawing->setCLAYER(layer(2)->objectId()); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, MadeSaves, testing::ValuesIn(MadeDrawing::kVersions),
+                         versionName);
+
+} // namespace
