@@ -17,26 +17,6 @@
 #include "io/dwg/records/SheetRecords.h"
 #include "io/records/LayerXData.h"
 
-namespace {
-
-/// Up to R14 the layers frozen in a viewport stand in its extended data, inside the second pair of
-/// braces.
-std::vector<quint64> frozenInXData(DwgRecord& record, const DwgHead& head)
-{
-    const auto handleText = [](quint64 handle) { return QString::number(handle, 16); };
-    std::vector<quint64> layers;
-    int braces = 0;
-    for (const GroupList::Group& group : FreeRecords::xData(record, head, handleText)) {
-        if (group.code == 1002)
-            braces += group.value == "{" ? 1 : -1;
-        else if (group.code == 1003 && braces == 2)
-            layers.push_back(NumberText::handle(group.value).value_or(0));
-    }
-    return layers;
-}
-
-} // namespace
-
 DwgObjectSource::DwgObjectSource(std::unique_ptr<DwgFile> file, OdDbDatabase& database)
     : RecordSource(database)
     , m_file(std::move(file))
@@ -204,7 +184,9 @@ ViewportState DwgObjectSource::readViewport(quint32 slot) const
     const SheetRecords::Viewport viewport = SheetRecords::viewport(record);
     const ObjectStore& store = database().store();
     const bool hasList = record.since(DrawingVersion::V2000);
-    for (const quint64 handle : hasList ? viewport.frozenLayers : frozenInXData(record, head)) {
+    for (const quint64 handle :
+         hasList ? viewport.frozenLayers : SheetRecords::frozenInXData(record, head))
+    {
         const OdDbObjectId layer = id(handle);
         if (!layer.isNull() && store.type(layer.slot()) == RecordType::Layer)
             state.frozenLayers.push_back(layer);

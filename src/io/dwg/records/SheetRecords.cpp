@@ -1,5 +1,8 @@
 #include "io/dwg/records/SheetRecords.h"
 
+#include "base/NumberText.h"
+#include "io/dwg/records/FreeRecords.h"
+
 namespace {
 
 template <std::size_t N>
@@ -91,6 +94,20 @@ SheetRecords::Viewport SheetRecords::viewport(DwgRecord& record)
     viewport.frozenAt.end = record.handles.position();
     viewport.clipEntity = record.reference();
     return viewport;
+}
+
+std::vector<quint64> SheetRecords::frozenInXData(DwgRecord& record, const DwgHead& head)
+{
+    const auto handleText = [](quint64 handle) { return QString::number(handle, 16); };
+    std::vector<quint64> layers;
+    int braces = 0;
+    for (const GroupList::Group& group : FreeRecords::xData(record, head, handleText)) {
+        if (group.code == 1002)
+            braces += group.value == "{" ? 1 : -1;
+        else if (group.code == 1003 && braces == 2)
+            layers.push_back(NumberText::handle(group.value).value_or(0));
+    }
+    return layers;
 }
 
 SheetRecords::Layout SheetRecords::layout(DwgRecord& record)

@@ -37,6 +37,9 @@ struct Viewport
     quint64 clipEntity = 0;
 };
 Viewport viewport(DwgRecord& record);
+/// Layers frozen in a viewport up to R14: they stand in its extended data, inside the second pair
+/// of braces.
+std::vector<quint64> frozenInXData(DwgRecord& record, const DwgHead& head);
 
 struct Layout
 {
