@@ -162,12 +162,20 @@ TEST(KeptBits, ReferencesThatStayKeepTheirCode)
     const quint64 start = made.record.layout().handlesBegin;
     const BitSpan list{start + at.begin, start + at.end};
     const auto now = [&](const std::vector<quint64>& wanted) {
-        return references(KeptBits::references(made.record, list, wanted, DwgReference::SoftOwner));
+        return references(
+            KeptBits::references(made.record, list, wanted, DwgReference::SoftOwner).bits);
     };
     EXPECT_EQ(now({0x60, 0x71, 0x80}), "3:60 a:21 2:80 ");
     EXPECT_EQ(now({0x71, 0x99}), "a:21 2:99 ");
     EXPECT_EQ(now({0x80, 0x60}), "2:80 3:60 ");
     EXPECT_EQ(now({}), "");
+
+    // Those of which nothing is known stay where they are.
+    const auto isUnknown = [](quint64 handle) { return handle == 0x71; };
+    const KeptBits::References kept =
+        KeptBits::references(made.record, list, {0x80, 0x99}, DwgReference::SoftOwner, isUnknown);
+    EXPECT_EQ(references(kept.bits), "a:21 2:80 2:99 ");
+    EXPECT_EQ(kept.handles, (std::vector<quint64>{0x71, 0x80, 0x99}));
 }
 
 TEST(KeptBits, EntriesOfADictionaryKeepTheirSpelling)
@@ -203,6 +211,43 @@ TEST(KeptBits, EntriesOfADictionaryKeepTheirSpelling)
     keys.raw("D");
     EXPECT_EQ(now.keys.size(), keys.size());
     EXPECT_EQ(now.keys.bytes(), keys.bytes());
+}
+
+TEST(KeptBits, EntriesWithOneKeyEachKeepTheirReference)
+{
+    MadeRecord made(DrawingVersion::V2010, DwgType::Dictionary);
+    made.parts().data.bitLong(3);
+    made.parts().data.bitShort(1);
+    made.parts().data.rawChar(1);
+    for (int i = 0; i < 3; ++i) {
+        made.parts().text.append(Spelling::text(made.format(), QStringLiteral("A")));
+        made.parts().handles.handle({0x3, 0x60u + static_cast<quint64>(i)});
+    }
+    made.parts().hasText = true;
+    made.open();
+    const FreeRecords::Dictionary before = FreeRecords::dictionary(made.record);
+    ASSERT_EQ(before.entries.size(), 3u);
+    const auto now = [&](const std::vector<quint64>& handles) {
+        std::vector<KeyedHandle> wanted;
+        for (const quint64 handle : handles)
+            wanted.push_back({QStringLiteral("A"), handle});
+        return references(KeptBits::entries(made.record, made.format(), before, wanted).references);
+    };
+    EXPECT_EQ(now({0x60, 0x61, 0x62}), "3:60 3:61 3:62 ");
+    EXPECT_EQ(now({0x60, 0, 0x62}), "3:60 3:61 3:62 ");
+    EXPECT_EQ(now({0x62, 0x60}), "3:62 3:60 ");
+    EXPECT_EQ(now({0x99, 0x60, 0x61, 0x62}), "2:99 3:60 3:61 3:62 ");
+}
+
+TEST(KeptBits, GroupsThatWouldRunOverTheirRecordFailAndAreNotRead)
+{
+    MadeRecord made(DrawingVersion::V2010, DwgType::Xrecord);
+    made.parts().data.bitLong(40); // bytes; the record has fewer
+    appendNumber(made.parts().data, 70, 5);
+    made.open();
+    const FreeRecords::Xrecord fields = FreeRecords::xrecord(made.record);
+    EXPECT_TRUE(made.record.hasFailed());
+    EXPECT_LE(fields.at.end, made.record.layout().dataEnd);
 }
 
 TEST(KeptBits, FlagsOfALayerKeepANumberThatIsNoLineweight)

@@ -12,6 +12,8 @@
 #include "io/dwg/support/DwgMaker.h"
 #include "io/dwg/support/DwgParts.h"
 #include "io/dwg/support/MadeHandles.h"
+#include "io/dwg/support/MadeRecords.h"
+#include "io/dwg/write/DwgMeant.h"
 #include "io/files/WrittenBytes.h"
 
 #include <QTemporaryDir>
@@ -72,6 +74,19 @@ protected:
         drawing->undo();
     }
 };
+
+/// A copy of what a save means, with one thing of it changed.
+template <class Change>
+DrawingPieces meaningOtherwise(const DrawingPieces& pieces, const Change& change)
+{
+    const auto other =
+        std::make_shared<DwgMeant>(*static_cast<const DwgMeant*>(pieces.meant.get()));
+    change(*other);
+    DrawingPieces changed;
+    changed.report = pieces.report;
+    changed.meant = other;
+    return changed;
+}
 
 std::string versionName(const testing::TestParamInfo<DrawingVersion>& version)
 {
@@ -192,6 +207,71 @@ TEST_P(MadeSaves, WhatWasWrittenMustSayWhatTheDrawingSays)
     expectNoticed("linetype",
                   [&] { layer(1)->setLinetypeObjectId(byHandle(MadeHandle::ByBlock)); });
     expectNoticed("current layer", [&] { drawing->setCLAYER(layer(2)->objectId()); });
+}
+
+TEST_P(MadeSaves, EachThingThatIsMeantIsLookedFor)
+{
+    // One edit of each kind.
+    byHandle(MadeHandle::Viewport)
+        .safeOpenObject<OdDbViewport>(OdDb::kForWrite)
+        ->freezeLayersInViewport({layer(1)->objectId()});
+    const quint32 line = drawing->store().find(
+        MadeRecords::layerHandle(MadeDrawing::sample(GetParam()).layers.size()));
+    drawing->idOfSlot(line)
+        .safeOpenObject<OdDbEntity>(OdDb::kForWrite)
+        ->setLayer(layer(2)->objectId());
+    LayerStates(*drawing).add(QStringLiteral("one more"), QStringLiteral("described"));
+    drawing->setDictionaryVariable(QStringLiteral("LAYEREVAL"), QStringLiteral("2"));
+    drawing->setDictionaryVariable(QStringLiteral("OTHER"), QStringLiteral("new"));
+
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("made.dwg"));
+    writeDrawing(*drawing, path);
+    const DrawingSource& source = DrawingSource::of(*drawing);
+    const DrawingPieces pieces = source.write(*drawing);
+    const auto& meant = *static_cast<const DwgMeant*>(pieces.meant.get());
+    const WrittenBytes written(path);
+    EXPECT_NO_THROW(source.verify(*drawing, pieces, written));
+    const auto expectMissed = [&](const char* what, const auto& change) {
+        EXPECT_THROW(source.verify(*drawing, meaningOtherwise(pieces, change), written),
+                     OdError_FileAccess)
+            << what;
+    };
+    ASSERT_EQ(meant.frozen.size(), 1u);
+    expectMissed("frozen", [](DwgMeant& other) { other.frozen.begin()->second.push_back(1); });
+    ASSERT_EQ(meant.layers.size(), 1u);
+    expectMissed("layer", [](DwgMeant& other) { ++other.layers.begin()->second; });
+    ASSERT_EQ(meant.variables.size(), 2u);
+    for (const auto& [handle, value] : meant.variables)
+        expectMissed("variable", [handle = handle](DwgMeant& other) {
+            other.variables[handle] += QLatin1Char('x');
+        });
+    ASSERT_GE(meant.groups.size(), 1u);
+    for (const auto& [handle, groups] : meant.groups)
+        expectMissed("groups",
+                     [handle = handle](DwgMeant& other) { other.groups[handle].append(1, "x"); });
+    ASSERT_GE(meant.entries.size(), 2u);
+    for (const auto& [handle, entries] : meant.entries) {
+        expectMissed("entries",
+                     [handle = handle](DwgMeant& other) { other.entries[handle].pop_back(); });
+        expectMissed("entry",
+                     [handle = handle](DwgMeant& other) { ++other.entries[handle][0].handle; });
+    }
+    expectMissed("record", [](DwgMeant& other) { other.records.begin()->second += '\1'; });
+    expectMissed("removed", [](DwgMeant& other) { other.removed.insert(MadeHandle::Style); });
+}
+
+TEST_P(MadeSaves, ADrawingWhoseCurrentLayerIsNoneTakesAnotherTab)
+{
+    MadeDrawing odd = MadeDrawing::sample(GetParam());
+    odd.references["$CLAYER"] = MadeHandle::Style;
+    drawing = readDrawing(DwgMaker(odd).bytes(), QStringLiteral("odd.dwg"));
+    ASSERT_EQ(drawing->getCLAYER(), drawing->getLayerZeroId());
+    drawing->setTILEMODE(!drawing->getTILEMODE());
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("odd.dwg"));
+    EXPECT_NO_THROW(writeDrawing(*drawing, path));
+    EXPECT_EQ(readDrawing(path)->getTILEMODE(), drawing->getTILEMODE());
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, MadeSaves, testing::ValuesIn(MadeDrawing::kVersions),

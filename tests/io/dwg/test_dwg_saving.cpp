@@ -6,8 +6,11 @@
 #include "io/dwg/support/DwgFiles.h"
 #include "io/dwg/support/DwgParts.h"
 #include "io/dwg/support/LayerEdits.h"
+#include "io/files/WrittenBytes.h"
 #include "support/drawings/DrawingDigest.h"
 #include "support/drawings/SharedDrawings.h"
+
+#include <QTemporaryFile>
 
 #include <gtest/gtest.h>
 #include <set>
@@ -22,10 +25,16 @@ struct Saved
 
 Saved saved(const OdDbDatabase& drawing)
 {
-    DrawingPieces pieces = DrawingSource::of(drawing).write(drawing);
+    const DrawingSource& source = DrawingSource::of(drawing);
+    DrawingPieces pieces = source.write(drawing);
     Saved result;
     for (const QByteArrayView part : pieces.parts)
         result.bytes.append(part.data(), part.size());
+    QTemporaryFile file;
+    EXPECT_TRUE(file.open());
+    EXPECT_EQ(file.write(result.bytes), result.bytes.size());
+    file.close();
+    source.verify(drawing, pieces, WrittenBytes(file.fileName()));
     result.report = pieces.report;
     return result;
 }

@@ -117,6 +117,8 @@ void BitWriter::raw(QByteArrayView bytes)
 
 void BitWriter::append(QByteArrayView bytes, quint64 from, quint64 end)
 {
+    if (from >= end)
+        return;
     const auto* data = reinterpret_cast<const uchar*>(bytes.data());
     if (((from | m_size) & 7) == 0) {
         m_bytes.append(bytes.data() + from / 8, static_cast<qsizetype>((end - from) / 8));

@@ -36,6 +36,11 @@ FlatFile::FlatFile(const std::shared_ptr<const FileImage>& image, DrawingVersion
         addFault(tr("The check sum of the file's head is wrong."));
 }
 
+quint64 FlatFile::previewAt() const
+{
+    return qFromLittleEndian<quint32>(bytes(kPreviewAt, 4).data());
+}
+
 QByteArrayView FlatFile::section(DwgSection section) const
 {
     if (section == DwgSection::Objects)

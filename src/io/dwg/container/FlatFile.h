@@ -21,8 +21,10 @@ public:
     };
     const std::vector<Locator>& locators() const { return m_locators; }
     static constexpr int kAuxHeader = 5; ///< number of the auxiliary header
+    static constexpr quint64 kPreviewAt = 0x0D; ///< its address
     static constexpr quint64 kLocatorsAt = 0x19;
     static constexpr quint64 kLocatorSize = 9;
+    quint64 previewAt() const; ///< 0: there is none
     /// The section with that number, or nothing.
     QByteArrayView locatedBytes(int number) const;
 

@@ -52,6 +52,8 @@ void readValues(DwgRecord& record)
         TableRecords::layer(record);
     else if (type == DwgType::Dictionary)
         FreeRecords::dictionary(record);
+    else if (type == DwgType::Xrecord)
+        FreeRecords::xrecordGroups(record);
     else if (type == DwgType::Viewport)
         SheetRecords::viewport(record);
     else if (isControl(type))
@@ -100,10 +102,15 @@ void DwgIndex::requireOneRun()
     const auto [first, last] =
         std::minmax_element(m_records.begin(), m_records.end(),
                             [](const Record& a, const Record& b) { return a.offset < b.offset; });
+    const auto isAmong = [first = first->offset, last = last->offset](quint64 begin, quint64 end) {
+        return begin <= last && end > first;
+    };
     for (const FlatFile::Locator& locator : flat->locators()) {
-        if (locator.size > 0 && locator.offset >= first->offset && locator.offset <= last->offset)
+        if (locator.size > 0 && isAmong(locator.offset, quint64(locator.offset) + locator.size))
             addFault(tr("The section %1 stands among the records.").arg(locator.number));
     }
+    if (const quint64 preview = flat->previewAt(); isAmong(preview, preview + 1))
+        addFault(tr("The preview stands among the records."));
 }
 
 void DwgIndex::readMap()

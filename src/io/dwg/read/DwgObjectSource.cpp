@@ -45,6 +45,17 @@ QString DwgObjectSource::nameOf(quint64 handle) const
     return record.isNull() ? QString() : readNamed(record.slot()).name;
 }
 
+QString DwgObjectSource::plainNameOf(quint64 handle) const
+{
+    const OdDbObjectId named = id(handle);
+    DwgRecord record = reader();
+    if (named.isNull() || !open(record, named.slot()) || classes().isEntity(record.type()))
+        return {};
+    DwgHead head;
+    record.readHead(head);
+    return TableRecords::name(record).name;
+}
+
 OdCmColor DwgObjectSource::bookColor(quint64 handle) const
 {
     const OdDbObjectId color = id(handle);
@@ -82,7 +93,8 @@ LayerState DwgObjectSource::readLayer(quint32 slot) const
     }
     DwgHead head;
     record.readHead(head);
-    LayerState state = decodeLayer(record, head, [this](quint64 handle) { return nameOf(handle); });
+    LayerState state =
+        decodeLayer(record, head, [this](quint64 handle) { return plainNameOf(handle); });
     readLayerExtras(slot, id(head.extension), state);
     return state;
 }
@@ -114,21 +126,13 @@ LayerState DwgObjectSource::decodeLayer(DwgRecord& record, const DwgHead& head,
 
 void DwgObjectSource::readLayerXData(const GroupList& xData, LayerState& layer) const
 {
-    QByteArrayView application;
-    int strings = 0;
+    LayerXData::Finder finder;
     for (const GroupList::Group& group : xData) {
-        if (group.code == 1001) {
-            application = group.value;
-            strings = 0;
-        } else if (group.code == 1000 && LayerXData::isSame(application, LayerXData::kDescription))
-        {
-            // The first string is of unknown use; the second is the description.
-            if (++strings == 2)
-                layer.description = QString::fromUtf8(group.value);
-        } else if (group.code == 1071 && LayerXData::isSame(application, LayerXData::kTransparency))
-        {
-            layer.transparency = static_cast<quint32>(NumberText::integer(group.value).value_or(0));
-        }
+        if (group.code == 1001)
+            finder.startApplication(group.value);
+        else if (const LayerXData::Property* found = finder.next(group.code))
+            found->take(QString::fromUtf8(group.value),
+                        NumberText::integer(group.value).value_or(0), layer);
     }
 }
 
@@ -144,7 +148,7 @@ DictionaryState DwgObjectSource::readDictionary(quint32 slot) const
     state.treatElementsAsHard = dictionary.hard;
     for (const auto& [key, handle] : dictionary.entries)
         state.entries.push_back({key, id(handle)});
-    state.xData = FreeRecords::xData(record, head, [this](quint64 h) { return nameOf(h); });
+    state.xData = FreeRecords::xData(record, head, [this](quint64 h) { return plainNameOf(h); });
     return state;
 }
 
@@ -157,7 +161,7 @@ XrecordState DwgObjectSource::readXrecord(quint32 slot) const
     DwgHead head;
     record.readHead(head);
     state.groups = FreeRecords::xrecord(record).own.groups;
-    state.xData = FreeRecords::xData(record, head, [this](quint64 h) { return nameOf(h); });
+    state.xData = FreeRecords::xData(record, head, [this](quint64 h) { return plainNameOf(h); });
     return state;
 }
 

@@ -44,6 +44,8 @@ public:
     bool open(DwgRecord& record, quint32 slot) const;
     /// The name of the table's record with that handle, as the file has it.
     QString nameOf(quint64 handle) const;
+    /// The same for what extended data name: layers, applications. Of a block its plain name.
+    QString plainNameOf(quint64 handle) const;
     /// A layer as a record says, behind its head; not what stands in records of its own.
     LayerState decodeLayer(DwgRecord& record, const DwgHead& head,
                            const FreeRecords::NameOf& nameOf) const;

@@ -1,6 +1,8 @@
 #include "io/dwg/records/DwgFormat.h"
 
 #include <array>
+#include <mutex>
+#include <optional>
 
 namespace {
 
@@ -18,7 +20,17 @@ constexpr std::array<const char*, 45> kCodePages = {
 
 DwgFormat DwgFormat::of(DrawingVersion version, int codePage)
 {
+    return {version, textOf(codePage), codePage};
+}
+
+const DxfText& DwgFormat::textOf(int codePage)
+{
+    static std::array<std::optional<DxfText>, kCodePages.size()> made;
+    static std::mutex mutex;
     const bool known = codePage > 0 && codePage < static_cast<int>(kCodePages.size());
-    const char* name = known ? kCodePages[static_cast<std::size_t>(codePage)] : "";
-    return {version, DxfText::ofBytes(name), codePage};
+    const auto number = static_cast<std::size_t>(known ? codePage : 0);
+    const std::lock_guard lock(mutex);
+    if (!made[number])
+        made[number] = DxfText::ofBytes(kCodePages[number]);
+    return *made[number];
 }

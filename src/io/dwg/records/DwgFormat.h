@@ -12,4 +12,6 @@ struct DwgFormat
 
     /// `codePage` by the format's own numbers; windows-1252 for one that is unknown.
     static DwgFormat of(DrawingVersion version, int codePage);
+    /// Texts of a code page of the format's own numbers; made once in a program.
+    static const DxfText& textOf(int codePage);
 };

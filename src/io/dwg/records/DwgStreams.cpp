@@ -113,7 +113,7 @@ QString DwgStreams::plainText()
     // Each of these texts has a code page of its own, which most often is that of the drawing.
     return codePage == m_format->codePage || codePage == 0
         ? decode(bytes)
-        : upToZero(DwgFormat::of(version(), codePage).text.decode(bytes));
+        : upToZero(DwgFormat::textOf(codePage).decode(bytes));
 }
 
 OdCmColor DwgStreams::color()

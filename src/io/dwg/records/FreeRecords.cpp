@@ -2,6 +2,7 @@
 
 #include "io/dwg/records/GroupForm.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace {
@@ -197,12 +198,21 @@ FreeRecords::Dictionary FreeRecords::dictionary(DwgRecord& record)
     return dictionary;
 }
 
+BitSpan FreeRecords::xrecordGroups(DwgRecord& record)
+{
+    BitReader& data = record.data;
+    const quint64 begin = data.position();
+    const quint64 bits = quint64(record.count(8)) * 8;
+    if (bits > data.left())
+        data.fail();
+    return {begin, data.position() + std::min(bits, data.left())};
+}
+
 FreeRecords::Xrecord FreeRecords::xrecord(DwgRecord& record)
 {
     Xrecord fields;
     BitReader& data = record.data;
-    fields.at.begin = data.position();
-    fields.at.end = quint64(record.count(8)) * 8 + data.position();
+    fields.at = xrecordGroups(record);
     fields.own = itemsUpTo(fields.at.end, 16, record, [&](GroupList& groups) {
         const int code = static_cast<qint16>(data.rawShort());
         return appendGroup(groups, code, record);

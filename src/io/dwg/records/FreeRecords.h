@@ -57,7 +57,10 @@ struct Xrecord
     BitSpan at; ///< the length of the groups, and all of them
     Items own;
 };
-/// Behind its head.
+/// Where the groups of the open record, whose head was read, and their length stand; goes behind
+/// the length. Fails where they would run over the data.
+BitSpan xrecordGroups(DwgRecord& record);
+/// The same with what they say.
 Xrecord xrecord(DwgRecord& record);
 
 } // namespace FreeRecords

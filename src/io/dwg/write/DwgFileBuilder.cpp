@@ -45,7 +45,7 @@ std::vector<std::pair<quint64, quint32>> DwgFileBuilder::recordsInOrder() const
     return records;
 }
 
-void DwgFileBuilder::appendRecords(QByteArray& out, quint64 base)
+void DwgFileBuilder::appendRecords(QByteArray& out, quint64 base, quint64 end)
 {
     const ObjectStore& store = m_database.store();
     const QByteArrayView objects = m_source.file().section(DwgSection::Objects);
@@ -72,6 +72,8 @@ void DwgFileBuilder::appendRecords(QByteArray& out, quint64 base)
             inFile.insert(handle);
         }
     }
+    if (end > at)
+        out += objects.sliced(static_cast<qsizetype>(at), static_cast<qsizetype>(end - at));
     for (const auto& [handle, record] : m_meant.records) {
         if (inFile.contains(handle) || m_meant.removed.contains(handle))
             continue;
@@ -151,7 +153,7 @@ DrawingPieces DwgFileBuilder::buildPaged(PagedFile& file, quint64 seed)
         const qsizetype first =
             records.empty() ? old.size() : static_cast<qsizetype>(records.front().first);
         QByteArray objects = old.first(first).toByteArray();
-        appendRecords(objects, 0);
+        appendRecords(objects, 0, static_cast<quint64>(old.size()));
         writer.replace("AcDb:AcDbObjects", objects);
         writer.replace("AcDb:Handles", ObjectMap::spelled(m_places));
     }
@@ -188,7 +190,7 @@ DrawingPieces DwgFileBuilder::buildFlat(const FlatFile& file, quint64 seed)
             end = records.back().first + static_cast<quint64>(last.bytes().size());
     }
     QByteArray objects;
-    appendRecords(objects, writer.movedObjects(begin));
+    appendRecords(objects, writer.movedObjects(begin), end);
     writer.replaceObjects(begin, end, objects);
     writer.replace(static_cast<int>(DwgSection::ObjectMap), ObjectMap::spelled(m_places));
     return writer.result();

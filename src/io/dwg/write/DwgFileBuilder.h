@@ -32,7 +32,7 @@ private:
     /// Records of the file by their place in it.
     std::vector<std::pair<quint64, quint32>> recordsInOrder() const;
     /// Appends all records, noting where each stands; `base` is where `out` will stand.
-    void appendRecords(QByteArray& out, quint64 base);
+    void appendRecords(QByteArray& out, quint64 base, quint64 end);
     QByteArray headerSection(quint64 seed);
     QByteArray auxHeader(QByteArray section, quint64 seed) const;
     DrawingPieces buildPaged(PagedFile& file, quint64 seed);

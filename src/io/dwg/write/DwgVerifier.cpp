@@ -44,6 +44,8 @@ bool isSame(const DwgFormat& format, const GroupList& a, const GroupList& b)
 {
     BitWriter first;
     BitWriter second;
+    if (a == b)
+        return true;
     return Spelling::freeGroups(format, a, first) && Spelling::freeGroups(format, b, second)
         && first.bytes() == second.bytes();
 }
@@ -166,7 +168,7 @@ bool DwgVerifier::saysLayer(DwgRecord& record, const DwgHead& head, quint32 slot
     const LayerState& meant = layer->state();
     const LayerState written = m_source.decodeLayer(record, head, [this](quint64 handle) {
         const auto made = m_meant.applications.find(handle);
-        return made == m_meant.applications.end() ? m_source.nameOf(handle) : made->second;
+        return made == m_meant.applications.end() ? m_source.plainNameOf(handle) : made->second;
     });
     const Spelling::Color color = Spelling::color(m_source.format(), written.color);
     const Spelling::Color meantColor = Spelling::color(m_source.format(), meant.color);
@@ -193,7 +195,7 @@ void DwgVerifier::compareSettings(const DwgFile& file) const
     });
     const bool isMode =
         mode == variables.end() || (mode->value != QLatin1String("0")) == current.modelSpace;
-    const bool isLayer = current == m_database.loadedCurrent()
+    const bool isLayer = current.layer == m_database.loadedCurrent().layer
         || header.reference(QStringLiteral("$CLAYER")) == current.layer.getHandle().value();
     if (!header.isSound() || !hasSeed || !isMode || !isLayer)
         throw OdError_FileAccess(OdResult::CantWriteFile,

@@ -135,16 +135,22 @@ void DwgWriter::setFrozen(quint32 viewport, const std::vector<OdDbObjectId>&,
     if (!open(record, head, viewport))
         return;
     const SheetRecords::Viewport fields = SheetRecords::viewport(record);
-    std::vector<quint64>& handles = m_meant->frozen[m_store.handle(viewport)];
+    std::vector<quint64> handles;
     for (const OdDbObjectId layer : after)
         handles.push_back(layer.getHandle().value());
+    const auto isUnknown = [this](quint64 handle) {
+        const quint32 slot = m_store.find(handle);
+        return slot == ObjectStore::kNone || m_store.type(slot) != RecordType::Layer;
+    };
     // Version 2000 has hard pointers here.
     const DwgReference kind =
         record.since(DrawingVersion::V2004) ? DwgReference::SoftPointer : DwgReference::HardPointer;
     RecordPatch patch(record);
-    patch.replace(Stream::Data, fields.frozenCountAt, number(handles.size()));
-    patch.replace(Stream::Handles, fields.frozenAt,
-                  KeptBits::references(record, fields.frozenAt, handles, kind));
+    const KeptBits::References now =
+        KeptBits::references(record, fields.frozenAt, handles, kind, isUnknown);
+    patch.replace(Stream::Data, fields.frozenCountAt, number(now.handles.size()));
+    patch.replace(Stream::Handles, fields.frozenAt, now.bits);
+    m_meant->frozen[m_store.handle(viewport)] = now.handles;
     patched(viewport, patch);
 }
 
@@ -155,6 +161,8 @@ void DwgWriter::setXrecord(quint32 slot, const XrecordState& before, const Xreco
     if (!open(record, head, slot))
         return;
     const FreeRecords::Xrecord fields = FreeRecords::xrecord(record);
+    if (record.hasFailed())
+        return;
     RecordPatch patch(record);
     if (!(before.xData == after.xData))
         setXData(record, head, divided(after.xData), patch);
@@ -222,7 +230,7 @@ void DwgWriter::setDictionary(quint32 slot, const DictionaryState& before,
     patch.replace(Stream::Data, fields.count, number(entries.size()));
     patch.replace(Stream::Text, fields.keys, now.keys);
     patch.replace(Stream::Handles, fields.references, now.references);
-    m_meant->entries[m_store.handle(slot)] = entries;
+    m_meant->entries[m_store.handle(slot)] = now.entries;
     patched(slot, patch);
 }
 
@@ -245,13 +253,16 @@ void DwgWriter::report(DrawingPieces& pieces) const
         return slot != m_meant->slotOf.end() && m_store.type(slot->second) == RecordType::Layer;
     };
     quint64 inFile = 0;
+    quint64 changed = m_meant->removed.size();
     for (const auto& [handle, record] : m_meant->records) {
+        if (m_meant->removed.contains(handle))
+            continue;
+        ++changed;
         report.layerRecordsChanged += isLayer(handle) ? 1 : 0;
         inFile += m_store.isNewHandle(handle) ? 0 : 1;
     }
     for (const quint64 handle : m_meant->removed)
         report.layerRecordsChanged += isLayer(handle) ? 1 : 0;
-    const quint64 changed = m_meant->records.size() + m_meant->removed.size();
     report.otherRecordsChanged = changed - report.layerRecordsChanged;
     report.recordsChanged = changed + report.settingsChanged;
     report.recordsIdentical = m_store.fileRecords() - inFile - m_meant->removed.size();

@@ -67,12 +67,13 @@ void DwgWriter::tellLostColor(const LayerState& layer)
 
 void DwgWriter::makeXrecord(const KeyedHandle& entry, quint64 dictionary, const GroupList& groups)
 {
-    addXrecord(ObjectStore::kNone, {entry.handle, dictionary, {dictionary}}, groups);
+    addXrecord(ObjectStore::kNone, {entry.handle, dictionary, {dictionary}}, {groups, {}});
 }
 
 void DwgWriter::makeDictionary(quint64 handle, quint64 owner,
                                const std::vector<KeyedHandle>& entries)
 {
+    m_meant->entries[handle] = entries;
     put(ObjectStore::kNone, handle, m_newRecords.dictionary({handle, owner}, true, entries));
 }
 

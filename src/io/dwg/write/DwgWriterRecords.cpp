@@ -65,8 +65,9 @@ void DwgWriter::addRecord(quint32 slot)
     case RecordType::Dictionary:
         return addDictionary(slot, head);
     case RecordType::Xrecord:
-        return addXrecord(slot, head, xrecordNow(slot).groups);
+        return addXrecord(slot, head, xrecordNow(slot));
     case RecordType::DictionaryVar:
+        m_meant->variables[head.handle] = id.safeOpenObject<OdDbDictionaryVar>()->value();
         put(slot, head.handle,
             m_newRecords.variable(head, m_source.classes().number(kVariableClass),
                                   id.safeOpenObject<OdDbDictionaryVar>()->value()));
@@ -81,14 +82,17 @@ void DwgWriter::addDictionary(quint32 slot, const NewDwgRecords::Head& head)
     const auto dictionary = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
     NewDwgRecords::Head whole = head;
     whole.xData = newXData(head.handle, divided(dictionary->xData()));
+    const std::vector<KeyedHandle> entries = entriesNow(slot);
+    m_meant->entries[head.handle] = entries;
     put(slot, head.handle,
-        m_newRecords.dictionary(whole, dictionary->state().treatElementsAsHard, entriesNow(slot)));
+        m_newRecords.dictionary(whole, dictionary->state().treatElementsAsHard, entries));
 }
 
-void DwgWriter::addXrecord(quint32 slot, const NewDwgRecords::Head& head, const GroupList& groups)
+void DwgWriter::addXrecord(quint32 slot, NewDwgRecords::Head head, const XrecordState& state)
 {
-    m_meant->groups[head.handle] = groups;
-    put(slot, head.handle, *m_newRecords.xrecord(head, groups));
+    head.xData = newXData(head.handle, divided(state.xData));
+    m_meant->groups[head.handle] = state.groups;
+    put(slot, head.handle, m_newRecords.xrecord(head, state.groups).value());
 }
 
 NewDwgRecords::EntityHead DwgWriter::entityHead(quint32 slot, const GroupList& groups) const
@@ -160,16 +164,21 @@ void DwgWriter::editBlocks()
         }
         RecordPatch patch(record);
         DwgReference kind = DwgReference::HardOwner;
-        if (record.since(DrawingVersion::V2004)) {
-            patch.replace(Stream::Data, old.countAt, number(entities.size()));
-        } else {
+        const bool isList = record.since(DrawingVersion::V2004);
+        if (!isList) {
             relinkEntities(entities);
             kind = DwgReference::SoftPointer;
             entities = {entities.empty() ? 0 : entities.front(),
                         entities.empty() ? 0 : entities.back()};
         }
-        patch.replace(Stream::Handles, old.entitiesAt,
-                      KeptBits::references(record, old.entitiesAt, entities, kind));
+        const auto isUnknown = [&](quint64 handle) {
+            return isList && m_store.find(handle) == ObjectStore::kNone;
+        };
+        const KeptBits::References now =
+            KeptBits::references(record, old.entitiesAt, entities, kind, isUnknown);
+        if (isList)
+            patch.replace(Stream::Data, old.countAt, number(now.handles.size()));
+        patch.replace(Stream::Handles, old.entitiesAt, now.bits);
         patched(slot, patch);
     }
 }
@@ -212,6 +221,8 @@ void DwgWriter::editLayouts()
         if (!isInFile(layout.slot()) || !open(record, head, layout.slot()))
             continue;
         SheetRecords::Layout fields = SheetRecords::layout(record);
+        if (record.hasFailed())
+            continue;
         RecordPatch patch(record);
         if (isGone(fields.lastActiveViewport)) {
             BitWriter none;
@@ -222,7 +233,8 @@ void DwgWriter::editLayouts()
             patch.replace(Stream::Data, fields.countAt, number(fields.viewports.size()));
             patch.replace(Stream::Handles, fields.viewportsAt,
                           KeptBits::references(record, fields.viewportsAt, fields.viewports,
-                                               DwgReference::SoftPointer));
+                                               DwgReference::SoftPointer)
+                              .bits);
         }
         patched(layout.slot(), patch);
     }
@@ -252,7 +264,8 @@ void DwgWriter::editTables()
         patch.replace(Stream::Data, listed.count, number(listed.handles.size()));
         patch.replace(
             Stream::Handles, listed.counted,
-            KeptBits::references(record, listed.counted, listed.handles, DwgReference::SoftOwner));
+            KeptBits::references(record, listed.counted, listed.handles, DwgReference::SoftOwner)
+                .bits);
         patched(slot, patch);
     }
 }

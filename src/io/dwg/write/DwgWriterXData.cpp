@@ -72,7 +72,7 @@ void DwgWriter::tellXDataNotKept(quint64 record, const QString& application)
 void DwgWriter::setXData(DwgRecord& record, const DwgHead& head, std::vector<XData> wanted,
                          RecordPatch& patch)
 {
-    const auto nameOf = [this](quint64 handle) { return m_source.nameOf(handle); };
+    const auto nameOf = [this](quint64 handle) { return m_source.plainNameOf(handle); };
     const auto spell = [this](const GroupList& groups, BitWriter& out) {
         return Spelling::xData(m_source.format(), groups, handleOf(), out);
     };
@@ -89,11 +89,11 @@ void DwgWriter::setXData(DwgRecord& record, const DwgHead& head, std::vector<XDa
         const bool fits = changes
             && KeptBits::groups(record.body(), block.own, now->groups, spell, own)
             && own.size() / 8 <= Spelling::kMostXData;
-        if (fits) {
+        if (fits && own.size() > 0) {
             bits.bitShort(static_cast<qint16>(own.size() / 8));
             bits.append(record.body(), block.applicationAt.begin, block.applicationAt.end);
             bits.append(own);
-        } else {
+        } else if (!fits) {
             bits.append(record.body(), block.at.begin, block.at.end);
             if (changes)
                 tellXDataNotKept(head.handle, name);
@@ -108,7 +108,7 @@ void DwgWriter::editLayerXData(DwgRecord& record, const DwgHead& head, const Lay
                                const LayerState& after, RecordPatch& patch)
 {
     std::vector<XData> blocks = divided(FreeRecords::xData(
-        record, head, [this](quint64 handle) { return m_source.nameOf(handle); }));
+        record, head, [this](quint64 handle) { return m_source.plainNameOf(handle); }));
     bool differs = false;
     for (const LayerXData::Property& property : LayerXData::kProperties) {
         if (!property.differs(before, after))

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr qsizetype kPreviewAt = 0x0D;
-
 // The second header: its length, its own address, then what the first header tells of the sections
 // and the handles of the tables, with the next free handle first.
 constexpr QByteArrayView
@@ -57,8 +55,8 @@ void FlatFileWriter::patchLocators()
     const auto count = static_cast<quint64>(m_file.locators().size());
     const quint64 end = FlatFile::kLocatorsAt + count * FlatFile::kLocatorSize;
     QByteArray head = m_file.image().view(0, end + 2).toByteArray();
-    const auto preview = qFromLittleEndian<quint32>(head.constData() + kPreviewAt);
-    qToLittleEndian(static_cast<quint32>(moved(preview)), head.data() + kPreviewAt);
+    qToLittleEndian(static_cast<quint32>(moved(m_file.previewAt())),
+                    head.data() + FlatFile::kPreviewAt);
     auto at = static_cast<qsizetype>(FlatFile::kLocatorsAt);
     for (const FlatFile::Locator& locator : m_file.locators()) {
         const auto edit = m_edits.find(locator.offset);
@@ -135,10 +133,16 @@ bool FlatFileWriter::rebuildSecondHeader()
         return false;
     const QByteArrayView old =
         image.sliced(start + kSecondStart.size(), end - kBehindSum - start - kSecondStart.size());
-    const QByteArray rebuilt = secondHeader(old, moved(static_cast<quint64>(start)));
+    const auto begin = static_cast<quint64>(start + kSecondStart.size());
+    QByteArray rebuilt = secondHeader(old, moved(static_cast<quint64>(start)));
+    // What stands behind it moves with its own length.
+    for (qsizetype length = 0; !rebuilt.isEmpty() && length != rebuilt.size();) {
+        length = rebuilt.size();
+        m_edits[begin] = {static_cast<quint64>(end - kBehindSum), rebuilt};
+        rebuilt = secondHeader(old, moved(static_cast<quint64>(start)));
+    }
     if (!rebuilt.isEmpty())
-        m_edits[static_cast<quint64>(start + kSecondStart.size())] = {
-            static_cast<quint64>(end - kBehindSum), rebuilt};
+        m_edits[begin].bytes = rebuilt;
     return !rebuilt.isEmpty();
 }
 

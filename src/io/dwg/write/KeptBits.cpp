@@ -4,6 +4,8 @@
 
 #include <QHash>
 
+#include <algorithm>
+
 namespace {
 
 using Groups = std::vector<GroupList::Group>;
@@ -110,6 +112,34 @@ private:
     QHash<quint64, std::size_t> m_places;
 };
 
+/// The entry of a file that each wanted one takes the place of: one of its key, that of its handle
+/// where there are several. Past the end for a new one.
+std::vector<std::size_t> placesOf(const std::vector<KeyedHandle>& wanted,
+                                  const std::vector<KeyedHandle>& before)
+{
+    const std::size_t none = before.size();
+    QHash<QString, std::vector<std::size_t>> unused; // by key, the first one last
+    for (std::size_t i = before.size(); i-- > 0;)
+        unused[before[i].key].push_back(i);
+    std::vector<std::size_t> places(wanted.size(), none);
+    for (const bool sameHandle : {true, false}) {
+        for (std::size_t i = 0; i < wanted.size(); ++i) {
+            const auto found = unused.find(wanted[i].key);
+            if (places[i] != none || found == unused.end())
+                continue;
+            // Most come in the order of the file, which is from the back.
+            const auto place = std::find_if(found->rbegin(), found->rend(), [&](std::size_t entry) {
+                return !sameHandle || before[entry].handle == wanted[i].handle;
+            });
+            if (place == found->rend())
+                continue;
+            places[i] = *place;
+            found->erase(std::next(place).base());
+        }
+    }
+    return places;
+}
+
 } // namespace
 
 bool KeptBits::groups(QByteArrayView body, const FreeRecords::Items& before, const GroupList& after,
@@ -134,44 +164,55 @@ bool KeptBits::groups(QByteArrayView body, const FreeRecords::Items& before, con
     return true;
 }
 
-BitWriter KeptBits::references(DwgRecord& record, BitSpan at, const std::vector<quint64>& wanted,
-                               DwgReference kind)
+KeptBits::References KeptBits::references(DwgRecord& record, BitSpan at,
+                                          const std::vector<quint64>& wanted, DwgReference kind,
+                                          const std::function<bool(quint64)>& isUnknown)
 {
     const std::vector<Reference> list = readReferences(record, at);
-    Finder finder(list);
-    BitWriter out;
-    for (const quint64 handle : wanted) {
-        if (const Reference* known = finder.find(handle))
-            out.append(record.body(), known->at.begin, known->at.end);
-        else
-            out.handle(kind, handle);
+    References now;
+    std::size_t next = 0;
+    for (const Reference& known : list) {
+        const bool follows = next < wanted.size() && wanted[next] == known.handle;
+        next += follows ? 1 : 0;
+        if (follows || (isUnknown && isUnknown(known.handle)))
+            now.handles.push_back(known.handle);
     }
-    return out;
+    now.handles.insert(now.handles.end(), wanted.begin() + static_cast<std::ptrdiff_t>(next),
+                       wanted.end());
+    Finder finder(list);
+    for (const quint64 handle : now.handles) {
+        if (const Reference* known = finder.find(handle))
+            now.bits.append(record.body(), known->at.begin, known->at.end);
+        else
+            now.bits.handle(kind, handle);
+    }
+    return now;
 }
 
 KeptBits::Entries KeptBits::entries(const DwgRecord& record, const DwgFormat& format,
                                     const FreeRecords::Dictionary& before,
                                     const std::vector<KeyedHandle>& wanted)
 {
-    QHash<QString, std::size_t> byKey;
-    for (std::size_t i = before.entries.size(); i-- > 0;)
-        byKey.insert(before.entries[i].key, i);
+    const std::vector<std::size_t> places = placesOf(wanted, before.entries);
     Entries now;
-    for (const auto& [key, handle] : wanted) {
-        const auto found = byKey.constFind(key);
-        const bool isKnown = found != byKey.cend();
-        if (isKnown) {
-            const BitSpan at = before.keysAt[*found];
-            now.keys.append(record.body(), at.begin, at.end);
-        } else {
-            now.keys.append(Spelling::text(format, key));
-        }
-        if (isKnown && (handle == 0 || before.entries[*found].handle == handle)) {
-            const BitSpan at = before.referencesAt[*found];
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        KeyedHandle entry = wanted[i];
+        const std::size_t place = places[i];
+        const bool isKnown = place < before.entries.size();
+        const bool stays =
+            isKnown && (entry.handle == 0 || before.entries[place].handle == entry.handle);
+        if (isKnown)
+            now.keys.append(record.body(), before.keysAt[place].begin, before.keysAt[place].end);
+        else
+            now.keys.append(Spelling::text(format, entry.key));
+        if (stays) {
+            const BitSpan at = before.referencesAt[place];
             now.references.append(record.body(), at.begin, at.end);
+            entry.handle = before.entries[place].handle;
         } else {
-            now.references.handle(DwgReference::SoftOwner, handle);
+            now.references.handle(DwgReference::SoftOwner, entry.handle);
         }
+        now.entries.push_back(std::move(entry));
     }
     return now;
 }

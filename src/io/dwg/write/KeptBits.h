@@ -18,9 +18,15 @@ using Spell = std::function<bool(const GroupList& groups, BitWriter& out)>;
 bool groups(QByteArrayView body, const FreeRecords::Items& before, const GroupList& after,
             const Spell& spell, BitWriter& out);
 
-/// The list of references at `at`, with the handles `wanted`. New ones are of that kind.
-BitWriter references(DwgRecord& record, BitSpan at, const std::vector<quint64>& wanted,
-                     DwgReference kind);
+struct References
+{
+    BitWriter bits;
+    std::vector<quint64> handles; ///< as they are now
+};
+/// The list of references at `at`, with the handles `wanted`. New ones are of that kind; those of
+/// which `isUnknown` says that nothing is known stay where they are.
+References references(DwgRecord& record, BitSpan at, const std::vector<quint64>& wanted,
+                      DwgReference kind, const std::function<bool(quint64)>& isUnknown = nullptr);
 
 /// Keys and references of a dictionary with the entries `wanted`. One with handle 0 keeps its
 /// reference.
@@ -28,6 +34,7 @@ struct Entries
 {
     BitWriter keys;
     BitWriter references;
+    std::vector<KeyedHandle> entries; ///< as they are now
 };
 Entries entries(const DwgRecord& record, const DwgFormat& format,
                 const FreeRecords::Dictionary& before, const std::vector<KeyedHandle>& wanted);

@@ -79,6 +79,8 @@ BitWriter NewDwgRecords::spelledXData(const std::vector<std::pair<quint64, QByte
 {
     BitWriter out;
     for (const auto& [application, bytes] : blocks) {
+        if (bytes.isEmpty())
+            continue; // a length of zero ends them all
         out.bitShort(static_cast<qint16>(bytes.size()));
         out.handle(DwgReference::HardPointer, application);
         out.raw(bytes);

@@ -85,18 +85,8 @@ void LayerGroups::Reader::takeOwn(const GroupCursor& group)
 
 void LayerGroups::Reader::takeExtendedData(const GroupCursor& group)
 {
-    if (group.code() == 1001) {
-        const QByteArrayView name = group.bytes();
-        m_application = LayerXData::isSame(name, LayerXData::kDescription)
-            ? Application::Description
-            : LayerXData::isSame(name, LayerXData::kTransparency) ? Application::Transparency
-                                                                  : Application::Other;
-        m_strings = 0;
-    } else if (group.code() == 1000 && m_application == Application::Description) {
-        // The first string is of unknown use and empty everywhere; the second is the description.
-        if (++m_strings == 2)
-            m_layer.description = group.text();
-    } else if (group.code() == 1071 && m_application == Application::Transparency) {
-        m_layer.transparency = static_cast<quint32>(group.integer());
-    }
+    if (group.code() == 1001)
+        m_xData.startApplication(group.bytes());
+    else if (const LayerXData::Property* found = m_xData.next(group.code()))
+        found->take(group.code() == 1000 ? group.text() : QString(), group.integer(), m_layer);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/tables/OdDbLayerTableRecord.h"
+#include "io/records/LayerXData.h"
 
 #include <QByteArray>
 #include <QStringList>
@@ -15,7 +15,8 @@ class RecordPatcher;
 namespace LayerGroups {
 
 /// Fills a state from the groups of a record, in any order. Where a code stands twice, the first
-/// counts; what stands in an application's group (102) is none of the layer's.
+/// counts, and so do an application's first extended data; what stands in its group (102) is none
+/// of the layer's.
 class Reader
 {
 public:
@@ -26,7 +27,6 @@ public:
     void take(const GroupCursor& group);
 
 private:
-    enum class Application { Other, Description, Transparency };
     void takeOwn(const GroupCursor& group);
     void takeExtendedData(const GroupCursor& group);
 
@@ -34,8 +34,7 @@ private:
     LayerState& m_layer;
     std::bitset<1000> m_taken; ///< codes that were there already
     bool m_inGroup = false;
-    Application m_application = Application::Other; ///< whose extended data follows
-    int m_strings = 0;
+    LayerXData::Finder m_xData;
 };
 
 /// Turns the record of the file from `before` into `after`, as far as the record itself holds it
