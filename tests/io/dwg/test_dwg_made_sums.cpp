@@ -215,6 +215,25 @@ TEST(MadeSumsOfAFlatFile, ASectionAmongTheRecordsOpensItForReadingOnly)
     EXPECT_EQ(faultsOf(file), QStringLiteral("The section 4 stands among the records."));
 }
 
+TEST(MadeSumsOfAFlatFile, TwoHandlesOfOneRecordOpenItForReadingOnly)
+{
+    QByteArray file = DwgMaker::sample(DrawingVersion::V2000);
+    const DwgParts parts(file);
+    const FlatFile::Locator map = dynamic_cast<const FlatFile&>(parts.file()).locators()[2];
+    std::vector<ObjectMap::Entry> entries =
+        ObjectMap::read(parts.file().section(DwgSection::ObjectMap)).entries;
+    entries.back().offset = entries[entries.size() - 2].offset;
+    const QByteArray spelled = ObjectMap::spelled(entries);
+    ASSERT_LE(spelled.size(), static_cast<qsizetype>(map.size));
+    constexpr qsizetype kMap = 0x19 + 2 * 9;
+    constexpr qsizetype kSumOfHead = 0x19 + 6 * 9;
+    file.replace(map.offset, spelled.size(), spelled);
+    PageForm::put(file, kMap + 5, static_cast<quint32>(spelled.size()));
+    PageForm::put(file, kSumOfHead, Checksums::crc16(QByteArrayView(file).first(kSumOfHead)));
+    EXPECT_TRUE(
+        faultsOf(file).contains(QStringLiteral("Two handles of the object map name one record.")));
+}
+
 TEST(MadeSumsOfAFlatFile, ASecondHeaderThatCannotBeReadStaysAndIsTold)
 {
     QByteArray file = DwgMaker::sample(DrawingVersion::V2000);

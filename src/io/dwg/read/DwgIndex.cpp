@@ -60,6 +60,26 @@ void readValues(DwgRecord& record)
         TableRecords::listed(record, extrasOf(type));
 }
 
+/// Offsets that several entries have, ascending.
+std::vector<quint64> repeatedOffsets(const std::vector<ObjectMap::Entry>& entries)
+{
+    const auto follows = [](const auto& a, const auto& b) { return a.offset >= b.offset; };
+    // Most files have their records in the order of the handles.
+    if (std::adjacent_find(entries.begin(), entries.end(), follows) == entries.end())
+        return {};
+    std::vector<quint64> offsets;
+    offsets.reserve(entries.size());
+    for (const ObjectMap::Entry& entry : entries)
+        offsets.push_back(entry.offset);
+    std::sort(offsets.begin(), offsets.end());
+    std::vector<quint64> repeated;
+    for (std::size_t i = 1; i < offsets.size(); ++i) {
+        if (offsets[i] == offsets[i - 1])
+            repeated.push_back(offsets[i]);
+    }
+    return repeated;
+}
+
 bool isPart(quint16 type)
 {
     return type == DwgType::Attrib || type == DwgType::SeqEnd
@@ -131,11 +151,13 @@ void DwgIndex::readMap()
         })->handle;
     m_handles = HandleIndex(std::min<quint64>(highest, map.entries.size() * kGaps) + 1);
     m_records.reserve(map.entries.size());
-    std::unordered_set<quint64> offsets;
-    offsets.reserve(map.entries.size());
+    const std::vector<quint64> repeated = repeatedOffsets(map.entries);
+    std::unordered_set<quint64> taken; // of these
     for (const ObjectMap::Entry& entry : map.entries) {
         // Each would be read, and taken apart, as often as it is named.
-        if (!offsets.insert(entry.offset).second) {
+        if (std::binary_search(repeated.begin(), repeated.end(), entry.offset)
+            && !taken.insert(entry.offset).second)
+        {
             addFault(tr("Two handles of the object map name one record."));
             continue;
         }

@@ -47,24 +47,24 @@ QString DwgObjectSource::nameOf(quint64 handle) const
 
 QString DwgObjectSource::plainNameOf(quint64 handle) const
 {
-    const OdDbObjectId named = id(handle);
     DwgRecord record = reader();
-    if (named.isNull() || !open(record, named.slot()) || classes().isEntity(record.type()))
-        return {};
+    return openObject(record, handle) ? TableRecords::name(record).name : QString();
+}
+
+bool DwgObjectSource::openObject(DwgRecord& record, quint64 handle) const
+{
+    const OdDbObjectId object = id(handle);
+    if (object.isNull() || !open(record, object.slot()) || classes().isEntity(record.type()))
+        return false;
     DwgHead head;
     record.readHead(head);
-    return TableRecords::name(record).name;
+    return true;
 }
 
 OdCmColor DwgObjectSource::bookColor(quint64 handle) const
 {
-    const OdDbObjectId color = id(handle);
     DwgRecord record = reader();
-    if (color.isNull() || !open(record, color.slot()) || classes().isEntity(record.type()))
-        return {};
-    DwgHead head;
-    record.readHead(head);
-    return record.color();
+    return openObject(record, handle) ? record.color() : OdCmColor();
 }
 
 std::unique_ptr<GroupCursor> DwgObjectSource::makeCursor() const

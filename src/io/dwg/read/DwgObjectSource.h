@@ -69,6 +69,8 @@ public:
     BlockState readBlock(quint32 slot) const override;
 
 private:
+    /// Goes behind the head of the record with that handle; false where none but an entity has it.
+    bool openObject(DwgRecord& record, quint64 handle) const;
     /// The name of a block, also of one that the program made and numbered.
     QString wholeName(const TableRecords::Block& block) const;
     void readLayerXData(const GroupList& xData, LayerState& layer) const;
