@@ -74,6 +74,8 @@ void setExpression(const OdDbDatabase& database, OdLyLayerFilter& filter, OdDbOb
     filter.setOrigin({record, stored, spelling.isSayable, false}, spelling.text);
 }
 
+constexpr QLatin1String kKeyMark("*A");
+
 } // namespace
 
 OdLyLayerFilterPtr FilterRecords::read(const OdDbDatabase& database, OdDbObjectId record)
@@ -190,6 +192,19 @@ OdDbObjectId FilterRecords::dictionaryOf(const OdDbDatabase& database, OdDbObjec
     const auto extension = database.extensionDictionary(owner).openObject<OdDbDictionary>();
     const OdDbObjectId found = extension ? extension->getAt(key) : OdDbObjectId();
     return found.openObject<OdDbDictionary>() ? found : OdDbObjectId();
+}
+
+QString FilterRecords::keyOf(quint32 number)
+{
+    return kKeyMark + QString::number(number);
+}
+
+quint32 FilterRecords::numberOf(const QString& key)
+{
+    constexpr qsizetype kMostDigits = 9;
+    const bool isNumbered = key.startsWith(kKeyMark, Qt::CaseInsensitive)
+        && key.size() - kKeyMark.size() <= kMostDigits;
+    return isNumbered ? QStringView(key).sliced(kKeyMark.size()).toUInt() : 0;
 }
 
 QString FilterRecords::currentMark(const GroupList& xData)

@@ -42,6 +42,11 @@ OdLyLayerFilterPtr readLegacy(const OdDbDatabase& database, OdDbObjectId record)
 /// The dictionary of filters below an owner (the layer table, a filter's record), or a null id.
 OdDbObjectId dictionaryOf(const OdDbDatabase& database, OdDbObjectId owner, const QString& key);
 
+/// The key of a filter by its number ("*A1").
+QString keyOf(quint32 number);
+/// The number in a key; 0 for a key of another form.
+quint32 numberOf(const QString& key);
+
 /// Which filter is current by the extended data of the top dictionary: "<All", "<AllUsed" ...;
 /// empty where there is none.
 QString currentMark(const GroupList& xData);

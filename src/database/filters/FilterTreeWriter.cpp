@@ -144,7 +144,7 @@ void FilterTreeWriter::writeNested(OdDbObjectId owner, const OdLyLayerFilter& pa
     // Entries of filters that are gone go; other classes stay where they are.
     std::vector<DictionaryEntry> entries;
     std::vector<OdDbObjectId> gone;
-    QSet<QString> keys;
+    quint32 number = 0; // the highest, of whatever entry
     for (const DictionaryEntry& entry : dictionary.openObject<OdDbDictionary>()->entries()) {
         const bool isFilter = FilterRecords::read(m_database, entry.value).get() != nullptr;
         if (isFilter && !kept.contains(entry.value.slot())) {
@@ -152,22 +152,15 @@ void FilterTreeWriter::writeNested(OdDbObjectId owner, const OdLyLayerFilter& pa
             continue;
         }
         entries.push_back(entry);
-        keys.insert(entry.key.toCaseFolded());
+        number = std::max(number, FilterRecords::numberOf(entry.key));
     }
-    int number = 1;
     for (const OdLyLayerFilterPtr& child : children) {
-        QString key;
-        if (!isOwnRecord(*child, dictionary)) {
-            do
-                key = QStringLiteral("*A%1").arg(number++);
-            while (keys.contains(key.toCaseFolded()));
-        }
+        const QString key =
+            isOwnRecord(*child, dictionary) ? QString() : FilterRecords::keyOf(++number);
         const OdDbObjectId record = writeFilter(dictionary, *child, key);
         child->setRecord(record);
-        if (!key.isEmpty()) {
+        if (!key.isEmpty())
             entries.push_back({key, record});
-            keys.insert(key.toCaseFolded());
-        }
         writeNested(record, *child);
     }
     dictionary.safeOpenObject<OdDbDictionary>(OdDb::kForWrite)->setEntries(entries);

@@ -6,6 +6,7 @@
 #include "database/objects/OdDbDictionary.h"
 #include "database/objects/OdDbXrecord.h"
 
+#include <algorithm>
 #include <set>
 
 namespace {
@@ -31,7 +32,12 @@ public:
                 .openObject<OdDbDictionary>();
         if (!filters)
             return;
-        for (const DictionaryEntry& entry : filters->entries()) {
+        // Other programs order a dictionary by key, with the tenth filter behind the first.
+        std::vector<DictionaryEntry> entries = filters->entries();
+        std::stable_sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
+            return FilterRecords::numberOf(a.key) < FilterRecords::numberOf(b.key);
+        });
+        for (const DictionaryEntry& entry : entries) {
             const OdLyLayerFilterPtr filter = FilterRecords::read(m_database, entry.value);
             if (!filter || !parent.allowNested(*filter))
                 continue;

@@ -207,8 +207,8 @@ TEST(KeptBits, EntriesOfADictionaryKeepTheirSpelling)
         keys.rawShort(1);
         keys.raw(key);
     }
-    keys.bitShort(1);
-    keys.raw("D");
+    keys.bitShort(2);
+    keys.raw(QByteArrayView("D\0", 2));
     EXPECT_EQ(now.keys.size(), keys.size());
     EXPECT_EQ(now.keys.bytes(), keys.bytes());
 }

@@ -3,6 +3,7 @@
 #include "database/objects/OdDbEntity.h"
 #include "database/objects/OdDbXrecord.h"
 #include "database/states/LayerStates.h"
+#include "database/store/HeaderVariables.h"
 #include "database/store/ObjectStore.h"
 #include "database/tables/OdDbLayerTable.h"
 #include "io/DrawingCodec.h"
@@ -223,6 +224,22 @@ TEST_P(MadeSaves, EachThingThatIsMeantIsLookedFor)
     LayerStates(*drawing).add(QStringLiteral("one more"), QStringLiteral("described"));
     drawing->setDictionaryVariable(QStringLiteral("LAYEREVAL"), QStringLiteral("2"));
     drawing->setDictionaryVariable(QStringLiteral("OTHER"), QStringLiteral("new"));
+    drawing->setHeaderVariable(QStringLiteral("$LTSCALE"), 40, QStringLiteral("2.125"));
+    drawing->setHeaderVariable(QStringLiteral("$CELTYPE"), 6, QStringLiteral("DASHED"));
+    drawing->setHeaderVariable(QStringLiteral("$MEASUREMENT"), 70, QStringLiteral("1"));
+    drawing->createXrecord(drawing->getNamedObjectsDictionaryId(), QStringLiteral("More"))
+        .safeOpenObject<OdDbXrecord>(OdDb::kForWrite)
+        ->setXData({{1001, "ACAD"}, {1040, "1.5"}});
+    const OdDbObjectId drawn = drawing->addEntity("TEXT",
+                                                  {{62, "3"},
+                                                   {100, "AcDbText"},
+                                                   {10, "1.5"},
+                                                   {20, "2.5"},
+                                                   {30, "0"},
+                                                   {40, "2.5"},
+                                                   {1, "it"},
+                                                   {50, "30.5"}},
+                                                  drawing->getModelSpaceId(), drawing->getCLAYER());
 
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("made.dwg"));
@@ -239,8 +256,35 @@ TEST_P(MadeSaves, EachThingThatIsMeantIsLookedFor)
     };
     ASSERT_EQ(meant.frozen.size(), 1u);
     expectMissed("frozen", [](DwgMeant& other) { other.frozen.begin()->second.push_back(1); });
-    ASSERT_EQ(meant.layers.size(), 1u);
-    expectMissed("layer", [](DwgMeant& other) { ++other.layers.begin()->second; });
+    ASSERT_EQ(meant.layers.size(), 2u);
+    for (const auto& [handle, layer] : meant.layers)
+        expectMissed("layer", [handle = handle](DwgMeant& other) { ++other.layers[handle]; });
+    ASSERT_EQ(meant.settings.size(), 3u);
+    for (const auto& [name, value] : meant.settings)
+        expectMissed("setting",
+                     [name = name](DwgMeant& other) { other.settings[name] += QLatin1Char('2'); });
+    expectMissed("no such setting",
+                 [](DwgMeant& other) { other.settings[QStringLiteral("$NONE")]; });
+    const quint64 text = drawn.getHandle().value();
+    ASSERT_EQ(meant.entities.size(), 1u);
+    for (const GroupList::Group& group : meant.entities.at(text).groups) {
+        if (group.code == 100)
+            continue;
+        expectMissed("group of an entity", [&](DwgMeant& other) {
+            GroupList changed;
+            for (const GroupList::Group& old : meant.entities.at(text).groups)
+                changed.append(old.code,
+                               old.code == group.code ? QByteArray(old.value.toByteArray() + '1')
+                                                      : old.value.toByteArray());
+            other.entities[text].groups = changed;
+        });
+    }
+    expectMissed("linetype of an entity",
+                 [&](DwgMeant& other) { ++other.entities[text].linetype; });
+    ASSERT_GE(meant.xData.size(), 1u);
+    for (const auto& [handle, groups] : meant.xData)
+        expectMissed("extended data",
+                     [handle = handle](DwgMeant& other) { other.xData[handle].append(1070, "1"); });
     ASSERT_EQ(meant.variables.size(), 2u);
     for (const auto& [handle, value] : meant.variables)
         expectMissed("variable", [handle = handle](DwgMeant& other) {
@@ -259,6 +303,35 @@ TEST_P(MadeSaves, EachThingThatIsMeantIsLookedFor)
     }
     expectMissed("record", [](DwgMeant& other) { other.records.begin()->second += '\1'; });
     expectMissed("removed", [](DwgMeant& other) { other.removed.insert(MadeHandle::Style); });
+}
+
+TEST_P(MadeSaves, TextsThatReadLikeEscapesStayWhatTheyAre)
+{
+    const QString odd = QStringLiteral("a\\U+0041 \\M+1828A \\u+0041");
+    LayerStates(*drawing).add(odd, odd);
+    drawing->setDictionaryVariable(QStringLiteral("LAYEREVAL"), odd);
+    layer(1)->setDescription(odd);
+    drawing->setHeaderVariable(QStringLiteral("$MENU"), 1, odd);
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("odd.dwg"));
+    const SaveReport report = writeDrawing(*drawing, path);
+    EXPECT_EQ(report.notKept, QStringList());
+    const auto again = readDrawing(path);
+    ASSERT_TRUE(LayerStates(*again).has(odd));
+    EXPECT_EQ(LayerStates(*again).description(odd), odd);
+    EXPECT_EQ(again->dictionaryVariable(QStringLiteral("LAYEREVAL")), odd);
+    EXPECT_EQ(again->header().value(QStringLiteral("$MENU")), odd);
+    EXPECT_EQ(
+        again->layerTable().records()[1].safeOpenObject<OdDbLayerTableRecord>()->description(),
+        odd);
+}
+
+TEST_P(MadeSaves, ADescriptionHas255CharactersAtMost)
+{
+    for (const int length : {255, 256}) {
+        layer(1)->setDescription(QString(length, QLatin1Char('x')));
+        EXPECT_EQ(saved().notKept.size(), length == 256 ? 1 : 0) << length;
+    }
 }
 
 TEST_P(MadeSaves, ADrawingWhoseCurrentLayerIsNoneTakesAnotherTab)

@@ -3,9 +3,9 @@
 #include "io/dwg/records/DwgRecord.h"
 #include "io/dwg/support/DwgFiles.h"
 #include "io/dwg/support/DwgParts.h"
-#include "io/dwg/write/FlatFileWriter.h"
-#include "io/dwg/write/PagedFileWriter.h"
 #include "io/dwg/write/RecordPatch.h"
+#include "io/dwg/write/file/FlatFileWriter.h"
+#include "io/dwg/write/file/PagedFileWriter.h"
 #include "support/drawings/SharedDrawings.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,6 @@
 #include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbEntity.h"
+#include "database/objects/OdDbLayout.h"
 #include "database/store/ObjectStore.h"
 #include "database/tables/OdDbLayerTable.h"
 #include "io/DrawingCodec.h"
@@ -10,6 +12,7 @@
 #include "support/drawings/DrawingDigest.h"
 #include "support/drawings/SharedDrawings.h"
 
+#include <QRegularExpression>
 #include <QTemporaryFile>
 
 #include <gtest/gtest.h>
@@ -57,6 +60,8 @@ public:
     {
         if (s_drawings < std::size(DwgFiles::kWritable))
             return;
+        for (const char* type : {"GROUP", "BLOCK_RECORD", "LAYOUT", "VX"})
+            EXPECT_TRUE(s_cleared.contains(type)) << type;
         for (const LayerEdit& edit : layerEdits())
             EXPECT_TRUE(s_effective.contains(edit.name)) << edit.name;
         for (const LayerEdit& edit : undoingEdits())
@@ -144,6 +149,8 @@ private:
 protected:
     QByteArray m_bytes;
     static inline std::set<QByteArray> s_effective; ///< edits that changed a drawing at least
+    /// Types of records that were changed, for they named something that was erased.
+    static inline std::set<QByteArray> s_cleared;
     static inline std::size_t s_drawings = 0; ///< that both tests were done with
 };
 
@@ -158,6 +165,50 @@ TEST_P(DwgSaving, WhatWasAddedIsChangedAndTakenAwayAgain)
     addProofs(*drawing);
     ++s_drawings;
     tryEdits(saved(*drawing).bytes, undoingEdits());
+}
+
+/// Erases all entities of a type that stand in a layout.
+void eraseAll(OdDbDatabase& drawing, RecordType type)
+{
+    const ObjectStore& store = drawing.store();
+    std::set<quint32> spaces;
+    for (const OdDbObjectId layout : drawing.layouts())
+        spaces.insert(layout.safeOpenObject<OdDbLayout>()->getBlockTableRecordId().slot());
+    for (quint32 slot = 0; slot < store.fileRecords(); ++slot) {
+        if (store.type(slot) == type && spaces.contains(store.owner(slot)))
+            drawing.idOfSlot(slot).safeOpenObject<OdDbEntity>(OdDb::kForWrite)->erase();
+    }
+}
+
+/// References that other programs check, to what is not there.
+QStringList lost(const DwgParts& parts)
+{
+    return parts.dangling().filter(QRegularExpression(QStringLiteral(": (member|use|viewport) ")));
+}
+
+TEST_P(DwgSaving, WhatIsErasedIsNoMemberAndNoUse)
+{
+    const DwgParts before(m_bytes);
+    for (const RecordType type : {RecordType::Insert, RecordType::Viewport, RecordType::LwPolyline,
+                                  RecordType::Line, RecordType::Text})
+    {
+        const auto drawing = readDrawing(m_bytes, QStringLiteral("before.dwg"));
+        eraseAll(*drawing, type);
+        const Saved now = saved(*drawing);
+        const DwgParts after(now.bytes);
+        EXPECT_EQ(after.faults(), QStringList());
+        EXPECT_EQ(now.report.notKept, QStringList());
+        QStringList dangling = lost(after);
+        for (const QString& known : lost(before))
+            dangling.removeAll(known);
+        EXPECT_EQ(dangling.join(QLatin1Char('\n')).toStdString(), "") << static_cast<int>(type);
+        for (const QString& record : DwgParts::different(before, after)) {
+            if (after.records().contains(
+                    record.section(QLatin1Char(' '), 1).toULongLong(nullptr, 16)))
+                s_cleared.insert(record.section(QLatin1Char(' '), 0, 0).toLatin1());
+        }
+        EXPECT_EQ(readDrawing(now.bytes, QStringLiteral("again.dwg"))->audit(), QStringList());
+    }
 }
 
 std::string testName(const testing::TestParamInfo<const char*>& file)

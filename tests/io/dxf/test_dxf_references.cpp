@@ -420,6 +420,27 @@ TEST(ErasedEntity, LeavesTheEndOfItsBlock)
     EXPECT_EQ(drawing.saved(), text);
 }
 
+TEST(ErasedEntity, LeavesTheGroupsThatHaveIt)
+{
+    const QByteArray first = entity("LINE", "200", "Walls");
+    const QByteArray others = entity("LINE", "201", "Walls") + entity("LINE", "202", "Walls");
+    const auto group = [](const char* handle, std::initializer_list<const char*> members) {
+        QByteArray groups = DrawingText::groups(
+            {"0", "GROUP", "5", handle, "330", "D", "100", "AcDbGroup", "70", "0", "71", "1"});
+        for (const char* member : members)
+            groups += DrawingText::groups({"340", member});
+        return groups;
+    };
+    const QByteArray other = group("61", {"201", "202"});
+    const EditedDrawing drawing(
+        withMore(first + others, group("60", {"200", "0201", "0200"}) + other));
+    drawing->startUndoRecord();
+    drawing.object(0x200).safeOpenObject<OdDbEntity>(OdDb::kForWrite)->erase();
+    EXPECT_EQ(drawing.saved(), withMore(others, group("60", {"0201"}) + other));
+    drawing->undo();
+    EXPECT_EQ(drawing.saved(), drawing.original());
+}
+
 TEST(MovedEntity, HasItsNewLayerWhereTheOldOneStood)
 {
     const QByteArray text = withMore(sequences());

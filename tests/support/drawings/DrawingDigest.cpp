@@ -126,7 +126,10 @@ void addFilter(const OdLyLayerFilter& filter, const QString& indent, QStringList
 void addStates(const OdDbDatabase& database, QStringList& lines)
 {
     const LayerStates states(const_cast<OdDbDatabase&>(database));
-    for (const LayerStateSummary& state : states.list(false)) {
+    // DWG drawings have them in the order of their names.
+    std::vector<LayerStateSummary> all = states.list(false);
+    std::sort(all.begin(), all.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
+    for (const LayerStateSummary& state : all) {
         lines.append(QStringLiteral("state %1 \"%2\" %3 %4 %5")
                          .arg(state.name, state.description)
                          .arg(state.inLayout)

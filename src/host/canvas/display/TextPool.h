@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/canvas/geometry/Box2.h"
+#include "host/canvas/display/DisplayItems.h"
 
 #include <QHash>
 #include <QString>
@@ -37,11 +37,15 @@ public:
     /// `extent`: estimated, relative to the alignment point.
     quint32 intern(const TextSpec& spec, const Box2& extent)
     {
-        const auto known = m_index.constFind(spec);
-        if (known != m_index.cend())
-            return known.value();
         const auto index = static_cast<quint32>(m_specs.size());
-        m_index.insert(spec, index);
+        const size_t hash = qHash(spec, QHashSeed::globalSeed());
+        const quint32 last = m_lastOfHash.value(hash, kNoIndex);
+        for (quint32 same = last; same != kNoIndex; same = m_sameHash[same]) {
+            if (m_specs[same] == spec)
+                return same;
+        }
+        m_lastOfHash.insert(hash, index);
+        m_sameHash.push_back(last);
         m_specs.push_back(spec);
         m_extents.push_back(extent);
         return index;
@@ -53,5 +57,7 @@ public:
 private:
     std::vector<TextSpec> m_specs;
     std::vector<Box2> m_extents;
-    QHash<TextSpec, quint32> m_index;
+    // Texts by what they hash to: keys that stay small, for there are many.
+    QHash<size_t, quint32> m_lastOfHash;
+    std::vector<quint32> m_sameHash; ///< the one before with the same hash, by index
 };

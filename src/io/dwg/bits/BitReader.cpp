@@ -86,12 +86,15 @@ void BitReader::extrusion(bool compact, double (&normal)[3])
 
 quint64 BitReader::modularChar()
 {
+    constexpr unsigned kLastShift = 63; // of which one bit is left
     quint64 value = 0;
-    for (unsigned shift = 0; shift < 63; shift += 7) {
+    for (unsigned shift = 0; shift <= kLastShift; shift += 7) {
         const quint8 byte = rawChar();
         value |= quint64(byte & 0x7F) << shift;
-        if ((byte & 0x80) == 0)
+        if ((byte & 0x80) == 0) {
+            m_failed |= shift == kLastShift && byte > 1;
             return value;
+        }
     }
     m_failed = true;
     return 0;

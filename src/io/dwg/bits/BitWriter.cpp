@@ -1,5 +1,7 @@
 #include "io/dwg/bits/BitWriter.h"
 
+#include "io/dwg/bits/ModularChar.h"
+
 #include <algorithm>
 
 void BitWriter::bits(quint32 value, unsigned count)
@@ -78,18 +80,12 @@ void BitWriter::bitDouble(double value)
 
 void BitWriter::modularChar(quint64 value)
 {
-    for (; value > 0x7F; value >>= 7)
-        rawChar(static_cast<quint8>(value | 0x80));
-    rawChar(static_cast<quint8>(value));
+    ModularChar::spell(value, [this](quint8 byte) { rawChar(byte); });
 }
 
 void BitWriter::signedModularChar(qint64 value)
 {
-    constexpr quint8 kNegative = 0x40;
-    auto rest = static_cast<quint64>(value < 0 ? -value : value);
-    for (; rest > 0x3F; rest >>= 7)
-        rawChar(static_cast<quint8>(rest | 0x80));
-    rawChar(static_cast<quint8>(rest | (value < 0 ? kNegative : 0)));
+    ModularChar::spellSigned(value, [this](quint8 byte) { rawChar(byte); });
 }
 
 void BitWriter::modularShort(quint32 value)

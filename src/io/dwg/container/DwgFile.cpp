@@ -49,6 +49,13 @@ void DwgFile::fail(quint64 offset, const QString& sentence) const
     throw OdError_InvalidDrawing::atByte(m_image->name(), offset, sentence);
 }
 
+void DwgFile::addFault(const QString& sentence)
+{
+    constexpr int kMostFaults = 10;
+    if (m_faults.size() < kMostFaults)
+        m_faults << sentence;
+}
+
 bool DwgFile::canHold(quint64 size) const
 {
     constexpr quint64 kBestPacking = 64;

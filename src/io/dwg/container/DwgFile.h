@@ -7,8 +7,10 @@
 
 #include <memory>
 
-/// The sections of a DWG file that this program reads.
-enum class DwgSection : quint8 { Header, Classes, ObjectMap, Objects };
+/// The sections of a DWG file that this program reads. Those but the objects have their number in
+/// flat files.
+enum class DwgSection : quint8 { Header, Classes, ObjectMap, Objects, Template };
+inline constexpr std::size_t kDwgSections = 5;
 
 /// A DWG file taken apart into its sections. Behind the bytes of a section,
 /// BitReader::kPadding more are readable.
@@ -43,7 +45,7 @@ protected:
     bool canHold(quint64 size) const;
     /// The same for these bytes together with all that were claimed before.
     bool claim(quint64 size);
-    void addFault(const QString& sentence) { m_faults << sentence; }
+    void addFault(const QString& sentence);
 
 private:
     std::shared_ptr<const FileImage> m_image;

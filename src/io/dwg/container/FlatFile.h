@@ -20,6 +20,7 @@ public:
         quint32 size;
     };
     const std::vector<Locator>& locators() const { return m_locators; }
+    static constexpr int kFreeSpace = 3; ///< number of the record of free space
     static constexpr int kAuxHeader = 5; ///< number of the auxiliary header
     static constexpr quint64 kPreviewAt = 0x0D; ///< its address
     static constexpr quint64 kLocatorsAt = 0x19;

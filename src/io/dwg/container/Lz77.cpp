@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int kEnd = 0x11;
+constexpr qsizetype kShortRun = 16; ///< copied in one step
 constexpr qsizetype kBroken = -0x1000; ///< stays negative whatever is added to a length
 
 class Unpacker
@@ -29,6 +30,8 @@ public:
             code = plainRun(longRun(code & 0x0F, 0x0F) + 3) ? next() : -1;
         while (code >= 0 && code != kEnd)
             code = copy(code);
+        // Behind the last short run there may be more than it has.
+        std::fill_n(m_out, std::min<qsizetype>(m_outEnd - m_out, kShortRun), '\0');
         return code == kEnd ? m_out - m_begin : -1;
     }
 
@@ -51,10 +54,21 @@ private:
     {
         if (length < 0 || length > m_inEnd - m_in || length > m_outEnd - m_out)
             return false;
-        std::memcpy(m_out, m_in, static_cast<std::size_t>(length));
+        copyRun(m_in, length, m_inEnd - m_in);
         m_in += length;
-        m_out += length;
         return true;
+    }
+
+    /// Most runs are short, and copied as a whole step where both sides have room for it.
+    void copyRun(const void* from, qsizetype length, qsizetype readable)
+    {
+        const bool isStep =
+            length <= kShortRun && readable >= kShortRun && m_outEnd - m_out >= kShortRun;
+        if (isStep)
+            std::memcpy(m_out, from, kShortRun);
+        else
+            std::memcpy(m_out, from, static_cast<std::size_t>(length));
+        m_out += length;
     }
 
     bool copyBack(qsizetype distance, qsizetype length)
@@ -63,8 +77,7 @@ private:
             return false;
         const char* from = m_out - distance;
         if (distance >= length) {
-            std::memcpy(m_out, from, static_cast<std::size_t>(length));
-            m_out += length;
+            copyRun(from, length, distance);
         } else {
             // Overlapping: what was just written is copied on.
             for (const char* end = m_out + length; m_out < end;)

@@ -51,6 +51,10 @@ QByteArray PageForm::systemPage(quint32 type, const QByteArray& map)
     put(page, 12, kPacked);
     put(page, kSystemSum, Checksums::page(packed, headSum(page, kSystemSum, 0)));
     page += packed;
+    QByteArray end(kSystemHead, '\0');
+    put(end, 0, type);
+    put(end, 12, kPacked);
+    page += end;
     page += noise().first(-page.size() & (kAlignment - 1));
     return page;
 }

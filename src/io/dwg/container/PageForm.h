@@ -1,5 +1,7 @@
 #pragma once
 
+#include "io/dwg/container/DwgFile.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QtEndian>
@@ -10,14 +12,19 @@
 namespace PageForm {
 
 /// The names of the sections that are read, by DwgSection.
-constexpr std::array<QByteArrayView, 4> kSectionNames = {"AcDb:Header", "AcDb:Classes",
-                                                         "AcDb:Handles", "AcDb:AcDbObjects"};
+constexpr std::array<QByteArrayView, kDwgSections> kSectionNames = {
+    "AcDb:Header", "AcDb:Classes", "AcDb:Handles", "AcDb:AcDbObjects", "AcDb:Template"};
+
+constexpr const char* kAuxHeader = "AcDb:AuxHeader";
 
 // The second head of the file; a copy of it ends the file. Its bytes are masked.
 constexpr quint64 kHeadAt = 0x80;
 constexpr int kHeadSize = 0x6C;
 constexpr QByteArrayView kHeadMark("AcFssFcAJMB", 12);
 enum HeadField : int {
+    kGapRoot = 0x18, ///< gaps form a tree
+    kLowestLeftGap = 0x1C,
+    kLowestRightGap = 0x20,
     kLastPage = 0x28,
     kLastPageEnd = 0x2C, ///< addresses count from the first page
     kHeadCopyAddress = 0x34, ///< counts from the start of the file
@@ -73,7 +80,8 @@ const QByteArray& noise();
 QByteArray maskedHead(QByteArrayView head);
 /// The head of a page of data masked, or unmasked.
 QByteArray maskedPageHead(QByteArrayView head, quint64 offset);
-/// A page with one of the maps: its head, packed data, and what fills it up.
+/// A page with one of the maps: its head, packed data, a head without data, which ends the page,
+/// and what fills it up.
 QByteArray systemPage(quint32 type, const QByteArray& map);
 /// The sum of a head with its own field as zero.
 quint32 headSum(QByteArray head, int field, quint32 seed);

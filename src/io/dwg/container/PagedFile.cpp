@@ -38,11 +38,44 @@ PagedFile::PagedFile(const std::shared_ptr<const FileImage>& image, DrawingVersi
     if (word<quint32>(bytes(kSecurityAt, 4).data()) != 0 || find("AcDb:Security")
         || find("AcDb:Signature"))
         addFault(tr("Parts of it are encrypted or signed."));
+    readSections();
+    requireAuxHeader();
+}
+
+void PagedFile::readSections()
+{
+    for (const Section& section : m_sections) {
+        const QString name = QString::fromLatin1(section.name);
+        if (section.encrypted == 1)
+            addFault(tr("The section %1 is marked as encrypted.").arg(name));
+        for (const SectionPage& part : section.pages) {
+            if (!page(part.number))
+                addFault(tr("Page %1 of the section %2 is missing.").arg(part.number).arg(name));
+        }
+    }
     for (std::size_t i = 0; i < kSectionNames.size(); ++i) {
         const Section* found = find(kSectionNames[i]);
-        if (found && !claim(found->size))
+        if (!found)
+            continue;
+        if (!claim(found->size))
             failForSize(*found);
-        m_unpacked[i] = found ? unpack(*found) : QByteArray();
+        try {
+            m_unpacked[i] = unpack(*found);
+        } catch (const OdError&) {
+            if (i != static_cast<std::size_t>(DwgSection::Template))
+                throw;
+            addFault(tr("The section %1 is damaged.").arg(QString::fromLatin1(found->name)));
+        }
+    }
+}
+
+void PagedFile::requireAuxHeader()
+{
+    try {
+        if (const Section* section = find(kAuxHeader))
+            unpack(*section);
+    } catch (const OdError&) {
+        addFault(tr("The section %1 is damaged.").arg(QLatin1String(kAuxHeader)));
     }
 }
 
@@ -156,8 +189,6 @@ void PagedFile::failForSize(const Section& section) const
 QByteArray PagedFile::unpack(const Section& section)
 {
     const QString name = QString::fromLatin1(section.name);
-    if (section.encrypted == 1)
-        addFault(tr("The section %1 is marked as encrypted.").arg(name));
     if (!canHold(section.size))
         failForSize(section);
     if (section.pageSize == 0 || section.pageSize > kLargestPage)
@@ -204,7 +235,18 @@ void PagedFile::unpackPage(const Section& section, const SectionPage& part, char
         fail(place->offset,
              section.encrypted == 1 ? tr("the page is encrypted.")
                                     : tr("the page cannot be unpacked."));
+    if (got < size)
+        addFault(tr("The page at byte %1 ends too early.").arg(place->offset));
     std::copy_n(unpacked.constData(), std::min(got, size), out + part.start);
+}
+
+QByteArray PagedFile::unpacked(const Section& section)
+{
+    for (std::size_t i = 0; i < kSectionNames.size(); ++i) {
+        if (find(kSectionNames[i]) == &section)
+            return m_unpacked[i].chopped(kPadding);
+    }
+    return unpack(section).chopped(kPadding);
 }
 
 QByteArrayView PagedFile::section(DwgSection section) const

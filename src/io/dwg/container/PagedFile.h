@@ -44,11 +44,8 @@ public:
     const std::vector<Page>& pages() const { return m_pages; }
     const std::vector<Section>& sections() const { return m_sections; }
     const Section* find(QByteArrayView name) const;
-    /// The bytes of a section, with padding for a BitReader behind them. Raises
-    /// OdError_InvalidDrawing; wrong sums are faults.
-    QByteArray unpack(const Section& section);
-    /// The same without the padding.
-    QByteArray unpacked(const Section& section) { return unpack(section).chopped(kPadding); }
+    /// The bytes of a section. Raises OdError_InvalidDrawing; wrong sums are faults.
+    QByteArray unpacked(const Section& section);
     const Page* page(int number) const;
     /// The first bytes of the section map, with the number of sections.
     const QByteArray& sectionMapHead() const { return m_sectionMapHead; }
@@ -62,11 +59,16 @@ public:
 
 private:
     void readHead();
+    void readSections();
+    /// A save needs it.
+    void requireAuxHeader();
     void readPageMap(quint64 offset);
     void readSectionMap(quint64 offset);
     const char* readSection(const char* at, const char* end);
     QByteArray systemPage(quint64 offset, quint32 type);
     [[noreturn]] void failForSize(const Section& section) const;
+    /// With padding for a BitReader behind.
+    QByteArray unpack(const Section& section);
     void unpackPage(const Section& section, const SectionPage& part, char* out);
 
     std::vector<Page> m_pages;
@@ -75,5 +77,5 @@ private:
     QByteArray m_sectionMapHead;
     int m_sectionMapPage = 0;
     quint64 m_pageMapAt = 0;
-    std::array<QByteArray, 4> m_unpacked;
+    std::array<QByteArray, kDwgSections> m_unpacked;
 };

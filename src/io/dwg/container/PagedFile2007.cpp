@@ -191,7 +191,13 @@ void PagedFile2007::readSectionMap(const Place& place, const Map& form)
         if (!unpacked.isEmpty())
             fail(place.offset,
                  tr("the section %1 is there twice.").arg(QString::fromLatin1(section.name)));
-        unpacked = unpack(section);
+        const bool isRequired = *known != kSectionNames[std::size_t(DwgSection::Template)];
+        try {
+            unpacked = unpack(section);
+        } catch (const OdError&) {
+            if (isRequired)
+                throw;
+        }
     }
 }
 

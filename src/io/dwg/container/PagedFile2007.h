@@ -61,5 +61,5 @@ private:
     void unpackPage(const Section& section, const SectionPage& part, char* out);
 
     QHash<quint64, Place> m_pages;
-    std::array<QByteArray, 4> m_unpacked; ///< by DwgSection
+    std::array<QByteArray, kDwgSections> m_unpacked; ///< by DwgSection
 };

@@ -36,13 +36,13 @@ void RecordGroups::common(const GroupContext& context)
     out.mark(100, "AcDbEntity");
     if (entity.space == DwgEntityHead::Space::Paper)
         out.integer(67, 1);
-    out.text(8, context.names.nameOf(entity.layer));
+    out.name(8, entity.layer);
     if (entity.linetypeKind == kByBlockKind)
         out.mark(6, kByBlock);
     else if (entity.linetypeKind == kContinuousKind)
         out.mark(6, kContinuous);
     else if (entity.linetypeKind == kNamed)
-        out.text(6, context.names.nameOf(entity.linetype));
+        out.name(6, entity.linetype);
     color(context);
     if (entity.lineWeight != kByLayerWeight)
         out.integer(370, entity.lineWeight);

@@ -8,8 +8,6 @@ class RecordNames
 {
 public:
     virtual ~RecordNames() = default;
-    /// The name of a table's record; empty for a handle that is none.
-    virtual QString nameOf(quint64 handle) const = 0;
     /// The number of a viewport on its sheet, which only its place there tells.
     virtual int viewportNumber(quint64 handle) const = 0;
     /// A colour of a colour book.

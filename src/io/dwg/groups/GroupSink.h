@@ -9,7 +9,7 @@
 class GroupSink
 {
 public:
-    enum class Kind : quint8 { Real, Integer, Handle, Text, Mark };
+    enum class Kind : quint8 { Real, Integer, Handle, Name, Text, Mark };
     struct Group
     {
         int code;
@@ -17,7 +17,7 @@ public:
         union {
             double real;
             qint64 integer;
-            quint64 handle;
+            quint64 handle; ///< of Handle, and of Name: of what has the name
             std::size_t text; ///< number in texts()
             const char* mark;
         };
@@ -33,6 +33,8 @@ public:
     void real(int code, double value) { add(code, Kind::Real).real = value; }
     void integer(int code, qint64 value) { add(code, Kind::Integer).integer = value; }
     void handle(int code, quint64 value) { add(code, Kind::Handle).handle = value; }
+    /// The name of the record with that handle; looked up when somebody asks for it.
+    void name(int code, quint64 handle) { add(code, Kind::Name).handle = handle; }
     void text(int code, const QString& value)
     {
         add(code, Kind::Text).text = m_texts.size();

@@ -107,7 +107,7 @@ void layer(const GroupContext& context)
     out.integer(62, layer.off ? -index : index);
     if (layer.color.colorMethod() == OdCmColor::kByColor)
         out.integer(420, layer.color.color() & 0xFFFFFF);
-    out.text(6, context.names.nameOf(layer.linetype));
+    out.name(6, layer.linetype);
     out.integer(290, layer.plottable ? 1 : 0);
     out.integer(370, layer.lineWeight);
 }

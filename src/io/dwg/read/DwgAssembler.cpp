@@ -229,8 +229,13 @@ void DwgAssembler::blocks()
         const auto block = m_database.idOfSlot(owner).openObject<OdDbBlockTableRecord>();
         const quint32 begin = slotOf(found.block.entities.begin);
         const quint32 end = slotOf(found.block.entities.end);
-        if (!block || begin == ObjectStore::kNone || m_store.owner(begin) != ObjectStore::kNone)
+        if (!block || begin == ObjectStore::kNone || m_store.owner(begin) != ObjectStore::kNone) {
+            const OwnedEntities& entities = found.block.entities;
+            if (entities.first != 0 || !entities.listed.empty())
+                fault(tr("The block with the handle %1 has entities, but no beginning.")
+                          .arg(hexadecimal(m_store.handle(owner))));
             continue;
+        }
         m_store.setOwner(begin, owner);
         block->setBlockSlot(begin);
         quint32 slot = begin + 1;

@@ -9,15 +9,31 @@
 #include "io/dwg/records/FreeRecords.h"
 
 DwgCursor::DwgCursor(const DwgObjectSource& source)
-    : m_source(source)
-    , m_record(source.reader())
+    : DwgCursor(source, source.reader())
 { }
 
-void DwgCursor::open(quint32 slot)
+DwgCursor::DwgCursor(const DwgObjectSource& source, const DwgRecord& reader)
+    : m_source(source)
+    , m_record(reader)
+{ }
+
+void DwgCursor::clear()
 {
     m_groups.clear();
     m_next = 0;
     m_code = -1;
+}
+
+void DwgCursor::openAt(quint64 offset, bool isEntity)
+{
+    clear();
+    if (m_record.open(offset))
+        readRecord(isEntity);
+}
+
+void DwgCursor::open(quint32 slot)
+{
+    clear();
     if (m_source.open(m_record, slot))
         readRecord(m_source.database().store().has(slot, ObjectStore::kEntity));
     else
@@ -64,6 +80,11 @@ QString DwgCursor::nameOf(quint64 handle) const
     return *m_names.insert(handle, m_source.nameOf(handle));
 }
 
+QString DwgCursor::textOf(const GroupSink::Group& group) const
+{
+    return group.kind == GroupSink::Kind::Name ? nameOf(group.handle) : m_groups.textOf(group);
+}
+
 int DwgCursor::viewportNumber(quint64 handle) const
 {
     const OdDbObjectId viewport = m_source.id(handle);
@@ -91,6 +112,7 @@ double DwgCursor::real() const
         return group.real;
     case GroupSink::Kind::Integer:
         return static_cast<double>(group.integer);
+    case GroupSink::Kind::Name:
     case GroupSink::Kind::Text:
         return NumberText::real(bytes()).value_or(0.0);
     default:
@@ -104,6 +126,7 @@ qint64 DwgCursor::integer() const
     switch (group.kind) {
     case GroupSink::Kind::Integer:
         return group.integer;
+    case GroupSink::Kind::Name:
     case GroupSink::Kind::Text:
         return NumberText::integer(bytes()).value_or(0);
     default:
@@ -117,6 +140,7 @@ quint64 DwgCursor::handle() const
     switch (group.kind) {
     case GroupSink::Kind::Handle:
         return group.handle;
+    case GroupSink::Kind::Name:
     case GroupSink::Kind::Text:
         return NumberText::handle(bytes()).value_or(0);
     default:
@@ -127,8 +151,9 @@ quint64 DwgCursor::handle() const
 QString DwgCursor::text() const
 {
     const GroupSink::Group& group = m_groups.at(m_next - 1);
-    return group.kind == GroupSink::Kind::Text ? m_groups.textOf(group)
-                                               : QString::fromUtf8(bytes());
+    return group.kind == GroupSink::Kind::Text || group.kind == GroupSink::Kind::Name
+        ? textOf(group)
+        : QString::fromUtf8(bytes());
 }
 
 QByteArrayView DwgCursor::bytes() const
@@ -146,8 +171,9 @@ QByteArrayView DwgCursor::bytes() const
     case GroupSink::Kind::Handle:
         m_bytes = QByteArray::number(group.handle, 16).toUpper();
         break;
+    case GroupSink::Kind::Name:
     case GroupSink::Kind::Text:
-        m_bytes = m_groups.textOf(group).toUtf8();
+        m_bytes = textOf(group).toUtf8();
         break;
     }
     return m_bytes;

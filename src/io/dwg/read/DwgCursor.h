@@ -13,8 +13,12 @@ class DwgCursor final : public GroupCursor, private RecordNames
 {
 public:
     explicit DwgCursor(const DwgObjectSource& source);
+    /// Of records that stand in another file of the same form, and have the same names.
+    DwgCursor(const DwgObjectSource& source, const DwgRecord& reader);
 
     void open(quint32 slot) override;
+    /// Goes to the record at an offset; no groups where there is none.
+    void openAt(quint64 offset, bool isEntity);
     bool next() override;
 
     double real() const override;
@@ -26,9 +30,13 @@ public:
     bool hasFailed() const { return m_record.hasFailed(); }
 
 private:
-    QString nameOf(quint64 handle) const override;
+    /// The name of a table's record; empty for a handle that is none.
+    QString nameOf(quint64 handle) const;
+    /// Of a group that is a name, or a text.
+    QString textOf(const GroupSink::Group& group) const;
     int viewportNumber(quint64 handle) const override;
     OdCmColor bookColor(quint64 handle) const override;
+    void clear();
     void readRecord(bool isEntity);
     /// An entity that was made in this session has its groups already.
     void readMade(quint32 slot);

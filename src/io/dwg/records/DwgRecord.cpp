@@ -2,6 +2,7 @@
 
 #include "io/dwg/bits/Checksums.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -13,6 +14,7 @@ constexpr std::array<qint16, 24> kLineWeights = {0,  5,   9,   13,  15,  18,  20
                                                  90, 100, 106, 120, 140, 158, 200, 211};
 constexpr int kByLayerNumber = 29;
 constexpr int kByBlockNumber = 30;
+constexpr int kDefaultNumber = 31; ///< those from 24 to 28 stand for nothing
 
 } // namespace
 
@@ -21,6 +23,19 @@ qint16 dwgLineWeight(int number)
     if (number < static_cast<int>(kLineWeights.size()))
         return kLineWeights[static_cast<std::size_t>(number)];
     return number == kByLayerNumber ? -1 : number == kByBlockNumber ? -2 : -3;
+}
+
+int dwgLineWeightNumber(qint16 hundredths)
+{
+    if (hundredths < 0)
+        return hundredths == -1 ? kByLayerNumber
+            : hundredths == -2  ? kByBlockNumber
+                                : kDefaultNumber;
+    const auto nearest = std::min_element(
+        kLineWeights.begin(), kLineWeights.end(), [hundredths](qint16 a, qint16 b) {
+            return std::abs(a - hundredths) < std::abs(b - hundredths);
+        });
+    return static_cast<int>(nearest - kLineWeights.begin());
 }
 
 DwgRecord::DwgRecord(const DwgFormat& format, QByteArrayView objects)

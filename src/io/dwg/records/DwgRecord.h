@@ -89,3 +89,5 @@ private:
 
 /// Hundredths of a millimetre by the number in a record; negative ones have names.
 qint16 dwgLineWeight(int number);
+/// The number of a lineweight, or of the nearest one that has a number.
+int dwgLineWeightNumber(qint16 hundredths);

@@ -198,6 +198,22 @@ FreeRecords::Dictionary FreeRecords::dictionary(DwgRecord& record)
     return dictionary;
 }
 
+FreeRecords::Group FreeRecords::group(DwgRecord& record)
+{
+    Group group;
+    record.text(); // description
+    record.data.bitShort(); // has no name
+    record.data.bitShort(); // is picked as a whole
+    group.count.begin = record.data.position();
+    const quint32 count = record.count(8);
+    group.count.end = record.data.position();
+    group.membersAt.begin = record.handles.position();
+    for (quint32 i = 0; i < count && !record.hasFailed(); ++i)
+        group.members.push_back(record.reference());
+    group.membersAt.end = record.handles.position();
+    return group;
+}
+
 BitSpan FreeRecords::xrecordGroups(DwgRecord& record)
 {
     BitReader& data = record.data;

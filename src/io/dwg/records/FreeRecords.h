@@ -57,6 +57,15 @@ struct Xrecord
     BitSpan at; ///< the length of the groups, and all of them
     Items own;
 };
+/// Entities that are picked together.
+struct Group
+{
+    std::vector<quint64> members;
+    BitSpan count; ///< of the data
+    BitSpan membersAt;
+};
+Group group(DwgRecord& record);
+
 /// Where the groups of the open record, whose head was read, and their length stand; goes behind
 /// the length. Fails where they would run over the data.
 BitSpan xrecordGroups(DwgRecord& record);

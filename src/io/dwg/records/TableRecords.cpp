@@ -125,10 +125,12 @@ TableRecords::Block TableRecords::block(DwgRecord& record)
     block.countAt.end = data.position();
     record.point(block.base);
     block.path = record.text();
-    quint32 references = 0;
+    quint32 uses = 0;
     if (record.since(DrawingVersion::V2000)) {
+        block.useBytesAt.begin = data.position();
         while (data.rawChar() != 0)
-            ++references;
+            ++uses;
+        block.useBytesAt.end = block.useBytesAt.begin + 8 * quint64(uses);
         block.description = record.text();
     }
     record.reference(); // none
@@ -143,8 +145,10 @@ TableRecords::Block TableRecords::block(DwgRecord& record)
     block.entitiesAt.end = record.handles.position();
     block.entities.end = record.reference();
     if (record.since(DrawingVersion::V2000)) {
-        for (quint32 i = 0; i < references && !record.hasFailed(); ++i)
-            record.reference();
+        block.usesAt.begin = record.handles.position();
+        for (quint32 i = 0; i < uses && !record.hasFailed(); ++i)
+            block.uses.push_back(record.reference());
+        block.usesAt.end = record.handles.position();
         block.layout = record.reference();
     }
     return block;

@@ -80,7 +80,10 @@ struct Block
     QString path;
     QString description;
     OwnedEntities entities;
+    std::vector<quint64> uses; ///< references to the block, since version 2000
     quint64 layout = 0;
+    BitSpan useBytesAt; ///< a byte for each of them
+    BitSpan usesAt;
     BitSpan countAt; ///< of the entities, since version 2004
     BitSpan entitiesAt; ///< references to the first and the last one, or to all
 };

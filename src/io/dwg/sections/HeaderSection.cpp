@@ -3,6 +3,7 @@
 #include "io/dwg/records/DwgRecord.h"
 #include "io/dwg/sections/HeaderLayout.h"
 #include "io/dwg/sections/SectionStreams.h"
+#include "io/dwg/sections/TemplateSection.h"
 
 namespace {
 
@@ -150,6 +151,8 @@ HeaderSection::HeaderSection(const DwgFile& file, const DwgFormat& format)
         m_places.insert(isFlags ? QStringLiteral("*FLAGS") : QString::fromLatin1(field.name),
                         place);
     }
+    if (const auto metric = TemplateSection::measurement(file.section(DwgSection::Template)))
+        add("$MEASUREMENT", 70, QString::number(*metric));
     m_sound = section.isSound() && !section.hasFailed();
 }
 

@@ -1,20 +1,32 @@
 #include "io/dwg/sections/ObjectMap.h"
 
 #include "io/dwg/bits/BitReader.h"
-#include "io/dwg/bits/BitWriter.h"
 #include "io/dwg/bits/Checksums.h"
+#include "io/dwg/bits/ModularChar.h"
 
 #include <QtEndian>
 
+#include <array>
+
 namespace {
 
-BitWriter distance(const ObjectMap::Entry& from, const ObjectMap::Entry& to)
+/// An entry as it is spelled: its distance from the one before.
+class SpelledEntry
 {
-    BitWriter bits;
-    bits.modularChar(to.handle - from.handle);
-    bits.signedModularChar(static_cast<qint64>(to.offset) - static_cast<qint64>(from.offset));
-    return bits;
-}
+public:
+    SpelledEntry(const ObjectMap::Entry& from, const ObjectMap::Entry& to)
+    {
+        const auto put = [this](quint8 byte) { m_bytes[m_size++] = static_cast<char>(byte); };
+        ModularChar::spell(to.handle - from.handle, put);
+        ModularChar::spellSigned(static_cast<qint64>(to.offset - from.offset), put);
+    }
+    QByteArrayView bytes() const { return {m_bytes.data(), static_cast<qsizetype>(m_size)}; }
+
+private:
+    static constexpr std::size_t kLongestNumber = 10;
+    std::array<char, 2 * kLongestNumber> m_bytes;
+    std::size_t m_size = 0;
+};
 
 void appendBigEndian(QByteArray& bytes, quint16 value)
 {
@@ -75,20 +87,21 @@ QByteArray ObjectMap::spelled(const std::vector<Entry>& entries)
 {
     constexpr qsizetype kLongestPart = 2032; // its size included
     QByteArray map;
-    BitWriter part;
+    QByteArray part;
+    part.reserve(kLongestPart);
     Entry last{0, 0};
     for (const Entry& entry : entries) {
-        BitWriter bits = distance(last, entry);
-        if (part.bytes().size() + bits.bytes().size() + 2 > kLongestPart) {
-            appendPart(map, part.bytes());
-            part = {};
-            bits = distance({0, 0}, entry);
+        SpelledEntry spelled(last, entry);
+        if (part.size() + spelled.bytes().size() + 2 > kLongestPart) {
+            appendPart(map, part);
+            part.truncate(0);
+            spelled = SpelledEntry({0, 0}, entry);
         }
-        part.append(bits);
+        part += spelled.bytes();
         last = entry;
     }
-    if (part.size() > 0)
-        appendPart(map, part.bytes());
+    if (!part.isEmpty())
+        appendPart(map, part);
     appendPart(map, {});
     return map;
 }

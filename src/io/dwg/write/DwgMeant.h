@@ -19,9 +19,17 @@ struct DwgMeant
     // What edited or new records are to say, by handle
     std::map<quint64, GroupList> groups; ///< of free records
     std::map<quint64, std::vector<KeyedHandle>> entries; ///< of dictionaries; handle 0: as it was
+    std::map<quint64, GroupList> xData; ///< of free records and dictionaries
     std::map<quint64, QString> variables;
     std::map<quint64, std::vector<quint64>> frozen; ///< layers, by viewport
     std::map<quint64, quint64> layers; ///< of entities
+    struct Entity
+    {
+        GroupList groups;
+        quint64 linetype = 0; ///< where it has one of its own
+    };
+    std::map<quint64, Entity> entities; ///< new ones
+    std::map<QString, QString> settings; ///< header variables, as HeaderSection has them
     std::map<quint64, QString> applications; ///< names of new ones
     std::set<quint64> shortOfXData; ///< records whose extended data could not be kept
 };

@@ -1,8 +1,10 @@
 #include "io/dwg/write/DwgVerifier.h"
 
+#include "base/NumberText.h"
 #include "database/drawing/OdDbDatabase.h"
 #include "database/store/ObjectStore.h"
 #include "database/tables/OdDbLayerTableRecord.h"
+#include "io/dwg/read/DwgCursor.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/read/HandleIndex.h"
 #include "io/dwg/records/SheetRecords.h"
@@ -14,18 +16,14 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cmath>
+#include <map>
 
 namespace {
 
 QString tr(const char* text)
 {
     return QCoreApplication::translate("DwgVerifier", text);
-}
-
-/// Texts may hold what reads as a character once it is written.
-bool isSame(const QString& text, const QString& meant)
-{
-    return text == meant || text == DwgStreams::withoutEscapes(meant);
 }
 
 bool isAsMeant(const LayerState& layer, const LayerState& meant)
@@ -35,8 +33,36 @@ bool isAsMeant(const LayerState& layer, const LayerState& meant)
     return layer.name == meant.name && layer.frozen == meant.frozen && layer.off == meant.off
         && layer.locked == meant.locked && layer.plottable == meant.plottable
         && layer.frozenInNewViewports == meant.frozenInNewViewports
-        && Spelling::lineWeight(layer.lineWeight) == Spelling::lineWeight(meant.lineWeight)
+        && dwgLineWeightNumber(layer.lineWeight) == dwgLineWeightNumber(meant.lineWeight)
         && isLinetype && isPlotStyle;
+}
+
+/// Angles are turned into other units, settings are read as fewer digits.
+bool isSameReal(double a, double b)
+{
+    constexpr double kTolerance = 1e-12;
+    return std::abs(a - b) <= kTolerance * std::max({1.0, std::abs(a), std::abs(b)});
+}
+
+/// Whether an entity says what the groups say that it was made of. Groups that it has not are those
+/// of plain values.
+bool isSame(DwgCursor& entity, const GroupList& meant)
+{
+    constexpr int kLinetype = 6; // compared by handle
+    constexpr int kClassMark = 100;
+    std::map<int, std::pair<double, QString>> values;
+    while (entity.next())
+        values.try_emplace(entity.code(), entity.real(), entity.text());
+    return std::all_of(meant.begin(), meant.end(), [&](const GroupList::Group& group) {
+        const auto found = values.find(group.code);
+        const auto number = NumberText::real(group.value);
+        if (group.code == kLinetype || group.code == kClassMark)
+            return true;
+        if (found == values.end())
+            return number == 0.0;
+        return found->second.second == QString::fromUtf8(group.value)
+            || (number && isSameReal(found->second.first, *number));
+    });
 }
 
 /// Groups that differ in how numbers are written are the same.
@@ -57,6 +83,26 @@ bool isSame(const std::vector<KeyedHandle>& entries, const std::vector<KeyedHand
                           return is.key == wanted.key
                               && (wanted.handle == 0 || is.handle == wanted.handle);
                       });
+}
+
+/// Numbers may be written in several ways.
+bool isSameXData(const GroupList& groups, const GroupList& meant)
+{
+    return std::equal(groups.begin(), groups.end(), meant.begin(), meant.end(),
+                      [](const GroupList::Group& is, const GroupList::Group& wanted) {
+                          const auto number = NumberText::real(wanted.value);
+                          return is.code == wanted.code
+                              && (is.value == wanted.value
+                                  || (number && NumberText::real(is.value) == number));
+                      });
+}
+
+/// A header variable as its section has it.
+bool isSameSetting(const QString& value, const QString& meant)
+{
+    const auto number = NumberText::real(meant.toLatin1());
+    const auto written = NumberText::real(value.toLatin1());
+    return value == meant || (number && written && isSameReal(*number, *written));
 }
 
 } // namespace
@@ -133,7 +179,7 @@ void DwgVerifier::compareMeanings(const DwgFile& file, const ObjectMap& map) con
         if (opens)
             record.readHead(head, entity, m_source.classes().isEntity(record.type()));
         if (!opens || head.handle != entry.handle || !says(record, head, entity)
-            || record.hasFailed())
+            || record.hasFailed() || !saysXData(record, head) || !saysEntity(file, entry, entity))
             fail(entry.handle);
     }
 }
@@ -152,7 +198,7 @@ bool DwgVerifier::says(DwgRecord& record, const DwgHead& head, const DwgEntityHe
         return isSame(FreeRecords::dictionary(record).entries, entries->second);
     if (const auto value = m_meant.variables.find(handle); value != m_meant.variables.end()) {
         record.data.rawChar(); // schema
-        return isSame(record.text(), value->second);
+        return record.text() == value->second;
     }
     const auto slot = m_meant.slotOf.find(handle);
     const bool isLayer =
@@ -166,18 +212,56 @@ bool DwgVerifier::saysLayer(DwgRecord& record, const DwgHead& head, quint32 slot
     if (!layer)
         return false;
     const LayerState& meant = layer->state();
-    const LayerState written = m_source.decodeLayer(record, head, [this](quint64 handle) {
-        const auto made = m_meant.applications.find(handle);
-        return made == m_meant.applications.end() ? m_source.plainNameOf(handle) : made->second;
-    });
+    const LayerState written =
+        m_source.decodeLayer(record, head, [this](quint64 handle) { return nameOf(handle); });
     const Spelling::Color color = Spelling::color(m_source.format(), written.color);
     const Spelling::Color meantColor = Spelling::color(m_source.format(), meant.color);
     const bool isColor = color.data.bytes() == meantColor.data.bytes()
         && color.names.bytes() == meantColor.names.bytes();
     const bool isXData = m_meant.shortOfXData.contains(head.handle)
-        || (isSame(written.description, meant.description)
-            && written.transparency == meant.transparency);
+        || (written.description == meant.description && written.transparency == meant.transparency);
     return isAsMeant(written, meant) && isColor && isXData;
+}
+
+QString DwgVerifier::nameOf(quint64 handle) const
+{
+    const auto made = m_meant.applications.find(handle);
+    return made == m_meant.applications.end() ? m_source.plainNameOf(handle) : made->second;
+}
+
+bool DwgVerifier::saysXData(DwgRecord& record, const DwgHead& head) const
+{
+    const auto meant = m_meant.xData.find(head.handle);
+    if (meant == m_meant.xData.end() || m_meant.shortOfXData.contains(head.handle))
+        return true;
+    return isSameXData(
+        FreeRecords::xData(record, head, [this](quint64 handle) { return nameOf(handle); }),
+        meant->second);
+}
+
+bool DwgVerifier::saysEntity(const DwgFile& file, const ObjectMap::Entry& entry,
+                             const DwgEntityHead& entity) const
+{
+    const auto meant = m_meant.entities.find(entry.handle);
+    if (meant == m_meant.entities.end())
+        return true;
+    DwgCursor cursor(m_source, DwgRecord(m_source.format(), file.section(DwgSection::Objects)));
+    cursor.openAt(entry.offset, true);
+    return entity.linetype == meant->second.linetype && isSame(cursor, meant->second.groups);
+}
+
+bool DwgVerifier::saysVariables(const HeaderSection& header) const
+{
+    std::size_t same = 0;
+    for (const HeaderSection::Variable& variable : header.variables()) {
+        const auto meant = m_meant.settings.find(variable.name);
+        if (meant == m_meant.settings.end())
+            continue;
+        if (!isSameSetting(variable.value, meant->second))
+            return false;
+        ++same;
+    }
+    return same >= m_meant.settings.size();
 }
 
 void DwgVerifier::compareSettings(const DwgFile& file) const
@@ -197,7 +281,10 @@ void DwgVerifier::compareSettings(const DwgFile& file) const
         mode == variables.end() || (mode->value != QLatin1String("0")) == current.modelSpace;
     const bool isLayer = current.layer == m_database.loadedCurrent().layer
         || header.reference(QStringLiteral("$CLAYER")) == current.layer.getHandle().value();
-    if (!header.isSound() || !hasSeed || !isMode || !isLayer)
+    const quint64 root = m_database.getNamedObjectsDictionaryId().getHandle().value();
+    const bool isRoot =
+        !m_meant.records.contains(root) || header.reference(QStringLiteral("*NAMED")) == root;
+    if (!header.isSound() || !hasSeed || !isRoot || !saysVariables(header) || !isMode || !isLayer)
         throw OdError_FileAccess(OdResult::CantWriteFile,
                                  tr("What was written does not say what the drawing says: its "
                                     "settings differ. The file is as it was."));

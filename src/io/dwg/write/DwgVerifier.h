@@ -7,6 +7,7 @@
 #include "io/dwg/write/DwgMeant.h"
 
 class DwgObjectSource;
+class HeaderSection;
 
 /// Reads a written DWG file and compares each record with what it was meant to be: those that were
 /// edited, and all others with the file that the drawing was read from.
@@ -26,6 +27,12 @@ private:
     /// Whether an edited or new record, whose head was read, says what is meant.
     bool says(DwgRecord& record, const DwgHead& head, const DwgEntityHead& entity) const;
     bool saysLayer(DwgRecord& record, const DwgHead& head, quint32 slot) const;
+    bool saysXData(DwgRecord& record, const DwgHead& head) const;
+    bool saysEntity(const DwgFile& file, const ObjectMap::Entry& entry,
+                    const DwgEntityHead& entity) const;
+    bool saysVariables(const HeaderSection& header) const;
+    /// Of an application or a layer, one that is new too.
+    QString nameOf(quint64 handle) const;
     [[noreturn]] static void fail(quint64 handle);
 
     const DwgObjectSource& m_source;

@@ -6,8 +6,8 @@
 #include "database/store/ObjectStore.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/records/SheetRecords.h"
-#include "io/dwg/write/DwgFileBuilder.h"
 #include "io/dwg/write/KeptBits.h"
+#include "io/dwg/write/file/DwgFileBuilder.h"
 
 #include <QCoreApplication>
 
@@ -66,11 +66,12 @@ DrawingPieces DwgWriter::run()
         editTouched(slot);
     editDictionaries();
     editBlocks();
-    editLayouts();
+    clearReferences();
     editTables();
     DwgFileBuilder builder(m_source, m_database, *m_meant);
     DrawingPieces pieces = builder.build(m_highestNew);
     m_notKept += builder.notKept() + pieces.report.notKept;
+    m_meant->settings = builder.settings();
     pieces.meant = m_meant;
     pieces.report.settingsChanged = builder.settingsChanged();
     report(pieces);
@@ -164,8 +165,10 @@ void DwgWriter::setXrecord(quint32 slot, const XrecordState& before, const Xreco
     if (record.hasFailed())
         return;
     RecordPatch patch(record);
-    if (!(before.xData == after.xData))
+    if (!(before.xData == after.xData)) {
+        m_meant->xData[head.handle] = after.xData;
         setXData(record, head, divided(after.xData), patch);
+    }
     if (!(before.groups == after.groups)) {
         const auto spell = [this](const GroupList& groups, BitWriter& out) {
             return Spelling::freeGroups(m_source.format(), groups, out);
@@ -223,10 +226,13 @@ void DwgWriter::setDictionary(quint32 slot, const DictionaryState& before,
     if (!open(record, head, slot))
         return;
     const FreeRecords::Dictionary fields = FreeRecords::dictionary(record);
-    const KeptBits::Entries now = KeptBits::entries(record, m_source.format(), fields, entries);
+    const KeptBits::Entries now = KeptBits::entries(record, m_source.format(), fields,
+                                                    KeptBits::inKeyOrder(entries, fields.entries));
     RecordPatch patch(record);
-    if (!(before.xData == xData))
+    if (!(before.xData == xData)) {
+        m_meant->xData[head.handle] = xData;
         setXData(record, head, divided(xData), patch);
+    }
     patch.replace(Stream::Data, fields.count, number(entries.size()));
     patch.replace(Stream::Text, fields.keys, now.keys);
     patch.replace(Stream::Handles, fields.references, now.references);

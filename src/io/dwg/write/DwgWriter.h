@@ -71,11 +71,25 @@ private:
     void tellXDataNotKept(quint64 record, const QString& application);
     quint64 application(const QString& name);
 
+    // References to what was erased, in records that other programs check
+    using EditOfRecord = void (DwgWriter::*)(DwgRecord& record, RecordPatch& patch) const;
+    void clearReferences();
+    /// All records of a type, behind their heads.
+    void editRecords(QByteArrayView type, EditOfRecord edit);
+    bool isGone(quint64 handle) const;
+    /// Takes what is gone out of a list; false where nothing is.
+    bool clearList(DwgRecord& record, std::vector<quint64> handles, BitSpan count, BitSpan at,
+                   RecordPatch& patch) const;
+    /// A layout names its viewports, and the last active one.
+    void clearLayout(DwgRecord& record, RecordPatch& patch) const;
+    /// Up to version 2000 a table lists the viewports.
+    void clearViewportEntry(DwgRecord& record, RecordPatch& patch) const;
+    void clearUsesOfBlock(DwgRecord& record, RecordPatch& patch) const;
+    void clearGroup(DwgRecord& record, RecordPatch& patch) const;
+
     // What follows from it
     void editTables();
     void editBlocks();
-    /// Layouts name their viewports, and the last active one.
-    void editLayouts();
     /// Up to version 2000 entities of a block form a chain.
     void relinkEntities(const std::vector<quint64>& entities);
 

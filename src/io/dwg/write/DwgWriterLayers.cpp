@@ -5,6 +5,7 @@
 #include "database/tables/OdDbLayerTable.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/write/DwgWriter.h"
+#include "io/dwg/write/KeptBits.h"
 
 #include <algorithm>
 
@@ -73,8 +74,9 @@ void DwgWriter::makeXrecord(const KeyedHandle& entry, quint64 dictionary, const 
 void DwgWriter::makeDictionary(quint64 handle, quint64 owner,
                                const std::vector<KeyedHandle>& entries)
 {
-    m_meant->entries[handle] = entries;
-    put(ObjectStore::kNone, handle, m_newRecords.dictionary({handle, owner}, true, entries));
+    const std::vector<KeyedHandle> ordered = KeptBits::inKeyOrder(entries, {});
+    m_meant->entries[handle] = ordered;
+    put(ObjectStore::kNone, handle, m_newRecords.dictionary({handle, owner}, true, ordered));
 }
 
 void DwgWriter::addLayer(quint32 slot, NewDwgRecords::Head head)

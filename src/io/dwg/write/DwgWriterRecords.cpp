@@ -8,7 +8,6 @@
 #include "database/tables/OdDbBlockTableRecord.h"
 #include "database/tables/OdDbLinetypeTableRecord.h"
 #include "io/dwg/read/DwgObjectSource.h"
-#include "io/dwg/records/SheetRecords.h"
 #include "io/dwg/write/DwgWriter.h"
 #include "io/dwg/write/KeptBits.h"
 
@@ -82,7 +81,8 @@ void DwgWriter::addDictionary(quint32 slot, const NewDwgRecords::Head& head)
     const auto dictionary = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionary>();
     NewDwgRecords::Head whole = head;
     whole.xData = newXData(head.handle, divided(dictionary->xData()));
-    const std::vector<KeyedHandle> entries = entriesNow(slot);
+    m_meant->xData[head.handle] = dictionary->xData();
+    const std::vector<KeyedHandle> entries = KeptBits::inKeyOrder(entriesNow(slot), {});
     m_meant->entries[head.handle] = entries;
     put(slot, head.handle,
         m_newRecords.dictionary(whole, dictionary->state().treatElementsAsHard, entries));
@@ -91,6 +91,7 @@ void DwgWriter::addDictionary(quint32 slot, const NewDwgRecords::Head& head)
 void DwgWriter::addXrecord(quint32 slot, NewDwgRecords::Head head, const XrecordState& state)
 {
     head.xData = newXData(head.handle, divided(state.xData));
+    m_meant->xData[head.handle] = state.xData;
     m_meant->groups[head.handle] = state.groups;
     put(slot, head.handle, m_newRecords.xrecord(head, state.groups).value());
 }
@@ -102,8 +103,12 @@ NewDwgRecords::EntityHead DwgWriter::entityHead(quint32 slot, const GroupList& g
     NewDwgRecords::EntityHead head;
     head.layer = m_store.handle(m_store.layer(slot));
     const quint32 block = m_store.owner(slot);
+    const OdDbObjectId sheet =
+        m_database.table(OdDbTableKind::Block).getAt(QStringLiteral("*Paper_Space"));
     if (block == m_database.getModelSpaceId().slot())
         head.space = DwgEntityHead::Space::Model;
+    else if (block == sheet.slot())
+        head.space = DwgEntityHead::Space::Paper;
     const OdDbObjectId style =
         m_database.table(OdDbTableKind::Style).getAt(QStringLiteral("Standard"));
     head.textStyle = style.isNull() ? 0 : style.getHandle().value();
@@ -131,12 +136,15 @@ void DwgWriter::addEntity(quint32 slot, const NewDwgRecords::Head& head)
     const auto made = m_database.idOfSlot(slot).safeOpenObject<OdDbEntity>();
     if (!made->madeGroups())
         return;
-    const auto record = m_newRecords.entity(head, entityHead(slot, *made->madeGroups()),
-                                            m_store.typeName(slot), *made->madeGroups());
+    const NewDwgRecords::EntityHead entity = entityHead(slot, *made->madeGroups());
+    const auto record =
+        m_newRecords.entity(head, entity, m_store.typeName(slot), *made->madeGroups());
     if (!record)
         return tellNotKept(tr("New entities of type %1 cannot be saved in DWG drawings.")
                                .arg(QString::fromLatin1(m_store.typeName(slot))));
     put(slot, head.handle, *record);
+    m_meant->layers[head.handle] = entity.layer;
+    m_meant->entities[head.handle] = {*made->madeGroups(), entity.linetype};
     m_changedBlocks.insert(m_store.owner(slot));
 }
 
@@ -205,38 +213,6 @@ void DwgWriter::relinkEntities(const std::vector<quint64>& entities)
         patch.replace(Stream::Data, entity.closeNeighbours, far);
         patch.replace(Stream::Handles, entity.linksAt, links);
         patched(slot, patch);
-    }
-}
-
-void DwgWriter::editLayouts()
-{
-    const auto isGone = [this](quint64 handle) { return m_meant->removed.contains(handle); };
-    const bool affected = std::any_of(m_removed.begin(), m_removed.end(), [this](quint32 slot) {
-        return m_store.type(slot) == RecordType::Viewport;
-    });
-    for (const OdDbObjectId layout : affected ? m_database.layouts() : std::vector<OdDbObjectId>())
-    {
-        DwgRecord record = m_source.reader();
-        DwgHead head;
-        if (!isInFile(layout.slot()) || !open(record, head, layout.slot()))
-            continue;
-        SheetRecords::Layout fields = SheetRecords::layout(record);
-        if (record.hasFailed())
-            continue;
-        RecordPatch patch(record);
-        if (isGone(fields.lastActiveViewport)) {
-            BitWriter none;
-            none.handle(DwgReference::SoftPointer, 0);
-            patch.replace(Stream::Handles, fields.lastActiveAt, none);
-        }
-        if (std::erase_if(fields.viewports, isGone) > 0) {
-            patch.replace(Stream::Data, fields.countAt, number(fields.viewports.size()));
-            patch.replace(Stream::Handles, fields.viewportsAt,
-                          KeptBits::references(record, fields.viewportsAt, fields.viewports,
-                                               DwgReference::SoftPointer)
-                              .bits);
-        }
-        patched(layout.slot(), patch);
     }
 }
 

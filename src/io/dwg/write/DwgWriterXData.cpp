@@ -88,7 +88,7 @@ void DwgWriter::setXData(DwgRecord& record, const DwgHead& head, std::vector<XDa
         const bool changes = !(now->groups == block.own.groups);
         const bool fits = changes
             && KeptBits::groups(record.body(), block.own, now->groups, spell, own)
-            && own.size() / 8 <= Spelling::kMostXData;
+            && (bits.size() + own.size()) / 8 <= Spelling::kMostXData;
         if (fits && own.size() > 0) {
             bits.bitShort(static_cast<qint16>(own.size() / 8));
             bits.append(record.body(), block.applicationAt.begin, block.applicationAt.end);

@@ -3,6 +3,7 @@
 #include "io/dwg/write/Spelling.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 
@@ -187,6 +188,34 @@ KeptBits::References KeptBits::references(DwgRecord& record, BitSpan at,
             now.bits.handle(kind, handle);
     }
     return now;
+}
+
+std::vector<KeyedHandle> KeptBits::inKeyOrder(const std::vector<KeyedHandle>& wanted,
+                                              const std::vector<KeyedHandle>& before)
+{
+    const auto follows = [](const KeyedHandle& a, const KeyedHandle& b) {
+        return a.key.toLower() < b.key.toLower();
+    };
+    QSet<QString> known;
+    for (const KeyedHandle& entry : before)
+        known.insert(entry.key);
+    std::vector<KeyedHandle> added;
+    for (const KeyedHandle& entry : wanted) {
+        if (!known.contains(entry.key))
+            added.push_back(entry);
+    }
+    std::stable_sort(added.begin(), added.end(), follows);
+    std::vector<KeyedHandle> all;
+    auto next = added.begin();
+    for (const KeyedHandle& entry : wanted) {
+        if (!known.contains(entry.key))
+            continue;
+        while (next != added.end() && follows(*next, entry))
+            all.push_back(*next++);
+        all.push_back(entry);
+    }
+    all.insert(all.end(), next, added.end());
+    return all;
 }
 
 KeptBits::Entries KeptBits::entries(const DwgRecord& record, const DwgFormat& format,

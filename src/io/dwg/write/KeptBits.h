@@ -28,6 +28,11 @@ struct References
 References references(DwgRecord& record, BitSpan at, const std::vector<quint64>& wanted,
                       DwgReference kind, const std::function<bool(quint64)>& isUnknown = nullptr);
 
+/// The entries `wanted` with those that are not among `before` where the order of their keys, in
+/// lower case, has them: other programs search by it.
+std::vector<KeyedHandle> inKeyOrder(const std::vector<KeyedHandle>& wanted,
+                                    const std::vector<KeyedHandle>& before);
+
 /// Keys and references of a dictionary with the entries `wanted`. One with handle 0 keeps its
 /// reference.
 struct Entries

@@ -61,7 +61,7 @@ int NewDwgRecords::layerFlags(const LayerState& state)
         | (state.frozenInNewViewports ? DwgLayerFlag::kFrozenInNewViewports : 0)
         | (state.locked ? DwgLayerFlag::kLocked : 0)
         | (state.plottable ? DwgLayerFlag::kPlottable : 0)
-        | Spelling::lineWeight(state.lineWeight) << DwgLayerFlag::kLineWeightShift;
+        | dwgLineWeightNumber(state.lineWeight) << DwgLayerFlag::kLineWeightShift;
 }
 
 int NewDwgRecords::changedLayerFlags(int flags, const LayerState& before, const LayerState& after)
@@ -128,7 +128,7 @@ void NewDwgRecords::appendName(RecordParts& parts, const QString& name) const
     if (since(DrawingVersion::V2007)) {
         parts.data.bitShort(0);
     } else {
-        parts.data.bit(false);
+        parts.data.bit(true); // referred to
         parts.data.bitShort(0);
         parts.data.bit(false);
     }
@@ -271,7 +271,7 @@ void NewDwgRecords::beginEntity(RecordParts& parts, const Head& head,
     if (since(DrawingVersion::V2010))
         data.bits(0, 3); // no visual styles
     data.bitShort(0); // visible
-    data.rawChar(static_cast<quint8>(Spelling::lineWeight(entity.lineWeight)));
+    data.rawChar(static_cast<quint8>(dwgLineWeightNumber(entity.lineWeight)));
 }
 
 void NewDwgRecords::appendLine(BitWriter& data, const GroupList& groups)

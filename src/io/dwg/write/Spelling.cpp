@@ -6,6 +6,7 @@
 #include "io/dwg/records/GroupForm.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 #include <QtEndian>
 
 #include <limits>
@@ -15,6 +16,7 @@ namespace {
 
 constexpr qsizetype kLongest = std::numeric_limits<qint16>::max();
 constexpr qsizetype kLongestChunk = 0xFF;
+constexpr qsizetype kLongestXDataText = 0xFF;
 
 QString tr(const char* text)
 {
@@ -29,11 +31,19 @@ void requireLength(qsizetype length)
             tr("A text of %1 characters is longer than DWG drawings can hold.").arg(length));
 }
 
+/// A text that a reader, which looks for escapes here too, takes for what it is.
+QString withEscapes(QString text)
+{
+    static const QRegularExpression escape(QStringLiteral("\\\\(?=[UM]\\+)"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    return text.replace(escape, QStringLiteral("\\U+005C"));
+}
+
 /// A text whose length and characters stand in the data stream. False where it is too long.
-bool plainText(const DwgFormat& format, const QString& text, BitWriter& out)
+bool plainText(const DwgFormat& format, const QString& text, qsizetype longest, BitWriter& out)
 {
     if (hasTextStream(format.version)) {
-        if (text.size() > kLongest)
+        if (text.size() > longest)
             return false;
         out.rawShort(static_cast<quint16>(text.size()));
         for (const QChar unit : text)
@@ -41,7 +51,7 @@ bool plainText(const DwgFormat& format, const QString& text, BitWriter& out)
         return true;
     }
     const QByteArray bytes = format.text.encode(text);
-    if (bytes.size() > kLongest)
+    if (bytes.size() > longest)
         return false;
     out.rawShort(static_cast<quint16>(bytes.size()));
     out.rawChar(static_cast<quint8>(format.codePage));
@@ -93,7 +103,7 @@ bool appendItem(const DwgFormat& format, const Groups& groups, std::size_t& at,
     out.rawChar(static_cast<quint8>(code - 1000));
     switch (code) {
     case 1000:
-        return plainText(format, QString::fromUtf8(value), out);
+        return plainText(format, QString::fromUtf8(value), kLongestXDataText, out);
     case 1002:
         out.rawChar(value == "{" ? 0 : 1);
         return true;
@@ -132,7 +142,7 @@ bool appendGroup(const DwgFormat& format, const Groups& groups, std::size_t& at,
     out.rawShort(static_cast<quint16>(code));
     switch (groupForm(code)) {
     case GroupForm::Text:
-        return plainText(format, QString::fromUtf8(value), out);
+        return plainText(format, QString::fromUtf8(value), kLongest, out);
     case GroupForm::Point:
         return point(groups, at, out);
     case GroupForm::Real:
@@ -166,13 +176,16 @@ BitWriter Spelling::text(const DwgFormat& format, const QString& text)
 {
     BitWriter out;
     if (hasTextStream(format.version)) {
-        requireLength(text.size());
-        out.bitShort(static_cast<qint16>(text.size()));
-        for (const QChar unit : text)
+        const QString literal = withEscapes(text);
+        requireLength(literal.size());
+        out.bitShort(static_cast<qint16>(literal.size()));
+        for (const QChar unit : literal)
             out.rawShort(unit.unicode());
         return out;
     }
-    const QByteArray bytes = format.text.encode(text);
+    QByteArray bytes = format.text.encode(text);
+    if (!bytes.isEmpty())
+        bytes.append('\0'); // counted, but no empty text has one
     requireLength(bytes.size());
     out.bitShort(static_cast<qint16>(bytes.size()));
     out.raw(bytes);
@@ -201,21 +214,6 @@ Spelling::Color Spelling::color(const DwgFormat& format, const OdCmColor& color)
     if (!book.isEmpty())
         spelled.names.append(text(format, book));
     return spelled;
-}
-
-int Spelling::lineWeight(qint16 hundredths)
-{
-    constexpr int kNumbers = 32;
-    int nearest = 0;
-    for (int number = 0; number < kNumbers; ++number) {
-        const qint16 weight = dwgLineWeight(number);
-        if (weight == hundredths)
-            return number;
-        if (hundredths >= 0 && weight >= 0
-            && std::abs(weight - hundredths) < std::abs(dwgLineWeight(nearest) - hundredths))
-            nearest = number;
-    }
-    return nearest;
 }
 
 bool Spelling::xData(const DwgFormat& format, const GroupList& groups, const HandleOf& handleOf,

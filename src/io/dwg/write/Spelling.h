@@ -21,14 +21,11 @@ struct Color
 };
 Color color(const DwgFormat& format, const OdCmColor& color);
 
-/// The number of a lineweight in a record.
-int lineWeight(qint16 hundredths);
-
 /// The handle of the table's record with that name, 0 where there is none.
 using HandleOf = std::function<quint64(int code, const QString& name)>;
 
-/// The most bytes that extended data of one application have.
-inline constexpr quint64 kMostXData = 0x7FFF;
+/// The most bytes that extended data of one record have.
+inline constexpr quint64 kMostXData = 0x3FFF;
 
 /// Extended data of one application, without the application itself. False where a group cannot
 /// stand there.

@@ -46,6 +46,7 @@ DrawingPieces DxfWriter::run()
             editTouched(slot);
     }
     renameReferences();
+    clearGroups();
     editDictionaries();
     patchHeader();
     placeNewRecords();

@@ -67,6 +67,8 @@ private:
     // What follows from it
     void collectLayers();
     void renameReferences();
+    /// Groups of entities must not name erased ones.
+    void clearGroups();
     void renameIn(quint32 slot, bool entity);
     void placeNewRecords();
     void placeTableRecords(OdDbTableKind kind, const char* name, NewRun& run);

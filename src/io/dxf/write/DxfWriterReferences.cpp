@@ -1,3 +1,4 @@
+#include "base/NumberText.h"
 #include "database/drawing/OdDbDatabase.h"
 #include "database/store/NameIndex.h"
 #include "database/store/ObjectStore.h"
@@ -7,6 +8,7 @@
 #include "io/dxf/write/DxfWriter.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace {
 
@@ -30,6 +32,30 @@ void DxfWriter::collectLayers()
         const QByteArray encoded = m_source.encodedName(layer->getName());
         m_renamed.emplace(slot, encoded);
         m_renamedKeys.insert(NameIndex::fold(before), encoded);
+    }
+}
+
+void DxfWriter::clearGroups()
+{
+    constexpr int kMember = 340;
+    std::unordered_set<quint64> gone;
+    for (const quint32 slot : m_removed) {
+        if (m_store.has(slot, ObjectStore::kEntity))
+            gone.insert(m_store.handle(slot));
+    }
+    const RecordType type = m_store.typeByName("GROUP");
+    for (quint32 slot = 0; !gone.empty() && slot < m_store.fileRecords(); ++slot) {
+        if (m_store.type(slot) != type || m_store.has(slot, ObjectStore::kErased))
+            continue;
+        RecordPatcher record(m_source, slot, m_patches);
+        const std::size_t patches = m_patches.size();
+        for (const RecordPatcher::Span& span : record.spans()) {
+            const bool isMember = span.own && span.code == kMember;
+            if (isMember && gone.contains(NumberText::handle(record.bytes(span)).value_or(0)))
+                record.remove(span);
+        }
+        if (m_patches.size() > patches)
+            m_changed.push_back(slot);
     }
 }
 

@@ -4,7 +4,7 @@
 #include "io/dwg/container/PageForm.h"
 #include "io/dwg/container/PagedFile.h"
 #include "io/dwg/sections/ObjectMap.h"
-#include "io/dwg/write/PagedFileWriter.h"
+#include "io/dwg/write/file/PagedFileWriter.h"
 
 namespace {
 

@@ -95,6 +95,21 @@ std::vector<std::pair<const char*, quint64>> DwgParts::references(quint64 handle
     } else if (type == "VIEWPORT") {
         for (const quint64 layer : SheetRecords::viewport(record).frozenLayers)
             found.emplace_back("frozen", layer);
+    } else if (type == "LAYOUT") {
+        const SheetRecords::Layout layout = SheetRecords::layout(record);
+        found.emplace_back("viewport", layout.lastActiveViewport);
+        for (const quint64 viewport : layout.viewports)
+            found.emplace_back("viewport", viewport);
+    } else if (type == "VX") {
+        TableRecords::name(record);
+        record.reference(); // block of the external reference
+        found.emplace_back("viewport", record.reference());
+    } else if (type == "GROUP") {
+        for (const quint64 member : FreeRecords::group(record).members)
+            found.emplace_back("member", member);
+    } else if (type == "BLOCK_RECORD") {
+        for (const quint64 use : TableRecords::block(record).uses)
+            found.emplace_back("use", use);
     } else if (type == "TABLE") {
         for (const quint64 listed : TableRecords::listed(record, 0).handles)
             found.emplace_back("listed", listed);

@@ -30,7 +30,8 @@ public:
 
     /// References to records that are not there, "LAYER 10: owner 2": owners, reactors,
     /// dictionaries and what is in them, layers and linetypes of entities, applications, records of
-    /// tables, layers frozen in viewports. Files of other programs have some.
+    /// tables, layers frozen in viewports, members of groups, uses of blocks. Files of other
+    /// programs have some.
     QStringList dangling() const;
 
     /// Records that are not the same in two files, "LAYER 10": changed, only here or only there.

@@ -6,6 +6,7 @@
 #include "database/objects/OdDbLayout.h"
 #include "database/states/LayerStateMask.h"
 #include "database/states/LayerStates.h"
+#include "database/store/HeaderVariables.h"
 #include "database/store/NameIndex.h"
 #include "database/store/ObjectStore.h"
 #include "database/tables/OdDbLayerTable.h"
@@ -267,6 +268,23 @@ std::vector<LayerEdit> drawingEdits()
          draw,
          {"LINE", "CIRCLE", "TEXT", "BLOCK_RECORD", "VIEWPORT", "INSERT", "LWPOLYLINE", "MTEXT",
           "HATCH", "DIMENSION", "ARC", "SPLINE", "POINT"}},
+        {"CELTYPE",
+         [](OdDbDatabase& drawing) {
+             const OdDbObjectId linetype = drawing.table(OdDbTableKind::Linetype).records().back();
+             drawing.setHeaderVariable(
+                 QStringLiteral("$CELTYPE"), 6,
+                 linetype.safeOpenObject<OdDbLinetypeTableRecord>()->getName());
+         },
+         {},
+         0},
+        {"MEASUREMENT",
+         [](OdDbDatabase& drawing) {
+             const QString name = QStringLiteral("$MEASUREMENT");
+             drawing.setHeaderVariable(name, 70,
+                                       QString::number(1 - drawing.header().intValue(name, 0)));
+         },
+         {},
+         0},
         {"entity on another layer",
          [](OdDbDatabase& drawing) {
              if (const OdDbObjectId moved = entity(drawing); !moved.isNull())

@@ -213,7 +213,7 @@ void MadeRecords::addEntities()
         (entity.onSheet ? onSheet : inModel).push_back(handle++);
 
     const auto place = [](const std::vector<quint64>& all, quint64 entity, EntityHead& head) {
-        const auto at = std::find(all.begin(), all.end(), entity);
+        const auto at = std::lower_bound(all.begin(), all.end(), entity); // they ascend
         head.previous = at == all.begin() ? 0 : at[-1];
         head.next = at + 1 == all.end() ? 0 : at[1];
     };

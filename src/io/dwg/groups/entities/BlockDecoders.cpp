@@ -46,7 +46,7 @@ void putReference(const GroupContext& context, const Reference& reference, const
     out.mark(100, mark);
     if (reference.hasAttributes)
         out.integer(66, 1);
-    out.text(2, context.names.nameOf(reference.block));
+    out.name(2, reference.block);
     out.point(10, reference.at);
     for (int axis = 0; axis < 3; ++axis) {
         if (reference.scale[axis] != 1)
@@ -82,7 +82,7 @@ void decodeTable(const GroupContext& context)
     const Reference reference = readReference(context.record);
     GroupSink& out = context.out;
     out.mark(100, "AcDbBlockReference");
-    out.text(2, context.names.nameOf(reference.block));
+    out.name(2, reference.block);
     out.point(10, reference.at);
     Carry::putNormal(out, reference.normal);
     out.mark(100, "AcDbTable");

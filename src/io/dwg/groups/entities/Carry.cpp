@@ -47,7 +47,7 @@ void Carry::rawPoint(const GroupContext& context, int code)
 void Carry::name(const GroupContext& context, int code)
 {
     if (const quint64 handle = context.record.reference(); handle != 0)
-        context.out.text(code, context.names.nameOf(handle));
+        context.out.name(code, handle);
 }
 
 void Carry::normal(const GroupContext& context, bool compact)

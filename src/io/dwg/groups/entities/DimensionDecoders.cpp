@@ -78,7 +78,7 @@ void putHead(const GroupContext& context, const Head& head, int type, int own = 
     const quint64 style = record.reference();
     const quint64 block = record.reference();
     out.mark(100, "AcDbDimension");
-    out.text(2, context.names.nameOf(block));
+    out.name(2, block);
     out.point(11, head.textAt);
     out.integer(70,
                 type | own | ((head.flags & kTextAtHome) == 0 ? kTextMoved : 0)
@@ -96,7 +96,7 @@ void putHead(const GroupContext& context, const Head& head, int type, int own = 
     if (head.direction != 0)
         out.real(51, head.direction * Carry::kRadiansToDegrees);
     Carry::putNormal(out, head.normal);
-    out.text(3, context.names.nameOf(style));
+    out.name(3, style);
 }
 
 void points(const GroupContext& context, std::initializer_list<int> codes)

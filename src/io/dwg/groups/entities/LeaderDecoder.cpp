@@ -33,7 +33,7 @@ void decodeLeader(const GroupContext& context)
     const quint64 annotation = record.reference();
     const quint64 style = record.reference();
     out.mark(100, "AcDbLeader");
-    out.text(3, context.names.nameOf(style));
+    out.name(3, style);
     Carry::integer(context, 73);
     Carry::integer(context, 72);
     const quint32 points = record.count(LeastBits::kPoint);

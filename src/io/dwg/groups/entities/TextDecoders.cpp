@@ -92,7 +92,7 @@ void putLine(const GroupContext& context, const Line& line)
         out.real(41, line.width);
     if (line.oblique != 0)
         out.real(51, line.oblique * Carry::kRadiansToDegrees);
-    out.text(7, context.names.nameOf(line.style));
+    out.name(7, line.style);
     if (line.generation != 0)
         out.integer(71, line.generation);
     if (line.horizontal != 0)

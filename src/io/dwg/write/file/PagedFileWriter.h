@@ -34,6 +34,10 @@ private:
     };
 
     void addSection(const PagedFile::Section& section);
+    /// The preview lists its pictures by their place in the file.
+    void movePreview(const PagedFile::Section& section);
+    /// The page will stand where the new file ends now.
+    void noteMove(const PagedFile::SectionPage& part);
     PagedFile::SectionPage addPage(const PagedFile::Section& section, quint64 start,
                                    const PagedFile::PackedPage& page);
     void fill();

@@ -1,8 +1,9 @@
-#include "io/dwg/write/FlatFileWriter.h"
+#include "io/dwg/write/file/FlatFileWriter.h"
 
 #include "io/dwg/bits/BitReader.h"
 #include "io/dwg/bits/BitWriter.h"
 #include "io/dwg/bits/Checksums.h"
+#include "io/dwg/sections/PreviewSection.h"
 
 #include <QCoreApplication>
 #include <QtEndian>
@@ -146,6 +147,17 @@ bool FlatFileWriter::rebuildSecondHeader()
     return !rebuilt.isEmpty();
 }
 
+void FlatFileWriter::movePreview()
+{
+    const quint64 at = m_file.previewAt();
+    const auto by = static_cast<qint64>(moved(at) - at);
+    const QByteArray list = by == 0 || at >= m_file.image().size()
+        ? QByteArray()
+        : PreviewSection::movedList(m_file.image().view(at, m_file.image().size()), by);
+    if (!list.isEmpty())
+        m_edits[at] = {at + static_cast<quint64>(list.size()), list};
+}
+
 DrawingPieces FlatFileWriter::result()
 {
     DrawingPieces pieces;
@@ -154,6 +166,7 @@ DrawingPieces FlatFileWriter::result()
             "FlatFileWriter",
             "The second header at the end of the file is damaged and was left as it is; other CAD "
             "programs use it to repair a drawing.");
+    movePreview();
     patchLocators();
     quint64 at = 0;
     for (const auto& [begin, edit] : m_edits) {

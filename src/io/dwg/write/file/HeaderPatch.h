@@ -15,7 +15,8 @@ public:
 
     /// Gives a variable a value as DXF has it; false where the section has no place for it.
     bool setValue(const QString& name, const QString& value);
-    bool setReference(const QString& name, quint64 handle);
+    bool setReference(const QString& name, quint64 handle,
+                      DwgReference kind = DwgReference::HardPointer);
     bool isEmpty() const { return m_patch.isEmpty() && m_flags.empty(); }
     /// The whole section, marks and sum included.
     QByteArray result();

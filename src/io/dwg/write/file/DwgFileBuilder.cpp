@@ -1,4 +1,4 @@
-#include "io/dwg/write/DwgFileBuilder.h"
+#include "io/dwg/write/file/DwgFileBuilder.h"
 
 #include "database/drawing/OdDbDatabase.h"
 #include "database/store/HeaderVariables.h"
@@ -7,9 +7,11 @@
 #include "io/dwg/container/PageForm.h"
 #include "io/dwg/container/PagedFile.h"
 #include "io/dwg/read/DwgObjectSource.h"
-#include "io/dwg/write/FlatFileWriter.h"
-#include "io/dwg/write/HeaderPatch.h"
-#include "io/dwg/write/PagedFileWriter.h"
+#include "io/dwg/sections/TemplateSection.h"
+#include "io/dwg/write/file/FlatFileWriter.h"
+#include "io/dwg/write/file/HeaderPatch.h"
+#include "io/dwg/write/file/PagedFileWriter.h"
+#include "io/dwg/write/file/Splice.h"
 
 #include <QCoreApplication>
 
@@ -18,12 +20,14 @@
 
 namespace {
 
-constexpr const char* kAuxHeader = "AcDb:AuxHeader";
-
 QString tr(const char* text)
 {
     return QCoreApplication::translate("DwgFileBuilder", text);
 }
+
+/// Of linetypes; other names are not the program's to set.
+constexpr const char* kLinetypeVariable = "$CELTYPE";
+constexpr const char* kMeasurement = "$MEASUREMENT";
 
 } // namespace
 
@@ -34,46 +38,46 @@ DwgFileBuilder::DwgFileBuilder(const DwgObjectSource& source, const OdDbDatabase
     , m_meant(meant)
 { }
 
-std::vector<std::pair<quint64, quint32>> DwgFileBuilder::recordsInOrder() const
+DwgFileBuilder::Records DwgFileBuilder::recordsInOrder() const
 {
     const quint32 count = m_database.store().fileRecords();
-    std::vector<std::pair<quint64, quint32>> records;
+    Records records;
     records.reserve(count);
     for (quint32 slot = 0; slot < count; ++slot)
         records.emplace_back(m_source.offsetOf(slot), slot);
-    std::sort(records.begin(), records.end());
+    // Runs that ascend, which a merge leaves as they are.
+    std::stable_sort(records.begin(), records.end());
     return records;
 }
 
-void DwgFileBuilder::appendRecords(QByteArray& out, quint64 base, quint64 end)
+void DwgFileBuilder::appendRecords(const Records& records, QByteArray& out, quint64 base,
+                                   quint64 end)
 {
     const ObjectStore& store = m_database.store();
     const QByteArrayView objects = m_source.file().section(DwgSection::Objects);
-    const auto records = recordsInOrder();
+    out.reserve(out.size() + objects.size());
+    m_places.reserve(records.size() + m_meant.records.size());
     DwgRecord reader = m_source.reader();
     std::set<quint64> inFile;
-    quint64 at = records.empty() ? 0 : records.front().first;
+    Splice splice(objects, records.empty() ? 0 : records.front().first, out);
     for (const auto& [offset, slot] : records) {
         const quint64 handle = store.handle(slot);
-        // What stands between two records is kept, whatever it is.
-        if (offset > at)
-            out += objects.sliced(static_cast<qsizetype>(at), static_cast<qsizetype>(offset - at));
         if (!reader.open(offset))
             continue;
-        at = std::max(at, offset + static_cast<quint64>(reader.bytes().size()));
-        if (m_meant.removed.contains(handle))
+        const quint64 behind = offset + static_cast<quint64>(reader.bytes().size());
+        if (m_meant.removed.contains(handle)) {
+            splice.replace(offset, behind, {});
             continue;
-        m_places.push_back({handle, base + static_cast<quint64>(out.size())});
+        }
         const auto changed = m_meant.records.find(handle);
         if (changed == m_meant.records.end()) {
-            out += reader.bytes();
+            m_places.push_back({handle, base + splice.keep(offset, behind)});
         } else {
-            out += changed->second;
+            m_places.push_back({handle, base + splice.replace(offset, behind, changed->second)});
             inFile.insert(handle);
         }
     }
-    if (end > at)
-        out += objects.sliced(static_cast<qsizetype>(at), static_cast<qsizetype>(end - at));
+    splice.copyUpTo(end);
     for (const auto& [handle, record] : m_meant.records) {
         if (inFile.contains(handle) || m_meant.removed.contains(handle))
             continue;
@@ -88,15 +92,18 @@ QByteArray DwgFileBuilder::headerSection(quint64 seed)
 {
     HeaderPatch patch(m_source);
     const HeaderVariables& header = m_database.header();
-    const auto count = [&](bool done, const QString& name) {
-        if (done)
-            ++m_settingsChanged;
-        else
+    const auto count = [this](bool done, const QString& name) {
+        m_settingsChanged += done ? 1 : 0;
+        if (!done)
             m_notKept << tr("The setting %1 cannot be changed in DWG drawings.").arg(name.mid(1));
     };
     for (const HeaderVariables::Variable& variable : header.all()) {
-        if (variable.value != variable.loadedValue && header.find(variable.name) == &variable)
-            count(patch.setValue(variable.name, variable.value), variable.name);
+        if (variable.value == variable.loadedValue || header.find(variable.name) != &variable)
+            continue;
+        const std::optional<QString> written = setVariable(patch, variable);
+        count(written.has_value(), variable.name);
+        if (written)
+            m_settings[variable.name] = *written;
     }
     const CurrentSettings& loaded = m_database.loadedCurrent();
     const CurrentSettings& current = m_database.current();
@@ -107,9 +114,33 @@ QByteArray DwgFileBuilder::headerSection(quint64 seed)
         count(patch.setValue(QStringLiteral("$TILEMODE"),
                              current.modelSpace ? QStringLiteral("1") : QStringLiteral("0")),
               QStringLiteral("$TILEMODE"));
+    const quint64 root = m_database.getNamedObjectsDictionaryId().getHandle().value();
+    if (root != 0 && m_database.store().isNewHandle(root) && m_meant.records.contains(root))
+        patch.setReference(QStringLiteral("*NAMED"), root, DwgReference::HardOwner);
     if (seed != m_oldSeed)
         patch.setReference(QStringLiteral("$HANDSEED"), seed);
     return patch.isEmpty() ? QByteArray() : patch.result();
+}
+
+std::optional<QString> DwgFileBuilder::setVariable(HeaderPatch& patch,
+                                                   const HeaderVariables::Variable& variable)
+{
+    if (variable.name == QLatin1String(kMeasurement)) {
+        QByteArray section = m_source.file().section(DwgSection::Template).toByteArray();
+        if (!TemplateSection::setMeasurement(section, variable.value.toInt()))
+            return std::nullopt;
+        m_template = section;
+        return variable.value;
+    }
+    if (variable.name == QLatin1String(kLinetypeVariable)) {
+        const quint64 linetype =
+            m_database.table(OdDbTableKind::Linetype).getAt(variable.value).getHandle().value();
+        if (linetype == 0 || !patch.setReference(variable.name, linetype))
+            return std::nullopt;
+        return QString::number(linetype, 16).toUpper();
+    }
+    return patch.setValue(variable.name, variable.value) ? std::optional(variable.value)
+                                                         : std::nullopt;
 }
 
 QByteArray DwgFileBuilder::auxHeader(QByteArray section, quint64 seed) const
@@ -122,6 +153,16 @@ QByteArray DwgFileBuilder::auxHeader(QByteArray section, quint64 seed) const
     if (section.size() >= at + 4
         && PageForm::word<quint32>(section.constData() + at) == static_cast<quint32>(m_oldSeed))
         PageForm::put(section, at, static_cast<quint32>(seed));
+    return section;
+}
+
+QByteArray DwgFileBuilder::freeSpace(const FlatFile& file, quint64 objects, quint64 moved)
+{
+    constexpr qsizetype kObjectsAt = 16; // behind a zero, a count and a date
+    QByteArray section = file.locatedBytes(FlatFile::kFreeSpace).toByteArray();
+    if (section.size() >= kObjectsAt + 4
+        && PageForm::word<quint32>(section.constData() + kObjectsAt) == objects)
+        PageForm::put(section, kObjectsAt, static_cast<quint32>(moved));
     return section;
 }
 
@@ -143,9 +184,11 @@ DrawingPieces DwgFileBuilder::buildPaged(PagedFile& file, quint64 seed)
     PagedFileWriter writer(file);
     if (!header.isEmpty())
         writer.replace("AcDb:Header", header);
+    if (!m_template.isEmpty())
+        writer.replace("AcDb:Template", m_template);
     if (seed != m_oldSeed) {
-        if (const PagedFile::Section* aux = file.find(kAuxHeader))
-            writer.replace(kAuxHeader, auxHeader(file.unpacked(*aux), seed));
+        if (const PagedFile::Section* aux = file.find(PageForm::kAuxHeader))
+            writer.replace(PageForm::kAuxHeader, auxHeader(file.unpacked(*aux), seed));
     }
     if (!m_meant.records.empty() || !m_meant.removed.empty()) {
         const QByteArrayView old = file.section(DwgSection::Objects);
@@ -153,7 +196,7 @@ DrawingPieces DwgFileBuilder::buildPaged(PagedFile& file, quint64 seed)
         const qsizetype first =
             records.empty() ? old.size() : static_cast<qsizetype>(records.front().first);
         QByteArray objects = old.first(first).toByteArray();
-        appendRecords(objects, 0, static_cast<quint64>(old.size()));
+        appendRecords(records, objects, 0, static_cast<quint64>(old.size()));
         writer.replace("AcDb:AcDbObjects", objects);
         writer.replace("AcDb:Handles", ObjectMap::spelled(m_places));
     }
@@ -171,6 +214,8 @@ DrawingPieces DwgFileBuilder::buildFlat(const FlatFile& file, quint64 seed)
     FlatFileWriter writer(file);
     if (!header.isEmpty())
         writer.replace(static_cast<int>(DwgSection::Header), header);
+    if (!m_template.isEmpty())
+        writer.replace(static_cast<int>(DwgSection::Template), m_template);
     if (seed != m_oldSeed) {
         writer.setSeed(seed);
         writer.replace(FlatFile::kAuxHeader,
@@ -189,8 +234,10 @@ DrawingPieces DwgFileBuilder::buildFlat(const FlatFile& file, quint64 seed)
         if (last.open(records.back().first))
             end = records.back().first + static_cast<quint64>(last.bytes().size());
     }
+    const quint64 moved = writer.movedObjects(begin);
+    writer.replace(FlatFile::kFreeSpace, freeSpace(file, begin, moved));
     QByteArray objects;
-    appendRecords(objects, writer.movedObjects(begin), end);
+    appendRecords(records, objects, moved, end);
     writer.replaceObjects(begin, end, objects);
     writer.replace(static_cast<int>(DwgSection::ObjectMap), ObjectMap::spelled(m_places));
     return writer.result();

@@ -33,6 +33,8 @@ private:
     };
     quint64 moved(quint64 offset) const;
     void patchLocators();
+    /// The preview lists its pictures by their place in the file.
+    void movePreview();
     /// False where there is one that cannot be read.
     bool rebuildSecondHeader();
     QByteArray secondHeader(QByteArrayView old, quint64 place) const;

@@ -1,4 +1,4 @@
-#include "io/dwg/write/HeaderPatch.h"
+#include "io/dwg/write/file/HeaderPatch.h"
 
 #include "io/dwg/bits/Checksums.h"
 #include "io/dwg/write/Spelling.h"
@@ -18,14 +18,14 @@ HeaderPatch::HeaderPatch(const DwgObjectSource& source)
     , m_patch(m_section)
 { }
 
-bool HeaderPatch::setReference(const QString& name, quint64 handle)
+bool HeaderPatch::setReference(const QString& name, quint64 handle, DwgReference kind)
 {
     const HeaderSection::Place* place = m_header.place(name);
     if (!place)
         return false;
     const bool isSeed = place->kind == HeaderField::Seed;
     BitWriter bits;
-    bits.handle(isSeed ? DwgReference::Own : DwgReference::HardPointer, handle);
+    bits.handle(isSeed ? DwgReference::Own : kind, handle);
     const bool amongData = isSeed || !hasTextStream(m_section.version());
     m_patch.replace(amongData ? RecordPatch::Stream::Data : RecordPatch::Stream::Handles,
                     amongData ? place->data : place->handles, bits);
@@ -39,7 +39,7 @@ bool HeaderPatch::setFlag(const QString& name, const QString& value)
     const auto number = static_cast<quint32>(value.toInt());
     if (name == QLatin1String("$CELWEIGHT")) {
         m_flags[kLineWeightMask] =
-            static_cast<quint32>(Spelling::lineWeight(static_cast<qint16>(value.toInt())));
+            static_cast<quint32>(dwgLineWeightNumber(static_cast<qint16>(value.toInt())));
         return true;
     }
     for (const HeaderFlag& flag : headerFlags()) {

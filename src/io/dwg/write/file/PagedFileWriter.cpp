@@ -1,8 +1,9 @@
-#include "io/dwg/write/PagedFileWriter.h"
+#include "io/dwg/write/file/PagedFileWriter.h"
 
 #include "io/dwg/bits/Checksums.h"
 #include "io/dwg/container/Lz77.h"
 #include "io/dwg/container/PageForm.h"
+#include "io/dwg/sections/PreviewSection.h"
 
 #include <algorithm>
 
@@ -11,7 +12,9 @@ using namespace PageForm;
 namespace {
 
 /// Fields of the first head that hold the address of the data of a page.
-constexpr qsizetype kDataAddresses[] = {0x0D, 0x20, 0x24, 0x2C};
+constexpr qsizetype kDataAddresses[] = {0x0D, 0x20, 0x24, 0x2C, 0x30};
+
+constexpr const char* kPreview = "AcDb:Preview";
 
 bool isZero(QByteArrayView bytes)
 {
@@ -57,15 +60,34 @@ PagedFile::SectionPage PagedFileWriter::addPage(const PagedFile::Section& sectio
     return {number, static_cast<quint32>(packed.size()), start};
 }
 
+void PagedFileWriter::noteMove(const PagedFile::SectionPage& part)
+{
+    if (const PagedFile::Page* place = m_file.page(part.number))
+        m_moved[place->offset] = static_cast<quint64>(m_out.size());
+}
+
+void PagedFileWriter::movePreview(const PagedFile::Section& old)
+{
+    const PagedFile::Page* place =
+        old.pages.empty() ? nullptr : m_file.page(old.pages.front().number);
+    if (old.name != kPreview || old.compressed || !place)
+        return;
+    const auto by = m_out.size() - static_cast<qint64>(place->offset);
+    QByteArray preview = by == 0 ? QByteArray() : m_file.unpacked(old);
+    const QByteArray list = PreviewSection::movedList(preview, by);
+    if (!list.isEmpty())
+        replace(kPreview, preview.replace(0, list.size(), list));
+}
+
 void PagedFileWriter::addSection(const PagedFile::Section& old)
 {
+    movePreview(old);
     PagedFile::Section section = old;
     section.pages.clear();
     const auto replaced = m_replaced.find(old.name);
     if (replaced == m_replaced.end()) {
         for (const PagedFile::SectionPage& part : old.pages) {
-            if (const PagedFile::Page* place = m_file.page(part.number))
-                m_moved[place->offset] = static_cast<quint64>(m_out.size());
+            noteMove(part);
             section.pages.push_back(addPage(section, part.start, m_file.packedPage(part)));
         }
     } else {
@@ -79,13 +101,15 @@ void PagedFileWriter::addSection(const PagedFile::Section& old)
             const auto from = static_cast<qsizetype>(start);
             QByteArray plain = after.mid(from, section.pageSize);
             const auto part = present.find(start);
+            if (part != present.end())
+                noteMove(*part->second);
             const bool kept = part != present.end() && old.size - start >= section.pageSize
                 && plain.size() == static_cast<qsizetype>(section.pageSize)
                 && plain == QByteArrayView(before).sliced(from, plain.size());
             if (kept) {
                 section.pages.push_back(addPage(section, start, m_file.packedPage(*part->second)));
             } else if (!isZero(plain)) { // such a page has no place in the file
-                plain.resize(std::max<qsizetype>(plain.size(), 4), '\0');
+                plain.resize(section.pageSize, '\0');
                 const QByteArray packed = section.compressed ? Lz77::pack(plain) : plain;
                 section.pages.push_back(addPage(section, start, {packed, Checksums::page(packed)}));
             }
@@ -140,13 +164,13 @@ void PagedFileWriter::finishHeads(quint64 mapEnd)
     put(head, kLastPage, last);
     put<quint64>(head, kLastPageEnd, mapEnd - kFirstPage);
     put<quint64>(head, kHeadCopyAddress, mapEnd);
-    put<quint32>(head, kGaps, 0);
+    for (const int field : {kGapRoot, kLowestLeftGap, kLowestRightGap, kGaps, kHighestGap})
+        put<quint32>(head, field, 0);
     put(head, kPages, static_cast<quint32>(m_pages.size()));
     put(head, kPageMapNumber, last);
     put<quint64>(head, kPageMapAddress, map.offset - kFirstPage);
     put(head, kSectionMapNumber, last - 1);
     put(head, kHighestPage, last);
-    put<quint32>(head, kHighestGap, 0);
     put<quint32>(head, kHeadSum, 0);
     put(head, kHeadSum, Checksums::crc32(head));
     const QByteArray masked = maskedHead(head);
