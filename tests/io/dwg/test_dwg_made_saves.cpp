@@ -210,6 +210,45 @@ TEST_P(MadeSaves, WhatWasWrittenMustSayWhatTheDrawingSays)
     expectNoticed("current layer", [&] { drawing->setCLAYER(layer(2)->objectId()); });
 }
 
+/// A drawing that was written, and looks at it for what it was not meant to say.
+class Proof
+{
+public:
+    explicit Proof(const OdDbDatabase& drawing)
+        : m_drawing(drawing)
+        , m_path(m_folder.filePath(QStringLiteral("made.dwg")))
+        , m_pieces(DrawingSource::of(drawing).write(drawing))
+    {
+        writeDrawing(drawing, m_path);
+        EXPECT_NO_THROW(verify(m_pieces));
+    }
+    const DwgMeant& meant() const { return *static_cast<const DwgMeant*>(m_pieces.meant.get()); }
+    template <class Change>
+    void expectMissed(const char* what, const Change& change) const
+    {
+        EXPECT_THROW(verify(meaningOtherwise(m_pieces, change)), OdError_FileAccess) << what;
+    }
+    /// The same for each entry of one of the maps.
+    template <class Map, class Change>
+    void expectEachMissed(Map DwgMeant::*map, const char* what, const Change& change) const
+    {
+        EXPECT_FALSE((meant().*map).empty()) << what;
+        for (const auto& [key, value] : meant().*map)
+            expectMissed(what, [&](DwgMeant& other) { change((other.*map)[key]); });
+    }
+
+private:
+    void verify(const DrawingPieces& pieces) const
+    {
+        DrawingSource::of(m_drawing).verify(m_drawing, pieces, WrittenBytes(m_path));
+    }
+
+    const OdDbDatabase& m_drawing;
+    QTemporaryDir m_folder;
+    QString m_path;
+    DrawingPieces m_pieces;
+};
+
 TEST_P(MadeSaves, EachThingThatIsMeantIsLookedFor)
 {
     // One edit of each kind.
@@ -224,85 +263,53 @@ TEST_P(MadeSaves, EachThingThatIsMeantIsLookedFor)
     LayerStates(*drawing).add(QStringLiteral("one more"), QStringLiteral("described"));
     drawing->setDictionaryVariable(QStringLiteral("LAYEREVAL"), QStringLiteral("2"));
     drawing->setDictionaryVariable(QStringLiteral("OTHER"), QStringLiteral("new"));
-    drawing->setHeaderVariable(QStringLiteral("$LTSCALE"), 40, QStringLiteral("2.125"));
-    drawing->setHeaderVariable(QStringLiteral("$CELTYPE"), 6, QStringLiteral("DASHED"));
-    drawing->setHeaderVariable(QStringLiteral("$MEASUREMENT"), 70, QStringLiteral("1"));
     drawing->createXrecord(drawing->getNamedObjectsDictionaryId(), QStringLiteral("More"))
         .safeOpenObject<OdDbXrecord>(OdDb::kForWrite)
         ->setXData({{1001, "ACAD"}, {1040, "1.5"}});
-    const OdDbObjectId drawn = drawing->addEntity("TEXT",
-                                                  {{62, "3"},
-                                                   {100, "AcDbText"},
-                                                   {10, "1.5"},
-                                                   {20, "2.5"},
-                                                   {30, "0"},
-                                                   {40, "2.5"},
-                                                   {1, "it"},
-                                                   {50, "30.5"}},
-                                                  drawing->getModelSpaceId(), drawing->getCLAYER());
 
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("made.dwg"));
-    writeDrawing(*drawing, path);
-    const DrawingSource& source = DrawingSource::of(*drawing);
-    const DrawingPieces pieces = source.write(*drawing);
-    const auto& meant = *static_cast<const DwgMeant*>(pieces.meant.get());
-    const WrittenBytes written(path);
-    EXPECT_NO_THROW(source.verify(*drawing, pieces, written));
-    const auto expectMissed = [&](const char* what, const auto& change) {
-        EXPECT_THROW(source.verify(*drawing, meaningOtherwise(pieces, change), written),
-                     OdError_FileAccess)
-            << what;
-    };
-    ASSERT_EQ(meant.frozen.size(), 1u);
-    expectMissed("frozen", [](DwgMeant& other) { other.frozen.begin()->second.push_back(1); });
-    ASSERT_EQ(meant.layers.size(), 2u);
-    for (const auto& [handle, layer] : meant.layers)
-        expectMissed("layer", [handle = handle](DwgMeant& other) { ++other.layers[handle]; });
-    ASSERT_EQ(meant.settings.size(), 3u);
-    for (const auto& [name, value] : meant.settings)
-        expectMissed("setting",
-                     [name = name](DwgMeant& other) { other.settings[name] += QLatin1Char('2'); });
-    expectMissed("no such setting",
-                 [](DwgMeant& other) { other.settings[QStringLiteral("$NONE")]; });
-    const quint64 text = drawn.getHandle().value();
-    ASSERT_EQ(meant.entities.size(), 1u);
-    for (const GroupList::Group& group : meant.entities.at(text).groups) {
-        if (group.code == 100)
-            continue;
-        expectMissed("group of an entity", [&](DwgMeant& other) {
+    const Proof proof(*drawing);
+    EXPECT_EQ(proof.meant().variables.size(), 2u);
+    EXPECT_GE(proof.meant().entries.size(), 2u);
+    proof.expectEachMissed(&DwgMeant::frozen, "frozen", [](auto& list) { list.push_back(1); });
+    proof.expectEachMissed(&DwgMeant::layers, "layer", [](quint64& handle) { ++handle; });
+    proof.expectEachMissed(&DwgMeant::xData, "xData", [](auto& list) { list.append(1070, "1"); });
+    proof.expectEachMissed(&DwgMeant::variables, "variable", [](auto& text) { text += u'x'; });
+    proof.expectEachMissed(&DwgMeant::groups, "groups", [](auto& list) { list.append(1, "x"); });
+    proof.expectEachMissed(&DwgMeant::entries, "entries", [](auto& list) { list.pop_back(); });
+    proof.expectEachMissed(&DwgMeant::entries, "entry", [](auto& list) { ++list[0].handle; });
+    proof.expectEachMissed(&DwgMeant::records, "record", [](auto& bytes) { bytes += '\1'; });
+    proof.expectMissed("removed", [](auto& other) { other.removed.insert(MadeHandle::Style); });
+}
+
+TEST_P(MadeSaves, SettingsAndNewEntitiesAreLookedFor)
+{
+    drawing->setHeaderVariable(QStringLiteral("$LTSCALE"), 40, QStringLiteral("2.125"));
+    drawing->setHeaderVariable(QStringLiteral("$CELTYPE"), 6, QStringLiteral("DASHED"));
+    drawing->setHeaderVariable(QStringLiteral("$MEASUREMENT"), 70, QStringLiteral("1"));
+    GroupList groups = {{62, "3"}, {10, "1.5"}, {20, "2.5"}, {30, "0"}};
+    for (const auto& [code, value] : {std::pair(40, "2.5"), {1, "it"}, {50, "30.5"}})
+        groups.append(code, value);
+    const quint64 text =
+        drawing->addEntity("TEXT", groups, drawing->getModelSpaceId(), drawing->getCLAYER())
+            .getHandle()
+            .value();
+
+    const Proof proof(*drawing);
+    EXPECT_EQ(proof.meant().settings.size(), 3u);
+    proof.expectEachMissed(&DwgMeant::settings, "setting", [](auto& value) { value += u'2'; });
+    proof.expectMissed("no such setting",
+                       [](auto& other) { other.settings[QStringLiteral("$NONE")]; });
+    for (const GroupList::Group& group : groups) {
+        proof.expectMissed("group", [&](DwgMeant& other) {
             GroupList changed;
-            for (const GroupList::Group& old : meant.entities.at(text).groups)
+            for (const GroupList::Group& old : groups)
                 changed.append(old.code,
-                               old.code == group.code ? QByteArray(old.value.toByteArray() + '1')
-                                                      : old.value.toByteArray());
+                               old.value.toByteArray() + (old.code == group.code ? "1" : ""));
             other.entities[text].groups = changed;
         });
     }
-    expectMissed("linetype of an entity",
-                 [&](DwgMeant& other) { ++other.entities[text].linetype; });
-    ASSERT_GE(meant.xData.size(), 1u);
-    for (const auto& [handle, groups] : meant.xData)
-        expectMissed("extended data",
-                     [handle = handle](DwgMeant& other) { other.xData[handle].append(1070, "1"); });
-    ASSERT_EQ(meant.variables.size(), 2u);
-    for (const auto& [handle, value] : meant.variables)
-        expectMissed("variable", [handle = handle](DwgMeant& other) {
-            other.variables[handle] += QLatin1Char('x');
-        });
-    ASSERT_GE(meant.groups.size(), 1u);
-    for (const auto& [handle, groups] : meant.groups)
-        expectMissed("groups",
-                     [handle = handle](DwgMeant& other) { other.groups[handle].append(1, "x"); });
-    ASSERT_GE(meant.entries.size(), 2u);
-    for (const auto& [handle, entries] : meant.entries) {
-        expectMissed("entries",
-                     [handle = handle](DwgMeant& other) { other.entries[handle].pop_back(); });
-        expectMissed("entry",
-                     [handle = handle](DwgMeant& other) { ++other.entries[handle][0].handle; });
-    }
-    expectMissed("record", [](DwgMeant& other) { other.records.begin()->second += '\1'; });
-    expectMissed("removed", [](DwgMeant& other) { other.removed.insert(MadeHandle::Style); });
+    proof.expectEachMissed(&DwgMeant::entities, "linetype", [](auto& made) { ++made.linetype; });
+    proof.expectEachMissed(&DwgMeant::layers, "layer", [](quint64& handle) { ++handle; });
 }
 
 TEST_P(MadeSaves, TextsThatReadLikeEscapesStayWhatTheyAre)
