@@ -333,6 +333,29 @@ TEST_P(MadeSaves, TextsThatReadLikeEscapesStayWhatTheyAre)
         odd);
 }
 
+TEST_P(MadeSaves, VariablesOfTheDictionaryBringTheirClass)
+{
+    MadeDrawing bare = MadeDrawing::sample(GetParam());
+    bare.hasVariables = false;
+    drawing = readDrawing(DwgMaker(bare).bytes(), QStringLiteral("bare.dwg"));
+    drawing->setDictionaryVariable(QStringLiteral("LAYEREVAL"), QStringLiteral("2"));
+    drawing->setDictionaryVariable(QStringLiteral("OTHER"), QStringLiteral("x"));
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("bare.dwg"));
+    EXPECT_EQ(writeDrawing(*drawing, path).notKept, QStringList());
+    const auto again = readDrawing(path);
+    EXPECT_EQ(DwgFiles::faults(*again), QStringList());
+    EXPECT_EQ(again->dictionaryVariable(QStringLiteral("LAYEREVAL")), QStringLiteral("2"));
+    EXPECT_EQ(again->dictionaryVariable(QStringLiteral("OTHER")), QStringLiteral("x"));
+    // The next one finds it there.
+    again->setDictionaryVariable(QStringLiteral("LAYERNOTIFY"), QStringLiteral("7"));
+    const DwgParts before(drawingBytes(*drawing));
+    const DwgParts after(drawingBytes(*again));
+    EXPECT_EQ(after.faults(), QStringList());
+    EXPECT_TRUE(before.file().section(DwgSection::Classes)
+                == after.file().section(DwgSection::Classes));
+}
+
 TEST_P(MadeSaves, ADescriptionHas255CharactersAtMost)
 {
     for (const int length : {255, 256}) {

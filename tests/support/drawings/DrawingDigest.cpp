@@ -123,6 +123,20 @@ void addFilter(const OdLyLayerFilter& filter, const QString& indent, QStringList
     }
 }
 
+void addLinetypes(const OdDbDatabase& database, QStringList& lines)
+{
+    for (const OdDbObjectId id : database.table(OdDbTableKind::Linetype).records()) {
+        const auto linetype = id.openObject<OdDbLinetypeTableRecord>();
+        if (!linetype)
+            continue;
+        QString line = QStringLiteral("linetype %1 \"%2\"")
+                           .arg(linetype->getName(), linetype->state().description);
+        for (const double dash : linetype->state().dashes)
+            line += QStringLiteral(" %1").arg(dash);
+        lines.append(line);
+    }
+}
+
 void addStates(const OdDbDatabase& database, QStringList& lines)
 {
     const LayerStates states(const_cast<OdDbDatabase&>(database));
@@ -186,6 +200,7 @@ QStringList drawingDigest(const OdDbDatabase& database)
     odlyGetLayerFilterManager(const_cast<OdDbDatabase*>(&database))->getFilters(root, current);
     addFilter(*root, {}, lines);
     lines.append(QStringLiteral("current filter ") + current->name());
+    addLinetypes(database, lines);
     addStates(database, lines);
     addVariables(database, lines);
     return lines;

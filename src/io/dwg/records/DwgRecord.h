@@ -4,13 +4,6 @@
 
 #include <vector>
 
-/// Bits of a record's body, for an edit of it.
-struct BitSpan
-{
-    quint64 begin = 0;
-    quint64 end = 0;
-};
-
 /// What all records begin with.
 struct DwgHead
 {

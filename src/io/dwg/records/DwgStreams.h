@@ -6,6 +6,13 @@
 
 #include <QByteArrayView>
 
+/// Bits of a body, for an edit of it.
+struct BitSpan
+{
+    quint64 begin = 0;
+    quint64 end = 0;
+};
+
 /// The streams of a record, or of a section of settings: data, texts, references. What is lacking
 /// reads as zero or nothing; hasFailed() tells that something was.
 class DwgStreams

@@ -115,10 +115,14 @@ DwgClasses::DwgClasses(const DwgFile& file, const DwgFormat& format)
     m_sound = section.isSound();
     // Three bytes more than the highest number, or four of a number and its padding.
     if (section.since(DrawingVersion::V2004)) {
+        m_highestAt.begin = data.position();
         data.bitShort();
+        m_highestAt.end = data.position();
         data.skip(16);
         data.bit();
     }
+    m_dataEnd = data.position();
+    m_textEnd = section.textPosition();
     // The shortest class takes more bits; fewer are the padding of the last byte.
     constexpr quint64 kLeast = 16;
     while (data.left() >= kLeast && !section.hasFailed()) {
@@ -132,6 +136,10 @@ DwgClasses::DwgClasses(const DwgFile& file, const DwgFormat& format)
         if (section.since(DrawingVersion::V2004)) {
             for (int i = 0; i < 5; ++i)
                 data.bitLong(); // how many there are, versions
+        }
+        if (!section.hasFailed()) {
+            m_dataEnd = data.position();
+            m_textEnd = section.textPosition();
         }
         if (section.hasFailed() || number < kFirst || number > kMost)
             continue;
@@ -158,6 +166,11 @@ bool DwgClasses::isEntity(quint16 type) const
     if (type >= kFirst && type - kFirst < static_cast<int>(m_classes.size()))
         return m_classes[type - kFirst].isEntity;
     return type == kProxyEntity;
+}
+
+quint16 DwgClasses::nextNumber() const
+{
+    return static_cast<quint16>(static_cast<std::size_t>(kFirst) + m_classes.size());
 }
 
 quint16 DwgClasses::number(QByteArrayView dxfName) const

@@ -31,3 +31,17 @@ SectionStreams::SectionStreams(const DwgFile& file, DwgSection section, const Dw
     if (hasTextStream(version()))
         divide(data.rawLong());
 }
+
+QByteArray SectionStreams::withBody(const SectionStreams& section, QByteArrayView old,
+                                    const QByteArray& body)
+{
+    const auto head = static_cast<qsizetype>(section.body().data() - old.data());
+    QByteArray bytes = old.first(head).toByteArray();
+    qToLittleEndian(static_cast<quint32>(body.size()), bytes.data() + kMarkSize);
+    bytes += body;
+    const quint16 sum = Checksums::crc16(QByteArrayView(bytes).sliced(kMarkSize));
+    bytes.append(static_cast<char>(sum & 0xFF));
+    bytes.append(static_cast<char>(sum >> 8));
+    bytes += old.sliced(head + section.body().size() + kSectionSumSize);
+    return bytes;
+}

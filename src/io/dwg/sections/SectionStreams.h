@@ -18,6 +18,10 @@ public:
         return hasTextStream(version()) ? DwgStreams::reference() : data.handle().value;
     }
 
+    /// The bytes of a section with another body: size and sum follow.
+    static QByteArray withBody(const SectionStreams& section, QByteArrayView old,
+                               const QByteArray& body);
+
     /// Bytes of the mark ahead of the size, and of that behind the sum.
     static constexpr qsizetype kMarkSize = 16;
 

@@ -21,6 +21,7 @@ struct DwgMeant
     std::map<quint64, std::vector<KeyedHandle>> entries; ///< of dictionaries; handle 0: as it was
     std::map<quint64, GroupList> xData; ///< of free records and dictionaries
     std::map<quint64, QString> variables;
+    bool addsVariableClass = false; ///< the class that these are of
     std::map<quint64, std::vector<quint64>> frozen; ///< layers, by viewport
     std::map<quint64, quint64> layers; ///< of entities
     struct Entity

@@ -284,7 +284,11 @@ void DwgVerifier::compareSettings(const DwgFile& file) const
     const quint64 root = m_database.getNamedObjectsDictionaryId().getHandle().value();
     const bool isRoot =
         !m_meant.records.contains(root) || header.reference(QStringLiteral("*NAMED")) == root;
-    if (!header.isSound() || !hasSeed || !isRoot || !saysVariables(header) || !isMode || !isLayer)
+    const bool isClass = !m_meant.addsVariableClass
+        || DwgClasses(file, m_source.format()).number("DICTIONARYVAR")
+            == m_source.classes().nextNumber();
+    if (!header.isSound() || !hasSeed || !isClass || !isRoot || !saysVariables(header) || !isMode
+        || !isLayer)
         throw OdError_FileAccess(OdResult::CantWriteFile,
                                  tr("What was written does not say what the drawing says: its "
                                     "settings differ. The file is as it was."));

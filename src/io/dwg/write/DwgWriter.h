@@ -47,6 +47,7 @@ private:
     void addLayer(quint32 slot, NewDwgRecords::Head head);
     void addDictionary(quint32 slot, const NewDwgRecords::Head& head);
     void addEntity(quint32 slot, const NewDwgRecords::Head& head);
+    void addVariable(quint32 slot, const NewDwgRecords::Head& head);
     void addXrecord(quint32 slot, NewDwgRecords::Head head, const XrecordState& state);
     NewDwgRecords::EntityHead entityHead(quint32 slot, const GroupList& groups) const;
     NewDwgRecords::Head headOf(quint32 slot) const;

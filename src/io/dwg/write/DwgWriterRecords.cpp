@@ -35,10 +35,6 @@ NewDwgRecords::Head DwgWriter::headOf(quint32 slot) const
 
 QString DwgWriter::whyNotHeld(quint32 slot) const
 {
-    if (m_store.type(slot) == RecordType::DictionaryVar)
-        return m_source.classes().number(kVariableClass) != 0
-            ? QString()
-            : tr("The drawing has no class for variables of its dictionary.");
     BitWriter unused;
     return m_store.type(slot) != RecordType::Xrecord
             || Spelling::freeGroups(m_source.format(), xrecordNow(slot).groups, unused)
@@ -66,14 +62,22 @@ void DwgWriter::addRecord(quint32 slot)
     case RecordType::Xrecord:
         return addXrecord(slot, head, xrecordNow(slot));
     case RecordType::DictionaryVar:
-        m_meant->variables[head.handle] = id.safeOpenObject<OdDbDictionaryVar>()->value();
-        put(slot, head.handle,
-            m_newRecords.variable(head, m_source.classes().number(kVariableClass),
-                                  id.safeOpenObject<OdDbDictionaryVar>()->value()));
-        return;
+        return addVariable(slot, head);
     default:
         return;
     }
+}
+
+void DwgWriter::addVariable(quint32 slot, const NewDwgRecords::Head& head)
+{
+    const QString value = m_database.idOfSlot(slot).safeOpenObject<OdDbDictionaryVar>()->value();
+    quint16 type = m_source.classes().number(kVariableClass);
+    if (type == 0) {
+        type = m_source.classes().nextNumber();
+        m_meant->addsVariableClass = true;
+    }
+    m_meant->variables[head.handle] = value;
+    put(slot, head.handle, m_newRecords.variable(head, type, value));
 }
 
 void DwgWriter::addDictionary(quint32 slot, const NewDwgRecords::Head& head)

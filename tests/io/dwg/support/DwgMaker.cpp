@@ -39,7 +39,7 @@ DwgMaker::DwgMaker(const MadeDrawing& drawing)
     , m_records(MadeRecords(drawing, m_format).all())
     , m_seed(m_records.rbegin()->first + 1)
     , m_header(m_sections.header(m_seed, drawing.references))
-    , m_classes(m_sections.classes())
+    , m_classes(m_sections.classes(drawing.hasVariables))
 { }
 
 void DwgMaker::damage(std::size_t part, std::size_t place, quint8 bits)

@@ -44,6 +44,7 @@ struct MadeDrawing
     std::vector<std::size_t> groupLayers;
     QString stateName; ///< of a state that has all layers as they are
     QString stateDescription;
+    bool hasVariables = true; ///< of its dictionary, and a class for them
     std::map<QByteArray, quint64> references; ///< handles that the header variables have amiss
     // In versions with pages:
     bool isEncrypted = false; ///< the head says that parts are

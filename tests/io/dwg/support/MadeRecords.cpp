@@ -199,9 +199,13 @@ void MadeRecords::addDictionaries()
     add(Layouts, Named, {{QStringLiteral("Model"), ModelLayout}, {QStringLiteral("Sheet"), Sheet}});
     add(PlotStyles, Named, {{QStringLiteral("Normal"), PlotStyle}});
     put(PlotStyle, begin(kPlaceholder, {PlotStyle, PlotStyles}));
-    add(Variables, Named, {{QStringLiteral("LAYEREVAL"), LayerEval}});
-    m_records[LayerEval] =
-        m_new.variable({LayerEval, Variables}, kVariableType, QStringLiteral("1"));
+    if (m_drawing.hasVariables) {
+        add(Variables, Named, {{QStringLiteral("LAYEREVAL"), LayerEval}});
+        m_records[LayerEval] =
+            m_new.variable({LayerEval, Variables}, kVariableType, QStringLiteral("1"));
+    } else {
+        add(Variables, Named, {});
+    }
     add(LayerExtras, LayerControl,
         {{QStringLiteral("ACAD_LAYERSTATES"), States},
          {QStringLiteral("ACLYDICTIONARY"), Filters}});

@@ -120,32 +120,35 @@ QByteArray MadeSections::header(quint64 seed, const std::map<QByteArray, quint64
     return marked(kHeaderMark, parts.body(apart, handlesAt));
 }
 
-QByteArray MadeSections::classes() const
+QByteArray MadeSections::classes(bool forVariables) const
 {
     constexpr qint16 kObjectClass = 0x1F3;
     const bool apart = hasTextStream(m_format.version);
     const bool counts = m_format.version >= DrawingVersion::V2004;
+    const auto highest = static_cast<qint16>(MadeRecords::kVariableType - (forVariables ? 0 : 1));
     RecordParts parts;
     parts.version = m_format.version;
     BitWriter& data = parts.data;
     if (apart)
         data.rawLong(0);
     if (counts) {
-        data.bitShort(static_cast<qint16>(MadeRecords::kVariableType)); // the highest one
+        data.bitShort(highest);
         data.rawShort(0);
         data.bit(true);
     }
-    data.bitShort(static_cast<qint16>(MadeRecords::kVariableType));
-    data.bitShort(0);
-    for (const char* text : {"ObjectDBX Classes", "AcDbDictionaryVar", "DICTIONARYVAR"})
-        (apart ? parts.text : data).append(Spelling::text(m_format, QString::fromLatin1(text)));
-    parts.hasText = apart;
-    data.bit(false);
-    data.bitShort(kObjectClass);
-    if (counts) {
-        for (const int number : {1, 0, 0, 0, 0}) // how many there are, versions
-            data.bitLong(number);
+    if (forVariables) {
+        data.bitShort(highest);
+        data.bitShort(0);
+        for (const char* text : {"ObjectDBX Classes", "AcDbDictionaryVar", "DICTIONARYVAR"})
+            (apart ? parts.text : data).append(Spelling::text(m_format, QString::fromLatin1(text)));
+        data.bit(false);
+        data.bitShort(kObjectClass);
+        for (const int number : {1, 0, 0, 0, 0}) { // how many there are, versions
+            if (counts)
+                data.bitLong(number);
+        }
     }
+    parts.hasText = apart && forVariables;
     quint64 handlesAt = 0;
     return marked(kClassesMark, parts.body(apart, handlesAt));
 }

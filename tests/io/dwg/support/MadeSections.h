@@ -21,7 +21,8 @@ public:
 
     /// `amiss` are handles by their names that are others than usual.
     QByteArray header(quint64 seed, const std::map<QByteArray, quint64>& amiss) const;
-    QByteArray classes() const;
+    /// With one for variables of the dictionary, or none.
+    QByteArray classes(bool forVariables) const;
     QByteArray auxHeader(quint64 seed) const;
     /// `objects` is where the records start in a flat file.
     QByteArray freeSpace(std::size_t records, quint32 objects) const;

@@ -8,6 +8,7 @@
 #include "io/dwg/container/PagedFile.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/sections/TemplateSection.h"
+#include "io/dwg/write/file/ClassesPatch.h"
 #include "io/dwg/write/file/FlatFileWriter.h"
 #include "io/dwg/write/file/HeaderPatch.h"
 #include "io/dwg/write/file/PagedFileWriter.h"
@@ -186,6 +187,8 @@ DrawingPieces DwgFileBuilder::buildPaged(PagedFile& file, quint64 seed)
         writer.replace("AcDb:Header", header);
     if (!m_template.isEmpty())
         writer.replace("AcDb:Template", m_template);
+    if (m_meant.addsVariableClass)
+        writer.replace("AcDb:Classes", ClassesPatch::withVariableClass(m_source));
     if (seed != m_oldSeed) {
         if (const PagedFile::Section* aux = file.find(PageForm::kAuxHeader))
             writer.replace(PageForm::kAuxHeader, auxHeader(file.unpacked(*aux), seed));
@@ -216,6 +219,9 @@ DrawingPieces DwgFileBuilder::buildFlat(const FlatFile& file, quint64 seed)
         writer.replace(static_cast<int>(DwgSection::Header), header);
     if (!m_template.isEmpty())
         writer.replace(static_cast<int>(DwgSection::Template), m_template);
+    if (m_meant.addsVariableClass)
+        writer.replace(static_cast<int>(DwgSection::Classes),
+                       ClassesPatch::withVariableClass(m_source));
     if (seed != m_oldSeed) {
         writer.setSeed(seed);
         writer.replace(FlatFile::kAuxHeader,

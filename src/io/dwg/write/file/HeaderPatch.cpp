@@ -1,9 +1,6 @@
 #include "io/dwg/write/file/HeaderPatch.h"
 
-#include "io/dwg/bits/Checksums.h"
 #include "io/dwg/write/Spelling.h"
-
-#include <QtEndian>
 
 namespace {
 
@@ -104,15 +101,6 @@ QByteArray HeaderPatch::result()
         bits.bitLong(static_cast<qint32>(flags));
         m_patch.replace(RecordPatch::Stream::Data, place->data, bits);
     }
-    const QByteArrayView old = m_source.file().section(DwgSection::Header);
-    const QByteArray body = m_patch.body();
-    const auto head = static_cast<qsizetype>(m_section.body().data() - old.data());
-    QByteArray section = old.first(head).toByteArray();
-    qToLittleEndian(static_cast<quint32>(body.size()), section.data() + SectionStreams::kMarkSize);
-    section += body;
-    const quint16 sum = Checksums::crc16(QByteArrayView(section).sliced(SectionStreams::kMarkSize));
-    section.append(static_cast<char>(sum & 0xFF));
-    section.append(static_cast<char>(sum >> 8));
-    section += old.sliced(head + m_section.body().size() + 2);
-    return section;
+    return SectionStreams::withBody(m_section, m_source.file().section(DwgSection::Header),
+                                    m_patch.body());
 }
