@@ -7,6 +7,7 @@
 #include "database/store/HeaderVariables.h"
 #include "database/store/ObjectStore.h"
 #include "database/tables/OdDbLayerTable.h"
+#include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
 #include "io/dwg/container/Lz77.h"
 #include "io/dwg/container/PageForm.h"
@@ -198,6 +199,39 @@ TEST(DwgPreview, ItsPicturesAreListedByTheirNewPlaces)
     EXPECT_TRUE(PreviewSection::movedList(preview.chopped(2), 1).isEmpty());
     EXPECT_TRUE(PreviewSection::movedList(preview.first(20), 1).isEmpty());
     EXPECT_TRUE(PreviewSection::movedList(preview.sliced(1), 1).isEmpty());
+}
+
+/// Where the preview stands, and how far behind that its pictures do.
+std::vector<quint32> picturesOf(const QByteArray& file)
+{
+    constexpr qsizetype kAddress = 0x0D;
+    constexpr qsizetype kCount = 20;
+    std::vector<quint32> places = {PageForm::word<quint32>(file.constData() + kAddress)};
+    const QByteArrayView preview = QByteArrayView(file).sliced(places.front());
+    EXPECT_TRUE(preview.startsWith("\x1F\x25\x6D\x07"));
+    for (int i = 0; i < preview[kCount]; ++i)
+        places.push_back(PageForm::word<quint32>(preview.data() + kCount + 2 + 9 * i)
+                         - places.front());
+    return places;
+}
+
+TEST(DwgPreview, ItsPicturesAreWhereItSays)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    int pictures = 0;
+    for (const QString& path : DwgFiles::readable()) {
+        const auto drawing = readDrawing(path);
+        if (!DwgFiles::faults(*drawing).isEmpty()
+            || !DrawingSource::of(*drawing).refusal().isEmpty())
+            continue;
+        SCOPED_TRACE(path.toStdString());
+        const QByteArray before = drawingBytes(*drawing);
+        const std::vector<quint32> there = picturesOf(before);
+        const std::vector<quint32> after = picturesOf(savedWithMore(before));
+        EXPECT_TRUE(std::equal(there.begin() + 1, there.end(), after.begin() + 1, after.end()));
+        pictures += static_cast<int>(there.size()) - 1;
+    }
+    EXPECT_GT(pictures, 5);
 }
 
 TEST(DwgTemplate, TellsTheUnitsBehindItsDescription)

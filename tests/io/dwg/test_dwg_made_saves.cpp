@@ -285,7 +285,7 @@ TEST_P(MadeSaves, SettingsAndNewEntitiesAreLookedFor)
 {
     drawing->setHeaderVariable(QStringLiteral("$LTSCALE"), 40, QStringLiteral("2.125"));
     drawing->setHeaderVariable(QStringLiteral("$CELTYPE"), 6, QStringLiteral("DASHED"));
-    drawing->setHeaderVariable(QStringLiteral("$MEASUREMENT"), 70, QStringLiteral("1"));
+    drawing->setHeaderVariable(QStringLiteral("$MEASUREMENT"), 70, QStringLiteral("0"));
     GroupList groups = {{62, "3"}, {10, "1.5"}, {20, "2.5"}, {30, "0"}};
     for (const auto& [code, value] : {std::pair(40, "2.5"), {1, "it"}, {50, "30.5"}})
         groups.append(code, value);

@@ -92,7 +92,7 @@ TEST(MadeSumsOfAFlatFile, ASaveWritesTheHeadAndTheSecondHeaderForTheNewPlaces)
                 == sections.secondHeader(static_cast<quint64>(last), file.locators(), seed));
     EXPECT_NE(saved.size(), DwgMaker::sample(DrawingVersion::V2000).size());
     const auto preview = PageForm::word<quint32>(saved.constData() + kPreviewAt);
-    EXPECT_TRUE(saved.sliced(preview).startsWith(MadeSections::preview()));
+    EXPECT_TRUE(saved.sliced(preview).startsWith(MadeSections::preview(preview)));
 }
 
 TEST_P(MadeSumsOfPages, ASaveWritesTheHeadAndItsCopyForTheNewPlaces)
@@ -120,7 +120,7 @@ TEST_P(MadeSumsOfPages, ASaveWritesTheHeadAndItsCopyForTheNewPlaces)
         EXPECT_EQ(file.unpacked(section).size(), static_cast<qsizetype>(section.size));
     EXPECT_EQ(file.faults(), QStringList());
     const auto preview = word<quint32>(saved.constData() + kPreviewAt);
-    EXPECT_TRUE(saved.sliced(preview).startsWith(MadeSections::preview()));
+    EXPECT_TRUE(saved.sliced(preview).startsWith(MadeSections::preview(preview)));
 }
 
 /// The sentences for which a drawing was opened for reading only, joined.

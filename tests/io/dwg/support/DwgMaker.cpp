@@ -21,6 +21,8 @@ constexpr quint32 kObjectsMark = 0x0DCA; ///< stands ahead of the records
 constexpr QByteArrayView
     kHeadEnd("\x95\xA0\x4E\x28\x99\x82\x1A\xE5\x5E\x41\xE0\x5F\x9D\x3A\x4D\x00", 16);
 
+/// No description, metric units.
+constexpr QByteArrayView kMetricTemplate("\0\0\1\0", 4);
 enum SectionNumber { kHeader, kClasses, kMap, kFreeSpace, kTemplate, kAux };
 
 QByteArray fourBytes(quint32 value)
@@ -107,7 +109,7 @@ QByteArray DwgMaker::flat() const
     };
     append(kAux, m_sections.auxHeader(m_seed));
     put(file, kPreviewAt, static_cast<quint32>(file.size()));
-    file += MadeSections::preview();
+    file += MadeSections::preview(static_cast<quint32>(file.size()));
     append(kHeader, m_header);
     append(kClasses, m_classes);
     const auto objects = static_cast<quint32>(file.size());
@@ -116,7 +118,7 @@ QByteArray DwgMaker::flat() const
     appendRecords(file, 0, places);
     append(kMap, ObjectMap::spelled(places));
     append(kFreeSpace, m_sections.freeSpace(places.size(), objects));
-    append(kTemplate, QByteArray(4, '\0'));
+    append(kTemplate, kMetricTemplate.toByteArray());
 
     put<quint32>(file, kLocatorCountAt, kSections);
     auto at = static_cast<qsizetype>(FlatFile::kLocatorsAt);
@@ -183,14 +185,25 @@ QByteArray DwgMaker::paged() const
         {"AcDb:Handles", ObjectMap::spelled(places)},
         {"AcDb:AcDbObjects", objects},
         {"AcDb:ObjFreeSpace", m_sections.freeSpace(places.size(), 0)},
-        {"AcDb:Template", QByteArray(4, '\0')},
+        {"AcDb:Template", kMetricTemplate.toByteArray()},
         {"AcDb:AuxHeader", m_sections.auxHeader(m_seed)},
-        {"AcDb:Preview", MadeSections::preview()},
+        {"AcDb:Preview", MadeSections::preview(0)},
         {"AcDb:SummaryInfo", QByteArray(64, '\0')},
     };
     sections["AcDb:SummaryInfo"][0] = 1;
     if (!m_drawing.moreSection.isEmpty())
         sections[m_drawing.moreSection] = QByteArray(64, '\x5A');
+    // Where the preview stands is known when the file is there.
+    const auto preview = PageForm::word<quint32>(pagedWith(sections).constData() + kPreviewAt);
+    sections["AcDb:Preview"] = MadeSections::preview(preview);
+    QByteArray file = pagedWith(sections);
+    if (m_drawing.isEncrypted)
+        put<quint32>(file, kSecurityAt, 1);
+    return file;
+}
+
+QByteArray DwgMaker::pagedWith(const std::map<QByteArray, QByteArray>& sections) const
+{
     const auto open = [&](const QByteArray& bytes) {
         return PagedFile(FileImage::copyOf(bytes, QStringLiteral("made.dwg")), m_drawing.version);
     };
@@ -210,7 +223,5 @@ QByteArray DwgMaker::paged() const
         const PagedFile::Page* page = made.page(made.find(name)->pages.front().number);
         put(file, field, static_cast<quint32>(page->offset + PageForm::kDataHead));
     }
-    if (m_drawing.isEncrypted)
-        put<quint32>(file, kSecurityAt, 1);
     return file;
 }

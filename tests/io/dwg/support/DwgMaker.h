@@ -25,6 +25,7 @@ public:
 private:
     QByteArray flat() const;
     QByteArray paged() const;
+    QByteArray pagedWith(const std::map<QByteArray, QByteArray>& sections) const;
     /// Appends all records; `places` gets where each stands, `base` is where `out` will stand.
     void appendRecords(QByteArray& out, quint64 base, std::vector<ObjectMap::Entry>& places) const;
     QByteArray head(qsizetype size) const;

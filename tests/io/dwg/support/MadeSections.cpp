@@ -214,11 +214,17 @@ QByteArray MadeSections::freeSpace(std::size_t records, quint32 objects) const
     return out.bytes();
 }
 
-QByteArray MadeSections::preview()
+QByteArray MadeSections::preview(quint32 place)
 {
+    constexpr QByteArrayView kPicture("picture");
+    constexpr quint32 kList = 1 + 9; // the number of pictures, and one entry
     BitWriter out;
-    out.rawLong(1);
-    out.rawChar(0); // pictures
+    out.rawLong(kList + static_cast<quint32>(kPicture.size()));
+    out.rawChar(1);
+    out.rawChar(2); // its kind
+    out.rawLong(place + static_cast<quint32>(kPreviewMark.size()) + 4 + kList);
+    out.rawLong(static_cast<quint32>(kPicture.size()));
+    out.raw(kPicture);
     return kPreviewMark.toByteArray() + out.bytes() + inverse(kPreviewMark);
 }
 

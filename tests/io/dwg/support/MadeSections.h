@@ -26,8 +26,8 @@ public:
     QByteArray auxHeader(quint64 seed) const;
     /// `objects` is where the records start in a flat file.
     QByteArray freeSpace(std::size_t records, quint32 objects) const;
-    /// A preview without pictures.
-    static QByteArray preview();
+    /// A preview that stands there, with a picture of some bytes.
+    static QByteArray preview(quint32 place);
     /// Of version 2000: `address` is where it starts, its mark included.
     QByteArray secondHeader(quint64 address, const std::vector<FlatFile::Locator>& locators,
                             quint64 seed) const;
