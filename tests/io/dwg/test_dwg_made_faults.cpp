@@ -117,9 +117,10 @@ TEST_P(MadeFaults, ABlockWhoseBeginningIsNowhereOpensItForReadingOnly)
     const DwgParts parts(maker.bytes());
     const auto bytes = static_cast<std::size_t>(parts.records().at(MadeHandle::ModelSpace).size());
     int found = 0;
-    for (std::size_t place = 0; place < bytes; ++place) {
+    for (std::size_t place = 0; place < 2 * bytes; ++place) {
         DwgMaker damaged(drawing);
-        damaged.damage(damaged.partOf(MadeHandle::ModelSpace), place, 0x10);
+        damaged.damage(damaged.partOf(MadeHandle::ModelSpace), place / 2,
+                       place % 2 == 0 ? 0x10 : 0x01);
         try {
             const auto read = opened(damaged.bytes());
             const QString faults = DwgFiles::faults(*read).join(QLatin1Char(' '));

@@ -6,6 +6,7 @@
 #include "database/store/HeaderVariables.h"
 #include "database/store/ObjectStore.h"
 #include "database/tables/OdDbLayerTable.h"
+#include "database/values/GroupCursor.h"
 #include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
 #include "io/dwg/records/SheetRecords.h"
@@ -309,7 +310,41 @@ TEST_P(MadeSaves, SettingsAndNewEntitiesAreLookedFor)
         });
     }
     proof.expectEachMissed(&DwgMeant::entities, "linetype", [](auto& made) { ++made.linetype; });
+    proof.expectEachMissed(&DwgMeant::entities, "kind", [](auto& made) { ++made.linetypeKind; });
     proof.expectEachMissed(&DwgMeant::layers, "layer", [](quint64& handle) { ++handle; });
+}
+
+TEST_P(MadeSaves, NewEntitiesHaveTheirLinetypesWeightsAndColors)
+{
+    const auto line = [&](int code, const char* value) {
+        return drawing
+            ->addEntity(
+                "LINE",
+                {{code, value}, {10, "0"}, {20, "0"}, {30, "0"}, {11, "5"}, {21, "5"}, {31, "1"}},
+                drawing->getModelSpaceId(), drawing->getCLAYER())
+            .getHandle()
+            .value();
+    };
+    const std::pair<int, const char*> properties[] = {
+        {6, "ByBlock"}, {6, "byblock"}, {6, "Continuous"}, {6, "DASHED"}, {62, "0"},  {62, "255"},
+        {370, "-3"},    {370, "-2"},    {370, "0"},        {370, "211"},  {48, "0.5"}};
+    std::map<quint64, std::pair<int, QByteArray>> drawn;
+    for (const auto& [code, value] : properties)
+        drawn[line(code, value)] = {code, value};
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("drawn.dwg"));
+    ASSERT_NO_THROW(writeDrawing(*drawing, path));
+    const auto again = readDrawing(path);
+    const auto cursor = again->makeCursor();
+    for (const auto& [handle, property] : drawn) {
+        cursor->open(again->store().find(handle));
+        QByteArray found;
+        while (cursor->next()) {
+            if (cursor->code() == property.first)
+                found = cursor->bytes().toByteArray();
+        }
+        EXPECT_EQ(found.toLower(), property.second.toLower());
+    }
 }
 
 TEST_P(MadeSaves, TextsThatReadLikeEscapesStayWhatTheyAre)

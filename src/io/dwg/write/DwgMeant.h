@@ -27,7 +27,9 @@ struct DwgMeant
     struct Entity
     {
         GroupList groups;
-        quint64 linetype = 0; ///< where it has one of its own
+        // As DwgEntityHead has them.
+        quint8 linetypeKind = 0;
+        quint64 linetype = 0;
     };
     std::map<quint64, Entity> entities; ///< new ones
     std::map<QString, QString> settings; ///< header variables, as HeaderSection has them

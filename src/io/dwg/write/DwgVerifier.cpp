@@ -247,7 +247,8 @@ bool DwgVerifier::saysEntity(const DwgFile& file, const ObjectMap::Entry& entry,
         return true;
     DwgCursor cursor(m_source, DwgRecord(m_source.format(), file.section(DwgSection::Objects)));
     cursor.openAt(entry.offset, true);
-    return entity.linetype == meant->second.linetype && isSame(cursor, meant->second.groups);
+    return entity.linetypeKind == meant->second.linetypeKind
+        && entity.linetype == meant->second.linetype && isSame(cursor, meant->second.groups);
 }
 
 bool DwgVerifier::saysVariables(const HeaderSection& header) const

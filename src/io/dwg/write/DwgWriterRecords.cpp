@@ -129,7 +129,7 @@ NewDwgRecords::EntityHead DwgWriter::entityHead(quint32 slot, const GroupList& g
             const OdDbObjectId linetype = m_database.table(OdDbTableKind::Linetype).getAt(name);
             const bool isByBlock = name.compare(QLatin1String("ByBlock"), Qt::CaseInsensitive) == 0;
             head.linetypeKind = isByBlock ? kByBlock : linetype.isNull() ? quint8(0) : kNamed;
-            head.linetype = linetype.isNull() ? 0 : linetype.getHandle().value();
+            head.linetype = head.linetypeKind == kNamed ? linetype.getHandle().value() : quint64(0);
         }
     }
     return head;
@@ -148,7 +148,7 @@ void DwgWriter::addEntity(quint32 slot, const NewDwgRecords::Head& head)
                                .arg(QString::fromLatin1(m_store.typeName(slot))));
     put(slot, head.handle, *record);
     m_meant->layers[head.handle] = entity.layer;
-    m_meant->entities[head.handle] = {*made->madeGroups(), entity.linetype};
+    m_meant->entities[head.handle] = {*made->madeGroups(), entity.linetypeKind, entity.linetype};
     m_changedBlocks.insert(m_store.owner(slot));
 }
 

@@ -28,6 +28,7 @@ QString tr(const char* text)
 
 /// Of linetypes; other names are not the program's to set.
 constexpr const char* kLinetypeVariable = "$CELTYPE";
+constexpr const char* kWeightVariable = "$CELWEIGHT";
 constexpr const char* kMeasurement = "$MEASUREMENT";
 
 } // namespace
@@ -140,8 +141,12 @@ std::optional<QString> DwgFileBuilder::setVariable(HeaderPatch& patch,
             return std::nullopt;
         return QString::number(linetype, 16).toUpper();
     }
-    return patch.setValue(variable.name, variable.value) ? std::optional(variable.value)
-                                                         : std::nullopt;
+    if (!patch.setValue(variable.name, variable.value))
+        return std::nullopt;
+    // There are numbers for known lineweights only.
+    return variable.name == QLatin1String(kWeightVariable) ? QString::number(
+               dwgLineWeight(dwgLineWeightNumber(static_cast<qint16>(variable.value.toInt()))))
+                                                           : variable.value;
 }
 
 QByteArray DwgFileBuilder::auxHeader(QByteArray section, quint64 seed) const
