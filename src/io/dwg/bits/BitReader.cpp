@@ -1,5 +1,7 @@
 #include "io/dwg/bits/BitReader.h"
 
+#include <algorithm>
+
 qint16 BitReader::bitShort()
 {
     switch (bits(2)) {
@@ -145,8 +147,12 @@ DwgHandle BitReader::handle()
         m_failed = true;
         return handle;
     }
-    for (unsigned i = 0; i < length; ++i)
-        handle.value = handle.value << 8 | rawChar();
+    // Highest byte first.
+    constexpr unsigned kWord = 4;
+    if (length > kWord)
+        handle.value = quint64(bits(8 * (length - kWord))) << 32;
+    if (length > 0)
+        handle.value |= bits(8 * std::min(length, kWord));
     return handle;
 }
 

@@ -60,7 +60,10 @@ void PagedFile::readSections()
         if (!claim(found->size))
             failForSize(*found);
         try {
-            m_unpacked[i] = unpack(*found);
+            QStringList faults;
+            m_unpacked[i] = unpack(*found, faults);
+            for (const QString& sentence : std::as_const(faults))
+                addFault(sentence);
         } catch (const OdError&) {
             if (i != static_cast<std::size_t>(DwgSection::Template))
                 throw;
@@ -73,7 +76,7 @@ void PagedFile::requireAuxHeader()
 {
     try {
         if (const Section* section = find(kAuxHeader))
-            unpack(*section);
+            (void)unpacked(*section);
     } catch (const OdError&) {
         addFault(tr("The section %1 is damaged.").arg(QLatin1String(kAuxHeader)));
     }
@@ -186,7 +189,7 @@ void PagedFile::failForSize(const Section& section) const
              .arg(section.size));
 }
 
-QByteArray PagedFile::unpack(const Section& section)
+QByteArray PagedFile::unpack(const Section& section, QStringList& faults) const
 {
     const QString name = QString::fromLatin1(section.name);
     if (!canHold(section.size))
@@ -203,13 +206,14 @@ QByteArray PagedFile::unpack(const Section& section)
         // In order and apart, so that no page is unpacked more often than there is room for it.
         if (part.start < end || part.start >= section.size)
             fail(0, tr("the pages of the section %1 do not fit it.").arg(name));
-        unpackPage(section, part, whole.data());
+        unpackPage(section, part, whole.data(), faults);
         end = part.start + section.pageSize;
     }
     return whole;
 }
 
-void PagedFile::unpackPage(const Section& section, const SectionPage& part, char* out)
+void PagedFile::unpackPage(const Section& section, const SectionPage& part, char* out,
+                           QStringList& faults) const
 {
     const Page* place = page(part.number);
     if (!place)
@@ -222,7 +226,7 @@ void PagedFile::unpackPage(const Section& section, const SectionPage& part, char
     const quint32 sum = Checksums::page(packed);
     if (sum != word<quint32>(head.data() + kDataSum)
         || headSum(head, kDataHeadSum, sum) != word<quint32>(head.data() + kDataHeadSum))
-        addFault(tr("The check sum of the page at byte %1 is wrong.").arg(place->offset));
+        faults << tr("The check sum of the page at byte %1 is wrong.").arg(place->offset);
     const auto size =
         static_cast<qsizetype>(std::min<quint64>(section.pageSize, section.size - part.start));
     if (!section.compressed) {
@@ -236,17 +240,25 @@ void PagedFile::unpackPage(const Section& section, const SectionPage& part, char
              section.encrypted == 1 ? tr("the page is encrypted.")
                                     : tr("the page cannot be unpacked."));
     if (got < size)
-        addFault(tr("The page at byte %1 ends too early.").arg(place->offset));
+        faults << tr("The page at byte %1 ends too early.").arg(place->offset);
     std::copy_n(unpacked.constData(), std::min(got, size), out + part.start);
 }
 
-QByteArray PagedFile::unpacked(const Section& section)
+QByteArrayView PagedFile::kept(const Section& section) const
 {
     for (std::size_t i = 0; i < kSectionNames.size(); ++i) {
         if (find(kSectionNames[i]) == &section)
-            return m_unpacked[i].chopped(kPadding);
+            return this->section(static_cast<DwgSection>(i));
     }
-    return unpack(section).chopped(kPadding);
+    return {};
+}
+
+QByteArray PagedFile::unpacked(const Section& section) const
+{
+    if (const QByteArrayView bytes = kept(section); !bytes.isEmpty())
+        return bytes.toByteArray();
+    QStringList faults; // nobody reads it
+    return unpack(section, faults).chopped(kPadding);
 }
 
 QByteArrayView PagedFile::section(DwgSection section) const

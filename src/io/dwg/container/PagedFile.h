@@ -44,8 +44,10 @@ public:
     const std::vector<Page>& pages() const { return m_pages; }
     const std::vector<Section>& sections() const { return m_sections; }
     const Section* find(QByteArrayView name) const;
-    /// The bytes of a section. Raises OdError_InvalidDrawing; wrong sums are faults.
-    QByteArray unpacked(const Section& section);
+    /// The bytes of a section. Raises OdError_InvalidDrawing.
+    QByteArray unpacked(const Section& section) const;
+    /// The same without a copy, of a section that is read; of others nothing.
+    QByteArrayView kept(const Section& section) const;
     const Page* page(int number) const;
     /// The first bytes of the section map, with the number of sections.
     const QByteArray& sectionMapHead() const { return m_sectionMapHead; }
@@ -67,9 +69,10 @@ private:
     const char* readSection(const char* at, const char* end);
     QByteArray systemPage(quint64 offset, quint32 type);
     [[noreturn]] void failForSize(const Section& section) const;
-    /// With padding for a BitReader behind.
-    QByteArray unpack(const Section& section);
-    void unpackPage(const Section& section, const SectionPage& part, char* out);
+    /// With padding for a BitReader behind; what is wrong with it goes to `faults`.
+    QByteArray unpack(const Section& section, QStringList& faults) const;
+    void unpackPage(const Section& section, const SectionPage& part, char* out,
+                    QStringList& faults) const;
 
     std::vector<Page> m_pages;
     QHash<int, std::size_t> m_pageIndex;

@@ -31,7 +31,6 @@ public:
     void verify(const OdDbDatabase& database, const DrawingPieces& pieces,
                 const WrittenBytes& written) const override;
 
-    const std::shared_ptr<const FileImage>& sharedImage() const { return m_file->sharedImage(); }
     const DwgFile& file() const { return *m_file; }
     const DwgFormat& format() const { return m_format; }
     const DwgClasses& classes() const { return m_classes; }

@@ -177,14 +177,12 @@ DrawingPieces DwgFileBuilder::build(quint64 highestNew)
     m_oldSeed =
         HeaderSection(m_source.file(), m_source.format()).reference(QStringLiteral("$HANDSEED"));
     const quint64 seed = std::max(m_oldSeed, highestNew == 0 ? 0 : highestNew + 1);
-    // The containers are read anew: what they hold is not kept while the drawing is open.
-    const std::unique_ptr<DwgFile> file = DwgFile::open(m_source.sharedImage());
-    if (auto* paged = dynamic_cast<PagedFile*>(file.get()))
+    if (const auto* paged = dynamic_cast<const PagedFile*>(&m_source.file()))
         return buildPaged(*paged, seed);
-    return buildFlat(static_cast<const FlatFile&>(*file), seed);
+    return buildFlat(static_cast<const FlatFile&>(m_source.file()), seed);
 }
 
-DrawingPieces DwgFileBuilder::buildPaged(PagedFile& file, quint64 seed)
+DrawingPieces DwgFileBuilder::buildPaged(const PagedFile& file, quint64 seed)
 {
     const QByteArray header = headerSection(seed);
     PagedFileWriter writer(file);

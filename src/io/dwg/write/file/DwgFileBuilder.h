@@ -47,7 +47,7 @@ private:
     QByteArray auxHeader(QByteArray section, quint64 seed) const;
     /// The section of free space of a file whose records begin elsewhere now.
     static QByteArray freeSpace(const FlatFile& file, quint64 objects, quint64 moved);
-    DrawingPieces buildPaged(PagedFile& file, quint64 seed);
+    DrawingPieces buildPaged(const PagedFile& file, quint64 seed);
     DrawingPieces buildFlat(const FlatFile& file, quint64 seed);
 
     const DwgObjectSource& m_source;

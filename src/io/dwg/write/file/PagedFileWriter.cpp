@@ -91,24 +91,28 @@ void PagedFileWriter::addSection(const PagedFile::Section& old)
             section.pages.push_back(addPage(section, part.start, m_file.packedPage(part)));
         }
     } else {
-        const QByteArray before = m_file.unpacked(old);
-        const QByteArray& after = replaced->second;
+        const QByteArrayView kept = m_file.kept(old);
+        const QByteArray own = kept.isEmpty() ? m_file.unpacked(old) : QByteArray();
+        const QByteArrayView before = kept.isEmpty() ? QByteArrayView(own) : kept;
+        const QByteArrayView after = replaced->second;
         section.size = static_cast<quint64>(after.size());
         std::map<quint64, const PagedFile::SectionPage*> present;
         for (const PagedFile::SectionPage& part : old.pages)
             present[part.start] = &part;
         for (quint64 start = 0; start < section.size; start += section.pageSize) {
             const auto from = static_cast<qsizetype>(start);
-            QByteArray plain = after.mid(from, section.pageSize);
-            const auto part = present.find(start);
-            if (part != present.end())
-                noteMove(*part->second);
-            const bool kept = part != present.end() && old.size - start >= section.pageSize
-                && plain.size() == static_cast<qsizetype>(section.pageSize)
-                && plain == QByteArrayView(before).sliced(from, plain.size());
-            if (kept) {
-                section.pages.push_back(addPage(section, start, m_file.packedPage(*part->second)));
-            } else if (!isZero(plain)) { // such a page has no place in the file
+            const QByteArrayView part =
+                after.sliced(from, std::min<qsizetype>(section.pageSize, after.size() - from));
+            const auto there = present.find(start);
+            if (there != present.end())
+                noteMove(*there->second);
+            const bool stays = there != present.end() && old.size - start >= section.pageSize
+                && part.size() == static_cast<qsizetype>(section.pageSize)
+                && part == before.sliced(from, part.size());
+            if (stays) {
+                section.pages.push_back(addPage(section, start, m_file.packedPage(*there->second)));
+            } else if (!isZero(part)) { // such a page has no place in the file
+                QByteArray plain = part.toByteArray();
                 plain.resize(section.pageSize, '\0');
                 const QByteArray packed = section.compressed ? Lz77::pack(plain) : plain;
                 section.pages.push_back(addPage(section, start, {packed, Checksums::page(packed)}));

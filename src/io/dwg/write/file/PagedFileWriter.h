@@ -13,7 +13,7 @@
 class PagedFileWriter
 {
 public:
-    explicit PagedFileWriter(PagedFile& file)
+    explicit PagedFileWriter(const PagedFile& file)
         : m_file(file)
     { }
 
@@ -47,7 +47,7 @@ private:
     void moveAddress(qsizetype field);
     DrawingPieces pieces();
 
-    PagedFile& m_file;
+    const PagedFile& m_file;
     std::map<QByteArray, QByteArray> m_replaced;
     QByteArray m_out;
     std::vector<PagedFile::Page> m_pages;
