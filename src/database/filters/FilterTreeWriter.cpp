@@ -144,6 +144,7 @@ void FilterTreeWriter::writeNested(OdDbObjectId owner, const OdLyLayerFilter& pa
     // Entries of filters that are gone go; other classes stay where they are.
     std::vector<DictionaryEntry> entries;
     std::vector<OdDbObjectId> gone;
+    QSet<QString> keys;
     quint32 number = 0; // the highest, of whatever entry
     for (const DictionaryEntry& entry : dictionary.openObject<OdDbDictionary>()->entries()) {
         const bool isFilter = FilterRecords::read(m_database, entry.value).get() != nullptr;
@@ -152,15 +153,22 @@ void FilterTreeWriter::writeNested(OdDbObjectId owner, const OdLyLayerFilter& pa
             continue;
         }
         entries.push_back(entry);
+        keys.insert(entry.key.toCaseFolded());
         number = std::max(number, FilterRecords::numberOf(entry.key));
     }
     for (const OdLyLayerFilterPtr& child : children) {
-        const QString key =
-            isOwnRecord(*child, dictionary) ? QString() : FilterRecords::keyOf(++number);
+        QString key;
+        if (!isOwnRecord(*child, dictionary)) {
+            do
+                key = FilterRecords::keyOf(++number);
+            while (keys.contains(key.toCaseFolded()));
+        }
         const OdDbObjectId record = writeFilter(dictionary, *child, key);
         child->setRecord(record);
-        if (!key.isEmpty())
+        if (!key.isEmpty()) {
             entries.push_back({key, record});
+            keys.insert(key.toCaseFolded());
+        }
         writeNested(record, *child);
     }
     dictionary.safeOpenObject<OdDbDictionary>(OdDb::kForWrite)->setEntries(entries);

@@ -196,6 +196,12 @@ TEST(DwgPreview, ItsPicturesAreListedByTheirNewPlaces)
               "640000000201070200005000000002270200006"
               "0000000");
     EXPECT_EQ(PreviewSection::movedList(moved, -0x20), preview.chopped(1));
+    // Nothing is moved that has no place, nor what the size does not hold.
+    QByteArray odd = preview;
+    odd.replace(22, 4, QByteArray(4, '\0'));
+    EXPECT_EQ(PreviewSection::movedList(odd, 0x20).sliced(22, 4), QByteArray(4, '\0'));
+    odd.replace(16, 4, QByteArray("\x10\0\0\0", 4));
+    EXPECT_TRUE(PreviewSection::movedList(odd, 0x20).isEmpty());
     EXPECT_TRUE(PreviewSection::movedList(preview.chopped(2), 1).isEmpty());
     EXPECT_TRUE(PreviewSection::movedList(preview.first(20), 1).isEmpty());
     EXPECT_TRUE(PreviewSection::movedList(preview.sliced(1), 1).isEmpty());

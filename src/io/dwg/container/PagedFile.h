@@ -5,6 +5,7 @@
 #include <QHash>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 /// A DWG file of the versions 2004 and 2010 to 2018: sections are cut into pages, which are
@@ -46,6 +47,8 @@ public:
     const Section* find(QByteArrayView name) const;
     /// The bytes of a section. Raises OdError_InvalidDrawing.
     QByteArray unpacked(const Section& section) const;
+    /// The same of a section that has no fault; nothing for another.
+    std::optional<QByteArray> sound(const Section& section) const;
     /// The same without a copy, of a section that is read; of others nothing.
     QByteArrayView kept(const Section& section) const;
     const Page* page(int number) const;
@@ -62,7 +65,7 @@ public:
 private:
     void readHead();
     void readSections();
-    /// A save needs it.
+    /// A save that adds a record writes it anew.
     void requireAuxHeader();
     void readPageMap(quint64 offset);
     void readSectionMap(quint64 offset);

@@ -14,12 +14,14 @@ QByteArray PreviewSection::movedList(QByteArrayView preview, qint64 by)
         return {};
     const qsizetype count = static_cast<uchar>(preview[kCountAt]);
     const qsizetype end = kCountAt + 1 + count * kPicture;
-    if (preview.size() < end)
+    const auto size = qFromLittleEndian<quint32>(preview.data() + kMark.size());
+    if (preview.size() < end || size < end - kCountAt)
         return {};
     QByteArray list = preview.first(end).toByteArray();
     for (qsizetype at = kCountAt + 2; at < end; at += kPicture) {
         const auto place = qFromLittleEndian<quint32>(list.constData() + at);
-        qToLittleEndian(static_cast<quint32>(place + by), list.data() + at);
+        if (place != 0)
+            qToLittleEndian(static_cast<quint32>(place + by), list.data() + at);
     }
     return list;
 }

@@ -7,6 +7,7 @@
 #include "io/dwg/read/DwgCursor.h"
 #include "io/dwg/read/DwgObjectSource.h"
 #include "io/dwg/read/HandleIndex.h"
+#include "io/dwg/records/GroupForm.h"
 #include "io/dwg/records/SheetRecords.h"
 #include "io/dwg/sections/HeaderSection.h"
 #include "io/dwg/sections/ObjectMap.h"
@@ -44,8 +45,7 @@ bool isSameReal(double a, double b)
     return std::abs(a - b) <= kTolerance * std::max({1.0, std::abs(a), std::abs(b)});
 }
 
-/// Whether an entity says what the groups say that it was made of. Groups that it has not are those
-/// of plain values.
+/// Whether an entity says what the groups say that it was made of.
 bool isSame(DwgCursor& entity, const GroupList& meant)
 {
     constexpr int kLinetype = 6; // compared by handle
@@ -58,10 +58,11 @@ bool isSame(DwgCursor& entity, const GroupList& meant)
         const auto number = NumberText::real(group.value);
         if (group.code == kLinetype || group.code == kClassMark)
             return true;
-        if (found == values.end())
-            return number == 0.0;
+        const GroupForm form = groupForm(group.code);
+        if (found == values.end()) // coordinates and angles of zero need no group
+            return (form == GroupForm::Real || form == GroupForm::Point) && number == 0.0;
         return found->second.second == QString::fromUtf8(group.value)
-            || (number && isSameReal(found->second.first, *number));
+            || (form != GroupForm::Text && number && isSameReal(found->second.first, *number));
     });
 }
 
@@ -85,15 +86,41 @@ bool isSame(const std::vector<KeyedHandle>& entries, const std::vector<KeyedHand
                       });
 }
 
-/// Numbers may be written in several ways.
-bool isSameXData(const GroupList& groups, const GroupList& meant)
+/// Whether a group says the same; numbers may be written in several ways.
+bool isSameXDataGroup(const GroupList::Group& group, const GroupList::Group& meant)
 {
-    return std::equal(groups.begin(), groups.end(), meant.begin(), meant.end(),
-                      [](const GroupList::Group& is, const GroupList::Group& wanted) {
-                          const auto number = NumberText::real(wanted.value);
-                          return is.code == wanted.code
-                              && (is.value == wanted.value
-                                  || (number && NumberText::real(is.value) == number));
+    constexpr int kFirstNumber = 1010;
+    const auto number = NumberText::real(meant.value);
+    return group.code == meant.code
+        && (group.value == meant.value
+            || (group.code >= kFirstNumber && number && NumberText::real(group.value) == number));
+}
+
+using XDataByApplication = std::map<QString, std::vector<GroupList::Group>>;
+
+/// Names of applications are the same in any case; those without data are not written.
+XDataByApplication byApplication(const GroupList& xData)
+{
+    XDataByApplication all;
+    QString application;
+    for (const GroupList::Group& group : xData) {
+        if (group.code == 1001)
+            application = QString::fromUtf8(group.value).toCaseFolded();
+        else
+            all[application].push_back(group);
+    }
+    return all;
+}
+
+bool isSameXData(const GroupList& xData, const GroupList& wanted)
+{
+    const XDataByApplication is = byApplication(xData);
+    const XDataByApplication meant = byApplication(wanted);
+    return std::equal(is.begin(), is.end(), meant.begin(), meant.end(),
+                      [](const auto& a, const auto& b) {
+                          return a.first == b.first
+                              && std::equal(a.second.begin(), a.second.end(), b.second.begin(),
+                                            b.second.end(), isSameXDataGroup);
                       });
 }
 

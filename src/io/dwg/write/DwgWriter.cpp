@@ -165,21 +165,22 @@ void DwgWriter::setXrecord(quint32 slot, const XrecordState& before, const Xreco
     if (record.hasFailed())
         return;
     RecordPatch patch(record);
-    if (!(before.xData == after.xData)) {
-        m_meant->xData[head.handle] = after.xData;
-        setXData(record, head, divided(after.xData), patch);
-    }
-    if (!(before.groups == after.groups)) {
-        const auto spell = [this](const GroupList& groups, BitWriter& out) {
-            return Spelling::freeGroups(m_source.format(), groups, out);
-        };
-        BitWriter groups;
-        if (!KeptBits::groups(record.body(), fields.own, after.groups, spell, groups))
-            return tellNotKept(tr("A record holds groups that DWG drawings have no form for."));
+    const auto spell = [this](const GroupList& groups, BitWriter& out) {
+        return Spelling::freeGroups(m_source.format(), groups, out);
+    };
+    const bool changes = !(before.groups == after.groups);
+    BitWriter groups;
+    if (changes && !KeptBits::groups(record.body(), fields.own, after.groups, spell, groups)) {
+        tellNotKept(tr("A record holds groups that DWG drawings have no form for."));
+    } else if (changes) {
         BitWriter all = number(groups.size() / 8);
         all.append(groups);
         patch.replace(Stream::Data, fields.at, all);
-        m_meant->groups[m_store.handle(slot)] = after.groups;
+        m_meant->groups[head.handle] = after.groups;
+    }
+    if (!(before.xData == after.xData)) {
+        m_meant->xData[head.handle] = after.xData;
+        setXData(record, head, divided(after.xData), patch);
     }
     patched(slot, patch);
 }

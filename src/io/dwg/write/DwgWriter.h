@@ -61,9 +61,9 @@ private:
     };
     /// Extended data as DXF has them, from group 1001, by application.
     static std::vector<XData> divided(const GroupList& groups);
-    /// Those of a new record, by the handle of their application.
-    std::vector<std::pair<quint64, QByteArray>> newXData(quint64 record,
-                                                         const std::vector<XData>& blocks);
+    /// Those that are new, by the handle of their application; `taken` bytes stand there already.
+    std::vector<std::pair<quint64, QByteArray>>
+    newXData(quint64 record, const std::vector<XData>& blocks, quint64 taken = 0);
     std::vector<std::pair<quint64, QByteArray>> layerXData(quint64 record, const LayerState& layer);
     void setXData(DwgRecord& record, const DwgHead& head, std::vector<XData> wanted,
                   RecordPatch& patch);
@@ -83,7 +83,7 @@ private:
                    RecordPatch& patch) const;
     /// A layout names its viewports, and the last active one.
     void clearLayout(DwgRecord& record, RecordPatch& patch) const;
-    /// Up to version 2000 a table lists the viewports.
+    /// A table lists the viewports; programs have it up to version 2000.
     void clearViewportEntry(DwgRecord& record, RecordPatch& patch) const;
     void clearUsesOfBlock(DwgRecord& record, RecordPatch& patch) const;
     void clearGroup(DwgRecord& record, RecordPatch& patch) const;

@@ -45,14 +45,18 @@ void DwgWriter::editRecords(QByteArrayView type, EditOfRecord edit)
 {
     const RecordType wanted = m_store.typeByName(type);
     for (quint32 slot = 0; slot < m_store.fileRecords(); ++slot) {
+        if (m_store.type(slot) != wanted || isGone(m_store.handle(slot)))
+            continue;
         DwgRecord record = m_source.reader();
         DwgHead head;
-        if (m_store.type(slot) != wanted || isGone(m_store.handle(slot))
-            || !open(record, head, slot))
+        if (!open(record, head, slot))
             continue;
         RecordPatch patch(record);
         (this->*edit)(record, patch);
-        if (!record.hasFailed())
+        if (record.hasFailed())
+            tellNotKept(tr("The record with the handle %1 may still name what was erased.")
+                            .arg(QString::number(m_store.handle(slot), 16).toUpper()));
+        else
             patched(slot, patch);
     }
 }

@@ -48,16 +48,19 @@ std::vector<DwgWriter::XData> DwgWriter::divided(const GroupList& groups)
     return blocks;
 }
 
-std::vector<std::pair<quint64, QByteArray>> DwgWriter::newXData(quint64 record,
-                                                                const std::vector<XData>& blocks)
+std::vector<std::pair<quint64, QByteArray>>
+DwgWriter::newXData(quint64 record, const std::vector<XData>& blocks, quint64 taken)
 {
     std::vector<std::pair<quint64, QByteArray>> spelled;
     for (const XData& block : blocks) {
         BitWriter own;
-        if (Spelling::xData(m_source.format(), block.groups, handleOf(), own))
+        const bool isSpelled = Spelling::xData(m_source.format(), block.groups, handleOf(), own);
+        if (isSpelled && taken + own.size() / 8 <= Spelling::kMostXData) {
+            taken += own.size() / 8;
             spelled.emplace_back(application(block.application), own.bytes());
-        else
+        } else {
             tellXDataNotKept(record, block.application);
+        }
     }
     return spelled;
 }
@@ -76,19 +79,31 @@ void DwgWriter::setXData(DwgRecord& record, const DwgHead& head, std::vector<XDa
     const auto spell = [this](const GroupList& groups, BitWriter& out) {
         return Spelling::xData(m_source.format(), groups, handleOf(), out);
     };
-    BitWriter bits;
-    for (const FreeRecords::XDataBlock& block : FreeRecords::xDataBlocks(record, head, nameOf)) {
+    const auto find = [&](const FreeRecords::XDataBlock& block) {
         const QString name = nameOf(block.application);
-        const auto now = std::find_if(wanted.begin(), wanted.end(), [&](const XData& candidate) {
+        return std::find_if(wanted.begin(), wanted.end(), [&](const XData& candidate) {
             return isSame(candidate.application, name);
         });
+    };
+    const std::vector<FreeRecords::XDataBlock> blocks =
+        FreeRecords::xDataBlocks(record, head, nameOf);
+    quint64 taken = 0; // bytes, at first of what stays as it is
+    for (const FreeRecords::XDataBlock& block : blocks) {
+        const auto now = find(block);
+        if (now != wanted.end() && now->groups == block.own.groups)
+            taken += (block.at.end - block.at.begin) / 8;
+    }
+    BitWriter bits;
+    for (const FreeRecords::XDataBlock& block : blocks) {
+        const auto now = find(block);
         if (now == wanted.end())
             continue;
         BitWriter own;
         const bool changes = !(now->groups == block.own.groups);
         const bool fits = changes
             && KeptBits::groups(record.body(), block.own, now->groups, spell, own)
-            && (bits.size() + own.size()) / 8 <= Spelling::kMostXData;
+            && taken + own.size() / 8 <= Spelling::kMostXData;
+        taken += fits ? own.size() / 8 : 0;
         if (fits && own.size() > 0) {
             bits.bitShort(static_cast<qint16>(own.size() / 8));
             bits.append(record.body(), block.applicationAt.begin, block.applicationAt.end);
@@ -96,11 +111,11 @@ void DwgWriter::setXData(DwgRecord& record, const DwgHead& head, std::vector<XDa
         } else if (!fits) {
             bits.append(record.body(), block.at.begin, block.at.end);
             if (changes)
-                tellXDataNotKept(head.handle, name);
+                tellXDataNotKept(head.handle, now->application);
         }
         wanted.erase(now);
     }
-    bits.append(NewDwgRecords::spelledXData(newXData(head.handle, wanted)));
+    bits.append(NewDwgRecords::spelledXData(newXData(head.handle, wanted, taken)));
     patch.replace(RecordPatch::Stream::Data, head.xData, bits);
 }
 

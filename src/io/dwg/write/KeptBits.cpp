@@ -193,28 +193,31 @@ KeptBits::References KeptBits::references(DwgRecord& record, BitSpan at,
 std::vector<KeyedHandle> KeptBits::inKeyOrder(const std::vector<KeyedHandle>& wanted,
                                               const std::vector<KeyedHandle>& before)
 {
-    const auto follows = [](const KeyedHandle& a, const KeyedHandle& b) {
-        return a.key.toLower() < b.key.toLower();
-    };
     QSet<QString> known;
     for (const KeyedHandle& entry : before)
         known.insert(entry.key);
-    std::vector<KeyedHandle> added;
+    using Keyed = std::pair<QString, const KeyedHandle*>; // by the key in lower case
+    std::vector<Keyed> added;
     for (const KeyedHandle& entry : wanted) {
         if (!known.contains(entry.key))
-            added.push_back(entry);
+            added.emplace_back(entry.key.toLower(), &entry);
     }
-    std::stable_sort(added.begin(), added.end(), follows);
+    std::stable_sort(added.begin(), added.end(),
+                     [](const Keyed& a, const Keyed& b) { return a.first < b.first; });
     std::vector<KeyedHandle> all;
-    auto next = added.begin();
+    auto next = added.cbegin();
+    const auto takeAddedBefore = [&](const QString* key) {
+        for (; next != added.cend() && (!key || next->first < *key); ++next)
+            all.push_back(*next->second);
+    };
     for (const KeyedHandle& entry : wanted) {
         if (!known.contains(entry.key))
             continue;
-        while (next != added.end() && follows(*next, entry))
-            all.push_back(*next++);
+        const QString key = entry.key.toLower();
+        takeAddedBefore(&key);
         all.push_back(entry);
     }
-    all.insert(all.end(), next, added.end());
+    takeAddedBefore(nullptr);
     return all;
 }
 

@@ -26,7 +26,6 @@ QString tr(const char* text)
     return QCoreApplication::translate("DwgFileBuilder", text);
 }
 
-/// Of linetypes; other names are not the program's to set.
 constexpr const char* kLinetypeVariable = "$CELTYPE";
 constexpr const char* kWeightVariable = "$CELWEIGHT";
 constexpr const char* kMeasurement = "$MEASUREMENT";
@@ -79,7 +78,7 @@ void DwgFileBuilder::appendRecords(const Records& records, QByteArray& out, quin
             inFile.insert(handle);
         }
     }
-    splice.copyUpTo(end);
+    splice.finish(end);
     for (const auto& [handle, record] : m_meant.records) {
         if (inFile.contains(handle) || m_meant.removed.contains(handle))
             continue;

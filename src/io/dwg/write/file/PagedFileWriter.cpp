@@ -73,10 +73,10 @@ void PagedFileWriter::movePreview(const PagedFile::Section& old)
     if (old.name != kPreview || old.compressed || !place)
         return;
     const auto by = m_out.size() - static_cast<qint64>(place->offset);
-    QByteArray preview = by == 0 ? QByteArray() : m_file.unpacked(old);
-    const QByteArray list = PreviewSection::movedList(preview, by);
+    std::optional<QByteArray> preview = by == 0 ? std::nullopt : m_file.sound(old);
+    const QByteArray list = preview ? PreviewSection::movedList(*preview, by) : QByteArray();
     if (!list.isEmpty())
-        replace(kPreview, preview.replace(0, list.size(), list));
+        replace(kPreview, preview->replace(0, list.size(), list));
 }
 
 void PagedFileWriter::addSection(const PagedFile::Section& old)
@@ -113,7 +113,8 @@ void PagedFileWriter::addSection(const PagedFile::Section& old)
                 section.pages.push_back(addPage(section, start, m_file.packedPage(*there->second)));
             } else if (!isZero(part)) { // such a page has no place in the file
                 QByteArray plain = part.toByteArray();
-                plain.resize(section.pageSize, '\0');
+                constexpr qsizetype kLeast = 4; // that can be packed
+                plain.resize(std::max<qsizetype>(section.pageSize, kLeast), '\0');
                 const QByteArray packed = section.compressed ? Lz77::pack(plain) : plain;
                 section.pages.push_back(addPage(section, start, {packed, Checksums::page(packed)}));
             }

@@ -33,6 +33,11 @@ public:
         m_copied = std::max(m_copied, end);
         return at;
     }
+    /// Copies all that is left before `end`.
+    void finish(quint64 end) { copyUpTo(std::max(end, m_kept)); }
+
+private:
+    quint64 size() const { return static_cast<quint64>(m_out.size()); }
     void copyUpTo(quint64 place)
     {
         if (place <= m_copied)
@@ -42,8 +47,6 @@ public:
         m_copied = place;
     }
 
-private:
-    quint64 size() const { return static_cast<quint64>(m_out.size()); }
     quint64 append(quint64 place, QByteArrayView bytes)
     {
         copyUpTo(std::max(place, m_kept));
