@@ -123,6 +123,7 @@ std::unique_ptr<OdDbObject> OdDbDatabase::makeObject(quint32 slot) const
     case RecordType::Ucs:
         return std::make_unique<OdDbNamedRecord>();
     case RecordType::Dictionary:
+    case RecordType::DictionaryWithDefault: // that of plot styles, which is only read
         return std::make_unique<OdDbDictionary>();
     case RecordType::Xrecord:
         return std::make_unique<OdDbXrecord>();

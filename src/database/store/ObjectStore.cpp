@@ -8,13 +8,15 @@ namespace {
 
 /// Names of the fixed record types, in the order of RecordType.
 constexpr const char* kTypeNames[] = {
-    "",         "SECTION",       "ENDSEC",     "TABLE",    "ENDTAB",       "BLOCK",     "ENDBLK",
-    "EOF",      "SEQEND",        "LAYER",      "LTYPE",    "BLOCK_RECORD", "STYLE",     "DIMSTYLE",
-    "VIEW",     "VPORT",         "APPID",      "UCS",      "DICTIONARY",   "XRECORD",   "LAYOUT",
-    "VIEWPORT", "LINE",          "LWPOLYLINE", "POLYLINE", "VERTEX",       "CIRCLE",    "ARC",
-    "ELLIPSE",  "POINT",         "TEXT",       "MTEXT",    "INSERT",       "ATTRIB",    "ATTDEF",
-    "SPLINE",   "SOLID",         "TRACE",      "3DFACE",   "HATCH",        "DIMENSION", "LEADER",
-    "WIPEOUT",  "DICTIONARYVAR",
+    "",          "SECTION",      "ENDSEC",  "TABLE",         "ENDTAB",
+    "BLOCK",     "ENDBLK",       "EOF",     "SEQEND",        "LAYER",
+    "LTYPE",     "BLOCK_RECORD", "STYLE",   "DIMSTYLE",      "VIEW",
+    "VPORT",     "APPID",        "UCS",     "DICTIONARY",    "XRECORD",
+    "LAYOUT",    "VIEWPORT",     "LINE",    "LWPOLYLINE",    "POLYLINE",
+    "VERTEX",    "CIRCLE",       "ARC",     "ELLIPSE",       "POINT",
+    "TEXT",      "MTEXT",        "INSERT",  "ATTRIB",        "ATTDEF",
+    "SPLINE",    "SOLID",        "TRACE",   "3DFACE",        "HATCH",
+    "DIMENSION", "LEADER",       "WIPEOUT", "DICTIONARYVAR", "ACDBDICTIONARYWDFLT",
 };
 static_assert(std::size(kTypeNames) == static_cast<std::size_t>(RecordType::FirstOther));
 

@@ -58,6 +58,7 @@ enum class RecordType : quint16 {
     Leader,
     Wipeout,
     DictionaryVar,
+    DictionaryWithDefault,
     FirstOther,
 };
 
