@@ -78,6 +78,26 @@ void BitWriter::bitDouble(double value)
     }
 }
 
+void BitWriter::bitDouble(double value, double standard)
+{
+    // The upper bytes that both have are left out: all, four or two.
+    const auto pattern = std::bit_cast<quint64>(value);
+    const quint64 differs = pattern ^ std::bit_cast<quint64>(standard);
+    if (differs == 0) {
+        bits(0, 2);
+    } else if (differs >> 32 == 0) {
+        bits(1, 2);
+        rawLong(static_cast<quint32>(pattern));
+    } else if (differs >> 48 == 0) {
+        bits(2, 2);
+        rawShort(static_cast<quint16>(pattern >> 32));
+        rawLong(static_cast<quint32>(pattern));
+    } else {
+        bits(3, 2);
+        rawDouble(value);
+    }
+}
+
 void BitWriter::modularChar(quint64 value)
 {
     ModularChar::spell(value, [this](quint8 byte) { rawChar(byte); });

@@ -26,6 +26,7 @@ public:
     void bitShort(qint16 value); ///< BS
     void bitLong(qint32 value); ///< BL
     void bitDouble(double value); ///< BD
+    void bitDouble(double value, double standard); ///< DD
     void modularChar(quint64 value); ///< UMC
     void signedModularChar(qint64 value); ///< MC
     void modularShort(quint32 value); ///< MS

@@ -8,6 +8,18 @@ struct DwgHandle
     quint8 code = 0;
     quint64 value = 0;
 
+    /// A soft pointer as other programs spell an owner or a neighbour: as a distance where that is
+    /// the smaller number.
+    static DwgHandle shortest(quint64 own, quint64 target)
+    {
+        const quint64 distance = target > own ? target - own : own - target;
+        if (target == 0 || distance >= target)
+            return {0x4, target};
+        if (distance == 1)
+            return {quint8(target > own ? 0x6 : 0x8), 0};
+        return {quint8(target > own ? 0xA : 0xC), distance};
+    }
+
     /// The handle it means in the record with the handle `own`.
     quint64 resolved(quint64 own) const
     {

@@ -85,20 +85,19 @@ ObjectMap ObjectMap::read(QByteArrayView section)
 
 QByteArray ObjectMap::spelled(const std::vector<Entry>& entries)
 {
-    constexpr qsizetype kLongestPart = 2032; // its size included
+    constexpr qsizetype kFullPart = 2032; // with its size; the entry that fills it still fits
     QByteArray map;
     QByteArray part;
-    part.reserve(kLongestPart);
+    part.reserve(kFullPart);
     Entry last{0, 0};
     for (const Entry& entry : entries) {
-        SpelledEntry spelled(last, entry);
-        if (part.size() + spelled.bytes().size() + 2 > kLongestPart) {
+        part += SpelledEntry(last, entry).bytes();
+        last = entry;
+        if (part.size() + 2 >= kFullPart) {
             appendPart(map, part);
             part.truncate(0);
-            spelled = SpelledEntry({0, 0}, entry);
+            last = {0, 0};
         }
-        part += spelled.bytes();
-        last = entry;
     }
     if (!part.isEmpty())
         appendPart(map, part);

@@ -208,14 +208,24 @@ void DwgWriter::relinkEntities(const std::vector<quint64>& entities)
             continue;
         if (entity.previous == previous && entity.next == next)
             continue;
-        RecordPatch patch(record);
-        BitWriter far;
-        far.bit(false);
+        const bool areBeside = previous == head.handle - 1 && next == head.handle + 1;
+        BitWriter close;
+        close.bit(areBeside);
         BitWriter links;
-        links.handle(DwgReference::SoftPointer, previous);
-        links.handle(DwgReference::SoftPointer, next);
-        patch.replace(Stream::Data, entity.closeNeighbours, far);
-        patch.replace(Stream::Handles, entity.linksAt, links);
+        record.handles.seek(entity.linksAt.begin);
+        for (const auto& [was, now] : {std::pair(entity.previous, previous), {entity.next, next}}) {
+            const quint64 at = record.handles.position();
+            const bool hasLinks = at < entity.linksAt.end;
+            if (hasLinks)
+                record.reference();
+            if (hasLinks && was == now)
+                links.append(record.body(), at, record.handles.position());
+            else
+                links.handle(DwgHandle::shortest(head.handle, now));
+        }
+        RecordPatch patch(record);
+        patch.replace(Stream::Data, entity.closeNeighbours, close);
+        patch.replace(Stream::Handles, entity.linksAt, areBeside ? BitWriter() : links);
         patched(slot, patch);
     }
 }

@@ -138,7 +138,7 @@ QByteArray NewDwgRecords::layer(const Head& head, const LayerState& state, const
                                 const TableRecords::Layer& zero) const
 {
     RecordParts parts = begin(DwgType::Layer, head);
-    parts.handles.handle(DwgReference::SoftPointer, head.owner);
+    parts.handles.handle(DwgHandle::shortest(head.handle, head.owner));
     appendReactors(parts, head);
     appendName(parts, state.name);
     parts.data.bitShort(static_cast<qint16>(layerFlags(state)));
@@ -164,7 +164,7 @@ QByteArray NewDwgRecords::linetype(const Head& head, const LinetypeState& state)
     constexpr qsizetype kTextArea = 256; ///< of texts in the pattern, up to version 2004
     RecordParts parts = begin(DwgType::Ltype, head);
     BitWriter& data = parts.data;
-    parts.handles.handle(DwgReference::SoftPointer, head.owner);
+    parts.handles.handle(DwgHandle::shortest(head.handle, head.owner));
     appendReactors(parts, head);
     appendName(parts, state.name);
     appendText(parts, state.description);
@@ -194,7 +194,7 @@ QByteArray NewDwgRecords::linetype(const Head& head, const LinetypeState& state)
 QByteArray NewDwgRecords::application(const Head& head, const QString& name) const
 {
     RecordParts parts = begin(DwgType::AppId, head);
-    parts.handles.handle(DwgReference::SoftPointer, head.owner);
+    parts.handles.handle(DwgHandle::shortest(head.handle, head.owner));
     appendReactors(parts, head);
     appendName(parts, name);
     parts.data.rawChar(0);
@@ -206,7 +206,7 @@ QByteArray NewDwgRecords::dictionary(const Head& head, bool hard,
                                      const std::vector<KeyedHandle>& entries) const
 {
     RecordParts parts = begin(DwgType::Dictionary, head);
-    parts.handles.handle(DwgReference::SoftPointer, head.owner);
+    parts.handles.handle(DwgHandle::shortest(head.handle, head.owner));
     appendReactors(parts, head);
     parts.data.bitLong(static_cast<qint32>(entries.size()));
     parts.data.bitShort(kCloning);
@@ -221,7 +221,7 @@ QByteArray NewDwgRecords::dictionary(const Head& head, bool hard,
 std::optional<QByteArray> NewDwgRecords::xrecord(const Head& head, const GroupList& groups) const
 {
     RecordParts parts = begin(DwgType::Xrecord, head);
-    parts.handles.handle(DwgReference::SoftPointer, head.owner);
+    parts.handles.handle(DwgHandle::shortest(head.handle, head.owner));
     appendReactors(parts, head);
     BitWriter spelled;
     if (!Spelling::freeGroups(m_format, groups, spelled))
@@ -235,7 +235,7 @@ std::optional<QByteArray> NewDwgRecords::xrecord(const Head& head, const GroupLi
 QByteArray NewDwgRecords::variable(const Head& head, quint16 type, const QString& value) const
 {
     RecordParts parts = begin(type, head);
-    parts.handles.handle(DwgReference::SoftPointer, head.owner);
+    parts.handles.handle(DwgHandle::shortest(head.handle, head.owner));
     appendReactors(parts, head);
     parts.data.rawChar(0);
     appendText(parts, value);
@@ -249,12 +249,15 @@ void NewDwgRecords::beginEntity(RecordParts& parts, const Head& head,
     data.bit(false); // no picture
     data.bits(static_cast<quint32>(entity.space), 2);
     if (entity.space == DwgEntityHead::Space::Owner)
-        parts.handles.handle(DwgReference::SoftPointer, head.owner);
+        parts.handles.handle(DwgHandle::shortest(head.handle, head.owner));
     appendReactors(parts, head);
     if (!since(DrawingVersion::V2004)) {
-        data.bit(false);
-        parts.handles.handle(DwgReference::SoftPointer, entity.previous);
-        parts.handles.handle(DwgReference::SoftPointer, entity.next);
+        const bool areBeside = entity.previous == head.handle - 1 && entity.next == head.handle + 1;
+        data.bit(areBeside);
+        for (const quint64 neighbour : {entity.previous, entity.next}) {
+            if (!areBeside)
+                parts.handles.handle(DwgHandle::shortest(head.handle, neighbour));
+        }
     }
     data.bitShort(entity.color);
     data.bitDouble(entity.linetypeScale);
@@ -279,9 +282,9 @@ void NewDwgRecords::appendLine(BitWriter& data, const GroupList& groups)
     const bool flat = value(groups, 30) == 0 && value(groups, 31) == 0;
     data.bit(flat);
     for (int axis = 0; axis < (flat ? 2 : 3); ++axis) {
-        data.rawDouble(value(groups, 10 + 10 * axis));
-        data.bits(3, 2); // not near the first point
-        data.rawDouble(value(groups, 11 + 10 * axis));
+        const double first = value(groups, 10 + 10 * axis);
+        data.rawDouble(first);
+        data.bitDouble(value(groups, 11 + 10 * axis), first);
     }
     appendPlane(data, groups);
 }

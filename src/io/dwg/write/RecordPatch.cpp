@@ -43,7 +43,10 @@ QByteArray RecordParts::body(bool tellsLength, quint64& handlesAt) const
         all = measured;
     }
     all.append(handles);
-    all.fillByte(onesFill);
+    if (const auto fill = static_cast<unsigned>(-all.size() & 7); fill != 0 && fill == oldFillCount)
+        all.bits(oldFill, fill);
+    else
+        all.fillByte(onesFill);
     if (all.size() / 8 > kLongestRecord || text.size() > kLongestText)
         throw OdError(OdResult::InvalidInput,
                       QCoreApplication::translate(
@@ -112,8 +115,11 @@ RecordParts RecordPatch::parts() const
     const quint64 end = static_cast<quint64>(m_body.size()) * 8;
     const quint64 fill = (end - m_layout.handlesBegin) & 7;
     copy(parts.handles, Stream::Handles, m_layout.handlesBegin, end - fill);
-    if (fill != 0)
+    if (fill != 0) {
         parts.onesFill = (m_body.back() & 1) != 0;
+        parts.oldFillCount = static_cast<unsigned>(fill);
+        parts.oldFill = static_cast<quint8>(m_body.back() & ((1 << fill) - 1));
+    }
     return parts;
 }
 

@@ -15,6 +15,9 @@ struct RecordParts
     BitWriter handles;
     quint64 lengthAt = 0; ///< of the length of the data, in versions that tell it among them
     bool onesFill = true; ///< what the last byte is filled up with; most programs take ones
+    // Or what it was filled up with, where that takes as many bits.
+    unsigned oldFillCount = 0;
+    quint8 oldFill = 0;
 
     /// Raises OdError where a part is longer than the format can tell.
     QByteArray assembled() const;

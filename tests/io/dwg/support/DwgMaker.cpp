@@ -142,7 +142,9 @@ QByteArray DwgMaker::emptyPaged(const std::map<QByteArray, QByteArray>& sections
     put(map, 8, kPageSize);
     put(map, 16, static_cast<quint32>(sections.size()));
     int id = 0;
-    for (const auto& [name, bytes] : sections) {
+    // Backwards, as they stand in the file: the preview behind what grows.
+    for (auto section = sections.rbegin(); section != sections.rend(); ++section) {
+        const QByteArray& name = section->first;
         QByteArray entry(kSectionHead, '\0');
         const bool packed = name != "AcDb:Preview" && name != "AcDb:SummaryInfo";
         put(entry, 12, packed ? kPageSize : quint32(0x400));

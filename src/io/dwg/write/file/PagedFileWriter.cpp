@@ -6,6 +6,7 @@
 #include "io/dwg/sections/PreviewSection.h"
 
 #include <algorithm>
+#include <limits>
 
 using namespace PageForm;
 
@@ -187,13 +188,19 @@ DrawingPieces PagedFileWriter::result()
 {
     m_out = m_file.image().view(0, kFirstPage).toByteArray();
     // Sections keep their order in the file, which differs from that of their map.
+    // One that has had no pages comes behind that which follows it in the map.
     std::vector<std::pair<quint64, const PagedFile::Section*>> order;
-    for (const PagedFile::Section& section : m_file.sections()) {
+    quint64 place = std::numeric_limits<quint64>::max();
+    const auto& sections = m_file.sections();
+    for (auto section = sections.rbegin(); section != sections.rend(); ++section) {
         const PagedFile::Page* first =
-            section.pages.empty() ? nullptr : m_file.page(section.pages.front().number);
-        order.emplace_back(first ? first->offset : 0, &section);
+            section->pages.empty() ? nullptr : m_file.page(section->pages.front().number);
+        if (first)
+            place = first->offset;
+        order.emplace_back(place, &*section);
     }
-    std::stable_sort(order.begin(), order.end());
+    std::stable_sort(order.begin(), order.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
     for (const auto& [offset, section] : order)
         addSection(*section);
 
