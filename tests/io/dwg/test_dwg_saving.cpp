@@ -62,7 +62,8 @@ public:
     {
         if (s_drawings < std::size(DwgFiles::kWritable))
             return;
-        for (const char* type : {"GROUP", "BLOCK_RECORD", "LAYOUT", "VX"})
+        for (const char* type :
+             {"GROUP", "BLOCK_RECORD", "LAYOUT", "VX", "SORTENTSTABLE", "DIMSTYLE"})
             EXPECT_TRUE(s_cleared.contains(type)) << type;
         for (const LayerEdit& edit : layerEdits())
             EXPECT_TRUE(s_effective.contains(edit.name)) << edit.name;
@@ -185,13 +186,16 @@ void eraseAll(OdDbDatabase& drawing, RecordType type)
 /// References that other programs check, to what is not there.
 QStringList lost(const DwgParts& parts)
 {
-    return parts.dangling().filter(QRegularExpression(QStringLiteral(": (member|use|viewport) ")));
+    return parts.dangling().filter(
+        QRegularExpression(QStringLiteral(": (member|use|viewport|sorted|reactor) ")));
 }
 
 TEST_P(DwgSaving, WhatIsErasedIsNoMemberAndNoUse)
 {
     const DwgParts before(m_bytes);
-    for (const RecordType type : {RecordType::Insert, RecordType::Viewport, RecordType::LwPolyline})
+    EXPECT_EQ(lost(before).filter(QStringLiteral("sorted")), QStringList());
+    for (const RecordType type :
+         {RecordType::Insert, RecordType::Viewport, RecordType::LwPolyline, RecordType::Dimension})
     {
         const auto drawing = readDrawing(m_bytes, QStringLiteral("before.dwg"));
         eraseAll(*drawing, type);

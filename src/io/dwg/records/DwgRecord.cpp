@@ -91,10 +91,14 @@ void DwgRecord::readStart(DwgHead& head)
 
 void DwgRecord::readReferences(DwgHead& head)
 {
+    head.reactorCount.begin = data.position();
     const quint32 reactors = count(8);
+    head.reactorCount.end = data.position();
     head.reactors.clear();
+    head.reactorsAt.begin = handles.position();
     for (quint32 i = 0; i < reactors; ++i)
         head.reactors.push_back(reference());
+    head.reactorsAt.end = handles.position();
     head.noExtension.begin = data.position();
     const bool noExtension = since(DrawingVersion::V2004) && data.bit();
     head.noExtension.end = data.position();

@@ -11,6 +11,8 @@ struct DwgHead
     BitSpan xData; ///< extended data with the zero length behind them
     quint64 owner = 0; ///< 0: an entity of the space in `space`
     std::vector<quint64> reactors;
+    BitSpan reactorCount; ///< of the data
+    BitSpan reactorsAt;
     quint64 extension = 0; ///< dictionary of records that hang on the object, 0: none
     BitSpan noExtension; ///< the bit that tells there is none, since version 2004
     BitSpan extensionAt; ///< the reference to it; empty where there is none

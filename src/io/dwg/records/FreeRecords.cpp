@@ -214,6 +214,25 @@ FreeRecords::Group FreeRecords::group(DwgRecord& record)
     return group;
 }
 
+FreeRecords::DrawOrder FreeRecords::drawOrder(DwgRecord& record)
+{
+    DrawOrder order;
+    order.count.begin = record.data.position();
+    const quint32 count = record.count(8);
+    order.count.end = record.data.position();
+    for (quint32 i = 0; i < count && !record.hasFailed(); ++i) {
+        const quint64 begin = record.data.position();
+        record.data.handle();
+        order.orderAt.push_back({begin, record.data.position()});
+    }
+    record.reference(); // the block
+    order.entitiesAt.begin = record.handles.position();
+    for (quint32 i = 0; i < count && !record.hasFailed(); ++i)
+        order.entities.push_back(record.reference());
+    order.entitiesAt.end = record.handles.position();
+    return order;
+}
+
 BitSpan FreeRecords::xrecordGroups(DwgRecord& record)
 {
     BitReader& data = record.data;

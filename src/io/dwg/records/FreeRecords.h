@@ -66,6 +66,16 @@ struct Group
 };
 Group group(DwgRecord& record);
 
+/// The drawing order of a block's entities: a handle of it for each, and which one that is.
+struct DrawOrder
+{
+    std::vector<quint64> entities;
+    BitSpan count; ///< of the data
+    std::vector<BitSpan> orderAt; ///< of the data, by entity
+    BitSpan entitiesAt;
+};
+DrawOrder drawOrder(DwgRecord& record);
+
 /// Where the groups of the open record, whose head was read, and their length stand; goes behind
 /// the length. Fails where they would run over the data.
 BitSpan xrecordGroups(DwgRecord& record);

@@ -87,6 +87,9 @@ private:
     void clearViewportEntry(DwgRecord& record, RecordPatch& patch) const;
     void clearUsesOfBlock(DwgRecord& record, RecordPatch& patch) const;
     void clearGroup(DwgRecord& record, RecordPatch& patch) const;
+    void clearDrawOrder(DwgRecord& record, RecordPatch& patch) const;
+    /// Any record may name what it is told of.
+    void clearReactors();
 
     // What follows from it
     void editTables();

@@ -32,8 +32,26 @@ void DwgWriter::clearReferences()
     }
     if (anyOf([this](quint32 slot) { return m_store.type(slot) == RecordType::Insert; }))
         editRecords("BLOCK_RECORD", &DwgWriter::clearUsesOfBlock);
-    if (anyOf([this](quint32 slot) { return m_store.has(slot, ObjectStore::kEntity); }))
+    if (anyOf([this](quint32 slot) { return m_store.has(slot, ObjectStore::kEntity); })) {
         editRecords("GROUP", &DwgWriter::clearGroup);
+        editRecords("SORTENTSTABLE", &DwgWriter::clearDrawOrder);
+        clearReactors();
+    }
+}
+
+void DwgWriter::clearReactors()
+{
+    DwgHead head;
+    for (quint32 slot = 0; slot < m_store.fileRecords(); ++slot) {
+        DwgRecord record = m_source.reader();
+        if (isGone(m_store.handle(slot)) || !open(record, head, slot))
+            continue;
+        RecordPatch patch(record);
+        const bool changes = !head.reactors.empty()
+            && clearList(record, head.reactors, head.reactorCount, head.reactorsAt, patch);
+        if (changes && !record.hasFailed())
+            patched(slot, patch);
+    }
 }
 
 bool DwgWriter::isGone(quint64 handle) const
@@ -109,4 +127,15 @@ void DwgWriter::clearGroup(DwgRecord& record, RecordPatch& patch) const
 {
     const FreeRecords::Group group = FreeRecords::group(record);
     clearList(record, group.members, group.count, group.membersAt, patch);
+}
+
+void DwgWriter::clearDrawOrder(DwgRecord& record, RecordPatch& patch) const
+{
+    const FreeRecords::DrawOrder order = FreeRecords::drawOrder(record);
+    if (!clearList(record, order.entities, order.count, order.entitiesAt, patch))
+        return;
+    for (std::size_t i = 0; i < order.entities.size(); ++i) {
+        if (isGone(order.entities[i]))
+            patch.replace(Stream::Data, order.orderAt[i], BitWriter());
+    }
 }

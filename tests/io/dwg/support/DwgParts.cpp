@@ -104,6 +104,9 @@ std::vector<std::pair<const char*, quint64>> DwgParts::references(quint64 handle
         TableRecords::name(record);
         record.reference(); // block of the external reference
         found.emplace_back("viewport", record.reference());
+    } else if (type == "SORTENTSTABLE") {
+        for (const quint64 sorted : FreeRecords::drawOrder(record).entities)
+            found.emplace_back("sorted", sorted);
     } else if (type == "GROUP") {
         for (const quint64 member : FreeRecords::group(record).members)
             found.emplace_back("member", member);
